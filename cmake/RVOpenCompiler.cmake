@@ -1,0 +1,27 @@
+# SPDX-FileCopyrightText: 2026 The rvopen authors
+# SPDX-License-Identifier: MIT
+
+# How everything in this repository is compiled: library, examples and tests alike.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+set(CMAKE_COMPILE_WARNING_AS_ERROR ${RVOPEN_WERROR})
+
+# __FILE__, and with it the text of an assertion, is relative to the repository: the same binary
+# from every folder, and no build machine's path in what is shipped.
+add_compile_options(
+    "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
+    "-fmacro-prefix-map=${PROJECT_BINARY_DIR}/=")
+
+if(RVOPEN_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all)
+    add_compile_options(${sanitizers} -fno-omit-frame-pointer)
+    add_link_options(${sanitizers})
+endif()

@@ -1,0 +1,66 @@
+# SPDX-FileCopyrightText: 2026 The rvopen authors
+# SPDX-License-Identifier: MIT
+
+# The installed library and its CMake and pkg-config packages. Nothing in them names the folder
+# they were installed to: the tree can be moved as a whole.
+
+include(CMakePackageConfigHelpers)
+
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/rvopen")
+install(TARGETS rvopen
+    EXPORT rvopenTargets
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
+    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(EXPORT rvopenTargets NAMESPACE rvopen:: DESTINATION "${package_dir}")
+
+list(JOIN RVOPEN_QT_MODULES " " rvopen_qt_components)
+configure_package_config_file(cmake/rvopenConfig.cmake.in rvopenConfig.cmake
+    INSTALL_DESTINATION "${package_dir}"
+    NO_SET_AND_CHECK_MACRO)
+# Until 1.0 each minor version may change the interface.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(compatibility SameMinorVersion)
+else()
+    set(compatibility SameMajorVersion)
+endif()
+write_basic_package_version_file(rvopenConfigVersion.cmake COMPATIBILITY ${compatibility})
+install(
+    FILES
+        "${PROJECT_BINARY_DIR}/rvopenConfig.cmake"
+        "${PROJECT_BINARY_DIR}/rvopenConfigVersion.cmake"
+    DESTINATION "${package_dir}")
+
+# pkg-config: the prefix is found from where the .pc file lies. Some packages of Qt come without
+# .pc files; their flags are written out then.
+set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+cmake_path(ABSOLUTE_PATH pc_dir BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" OUTPUT_VARIABLE pc_dir_full)
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY "${pc_dir_full}"
+    OUTPUT_VARIABLE pc_to_prefix)
+foreach(directory IN ITEMS LIBDIR INCLUDEDIR)
+    set(pc_${directory} "${CMAKE_INSTALL_${directory}}")
+    cmake_path(IS_RELATIVE pc_${directory} is_relative)
+    if(is_relative)
+        string(PREPEND pc_${directory} "\${prefix}/")
+    endif()
+endforeach()
+
+set(pc_requires "")
+set(pc_qt_libs "")
+set(pc_qt_cflags "")
+foreach(module IN LISTS RVOPEN_QT_MODULES)
+    set(qt_module Qt${RVOPEN_QT_MAJOR}${module})
+    if(EXISTS "${Qt${RVOPEN_QT_MAJOR}_DIR}/../../pkgconfig/${qt_module}.pc")
+        string(APPEND pc_requires " ${qt_module} >= ${RVOPEN_QT_MINIMUM}")
+    else()
+        set(target Qt${RVOPEN_QT_MAJOR}::${module})
+        string(APPEND pc_qt_libs " $<TARGET_LINKER_FILE:${target}>")
+        set(includes "$<TARGET_PROPERTY:${target},INTERFACE_INCLUDE_DIRECTORIES>")
+        string(APPEND pc_qt_cflags " -I$<JOIN:${includes}, -I>")
+    endif()
+endforeach()
+# Qt built with reduced relocations needs position-independent code of whoever includes it.
+string(APPEND pc_qt_cflags " -fPIC")
+
+configure_file(cmake/rvopen.pc.in rvopen.pc.configured @ONLY)
+file(GENERATE OUTPUT rvopen-$<CONFIG>.pc INPUT "${PROJECT_BINARY_DIR}/rvopen.pc.configured")
+install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc)

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/AspectRatioOrient.h>
+
+#include <rvopen/ParamAccess.h>
+
+namespace rvopen {
+
+AspectRatioOrient::AspectRatioOrient(RVOpenNode* source)
+    : RVOpenNode(source)
+{
+}
+
+AspectRatioOrient::~AspectRatioOrient() = default;
+
+unsigned int AspectRatioOrient::IsPortrait(int* out)
+{
+    return onParam(this, names::parameter::portrait, &Param::GetValBool, out);
+}
+
+} // namespace rvopen

@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/Background.h>
+
+#include <rvopen/ParamAccess.h>
+
+namespace rvopen {
+
+namespace {
+
+constexpr ParamSpec s_plainParams[] = {
+    {names::parameter::colour, ParamType::Colour},
+};
+
+constexpr ParamSpec s_graduatedParams[] = {
+    {names::parameter::primaryColour, ParamType::Colour},
+    {names::parameter::secondaryColour, ParamType::Colour},
+};
+
+constexpr ParamSpec s_horizonParams[] = {
+    {names::parameter::skyColour, ParamType::Colour},
+    {names::parameter::horizonSkyColour, ParamType::Colour},
+    {names::parameter::horizonGroundColour, ParamType::Colour},
+    {names::parameter::groundColour, ParamType::Colour},
+};
+
+constexpr ParamSpec s_imageParams[] = {
+    {names::parameter::backgroundFileName, ParamType::String},
+};
+
+constexpr ParamSpec s_image3DParams[] = {
+    {names::parameter::backgroundFileName, ParamType::String},
+    {names::parameter::horizonPosition, ParamType::Float},
+    {names::parameter::fixedSize, ParamType::Float},
+};
+
+float floatParam(Background* background, names::Name name, float valueWhenMissing)
+{
+    float value = 0.0f;
+    const unsigned int status = onParam(background, name, &Param::GetValFloat, &value);
+    return status == StatusOk ? value : valueWhenMissing;
+}
+
+enum class Comparison { Equal, Different, Unreadable };
+
+Comparison compareColours(Background* a, names::Name nameInA, Background* b, names::Name nameInB)
+{
+    float colourA[3];
+    float colourB[3];
+    if (onParam(a, nameInA, &Param::GetValColour, colourA) != StatusOk ||
+        onParam(b, nameInB, &Param::GetValColour, colourB) != StatusOk)
+        return Comparison::Unreadable;
+    for (int i = 0; i < 3; ++i) {
+        if (colourA[i] != colourB[i])
+            return Comparison::Different;
+    }
+    return Comparison::Equal;
+}
+
+bool haveEqualColour(Background* a, Background* b, names::Name name)
+{
+    return compareColours(a, name, b, name) == Comparison::Equal;
+}
+
+bool areEqualHorizons(Background* a, Background* b)
+{
+    namespace name = names::parameter;
+    const Comparison sky = compareColours(a, name::skyColour, b, name::skyColour);
+    const Comparison horizonSky =
+        compareColours(a, name::horizonSkyColour, b, name::horizonSkyColour);
+    // The promised comparison, as odd as it looks.
+    const Comparison horizonGround =
+        compareColours(a, name::horizonGroundColour, b, name::skyColour);
+    return sky != Comparison::Different && horizonSky != Comparison::Different &&
+           horizonGround != Comparison::Different && haveEqualColour(a, b, name::groundColour);
+}
+
+bool showSameImage(Background* a, Background* b)
+{
+    const auto image = [](Background* background) {
+        return stringParam(background, names::parameter::backgroundFileName).toLower();
+    };
+    return image(a) == image(b);
+}
+
+} // namespace
+
+Background::Background(RVOpenNode* source)
+    : RVOpenNode(source)
+{
+}
+
+Background::~Background() = default;
+
+void Background::PopulateParams()
+{
+    GetParamHelper()->Populate();
+    if (IsPlainColour())
+        populateParams(this, s_plainParams);
+    else if (IsGraduated())
+        populateParams(this, s_graduatedParams);
+    else if (IsHorizon())
+        populateParams(this, s_horizonParams);
+    else if (IsImage3D())
+        populateParams(this, s_image3DParams);
+    else if (IsImage() || IsReflection())
+        populateParams(this, s_imageParams);
+}
+
+int Background::IsPlainColour() const
+{
+    return GetSubCat() == names::subCategory::plain();
+}
+
+int Background::IsGraduated() const
+{
+    return GetSubCat() == names::subCategory::graduated();
+}
+
+int Background::IsHorizon() const
+{
+    return GetSubCat() == names::subCategory::horizon();
+}
+
+int Background::IsImage() const
+{
+    return GetSubCat() == names::subCategory::image();
+}
+
+int Background::IsImage3D() const
+{
+    return GetSubCat() == names::subCategory::image3D();
+}
+
+int Background::IsReflection() const
+{
+    return GetSubCat() == names::subCategory::reflection();
+}
+
+unsigned int Background::GetPlainColour(float* const out)
+{
+    return onParam(this, names::parameter::colour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetPlainColour(float* const rgb)
+{
+    return onParam(this, names::parameter::colour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetPrimaryColour(float* const out)
+{
+    return onParam(this, names::parameter::primaryColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetPrimaryColour(float* const rgb)
+{
+    return onParam(this, names::parameter::primaryColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetSecondaryColour(float* const out)
+{
+    return onParam(this, names::parameter::secondaryColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetSecondaryColour(float* const rgb)
+{
+    return onParam(this, names::parameter::secondaryColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetSkyColour(float* const out)
+{
+    return onParam(this, names::parameter::skyColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetSkyColour(float* const rgb)
+{
+    return onParam(this, names::parameter::skyColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetHorizonSkyColour(float* const out)
+{
+    return onParam(this, names::parameter::horizonSkyColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetHorizonSkyColour(float* const rgb)
+{
+    return onParam(this, names::parameter::horizonSkyColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetHorizonGroundColour(float* const out)
+{
+    return onParam(this, names::parameter::horizonGroundColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetHorizonGroundColour(float* const rgb)
+{
+    return onParam(this, names::parameter::horizonGroundColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::GetGroundColour(float* const out)
+{
+    return onParam(this, names::parameter::groundColour, &Param::GetValColour, out);
+}
+
+unsigned int Background::SetGroundColour(float* const rgb)
+{
+    return onParam(this, names::parameter::groundColour, &Param::SetValColour, rgb);
+}
+
+unsigned int Background::SetImageBackground(QString fileName)
+{
+    return onParam(this, names::parameter::backgroundFileName, &Param::SetValString, fileName);
+}
+
+QString Background::GetImageBackground()
+{
+    return stringParam(this, names::parameter::backgroundFileName);
+}
+
+unsigned int Background::SetImage3DBackground(QString fileName)
+{
+    return SetImageBackground(fileName);
+}
+
+QString Background::GetImage3DBackground()
+{
+    return GetImageBackground();
+}
+
+unsigned int Background::SetReflectionBackground(QString fileName)
+{
+    return SetImageBackground(fileName);
+}
+
+QString Background::GetReflectionBackground()
+{
+    return GetImageBackground();
+}
+
+unsigned int Background::SetImage3DHorizonPosition(float position)
+{
+    return onParamOrNew(this, {names::parameter::horizonPosition, ParamType::Float},
+                        &Param::SetValFloat, position);
+}
+
+float Background::GetImage3DHorizonPosition()
+{
+    return floatParam(this, names::parameter::horizonPosition, 0.5f);
+}
+
+unsigned int Background::SetImage3DFixedSize(float size)
+{
+    return onParamOrNew(this, {names::parameter::fixedSize, ParamType::Float}, &Param::SetValFloat,
+                        size);
+}
+
+float Background::GetImage3DFixedSize()
+{
+    return floatParam(this, names::parameter::fixedSize, 0.0f);
+}
+
+bool Background::Equal(Background* other)
+{
+    if (!other || GetSubCat() != other->GetSubCat())
+        return false;
+    if (IsPlainColour())
+        return haveEqualColour(this, other, names::parameter::colour);
+    if (IsGraduated())
+        return haveEqualColour(this, other, names::parameter::primaryColour) &&
+               haveEqualColour(this, other, names::parameter::secondaryColour);
+    if (IsHorizon())
+        return areEqualHorizons(this, other);
+    if (IsImage() || IsImage3D() || IsReflection())
+        return showSameImage(this, other);
+    return false;
+}
+
+} // namespace rvopen

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/Camera.h>
+
+#include <rvopen/ParamAccess.h>
+#include <rvopen/ParamSequence.h>
+
+namespace rvopen {
+
+namespace {
+
+constexpr ParamSpec s_params[] = {
+    {names::parameter::from, ParamType::Point},
+    {names::parameter::to, ParamType::Point},
+    {names::parameter::up, ParamType::Vector},
+    {names::parameter::orthographic, ParamType::Bool},
+    {names::parameter::fieldOfView, ParamType::Float},
+    {names::parameter::nearDistance, ParamType::Float},
+    {names::parameter::farDistance, ParamType::Float},
+    {names::parameter::viewFit, ParamType::Bool, false, [](Param& param) { param.SetValBool(0); }},
+};
+
+} // namespace
+
+Camera::Camera(RVOpenNode* source)
+    : RVOpenNode(source)
+{
+}
+
+Camera::~Camera() = default;
+
+unsigned int Camera::SetPinhole(float* const from, float* const to, float* const up,
+                                int orthographic, float fieldOfView)
+{
+    namespace name = names::parameter;
+    unsigned int status = StatusMissing;
+    status = onParamAfter(status, this, name::from, &Param::SetValPoint, from);
+    status = onParamAfter(status, this, name::to, &Param::SetValPoint, to);
+    status = onParamAfter(status, this, name::up, &Param::SetValVector, up);
+    status = onParamAfter(status, this, name::orthographic, &Param::SetValBool, orthographic);
+    return onParamAfter(status, this, name::fieldOfView, &Param::SetValFloat, fieldOfView);
+}
+
+unsigned int Camera::GetPinhole(float* const from, float* const to, float* const up,
+                                int* orthographic, float* fieldOfView)
+{
+    onParam(this, names::parameter::from, &Param::GetValPoint, from);
+    onParam(this, names::parameter::to, &Param::GetValPoint, to);
+    onParam(this, names::parameter::up, &Param::GetValVector, up);
+    onParam(this, names::parameter::orthographic, &Param::GetValBool, orthographic);
+    return onParam(this, names::parameter::fieldOfView, &Param::GetValFloat, fieldOfView);
+}
+
+unsigned int Camera::SetClipping(float nearDistance, float farDistance)
+{
+    const unsigned int status =
+        onParam(this, names::parameter::nearDistance, &Param::SetValFloat, nearDistance);
+    return status | onParamAfter(StatusOk, this, names::parameter::farDistance, &Param::SetValFloat,
+                                 farDistance);
+}
+
+void Camera::PopulateParams()
+{
+    populateParams(this, s_params);
+}
+
+unsigned int Camera::SetViewFit(int viewFit)
+{
+    return onParamOrNew(this, {names::parameter::viewFit, ParamType::Bool}, &Param::SetValBool,
+                        viewFit);
+}
+
+unsigned int Camera::GetViewFit(int* out)
+{
+    const unsigned int status = onParam(this, names::parameter::viewFit, &Param::GetValBool, out);
+    if (status != StatusOk && out)
+        *out = 0;
+    return status;
+}
+
+int Camera::IsUpVector() const
+{
+    return GetSubCat() == names::subCategory::upVector();
+}
+
+unsigned int Camera::SetSubCatAsUpVector()
+{
+    SetSubCat(names::subCategory::upVector());
+    return StatusOk;
+}
+
+} // namespace rvopen

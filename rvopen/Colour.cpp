@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/Colour.h>
+
+#include <rvopen/ChildComponents.h>
+#include <rvopen/ComponentEquality.h>
+#include <rvopen/Names.h>
+#include <rvopen/RVOpenSchema.h>
+#include <rvopen/RVOpenStatus.h>
+#include <rvopen/ShaderDiffuse.h>
+
+namespace rvopen {
+
+Colour::Colour(Colour* source)
+    : RVOpenNode(source)
+{
+}
+
+Colour::~Colour() = default;
+
+ShaderDiffuse* Colour::GetDiffuse()
+{
+    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderDiffuse, names::element::diffuse, 1);
+}
+
+unsigned int Colour::SetDiffuse(ShaderDiffuse* diffuse)
+{
+    replaceChild(this, GetDiffuse(), diffuse);
+    return StatusOk;
+}
+
+bool Colour::Equal(Colour* other)
+{
+    if (!other)
+        return false;
+    if (const auto byName = equalByRefName(this, other))
+        return *byName;
+    ShaderDiffuse* const diffuse = GetDiffuse();
+    ShaderDiffuse* const otherDiffuse = other->GetDiffuse();
+    return diffuse && diffuse->Equal(otherDiffuse);
+}
+
+} // namespace rvopen

@@ -1,0 +1,177 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/DirectoryHandler.h>
+
+#include <rvopen/DocumentReader.h>
+#include <rvopen/DocumentWriter.h>
+#include <rvopen/FilePaths.h>
+#include <rvopen/Names.h>
+#include <rvopen/RVOpenNode.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <memory>
+#include <utility>
+
+namespace rvopen {
+
+namespace {
+
+DirectoryHandler s_directoryHandler;
+
+} // namespace
+
+DirectoryHandler::DirectoryHandler() = default;
+
+DirectoryHandler::DirectoryHandler(const DirectoryHandler& other) = default;
+
+DirectoryHandler& DirectoryHandler::operator=(const DirectoryHandler& other) = default;
+
+DirectoryHandler::~DirectoryHandler()
+{
+    for (const Entry& entry : std::as_const(m_registry))
+        delete entry.node;
+}
+
+QString DirectoryHandler::GetSnapshotsFolder()
+{
+    return existingFolder(m_snapshotsFolder);
+}
+
+void DirectoryHandler::SetSnapshotsFolder(QString folder)
+{
+    m_snapshotsFolder = folder;
+}
+
+QString DirectoryHandler::GetZorvaneArchivesFolder()
+{
+    return existingFolder(m_zorvaneArchivesFolder);
+}
+
+void DirectoryHandler::SetZorvaneArchivesFolder(QString folder)
+{
+    m_zorvaneArchivesFolder = folder;
+}
+
+QString DirectoryHandler::GetCustomArchivesFolder()
+{
+    return existingFolder(m_customArchivesFolder);
+}
+
+void DirectoryHandler::SetCustomArchivesFolder(QString folder)
+{
+    m_customArchivesFolder = folder;
+}
+
+QString DirectoryHandler::GetFolder(QString kind)
+{
+    if (kind == names::value::productArchives())
+        return GetZorvaneArchivesFolder();
+    if (kind == names::value::customArchives())
+        return GetCustomArchivesFolder();
+    return QString();
+}
+
+RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
+{
+    const int index = indexOf(filename);
+    if (index >= 0)
+        return m_registry[index].node;
+    const std::unique_ptr<QDomDocument> document(readDocument(filename));
+    if (!document || document->isNull())
+        return nullptr;
+    auto* const node = new RVOpenNode();
+    if (!node)
+        return nullptr;
+    node->SetDomNode(document->documentElement());
+    Entry entry;
+    entry.node = node;
+    entry.filename = filename;
+    m_registry.append(entry);
+    return node;
+}
+
+bool DirectoryHandler::SaveArchive(QString filename)
+{
+    const RVOpenNode* node = nullptr;
+    for (const Entry& entry : std::as_const(m_registry)) {
+        if (entry.filename == filename)
+            node = entry.node;
+    }
+    if (!node)
+        return false;
+    const QDomDocument doc = node->GetDomNode().ownerDocument();
+    Q_ASSERT(!doc.isNull());
+    return !doc.isNull() && saveDocument(doc, filename) == SaveResult::Saved;
+}
+
+bool DirectoryHandler::SaveArchive(RVOpenNode* node)
+{
+    for (; node; node = node->GetParent()) {
+        const QString filename = node->GetArchiveFilename();
+        if (!filename.isEmpty())
+            return GetDirectoryHandler()->SaveArchive(filename);
+    }
+    return false;
+}
+
+bool DirectoryHandler::ArchiveWritable(RVOpenNode* node)
+{
+    for (; node; node = node->GetParent()) {
+        const QString filename = node->GetArchiveFilename();
+        if (!filename.isEmpty())
+            return QFile::permissions(pathToOpen(filename)).testFlag(QFile::WriteUser);
+    }
+    return false;
+}
+
+void DirectoryHandler::RemoveArchive(QString filename)
+{
+    const int index = indexOf(filename);
+    if (index < 0)
+        return;
+    const QString path = pathToOpen(filename);
+    if (QFile::exists(path))
+        QFile::remove(path);
+    forget(index);
+}
+
+void DirectoryHandler::CloseArchive(QString filename)
+{
+    const int index = indexOf(filename);
+    if (index >= 0)
+        forget(index);
+}
+
+QString DirectoryHandler::existingFolder(QString& folder)
+{
+    if (!QDir(pathToOpen(folder)).exists())
+        folder.clear();
+    return folder;
+}
+
+int DirectoryHandler::indexOf(const QString& filename) const
+{
+    for (int i = 0; i < m_registry.size(); ++i) {
+        if (m_registry[i].filename == filename)
+            return i;
+    }
+    return -1;
+}
+
+void DirectoryHandler::forget(int index)
+{
+    // Out of the registry first, so that nobody finds a node that is being deleted.
+    RVOpenNode* const node = m_registry[index].node;
+    m_registry.remove(index);
+    delete node;
+}
+
+DirectoryHandler* GetDirectoryHandler()
+{
+    return &s_directoryHandler;
+}
+
+} // namespace rvopen

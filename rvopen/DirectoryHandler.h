@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/ORVBase.h>
+
+#include <QDomDocument>
+#include <QString>
+#include <QVector>
+
+namespace rvopen {
+
+class RVOpenNode;
+
+/// The folders that the library works with and the registry of the preset archives that are open.
+///
+/// An archive is read once; later requests for the same file name, compared exactly, get the same
+/// root node. The registry owns the nodes: one that LoadArchive() handed out is valid until its
+/// archive is closed or removed, at the latest until the library is unloaded. There is one instance
+/// per process, without locks: use it from one thread.
+class RVOPEN_EXPORT DirectoryHandler : public ORVBase {
+public:
+    DirectoryHandler();
+    /// Shallow: the copy shares the nodes of the registry, which only one of the two may delete.
+    DirectoryHandler(const DirectoryHandler& other);
+    DirectoryHandler& operator=(const DirectoryHandler& other);
+    virtual ~DirectoryHandler();
+
+    /// \name Folders
+    /// A folder that is missing when it is asked for reads as empty, and stays empty until it is
+    /// set again.
+    /// @{
+    QString GetSnapshotsFolder();
+    void SetSnapshotsFolder(QString folder);
+    /// Archives delivered with the product.
+    QString GetZorvaneArchivesFolder();
+    void SetZorvaneArchivesFolder(QString folder);
+    /// The user's own archives.
+    QString GetCustomArchivesFolder();
+    void SetCustomArchivesFolder(QString folder);
+    /// The folder of an archive type: "Zorvane" or "Custom"; a null string for any other.
+    QString GetFolder(QString kind);
+    /// @}
+
+    /// \name Archives
+    /// @{
+
+    /// The root node of the archive, read on first request; null if it cannot be read.
+    RVOpenNode* LoadArchive(QString filename);
+    /// Writes an open archive back to its file. False if it is not open or cannot be written; the
+    /// file is as it was then.
+    bool SaveArchive(QString filename);
+    /// Saves the archive that \p node or its nearest ancestor names; false if none does.
+    bool SaveArchive(RVOpenNode* node);
+    /// Whether the file of the archive that \p node or its nearest ancestor names may be written
+    /// by its owner; false if none names one.
+    bool ArchiveWritable(RVOpenNode* node);
+    /// Deletes the file of an open archive and forgets the archive with its nodes.
+    void RemoveArchive(QString filename);
+    /// Forgets an open archive with its nodes and leaves its file.
+    void CloseArchive(QString filename);
+    /// @}
+
+private:
+    struct Entry {
+        RVOpenNode* node = nullptr;
+        QString filename;
+    };
+
+    static QString existingFolder(QString& folder);
+    int indexOf(const QString& filename) const;
+    void forget(int index);
+
+    QString m_snapshotsFolder;
+    QString m_zorvaneArchivesFolder;
+    QString m_customArchivesFolder;
+    QVector<Entry> m_registry;
+    QDomDocument m_document;
+};
+
+/// The single instance of the process.
+RVOPEN_EXPORT DirectoryHandler* GetDirectoryHandler();
+
+} // namespace rvopen

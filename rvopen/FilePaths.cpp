@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/FilePaths.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace rvopen {
+
+QString pathToOpen(const QString& path)
+{
+    const QLatin1Char backslash('\\');
+    if (QDir::separator() == backslash || !path.contains(backslash) || QFileInfo::exists(path))
+        return path;
+    QString mapped = path;
+    return mapped.replace(backslash, QLatin1Char('/'));
+}
+
+QString lastPathComponent(const QString& path)
+{
+    return path.mid(
+        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\'))) + 1);
+}
+
+} // namespace rvopen

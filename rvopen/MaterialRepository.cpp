@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/MaterialRepository.h>
+
+#include <rvopen/Bump.h>
+#include <rvopen/ChildComponents.h>
+#include <rvopen/ChildPopulation.h>
+#include <rvopen/Colour.h>
+#include <rvopen/Finish.h>
+#include <rvopen/Material.h>
+#include <rvopen/Names.h>
+#include <rvopen/NodeAccess.h>
+#include <rvopen/ShaderPlainColour.h>
+#include <rvopen/Transparency.h>
+
+namespace rvopen {
+
+namespace {
+
+void setFlag(int* flag, int value)
+{
+    if (flag)
+        *flag = value;
+}
+
+/// A copy for \p target to take over; null where the target can take none.
+template <typename Component>
+Component* cloneFor(Material* target, Component* source)
+{
+    return NodeAccess::childOwner(target) ? cloneOf(source) : nullptr;
+}
+
+/// \p current where \p incoming equals it. Otherwise hands a copy of \p incoming to \p install,
+/// which replaces the target's component of that kind, and returns it.
+template <typename Component, typename Install>
+Component* addComponent(Material* target, Component* incoming, Component* current,
+                        int* alreadyPresent, Install install)
+{
+    if (incoming && current && incoming->Equal(current)) {
+        setFlag(alreadyPresent, 1);
+        return current;
+    }
+    Component* const copy = cloneFor(target, incoming);
+    install(copy);
+    return copy;
+}
+
+/// Opaque: a plain white mask that is not inverted.
+void resetTransparency(Material* target)
+{
+    target->SetTransparency(nullptr);
+    Transparency* const transparency = target->GetTransparency(1);
+    if (!transparency)
+        return;
+    ShaderColour* const colour = transparency->GetColour();
+    if (ShaderPlainColour* const plain = colour ? colour->GetPlainColour(1) : nullptr) {
+        float white[] = {1.0f, 1.0f, 1.0f};
+        plain->SetColour(white);
+    }
+    transparency->SetInvertMask(0);
+}
+
+} // namespace
+
+MaterialRepository::MaterialRepository(RVOpenNode* source)
+    : RVOpenNode(source)
+{
+    Populate();
+}
+
+MaterialRepository::~MaterialRepository() = default;
+
+void MaterialRepository::Populate()
+{
+    populateChildren(this, [](const QDomNode& child) { return newBound<Material>(child); });
+}
+
+Material* MaterialRepository::CreateMaterial()
+{
+    return newElement<Material>(this, names::element::material);
+}
+
+void MaterialRepository::AddMaterial(Material* material)
+{
+    if (!material)
+        return;
+    if (!GetChild(0, 0))
+        Populate();
+    RVOpenNode* last = nullptr;
+    for (RVOpenNode* node = GetChild(0, 0); node; node = node->GetNext(1)) {
+        if (node == material)
+            return;
+        last = node;
+    }
+    if (last)
+        last->SetNext(material);
+    else
+        NodeAccess::setFirstChild(this, material);
+    material->SetParent(this);
+}
+
+void MaterialRepository::RemoveMaterial(Material* material)
+{
+    if (!material)
+        return;
+    RVOpenNode* const first = GetChild(0, 0);
+    if (first == material) {
+        Material* const next = material->GetNext();
+        NodeAccess::setFirstChild(this, next);
+        if (!next)
+            NodeAccess::dropView(material->GetNext(0));
+    } else {
+        RVOpenNode* before = first;
+        while (before && before->GetNext(1) != material)
+            before = before->GetNext(0);
+        if (before)
+            before->SetNext(material->GetNext(1));
+    }
+    material->SetNext(nullptr);
+    delete material;
+}
+
+void MaterialRepository::Clear()
+{
+    while (Material* const material = GetFirstMaterial())
+        RemoveMaterial(material);
+}
+
+Material* MaterialRepository::GetFirstMaterial()
+{
+    return dynamic_cast<Material*>(GetChild(0, 0));
+}
+
+unsigned int MaterialRepository::GetNumMaterials()
+{
+    unsigned int count = 0;
+    for (Material* material = GetFirstMaterial(); material; material = material->GetNext())
+        ++count;
+    return count;
+}
+
+Material* MaterialRepository::GetMaterial(QString linkName)
+{
+    Material* material = GetFirstMaterial();
+    while (material && material->GetLinkName() != linkName)
+        material = material->GetNext();
+    return material;
+}
+
+Material* MaterialRepository::AddBaseMaterial(Material* material, QString linkName)
+{
+    Material* const target = GetMaterial(linkName);
+    if (!target)
+        return nullptr;
+    Material* const copy = cloneFor(target, material);
+    target->SetBaseMaterial(copy);
+    return copy;
+}
+
+Colour* MaterialRepository::AddColour(Colour* colour, QString linkName, int* alreadyPresent)
+{
+    Material* const target = GetMaterial(linkName);
+    if (!target)
+        return nullptr;
+    return addComponent(target, colour, target->GetColour(0), alreadyPresent,
+                        [target](Colour* copy) { target->SetColour(copy); });
+}
+
+Finish* MaterialRepository::AddFinish(Finish* finish, QString linkName, int* alreadyPresent)
+{
+    setFlag(alreadyPresent, 0);
+    Material* const target = GetMaterial(linkName);
+    if (!target)
+        return nullptr;
+    return addComponent(target, finish, target->GetFinish(), alreadyPresent,
+                        [target, finish](Finish* copy) {
+                            if (finish && finish->IsReset())
+                                resetTransparency(target);
+                            target->SetFinish(copy);
+                        });
+}
+
+Transparency* MaterialRepository::AddTransparency(Transparency* transparency, QString linkName,
+                                                  int* alreadyPresent)
+{
+    setFlag(alreadyPresent, 0);
+    Material* const target = GetMaterial(linkName);
+    if (!target)
+        return nullptr;
+    return addComponent(target, transparency, target->GetTransparency(0), alreadyPresent,
+                        [target](Transparency* copy) { target->SetTransparency(copy); });
+}
+
+Bump* MaterialRepository::AddBump(Bump* bump, QString linkName, int* alreadyPresent)
+{
+    setFlag(alreadyPresent, 0);
+    Material* const target = GetMaterial(linkName);
+    if (!target)
+        return nullptr;
+    return addComponent(target, bump, target->GetBump(0), alreadyPresent,
+                        [target](Bump* copy) { target->SetBump(copy); });
+}
+
+Material* MaterialRepository::ApplyMaterial(Material* material, QString linkName,
+                                            int* alreadyPresent)
+{
+    setFlag(alreadyPresent, 0);
+    Material* const target = GetMaterial(linkName);
+    if (!target || !material)
+        return nullptr;
+    // Two objects may stand for one element.
+    const bool itself = material->GetDomNode() == target->GetDomNode();
+    if (itself || target->Equal(material, false)) {
+        setFlag(alreadyPresent, 1);
+        return target;
+    }
+
+    target->SetColour(nullptr);
+    target->SetFinish(nullptr);
+    target->SetTransparency(nullptr);
+    target->SetBump(nullptr);
+    if (Colour* const colour = material->GetColour(0))
+        AddColour(colour, linkName, nullptr);
+    if (Finish* const finish = material->GetFinish())
+        AddFinish(finish, linkName, nullptr);
+    if (Transparency* const transparency = material->GetTransparency(0))
+        AddTransparency(transparency, linkName, nullptr);
+    if (Bump* const bump = material->GetBump(0))
+        AddBump(bump, linkName, nullptr);
+    target->SetRefName(material->GetRefName());
+    target->SetSubCat(material->GetSubCat());
+    return target;
+}
+
+} // namespace rvopen

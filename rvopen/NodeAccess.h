@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/RVOpenNode.h>
+
+namespace rvopen {
+
+/// The links of a node, for the classes that keep chains of their own.
+struct NodeAccess {
+    static RVOpenNode* firstChild(const RVOpenNode* node)
+    {
+        return node->m_firstChild;
+    }
+    static void setFirstChild(RVOpenNode* node, RVOpenNode* child)
+    {
+        node->m_firstChild = child;
+    }
+    static RVOpenNode* next(const RVOpenNode* node)
+    {
+        return node->m_next;
+    }
+    /// The first child from the node's own element, never from an archive.
+    static RVOpenNode* ownFirstChild(RVOpenNode* node)
+    {
+        return node->GetChild(1, 0);
+    }
+    /// Detaches a child of the node's own chain, without looking at archives.
+    static void detachOwn(RVOpenNode* node, RVOpenNode* child)
+    {
+        node->detachHere(child);
+    }
+    /// The node whose chain holds the children: the node itself, or the root of the archive that it
+    /// stands for; null when that archive cannot be opened.
+    static RVOpenNode* childOwner(RVOpenNode* node);
+    /// After the element was moved to another document by hand.
+    static void holdDocument(RVOpenNode* node)
+    {
+        node->holdDocument();
+    }
+
+    /// Attributes by the names of Names.h.
+    static QString attribute(const RVOpenNode* node, const QString& name)
+    {
+        return node->attribute(name);
+    }
+    static void setAttribute(RVOpenNode* node, const QString& name, const QString& value)
+    {
+        node->setAttribute(name, value);
+    }
+
+    /// Deletes the object with its subtree and the siblings after it, leaving every element in the
+    /// document: what goes is the view, not the data.
+    static void dropView(RVOpenNode* node);
+    /// True while a view is being dropped: destructors leave the document alone then.
+    static bool isDroppingView();
+};
+
+/// A view for the time of a scope: dropped at its end, with every element left in place.
+class ScopedView {
+public:
+    explicit ScopedView(RVOpenNode* node)
+        : m_node(node)
+    {
+    }
+    ~ScopedView()
+    {
+        NodeAccess::dropView(m_node);
+    }
+    ScopedView(const ScopedView&) = delete;
+    ScopedView& operator=(const ScopedView&) = delete;
+
+    RVOpenNode* get() const
+    {
+        return m_node;
+    }
+
+private:
+    RVOpenNode* m_node;
+};
+
+} // namespace rvopen

@@ -1,0 +1,311 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/Param.h>
+
+#include <rvopen/Names.h>
+#include <rvopen/NodeAccess.h>
+#include <rvopen/RVOpenStatus.h>
+#include <rvopen/ValueText.h>
+
+#include <QDomElement>
+
+#include <algorithm>
+#include <cmath>
+
+namespace rvopen {
+
+namespace {
+
+/// The document's first "snapRoot" in document order; the walk stops at it.
+QDomElement firstSnapRoot(const QDomDocument& document)
+{
+    const QString tag = names::element::snapRoot();
+    QDomNode node = document.documentElement();
+    while (!node.isNull()) {
+        if (node.isElement() && node.nodeName() == tag)
+            return node.toElement();
+        QDomNode next = node.firstChild();
+        while (next.isNull() && !node.isNull()) {
+            next = node.nextSibling();
+            if (next.isNull())
+                node = node.parentNode();
+        }
+        node = next;
+    }
+    return QDomElement();
+}
+
+unsigned int rangeValue(const Param* param, const QString& name, float* out)
+{
+    return valueText::toFloat(NodeAccess::attribute(param, name), out);
+}
+
+} // namespace
+
+Param::Param() = default;
+
+Param::~Param() = default;
+
+void Param::SetDomNode(QDomNode node)
+{
+    RVOpenNode::SetDomNode(node);
+}
+
+Param* Param::GetNext()
+{
+    return dynamic_cast<Param*>(GetNext(0));
+}
+
+int Param::IsFloat() const
+{
+    return isType(names::paramType::floatType());
+}
+
+int Param::IsBool() const
+{
+    return isType(names::paramType::boolean());
+}
+
+int Param::IsShader() const
+{
+    return isType(names::paramType::shader());
+}
+
+int Param::IsColour() const
+{
+    return isType(names::paramType::colour());
+}
+
+int Param::IsVector() const
+{
+    return isType(names::paramType::vector());
+}
+
+int Param::IsPoint() const
+{
+    return isType(names::paramType::point());
+}
+
+int Param::IsString() const
+{
+    return isType(names::paramType::string());
+}
+
+int Param::IsInt() const
+{
+    return isType(names::paramType::integer());
+}
+
+int Param::IsDimensional() const
+{
+    return NodeAccess::attribute(this, names::attribute::prop())
+        .contains(names::value::dimensional());
+}
+
+int Param::IsReadOnly() const
+{
+    return NodeAccess::attribute(this, names::attribute::prop()).contains(names::value::readOnly());
+}
+
+void Param::SetTypeFloat(float sceneValue)
+{
+    setTypeAndValue(names::paramType::floatType(),
+                    valueText::fromFloat(toDocumentUnits(sceneValue)));
+}
+
+void Param::SetTypeInt(int newValue)
+{
+    setTypeAndValue(names::paramType::integer(), QString::number(newValue));
+}
+
+void Param::SetTypeBool(int newValue)
+{
+    setTypeAndValue(names::paramType::boolean(), valueText::fromBool(newValue));
+}
+
+void Param::SetTypeString(QString newValue)
+{
+    setTypeAndValue(names::paramType::string(), newValue);
+}
+
+void Param::SetTypeShader(QString newValue)
+{
+    setTypeAndValue(names::paramType::shader(), newValue);
+}
+
+void Param::SetTypeColour(float* const rgb)
+{
+    if (rgb)
+        setTypeAndValue(names::paramType::colour(), valueText::fromTriple(rgb));
+}
+
+void Param::SetTypeVector(float* const vector)
+{
+    if (vector)
+        setTypeAndValue(names::paramType::vector(), valueText::fromTriple(vector));
+}
+
+void Param::SetTypePoint(float* const point)
+{
+    if (point)
+        setTypeAndValue(names::paramType::point(), valueText::fromTriple(point));
+}
+
+unsigned int Param::GetValFloat(float* out)
+{
+    if (!IsFloat() || !out)
+        return StatusMissing;
+    const unsigned int status = valueText::toFloat(value(), out);
+    if (IsDimensional())
+        *out /= GetUnitsScale();
+    return status;
+}
+
+unsigned int Param::SetValFloat(float newValue)
+{
+    return IsFloat() ? setValue(valueText::fromFloat(toDocumentUnits(newValue))) : StatusMissing;
+}
+
+unsigned int Param::GetValInt(int* out) const
+{
+    return IsInt() && out ? valueText::toInt(value(), out) : StatusMissing;
+}
+
+unsigned int Param::SetValInt(int newValue)
+{
+    return IsInt() ? setValue(QString::number(newValue)) : StatusMissing;
+}
+
+unsigned int Param::GetValBool(int* out) const
+{
+    return IsBool() && out ? valueText::toBool(value(), out) : StatusMissing;
+}
+
+unsigned int Param::SetValBool(int newValue)
+{
+    return IsBool() ? setValue(valueText::fromBool(newValue)) : StatusMissing;
+}
+
+unsigned int Param::GetValColour(float* const out) const
+{
+    return IsColour() ? valueText::toTriple(value(), out) : StatusMissing;
+}
+
+unsigned int Param::SetValColour(float* const newValue)
+{
+    return IsColour() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
+}
+
+unsigned int Param::GetValVector(float* const out) const
+{
+    return IsVector() ? valueText::toTriple(value(), out) : StatusMissing;
+}
+
+unsigned int Param::SetValVector(float* const newValue)
+{
+    return IsVector() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
+}
+
+unsigned int Param::GetValPoint(float* const out) const
+{
+    return IsPoint() ? valueText::toTriple(value(), out) : StatusMissing;
+}
+
+unsigned int Param::SetValPoint(float* const newValue)
+{
+    return IsPoint() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
+}
+
+QString Param::GetValString() const
+{
+    return IsString() ? value() : QString();
+}
+
+unsigned int Param::SetValString(QString newValue)
+{
+    return IsString() ? setValue(newValue) : StatusMissing;
+}
+
+QString Param::GetValShaderType() const
+{
+    return IsShader() ? value() : QString();
+}
+
+unsigned int Param::SetValShaderType(QString newValue)
+{
+    return IsShader() ? setValue(newValue) : StatusMissing;
+}
+
+unsigned int Param::GetFloatRange(float* outMin, float* outMax) const
+{
+    if (!IsFloat())
+        return StatusMissing;
+    float rangeMin = 0.0f;
+    float rangeMax = 0.0f;
+    if (rangeValue(this, names::attribute::rangeMin(), &rangeMin) != StatusOk ||
+        rangeValue(this, names::attribute::rangeMax(), &rangeMax) != StatusOk)
+        return StatusMissing;
+
+    float low = rangeMin;
+    float high = rangeMax;
+    float centre = 0.0f;
+    float percent = 0.0f;
+    if (rangeValue(this, names::attribute::centre(), &centre) == StatusOk &&
+        rangeValue(this, names::attribute::range(), &percent) == StatusOk) {
+        const float half =
+            static_cast<float>(static_cast<double>(std::fabs(centre) * percent) * 0.01);
+        low = centre - half;
+        high = centre + half;
+        if (low > rangeMax)
+            low = rangeMax;
+        if (rangeMin > high)
+            high = rangeMin;
+        low = std::max(rangeMin, low);
+        high = std::min(high, rangeMax);
+    }
+    if (outMin)
+        *outMin = low;
+    if (outMax)
+        *outMax = high;
+    return StatusOk;
+}
+
+bool Param::isType(const QString& type) const
+{
+    return NodeAccess::attribute(this, names::attribute::type()) == type;
+}
+
+QString Param::value() const
+{
+    return NodeAccess::attribute(this, names::attribute::val());
+}
+
+unsigned int Param::setValue(const QString& text)
+{
+    NodeAccess::setAttribute(this, names::attribute::val(), text);
+    return StatusOk;
+}
+
+void Param::setTypeAndValue(const QString& type, const QString& text)
+{
+    NodeAccess::setAttribute(this, names::attribute::type(), type);
+    setValue(text);
+}
+
+float Param::toDocumentUnits(float sceneValue)
+{
+    return IsDimensional() ? sceneValue * GetUnitsScale() : sceneValue;
+}
+
+float Param::GetUnitsScale()
+{
+    if (m_unitsScale != 0.0f)
+        return m_unitsScale;
+    m_unitsScale = 1.0f;
+    const QDomElement root = firstSnapRoot(GetDomNode().ownerDocument());
+    valueText::toFloat(root.attribute(names::attribute::unitsScale()), &m_unitsScale);
+    return m_unitsScale;
+}
+
+} // namespace rvopen

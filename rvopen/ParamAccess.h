@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/Names.h>
+#include <rvopen/Param.h>
+#include <rvopen/RVOpenStatus.h>
+
+#include <cstddef>
+#include <utility>
+
+namespace rvopen {
+
+enum class ParamType { Float, Int, String, Bool, Colour, Vector, Point };
+
+/// How a class creates one of its parameters.
+struct ParamSpec {
+    names::Name name;
+    ParamType type;
+    bool dimensional = false;
+    /// Sets the initial value where it is not the one of ParamHelper's Add operation.
+    void (*initialise)(Param&) = nullptr;
+};
+
+/// Appends the parameter to \p node; null when it could not be created.
+Param* addParam(RVOpenNode* node, const ParamSpec& spec);
+
+/// Creates the \p count parameters at \p specs in order, on a node that has no parameter at all.
+void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count);
+
+template <std::size_t Count>
+void populateParams(RVOpenNode* node, const ParamSpec (&specs)[Count])
+{
+    populateParams(node, specs, Count);
+}
+
+inline Param* findParam(RVOpenNode* node, names::Name name)
+{
+    return node->GetParamHelper()->GetParam(name());
+}
+
+/// Calls \p operation, a typed getter or setter of Param, on the parameter of that name.
+/// StatusMissing when there is none.
+template <typename Operation, typename... Arguments>
+unsigned int onParam(RVOpenNode* node, names::Name name, Operation operation,
+                     Arguments&&... arguments)
+{
+    Param* const param = findParam(node, name);
+    return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
+}
+
+/// As onParam(), creating the parameter first when there is none.
+/// StatusMissing when it cannot be created.
+template <typename Operation, typename... Arguments>
+unsigned int onParamOrNew(RVOpenNode* node, const ParamSpec& spec, Operation operation,
+                          Arguments&&... arguments)
+{
+    Param* param = findParam(node, spec.name);
+    if (!param)
+        param = addParam(node, spec);
+    return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
+}
+
+/// The text of a "string" parameter, empty when it is missing or of another type.
+inline QString stringParam(RVOpenNode* node, names::Name name)
+{
+    const Param* const param = findParam(node, name);
+    return param ? param->GetValString() : QString();
+}
+
+} // namespace rvopen

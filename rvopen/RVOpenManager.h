@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/RVOpenExport.h>
+#include <rvopen/SnapShots.h>
+#include <rvopen/TemporaryItems.h>
+
+#include <QDomDocument>
+#include <QDomElement>
+#include <QDomNode>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace rvopen {
+
+class Background;
+class RVOpenNode;
+class SnapShot;
+
+/// The library's entry object: owns the snapshot document with its objects and the three default
+/// preset archives; loads, imports and saves; finds presets; lists textures.
+///
+/// Ownership: what the getters hand out belongs to the manager. Objects of the snapshot document
+/// are valid until ClearSnapShotDoc() or the next load, the others until the manager is destroyed.
+/// Where a load, an import or a repeated Initialise() puts a new object in the place of an old one,
+/// the old one stays valid as long as that. The manager is used from one thread.
+///
+/// A new manager holds an empty document, made before Initialise() can tell the version: call
+/// ClearSnapShotDoc() and InitialiseSnapShotDoc() after it for a document that carries it.
+class RVOPEN_EXPORT RVOpenManager {
+public:
+    RVOpenManager();
+    /// Shallow: both managers refer to the same objects, which only one of the two may delete.
+    RVOpenManager(const RVOpenManager& other);
+    RVOpenManager& operator=(const RVOpenManager& other);
+    ~RVOpenManager();
+
+    /// \name Lifecycle
+    /// @{
+
+    /// Stores the version written into documents made later and reads the default archives
+    /// "\xml\Default.rvx" (once), "\xml\Product_extra.rvx" and "\xml\Architectural_extra.rvx"
+    /// (at each call) below \p folder, which is given without a trailing separator. Archives that
+    /// cannot be read are passed over. Always StatusOk.
+    unsigned int Initialise(unsigned int major, unsigned int minor, QString folder);
+    /// Does nothing: everything is released by the destructor.
+    void Terminate();
+    /// @}
+
+    /// \name The snapshot document
+    /// @{
+
+    /// Builds a fresh document with an empty "Model SnapShots" collection and a current snapshot
+    /// with default settings and scenery. Clear the old document first.
+    void InitialiseSnapShotDoc();
+    /// Deletes the document and its objects, the reset snapshot included. Harmless when repeated.
+    void ClearSnapShotDoc();
+    /// Replaces the document by the one in the file. 1, or 0 with the document untouched when
+    /// \p path is empty or the file cannot be read.
+    int LoadSnapShotDocFromFile(QString path);
+    /// Replaces the document by the one in the text. 1, or 0 with the document untouched when the
+    /// text is not well-formed.
+    int LoadSnapShotDocFromString(QString xml);
+    /// The document as text indented by 2; empty without a document.
+    QString GetSnapShotDocumentAsString() const;
+    /// Document units per scene unit, "unitsScale" of the root. Reaches only parameter objects that
+    /// have not converted a value yet.
+    void SetUnitsScale(float scale);
+    /// @}
+
+    /// \name Snapshots
+    /// @{
+
+    /// Null when the document has none.
+    SnapShot* GetCurrentSnapShot() const;
+    SnapShot* GetResetSnapShot() const;
+    /// Takes ownership. The previous reset snapshot stays valid until the manager is destroyed.
+    void SetResetSnapShot(SnapShot* snapShot);
+    /// The current snapshot of the last imported document.
+    SnapShot* GetImportCurrentSnapShot() const;
+    /// The "Model SnapShots" collection; null when the document has none.
+    SnapShots* GetSnapShots() const;
+    int GetNumSnapShots() const;
+    /// A free-standing deep copy of \p source, or for null a new snapshot "CurrSnapshot" under the
+    /// document's root. The caller owns it. Null without a document or when memory is exhausted.
+    SnapShot* CreateInternalSnapShot(SnapShot* source);
+    /// \p base followed by a number, a name that no snapshot of the selected collection has.
+    /// Numbers rise for the manager's life, so the same name never comes twice.
+    QString GetNextSnapShotName(QString base, SnapShots::SnapShotType type);
+    /// @}
+
+    /// \name Collections created on demand
+    /// Null only without a document.
+    /// @{
+    SnapShots* GetSnapShotsBackgrounds();
+    SnapShots* GetSnapShotsCameras();
+    SnapShots* GetSnapShotsMaterialRepositories();
+    SnapShots* GetTempSnapShots();
+    /// The background as it was loaded, by default a "Horizon" one with its parameters.
+    Background* GetOriginalBackground();
+    /// @}
+
+    /// \name Importing
+    /// @{
+
+    /// Reads another snapshot document, whose current snapshot GetImportCurrentSnapShot() gives
+    /// then, and with \p addSnapShots appends its snapshots at once. An unreadable file changes
+    /// nothing but the name of the import.
+    void ImportSnapShotDoc(QString path, bool useCurrentCamera, bool addSnapShots);
+    /// Appends copies of the imported document's snapshots to the main collection, which is created
+    /// if the document has none; with \p useCurrentCamera they get the current snapshot's camera.
+    /// Their thumbnails are copied from the imported document's folder to the snapshots folder.
+    void AddImportedSnapShot(bool useCurrentCamera);
+    /// @}
+
+    /// \name Archives
+    /// @{
+
+    /// Chooses the archive that look-ups search first: \p name in the folder of \p type ("Zorvane"
+    /// or "Custom"). An empty name recalls the last one of that type. The archive's root node,
+    /// owned by the archive registry, or null when it cannot be read.
+    RVOpenNode* SetArchiveNode(QString name, QString type);
+    /// The type last given to SetArchiveNode().
+    QString GetArchiveType() const;
+    /// The section of that element name in the chosen archive, or in the default archive with
+    /// \p fromDefault; null if there is none. With archive type "Zorvane" the same section of the
+    /// product or architectural extra archive, told by the chosen archive's name, is merged into it
+    /// first. Owned by the archive.
+    RVOpenNode* GetRVOpenNodeFromType(QString type, bool fromDefault);
+    /// The first preset of the section with that reference name and, unless \p subcat is empty,
+    /// that sub-category: in the chosen archive, else in the default archive; null if neither has
+    /// it.
+    RVOpenNode* FindRVOpenNodeFromType(QString type, QString subcat, QString refName);
+    /// Writes the document of \p rootNode to \p path, indented by 3. False when it cannot be
+    /// written; a file that was there is as it was then.
+    bool SaveArchive(QString path, RVOpenNode* rootNode);
+    /// A node over the root of the archive in the file, outside of the archive registry; the caller
+    /// owns the node. Null when the file cannot be read.
+    RVOpenNode* LoadArchive(QString path);
+    /// A typed node over the root of the document in the text, bound to nothing when it is not
+    /// well-formed; the caller owns the node.
+    RVOpenNode* DecodeXML(QString xml);
+    /// @}
+
+    /// \name Textures
+    /// @{
+
+    /// Appends the image files that the tree of \p node refers to, as they stand, repetitions
+    /// included. The size of the whole list.
+    int FindRVOpenNodeTextures(RVOpenNode* node, QStringList& textures);
+    /// Reduces every such reference to its file name; base materials keep theirs.
+    void StripTexturePaths(RVOpenNode* node);
+    /// @}
+
+    /// The clipboard of the materials editor, owned by the manager.
+    TemporaryItems* GetTemporaryItems();
+
+private:
+    int LoadSnapShotDoc(QDomDocument* doc);
+    void adoptCollection(const QDomElement& element);
+    template <typename Object>
+    void replaceView(Object*& held, Object* fresh);
+    template <typename Object>
+    void retireNode(Object*& held, Object* fresh);
+    void retireDocument();
+    SnapShots* appendCollection(const QString& name);
+    void appendMainCollection();
+    SnapShots* collectionOnDemand(SnapShots*& collection, const QString& name);
+    void copyImportedThumbnail(SnapShot* snapShot, const QString& folder);
+    void readExtraArchive(RVOpenNode*& root, const QString& path);
+    RVOpenNode* extraArchive() const;
+    RVOpenNode* RecursiveFindRVOpenNode(RVOpenNode* node, QString subcat, QString refName);
+    static QString StripPath(QString path);
+
+    QDomDocument* m_snapShotDocument = nullptr;
+    QDomElement m_rootElement;
+    QDomNode m_snapShotsElement;
+    SnapShot* m_currentSnapShot = nullptr;
+    SnapShot* m_importCurrentSnapShot = nullptr;
+    Background* m_originalBackground = nullptr;
+    int m_snapShotCounter = 0;
+    int m_backgroundCounter = 0;
+    int m_materialPaletteCounter = 0;
+    int m_cameraCounter = 0;
+    SnapShot* m_resetSnapShot = nullptr;
+    SnapShots* m_cameras = nullptr;
+    SnapShots* m_materialPalettes = nullptr;
+    SnapShots* m_backgrounds = nullptr;
+    SnapShots* m_tempSnapShots = nullptr;
+    SnapShots* m_snapShots = nullptr;
+    QDomNode m_importNode;
+    QString m_importName;
+    QDomDocument* m_importDocument = nullptr;
+    TemporaryItems m_temporaryItems;
+    RVOpenNode* m_archiveNode = nullptr;
+    QString m_archiveType;
+    QDomDocument* m_defaultArchiveDocument = nullptr;
+    RVOpenNode* m_defaultArchiveRoot = nullptr;
+    RVOpenNode* m_productArchiveRoot = nullptr;
+    RVOpenNode* m_architecturalArchiveRoot = nullptr;
+    QString m_zorvaneArchiveName;
+    QString m_customArchiveName;
+    unsigned int m_majorVersion = 0;
+    unsigned int m_minorVersion = 0;
+    QVector<QDomDocument*> m_loadedArchiveDocuments;
+    /// What gave way to something newer while a host may still hold it.
+    QVector<RVOpenNode*> m_retiredViews; ///< Of the snapshot document; dropped with it.
+    QVector<RVOpenNode*> m_retiredNodes;
+    QVector<QDomDocument*> m_retiredDocuments;
+};
+
+} // namespace rvopen

@@ -1,0 +1,713 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/RVOpenNode.h>
+
+#include <rvopen/DirectoryHandler.h>
+#include <rvopen/Names.h>
+#include <rvopen/NodeAccess.h>
+#include <rvopen/RVOpenSchema.h>
+#include <rvopen/ValueText.h>
+
+#include <QDir>
+#include <QDomElement>
+
+#include <new>
+#include <vector>
+
+namespace rvopen {
+
+namespace {
+
+/// A chain of siblings on its way out. The head's destructor runs the loop; the destructor of each
+/// sibling hands its element and the rest of the chain over instead of going on by itself, so that
+/// a chain of any length needs one stack frame.
+struct ChainTeardown {
+    const RVOpenNode* current = nullptr;
+    RVOpenNode* rest = nullptr;
+    std::vector<QDomNode> elements;
+    ChainTeardown* outer = nullptr;
+};
+
+/// A link whose object is being made. Making an object can populate its children and follow
+/// archive references, which may lead back to the very same link in a document that refers to
+/// itself.
+struct Materialising {
+    const RVOpenNode* node;
+    bool child;
+    const Materialising* outer;
+};
+
+thread_local ChainTeardown* t_teardown = nullptr;
+thread_local const Materialising* t_materialising = nullptr;
+thread_local bool t_droppingView = false;
+
+bool isMaterialising(const RVOpenNode* node, bool child)
+{
+    for (const Materialising* m = t_materialising; m; m = m->outer) {
+        if (m->node == node && m->child == child)
+            return true;
+    }
+    return false;
+}
+
+RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
+{
+    if (isMaterialising(from, child))
+        return nullptr;
+    const Materialising entry{from, child, t_materialising};
+    t_materialising = &entry;
+    RVOpenNode* const made = RVOpenSchema::createNode(node);
+    t_materialising = entry.outer;
+    return made;
+}
+
+void removeFromParent(const QDomNode& node)
+{
+    if (!node.isNull())
+        node.parentNode().removeChild(node);
+}
+
+int chainLength(RVOpenNode* node)
+{
+    int length = 0;
+    for (; node; node = node->GetNext(1))
+        ++length;
+    return length;
+}
+
+} // namespace
+
+/// Where the children of an archive reference live.
+struct RVOpenNode::ArchiveReference {
+    bool isReference = false;   ///< The element names an archive.
+    RVOpenNode* root = nullptr; ///< The archive's root node, null if it cannot be opened.
+};
+
+RVOpenNode* NodeAccess::childOwner(RVOpenNode* node)
+{
+    if (node->m_firstChild)
+        return node;
+    const RVOpenNode::ArchiveReference archive = node->openArchive();
+    return archive.isReference ? archive.root : node;
+}
+
+void NodeAccess::dropView(RVOpenNode* node)
+{
+    const bool outer = t_droppingView;
+    t_droppingView = true;
+    delete node;
+    t_droppingView = outer;
+}
+
+bool NodeAccess::isDroppingView()
+{
+    return t_droppingView;
+}
+
+RVOpenNode::RVOpenNode()
+    : m_paramHelper(this)
+{
+}
+
+RVOpenNode::RVOpenNode(RVOpenNode* source)
+    : m_paramHelper(this)
+{
+    if (!source)
+        return;
+    QDomDocument document = source->m_node.ownerDocument();
+    m_node = document.importNode(source->m_node, true);
+    m_document = document;
+}
+
+RVOpenNode::RVOpenNode(const RVOpenNode& other) = default;
+
+RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other) = default;
+
+RVOpenNode::~RVOpenNode()
+{
+    delete m_firstChild;
+    m_firstChild = nullptr;
+
+    if (t_teardown && t_teardown->current == this) {
+        t_teardown->rest = m_next;
+        m_next = nullptr;
+        try {
+            if (!t_droppingView)
+                t_teardown->elements.push_back(m_node);
+        } catch (const std::bad_alloc&) {
+            removeElement();
+        }
+        return;
+    }
+
+    if (m_next) {
+        ChainTeardown chain;
+        chain.outer = t_teardown;
+        t_teardown = &chain;
+        for (RVOpenNode* sibling = m_next; sibling; sibling = chain.rest) {
+            chain.current = sibling;
+            chain.rest = nullptr;
+            delete sibling;
+        }
+        t_teardown = chain.outer;
+        m_next = nullptr;
+        // The last sibling's element goes first, as it would if each destructor deleted the next.
+        for (auto element = chain.elements.rbegin(); element != chain.elements.rend(); ++element)
+            removeFromParent(*element);
+    }
+    removeElement();
+}
+
+RVOpenNode* RVOpenNode::GetChild(int create, int followArchive)
+{
+    if (!create || m_firstChild)
+        return m_firstChild;
+    if (followArchive) {
+        const ArchiveReference archive = openArchive();
+        if (archive.isReference)
+            return archive.root ? archive.root->GetChild(1, 0) : nullptr;
+    }
+    const QDomNode first = m_node.firstChild();
+    if (first.isNull())
+        return nullptr;
+    RVOpenNode* const child = makeLinked(this, true, first);
+    if (child) {
+        m_firstChild = child;
+        child->SetParent(this);
+    }
+    return child;
+}
+
+QDomNode RVOpenNode::GetDomNode() const
+{
+    return m_node;
+}
+
+void RVOpenNode::SetDomNode(QDomNode node)
+{
+    m_document = node.ownerDocument();
+    m_node = node;
+}
+
+QString RVOpenNode::GetNodeName() const
+{
+    return m_node.nodeName();
+}
+
+RVOpenNode* RVOpenNode::GetParent() const
+{
+    return m_parent;
+}
+
+void RVOpenNode::SetParent(RVOpenNode* parent)
+{
+    m_parent = parent;
+    if (!parent || m_node.isNull() || parent->m_node.isNull())
+        return;
+    if (m_node.parentNode() == parent->m_node)
+        return;
+    parent->m_node.appendChild(m_node);
+    holdDocument();
+}
+
+RVOpenNode* RVOpenNode::GetNext(int create)
+{
+    if (m_next || !create)
+        return m_next;
+    return materialiseNext();
+}
+
+void RVOpenNode::SetNext(RVOpenNode* next)
+{
+    m_next = next;
+}
+
+ParamHelper* RVOpenNode::GetParamHelper()
+{
+    return &m_paramHelper;
+}
+
+int RVOpenNode::GetNumSiblings()
+{
+    return chainLength(this);
+}
+
+int RVOpenNode::GetNumChildren()
+{
+    return chainLength(m_firstChild);
+}
+
+int RVOpenNode::GetChildPos(RVOpenNode* child)
+{
+    int position = 0;
+    for (RVOpenNode* node = GetChild(1, 1); node && node != child; node = node->GetNext(1))
+        ++position;
+    return position;
+}
+
+void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
+{
+    if (!canTake(child))
+        return;
+    RVOpenNode* parent = this;
+    if (RVOpenNode* const first = GetChild(1, 1)) {
+        RVOpenNode* last = first;
+        while (RVOpenNode* const next = last->GetNext(1))
+            last = next;
+        last->m_next = child;
+        if (first->m_parent)
+            parent = first->m_parent;
+    } else {
+        const ArchiveReference archive = followArchive ? openArchive() : ArchiveReference{};
+        if (archive.root) {
+            archive.root->AddNode(child, false);
+            return;
+        }
+        if (!archive.isReference)
+            m_firstChild = child;
+    }
+
+    if (child->standsOutside(parent)) {
+        // What stands in another document belongs to that document: it keeps its element.
+        child->m_parent = parent;
+        parent->m_node.appendChild(parent->m_node.ownerDocument().importNode(child->m_node, true));
+    } else {
+        child->SetParent(parent);
+    }
+}
+
+void RVOpenNode::InsertNode(RVOpenNode* child, int index)
+{
+    if (!canTake(child))
+        return;
+    const ArchiveReference archive = m_firstChild ? ArchiveReference{} : openArchive();
+    if (archive.root)
+        archive.root->insertHere(child, index);
+    else if (archive.isReference)
+        placeElement(child, this, index);
+    else
+        insertHere(child, index);
+}
+
+void RVOpenNode::DetachNode(RVOpenNode* child, bool)
+{
+    // The flag has nothing left to decide: the chain belongs to this node or to the archive's root,
+    // and only its owner can take a link out of it.
+    if (child && GetChild(1, 1))
+        NodeAccess::childOwner(this)->detachHere(child);
+}
+
+void RVOpenNode::DeleteNode(RVOpenNode* child)
+{
+    if (!child)
+        return;
+    DetachNode(child, true);
+    disposeDetached(child);
+}
+
+void RVOpenNode::ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild)
+{
+    RVOpenNode* const owner = NodeAccess::childOwner(this);
+    if (owner && oldChild && oldChild != newChild && canTake(newChild))
+        owner->replaceHere(oldChild, newChild);
+}
+
+unsigned int RVOpenNode::GetAttributeFloat(const char* name, float* out) const
+{
+    return valueText::toFloat(GetAttributeString(name), out);
+}
+
+unsigned int RVOpenNode::GetAttributeInt(const char* name, int* out) const
+{
+    return valueText::toInt(GetAttributeString(name), out);
+}
+
+unsigned int RVOpenNode::GetAttributeBool(const char* name, int* out) const
+{
+    return valueText::toBool(GetAttributeString(name), out);
+}
+
+QString RVOpenNode::GetAttributeString(const char* name) const
+{
+    return attribute(QString::fromLatin1(name));
+}
+
+void RVOpenNode::SetAttributeFloat(const char* name, float value)
+{
+    SetAttributeString(name, valueText::fromFloat(value));
+}
+
+void RVOpenNode::SetAttributeInt(const char* name, int value)
+{
+    SetAttributeString(name, QString::number(value));
+}
+
+void RVOpenNode::SetAttributeBool(const char* name, int value)
+{
+    SetAttributeString(name, valueText::fromBool(value));
+}
+
+void RVOpenNode::SetAttributeString(const char* name, QString value)
+{
+    setAttribute(QString::fromLatin1(name), value);
+}
+
+QString RVOpenNode::GetName() const
+{
+    return attribute(names::attribute::name());
+}
+
+void RVOpenNode::SetName(QString value)
+{
+    setAttribute(names::attribute::name(), value);
+}
+
+QString RVOpenNode::GetCat() const
+{
+    return attribute(names::attribute::cat());
+}
+
+void RVOpenNode::SetCat(QString value)
+{
+    setAttribute(names::attribute::cat(), value);
+}
+
+QString RVOpenNode::GetDescription() const
+{
+    return attribute(names::attribute::description());
+}
+
+void RVOpenNode::SetDescription(QString value)
+{
+    setAttribute(names::attribute::description(), value);
+}
+
+QString RVOpenNode::GetSubCat() const
+{
+    return attribute(names::attribute::subCat());
+}
+
+void RVOpenNode::SetSubCat(QString value)
+{
+    setAttribute(names::attribute::subCat(), value);
+}
+
+QString RVOpenNode::GetShaderClass() const
+{
+    return attribute(names::attribute::shaderClass());
+}
+
+void RVOpenNode::SetShaderClass(QString value)
+{
+    setAttribute(names::attribute::shaderClass(), value);
+}
+
+QString RVOpenNode::GetPath() const
+{
+    return attribute(names::attribute::path());
+}
+
+void RVOpenNode::SetPath(QString value)
+{
+    setAttribute(names::attribute::path(), value);
+}
+
+QString RVOpenNode::GetRefName() const
+{
+    return attribute(names::attribute::refName());
+}
+
+void RVOpenNode::SetRefName(QString value)
+{
+    setAttribute(names::attribute::refName(), value);
+}
+
+QString RVOpenNode::GetImageName() const
+{
+    return attribute(names::attribute::imageName());
+}
+
+void RVOpenNode::SetImageName(QString value)
+{
+    setAttribute(names::attribute::imageName(), value);
+}
+
+QString RVOpenNode::GetShortArchiveFilename() const
+{
+    return attribute(names::attribute::archiveFilename());
+}
+
+void RVOpenNode::SetShortArchiveFilename(QString value)
+{
+    setAttribute(names::attribute::archiveFilename(), value);
+}
+
+RVOpenNode::ImageBorder RVOpenNode::GetImageBorder() const
+{
+    int value = ImageBorderNone;
+    valueText::toInt(attribute(names::attribute::imageBorder()), &value);
+    return static_cast<ImageBorder>(value);
+}
+
+void RVOpenNode::SetImageBorder(ImageBorder value)
+{
+    setAttribute(names::attribute::imageBorder(), QString::number(static_cast<int>(value)));
+}
+
+int RVOpenNode::IsEnabled() const
+{
+    return flag(names::attribute::enabled(), 1);
+}
+
+void RVOpenNode::SetEnabled(int value)
+{
+    setAttribute(names::attribute::enabled(), valueText::fromBool(value));
+}
+
+int RVOpenNode::IsTranslationDisabled() const
+{
+    return flag(names::attribute::translationDisabled(), 0);
+}
+
+void RVOpenNode::SetTranslationDisabled(int value)
+{
+    setAttribute(names::attribute::translationDisabled(), valueText::fromBool(value));
+}
+
+int RVOpenNode::IsCustom() const
+{
+    return flag(names::attribute::custom(), 0);
+}
+
+void RVOpenNode::SetCustom(int value)
+{
+    setAttribute(names::attribute::custom(), valueText::fromBool(value));
+}
+
+int RVOpenNode::IsReset() const
+{
+    return flag(names::attribute::reset(), 0);
+}
+
+void RVOpenNode::SetReset(int value)
+{
+    setAttribute(names::attribute::reset(), valueText::fromBool(value));
+}
+
+int RVOpenNode::ThumbnailRegenerated() const
+{
+    return flag(names::attribute::thumbRegenerated(), 1);
+}
+
+void RVOpenNode::SetThumbnailRegenerated(int value)
+{
+    setAttribute(names::attribute::thumbRegenerated(), valueText::fromBool(value));
+}
+
+QString RVOpenNode::EncodeFloat3(float a, float b, float c) const
+{
+    return valueText::fromTriple(a, b, c);
+}
+
+void RVOpenNode::DecodeFloat3(QString text, float* a, float* b, float* c) const
+{
+    valueText::toTriple(text, a, b, c);
+}
+
+QString RVOpenNode::GetArchiveFilename() const
+{
+    const QString fileName = GetShortArchiveFilename();
+    if (fileName.isEmpty())
+        return QString();
+    QString full = GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
+    const QString path = GetPath();
+    if (!path.isEmpty())
+        full += QDir::separator() + path;
+    return full + QDir::separator() + fileName + names::value::archiveExtension();
+}
+
+QString RVOpenNode::GetArchiveFolder() const
+{
+    const QString path = GetPath();
+    if (path.isEmpty())
+        return QString();
+    const QString folder =
+        GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
+    return folder + QDir::separator() + path;
+}
+
+QString RVOpenNode::attribute(const QString& name) const
+{
+    return m_node.toElement().attribute(name);
+}
+
+void RVOpenNode::setAttribute(const QString& name, const QString& value)
+{
+    m_node.toElement().setAttribute(name, value);
+}
+
+int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const
+{
+    int value = valueWhenAbsent;
+    valueText::toBool(attribute(name), &value);
+    return value;
+}
+
+RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
+{
+    const QString fileName = GetArchiveFilename();
+    if (fileName.isEmpty())
+        return {};
+    return {true, GetDirectoryHandler()->LoadArchive(fileName)};
+}
+
+RVOpenNode* RVOpenNode::materialiseNext()
+{
+    const QDomNode sibling = m_node.nextSibling();
+    if (sibling.isNull())
+        return nullptr;
+    // A child that was added from another document kept its element there: that element's siblings
+    // are not this node's.
+    if (m_parent && m_node.parentNode() != m_parent->m_node)
+        return nullptr;
+    RVOpenNode* const made = makeLinked(this, false, sibling);
+    if (made) {
+        m_next = made;
+        made->SetParent(m_parent);
+    }
+    return made;
+}
+
+bool RVOpenNode::canTake(const RVOpenNode* child) const
+{
+    if (!child)
+        return false;
+    for (const RVOpenNode* node = this; node; node = node->m_parent) {
+        if (node == child)
+            return false;
+    }
+    return true;
+}
+
+bool RVOpenNode::standsOutside(const RVOpenNode* parent) const
+{
+    return !m_node.parentNode().isNull() &&
+           m_node.ownerDocument() != parent->m_node.ownerDocument();
+}
+
+void RVOpenNode::insertHere(RVOpenNode* child, int index)
+{
+    RVOpenNode* parent = this;
+    RVOpenNode* const first = GetChild(1, 0);
+    if (!first || index <= 0) {
+        child->m_next = first;
+        m_firstChild = child;
+    } else {
+        RVOpenNode* before = first;
+        for (int position = 1; position < index; ++position) {
+            RVOpenNode* const next = before->GetNext(1);
+            if (!next)
+                break;
+            before = next;
+        }
+        child->m_next = before->GetNext(1);
+        before->m_next = child;
+        if (first->m_parent)
+            parent = first->m_parent;
+    }
+    placeElement(child, parent, index);
+}
+
+void RVOpenNode::placeElement(RVOpenNode* child, RVOpenNode* parent, int index)
+{
+    if (child->standsOutside(this)) {
+        child->rebindSubtree(m_node.ownerDocument().importNode(child->m_node, true));
+        child->m_parent = parent;
+    } else {
+        child->SetParent(parent);
+    }
+
+    if (index <= 0) {
+        m_node.insertBefore(child->m_node, m_node.firstChild());
+        return;
+    }
+    QDomNode before = m_node.firstChild();
+    for (int position = 1; position < index && !before.isNull(); ++position)
+        before = before.nextSibling();
+    m_node.insertAfter(child->m_node, before);
+}
+
+void RVOpenNode::detachHere(RVOpenNode* node)
+{
+    RVOpenNode* const first = GetChild(1, 0);
+    if (first == node) {
+        m_firstChild = node->GetNext(1);
+    } else {
+        RVOpenNode* before = first;
+        while (before && before->GetNext(1) != node)
+            before = before->m_next;
+        if (before)
+            before->m_next = node->GetNext(1);
+    }
+    node->m_next = nullptr;
+    Q_ASSERT(!m_node.isNull());
+    Q_ASSERT(!node->GetDomNode().isNull());
+    node->SetDomNode(m_node.removeChild(node->m_node));
+}
+
+void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
+{
+    int position = 0;
+    for (RVOpenNode* node = m_firstChild; node; node = node->GetNext(1), ++position) {
+        if (node != oldChild)
+            continue;
+        detachHere(oldChild);
+        insertHere(newChild, position);
+        // Last, since it may delete the archive that this node belongs to.
+        disposeDetached(oldChild);
+        return;
+    }
+}
+
+void RVOpenNode::disposeDetached(RVOpenNode* child)
+{
+    const QString archive = child->GetArchiveFilename();
+    if (!archive.isEmpty())
+        GetDirectoryHandler()->RemoveArchive(archive);
+    delete child;
+}
+
+void RVOpenNode::rebindSubtree(const QDomNode& copy)
+{
+    QDomNode from = m_node.firstChild();
+    QDomNode to = copy.firstChild();
+    for (RVOpenNode* child = m_firstChild; child; child = child->m_next) {
+        while (!from.isNull() && from != child->m_node) {
+            from = from.nextSibling();
+            to = to.nextSibling();
+        }
+        if (from.isNull())
+            break;
+        child->rebindSubtree(to);
+    }
+    SetDomNode(copy);
+}
+
+void RVOpenNode::holdDocument()
+{
+    const QDomDocument document = m_node.ownerDocument();
+    if (document == m_document)
+        return;
+    m_document = document;
+    for (RVOpenNode* child = m_firstChild; child; child = child->m_next)
+        child->holdDocument();
+}
+
+void RVOpenNode::removeElement()
+{
+    if (!t_droppingView)
+        removeFromParent(m_node);
+}
+
+} // namespace rvopen

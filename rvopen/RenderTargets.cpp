@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/RenderTargets.h>
+
+#include <rvopen/ChildPopulation.h>
+#include <rvopen/Names.h>
+#include <rvopen/RenderTarget.h>
+
+#include <QDomDocument>
+
+namespace rvopen {
+
+RenderTargets::RenderTargets(QDomNode node)
+{
+    SetDomNode(node);
+}
+
+RenderTargets::~RenderTargets() = default;
+
+void RenderTargets::Populate()
+{
+    populateChildren(this, [](const QDomNode& child) {
+        auto* const target = new RenderTarget(child);
+        if (target)
+            target->GetParamHelper()->Populate();
+        return target;
+    });
+}
+
+RenderTarget* RenderTargets::GetFirstRenderTarget()
+{
+    return dynamic_cast<RenderTarget*>(GetChild(0, 1));
+}
+
+RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
+{
+    if (source)
+        return new RenderTarget(static_cast<RVOpenNode*>(source));
+    QDomDocument document = GetDomNode().ownerDocument();
+    auto* const target = new RenderTarget(document.createElement(names::element::renderTarget()));
+    if (target)
+        target->PopulateParams();
+    return target;
+}
+
+void RenderTargets::Clear()
+{
+    while (RenderTarget* const target = GetFirstRenderTarget())
+        DeleteNode(target);
+}
+
+} // namespace rvopen

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/ShaderColour.h>
+
+#include <rvopen/ChildComponents.h>
+#include <rvopen/ComponentEquality.h>
+#include <rvopen/Names.h>
+#include <rvopen/RVOpenSchema.h>
+#include <rvopen/ShaderMap.h>
+#include <rvopen/ShaderPlainColour.h>
+
+namespace rvopen {
+
+ShaderColour::ShaderColour() = default;
+
+ShaderColour::~ShaderColour() = default;
+
+ShaderPlainColour* ShaderColour::GetPlainColour(int create)
+{
+    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderPlainColour,
+                             names::element::plainColour, create);
+}
+
+ShaderMap* ShaderColour::GetMap(int create)
+{
+    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderMap, names::element::map, create);
+}
+
+bool ShaderColour::Equal(ShaderColour* other)
+{
+    if (!other)
+        return false;
+    ShaderPlainColour* const plain = GetPlainColour(0);
+    ShaderMap* const map = GetMap(0);
+    return (plain || map) && equalOrBothAbsent(plain, other->GetPlainColour(0)) &&
+           equalOrBothAbsent(map, other->GetMap(0));
+}
+
+} // namespace rvopen

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/ShaderDiffuse.h>
+
+#include <rvopen/ChildComponents.h>
+#include <rvopen/ShaderColour.h>
+
+namespace rvopen {
+
+ShaderDiffuse::ShaderDiffuse() = default;
+
+ShaderDiffuse::~ShaderDiffuse() = default;
+
+ShaderColour* ShaderDiffuse::GetColour()
+{
+    return shaderColourOrNew(this);
+}
+
+bool ShaderDiffuse::Equal(ShaderDiffuse* other)
+{
+    if (!other)
+        return false;
+    ShaderColour* const colour = GetColour();
+    ShaderColour* const otherColour = other->GetColour();
+    return colour && colour->Equal(otherColour);
+}
+
+} // namespace rvopen

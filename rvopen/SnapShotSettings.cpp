@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/SnapShotSettings.h>
+
+#include <rvopen/ParamAccess.h>
+#include <rvopen/ParamSequence.h>
+
+namespace rvopen {
+
+namespace {
+
+constexpr ParamSpec s_params[] = {
+    {names::parameter::ambientLightsIntensityScale, ParamType::Float},
+    {names::parameter::twist, ParamType::Float},
+    {names::parameter::orientationUp, ParamType::Vector},
+    {names::parameter::orientationNorth, ParamType::Vector},
+    {names::parameter::orientationFrontFace, ParamType::Vector},
+    {names::parameter::imageFileName, ParamType::String},
+    {names::parameter::sessionFolder, ParamType::String},
+    {names::parameter::reflectedEnvPath, ParamType::String},
+    {names::parameter::reflectedEnvIntensity, ParamType::Float},
+};
+
+template <typename Operation>
+unsigned int onOrientation(SnapShotSettings* settings, Operation operation, float* up, float* north,
+                           float* frontFace)
+{
+    namespace name = names::parameter;
+    unsigned int status = StatusMissing;
+    status = onParamAfter(status, settings, name::orientationUp, operation, up);
+    status = onParamAfter(status, settings, name::orientationNorth, operation, north);
+    return onParamAfter(status, settings, name::orientationFrontFace, operation, frontFace);
+}
+
+} // namespace
+
+SnapShotSettings::SnapShotSettings(QDomNode node)
+{
+    SetDomNode(node);
+}
+
+SnapShotSettings::SnapShotSettings(RVOpenNode* source)
+    : RVOpenNode(source)
+{
+}
+
+SnapShotSettings::~SnapShotSettings() = default;
+
+void SnapShotSettings::PopulateParams()
+{
+    populateParams(this, s_params);
+}
+
+unsigned int SnapShotSettings::IsSelected(int* out)
+{
+    return onParam(this, names::parameter::selected, &Param::GetValBool, out);
+}
+
+unsigned int SnapShotSettings::SetSelected(int selected)
+{
+    return onParamOrNew(this, {names::parameter::selected, ParamType::Bool}, &Param::SetValBool,
+                        selected);
+}
+
+unsigned int SnapShotSettings::SetTwist(float twist)
+{
+    return onParam(this, names::parameter::twist, &Param::SetValFloat, twist);
+}
+
+unsigned int SnapShotSettings::GetTwist(float* out)
+{
+    return onParam(this, names::parameter::twist, &Param::GetValFloat, out);
+}
+
+unsigned int SnapShotSettings::SetReflectBackPlate(int reflect)
+{
+    return onParamOrNew(this, {names::parameter::reflectBackPlate, ParamType::Bool},
+                        &Param::SetValBool, reflect);
+}
+
+unsigned int SnapShotSettings::GetReflectBackPlate(int* out)
+{
+    if (out && !findParam(this, names::parameter::reflectBackPlate))
+        *out = 0;
+    return onParam(this, names::parameter::reflectBackPlate, &Param::GetValBool, out);
+}
+
+unsigned int SnapShotSettings::SetAmbientLightsIntensityScale(float scale)
+{
+    return onParam(this, names::parameter::ambientLightsIntensityScale, &Param::SetValFloat, scale);
+}
+
+unsigned int SnapShotSettings::GetAmbientLightsIntensityScale(float* out)
+{
+    return onParam(this, names::parameter::ambientLightsIntensityScale, &Param::GetValFloat, out);
+}
+
+unsigned int SnapShotSettings::SetSessionName(QString name)
+{
+    return onParam(this, names::parameter::sessionFolder, &Param::SetValString, name);
+}
+
+QString SnapShotSettings::GetSessionName()
+{
+    return stringParam(this, names::parameter::sessionFolder);
+}
+
+unsigned int SnapShotSettings::SetBackgroundReflected(QString path, float intensity)
+{
+    const unsigned int status =
+        onParamOrNew(this, {names::parameter::reflectedEnvIntensity, ParamType::Float},
+                     &Param::SetValFloat, intensity);
+    Param* param = findParam(this, names::parameter::reflectedEnvPath);
+    if (!param)
+        param = addParam(this, {names::parameter::reflectedEnvPath, ParamType::String});
+    return param ? param->SetValString(path) : status;
+}
+
+QString SnapShotSettings::GetBackgroundReflected(float* intensity)
+{
+    onParam(this, names::parameter::reflectedEnvIntensity, &Param::GetValFloat, intensity);
+    return stringParam(this, names::parameter::reflectedEnvPath);
+}
+
+unsigned int SnapShotSettings::SetOrientationInfo(float* const up, float* const north,
+                                                  float* const frontFace)
+{
+    return onOrientation(this, &Param::SetValVector, up, north, frontFace);
+}
+
+unsigned int SnapShotSettings::GetOrientationInfo(float* const up, float* const north,
+                                                  float* const frontFace)
+{
+    return onOrientation(this, &Param::GetValVector, up, north, frontFace);
+}
+
+} // namespace rvopen

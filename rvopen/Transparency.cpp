@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/Transparency.h>
+
+#include <rvopen/ChildComponents.h>
+#include <rvopen/ComponentEquality.h>
+#include <rvopen/Names.h>
+#include <rvopen/ParamAccess.h>
+#include <rvopen/ShaderColour.h>
+
+namespace rvopen {
+
+Transparency::Transparency(Transparency* source)
+    : RVOpenNode(source)
+{
+}
+
+Transparency::~Transparency() = default;
+
+unsigned int Transparency::GetInvertMask(int* out)
+{
+    return onParam(this, names::parameter::invertMask, &Param::GetValBool, out);
+}
+
+unsigned int Transparency::SetInvertMask(int value)
+{
+    return onParamOrNew(this, {names::parameter::invertMask, ParamType::Bool}, &Param::SetValBool,
+                        value);
+}
+
+ShaderColour* Transparency::GetColour()
+{
+    return shaderColourOrNew(this);
+}
+
+bool Transparency::Equal(Transparency* other)
+{
+    if (!other)
+        return false;
+    if (const auto byName = equalByRefName(this, other))
+        return *byName;
+    return equalWhereReadable(this, other, &Transparency::GetInvertMask) &&
+           equalOrBothAbsent(GetColour(), other->GetColour());
+}
+
+} // namespace rvopen
