@@ -76,9 +76,8 @@ QString DirectoryHandler::GetFolder(QString kind)
 
 RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
 {
-    const int index = indexOf(filename);
-    if (index >= 0)
-        return m_registry[index].node;
+    if (RVOpenNode* const open = openArchive(filename))
+        return open;
     const std::unique_ptr<QDomDocument> document(readDocument(filename));
     if (!document || document->isNull())
         return nullptr;
@@ -150,6 +149,12 @@ QString DirectoryHandler::existingFolder(QString& folder)
     if (!QDir(pathToOpen(folder)).exists())
         folder.clear();
     return folder;
+}
+
+RVOpenNode* DirectoryHandler::openArchive(const QString& filename) const
+{
+    const int index = indexOf(filename);
+    return index < 0 ? nullptr : m_registry[index].node;
 }
 
 int DirectoryHandler::indexOf(const QString& filename) const

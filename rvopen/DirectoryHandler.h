@@ -63,12 +63,15 @@ public:
     /// @}
 
 private:
+    friend class RVOpenManager;
+
     struct Entry {
         RVOpenNode* node = nullptr;
         QString filename;
     };
 
     static QString existingFolder(QString& folder);
+    RVOpenNode* openArchive(const QString& filename) const;
     int indexOf(const QString& filename) const;
     void forget(int index);
 

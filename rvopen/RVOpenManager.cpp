@@ -406,8 +406,8 @@ RVOpenNode* RVOpenManager::SetArchiveNode(QString name, QString type)
     QString path = GetDirectoryHandler()->GetFolder(type);
     if (!path.isEmpty())
         path += QDir::separator();
-    m_archiveNode = GetDirectoryHandler()->LoadArchive(path + name);
-    return m_archiveNode;
+    m_archivePath = path + name;
+    return GetDirectoryHandler()->LoadArchive(m_archivePath);
 }
 
 QString RVOpenManager::GetArchiveType() const
@@ -418,7 +418,7 @@ QString RVOpenManager::GetArchiveType() const
 RVOpenNode* RVOpenManager::GetRVOpenNodeFromType(QString type, bool fromDefault)
 {
     RVOpenNode* const result =
-        firstChildNamed(fromDefault ? m_defaultArchiveRoot : m_archiveNode, type);
+        firstChildNamed(fromDefault ? m_defaultArchiveRoot : chosenArchive(), type);
     RVOpenNode* const extra = result ? extraArchive() : nullptr;
     RVOpenNode* const section = firstChildNamed(extra, type);
     if (!section)
@@ -627,6 +627,11 @@ void RVOpenManager::readExtraArchive(RVOpenNode*& root, const QString& path)
     const std::unique_ptr<QDomDocument> document(readDocument(path));
     if (document)
         retireNode(root, rootNodeOf(*document));
+}
+
+RVOpenNode* RVOpenManager::chosenArchive() const
+{
+    return GetDirectoryHandler()->openArchive(m_archivePath);
 }
 
 RVOpenNode* RVOpenManager::extraArchive() const

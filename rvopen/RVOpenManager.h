@@ -171,6 +171,7 @@ private:
     SnapShots* collectionOnDemand(SnapShots*& collection, const QString& name);
     void copyImportedThumbnail(SnapShot* snapShot, const QString& folder);
     void readExtraArchive(RVOpenNode*& root, const QString& path);
+    RVOpenNode* chosenArchive() const;
     RVOpenNode* extraArchive() const;
     RVOpenNode* RecursiveFindRVOpenNode(RVOpenNode* node, QString subcat, QString refName);
     static QString StripPath(QString path);
@@ -195,7 +196,7 @@ private:
     QString m_importName;
     QDomDocument* m_importDocument = nullptr;
     TemporaryItems m_temporaryItems;
-    RVOpenNode* m_archiveNode = nullptr;
+    QString m_archivePath; ///< The registry's name of the archive; it may be closed at any time.
     QString m_archiveType;
     QDomDocument* m_defaultArchiveDocument = nullptr;
     RVOpenNode* m_defaultArchiveRoot = nullptr;
