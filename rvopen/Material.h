@@ -53,7 +53,8 @@ public:
 
     /// \name Replacing
     /// Each deletes the present component and takes over the one passed in; null just removes.
-    /// What is passed must not be in another tree.
+    /// What is passed must not be in another tree. Where the material stands for an archive that
+    /// cannot be opened, as AddNode().
     /// @{
 
     /// The material's own colour stays as it is.

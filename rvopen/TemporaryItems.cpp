@@ -15,13 +15,20 @@ namespace rvopen {
 
 namespace {
 
+/// Copies first: what is copied may be what is held.
 template <typename Component>
 void hold(Component*& held, Component* component)
 {
-    if (component == held)
-        return;
+    Component* const copy = cloneOf(component);
     delete held;
-    held = cloneOf(component);
+    held = copy;
+}
+
+template <typename Component>
+void holdUnlessHeld(Component*& held, Component* component)
+{
+    if (component != held)
+        hold(held, component);
 }
 
 } // namespace
@@ -48,12 +55,10 @@ Material* TemporaryItems::GetMaterial() const
 
 void TemporaryItems::SetMaterial(Material* material)
 {
-    Material* const copy = cloneOf(material);
-    delete m_material;
-    m_material = copy;
+    hold(m_material, material);
     // Only what is in the copy itself: where the original stands for an archive, that stays whole.
-    if (copy)
-        removeOwnChild(copy, names::element::material);
+    if (m_material)
+        removeOwnChild(m_material, names::element::material);
 }
 
 Colour* TemporaryItems::GetColour() const
@@ -63,7 +68,7 @@ Colour* TemporaryItems::GetColour() const
 
 void TemporaryItems::SetColour(Colour* colour)
 {
-    hold(m_colour, colour);
+    holdUnlessHeld(m_colour, colour);
 }
 
 Finish* TemporaryItems::GetFinish() const
@@ -73,7 +78,7 @@ Finish* TemporaryItems::GetFinish() const
 
 void TemporaryItems::SetFinish(Finish* finish)
 {
-    hold(m_finish, finish);
+    holdUnlessHeld(m_finish, finish);
 }
 
 Transparency* TemporaryItems::GetTransparency() const
@@ -83,7 +88,7 @@ Transparency* TemporaryItems::GetTransparency() const
 
 void TemporaryItems::SetTransparency(Transparency* transparency)
 {
-    hold(m_transparency, transparency);
+    holdUnlessHeld(m_transparency, transparency);
 }
 
 Bump* TemporaryItems::GetBump() const
@@ -93,7 +98,7 @@ Bump* TemporaryItems::GetBump() const
 
 void TemporaryItems::SetBump(Bump* bump)
 {
-    hold(m_bump, bump);
+    holdUnlessHeld(m_bump, bump);
 }
 
 QString TemporaryItems::GetRefname() const

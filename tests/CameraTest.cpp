@@ -78,14 +78,35 @@ TEST(CameraSetPinhole, ChangesNothingWithoutParameters)
     EXPECT_EQ(xmlOf(camera.element()), xmlOf("<camera/>"));
 }
 
-TEST(CameraSetPinhole, HidesAFailureBehindALaterSuccess)
+/// A parameter that comes after "From".
+struct LaterParam {
+    const char* name;
+    const char* param;
+};
+
+void PrintTo(const LaterParam& later, std::ostream* out)
 {
-    const Bound<Camera> camera("<camera>"
-                               "<param name=\"From\" type=\"vector\" val=\"0 0 0\"/>"
-                               "<param name=\"Up\" type=\"vector\" val=\"0 0 0\"/>"
-                               "</camera>");
+    *out << later.name;
+}
+
+class CameraSetPinholePart : public testing::TestWithParam<LaterParam> {};
+
+TEST_P(CameraSetPinholePart, HidesAnEarlierFailureBehindItsSuccess)
+{
+    const Bound<Camera> camera(
+        QStringLiteral("<camera>%1%2</camera>")
+            .arg(param("From", "vector", "0 0 0"), QString::fromUtf8(GetParam().param)));
     EXPECT_EQ(setPinhole(camera.get()), 0u);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    All, CameraSetPinholePart,
+    testing::Values(
+        LaterParam{"To", "<param name=\"To\" type=\"point\" val=\"0 0 0\"/>"},
+        LaterParam{"Up", "<param name=\"Up\" type=\"vector\" val=\"0 0 0\"/>"},
+        LaterParam{"Orthographic", "<param name=\"Orthographic\" type=\"boolean\" val=\"0\"/>"},
+        LaterParam{"FieldOfView", "<param name=\"Field Of View\" type=\"float\" val=\"0\"/>"}),
+    RowName());
 
 TEST(CameraSetPinhole, ShowsALaterFailureAfterASuccess)
 {

@@ -278,12 +278,13 @@ TEST_P(MaterialComponentTest, SettingOneFromAnotherDocumentMovesItHere)
     EXPECT_TRUE(mirrorsWholeDom(material.get()));
 }
 
-TEST(MaterialTest, SettingTheBaseMaterialOfTheBaseMaterialPutsACopyInItsPlace)
+TEST(MaterialTest, SettingABaseMaterialFromInsideTheBaseMaterialPutsACopyInItsPlace)
 {
-    auto material = bindRoot<Material>(
-        "<material><material name='base'><material name='deep'><colour/></material></material>"
-        "</material>");
-    material->SetBaseMaterial(material->GetBaseMaterial()->GetBaseMaterial());
+    auto material = bindRoot<Material>("<material><material><material>"
+                                       "<material name='deep'><colour/></material>"
+                                       "</material></material></material>");
+    Material* const deep = material->GetBaseMaterial()->GetBaseMaterial()->GetBaseMaterial();
+    material->SetBaseMaterial(deep);
     EXPECT_EQ(textOf(*material),
               textOf("<material><material name='deep'><colour/></material></material>"));
     EXPECT_TRUE(mirrorsWholeDom(material.get()));

@@ -185,6 +185,14 @@ TEST_F(RenderTargetsPopulatedAgain, PassesOverTheObjectOfAFirstChildThatLeft)
     EXPECT_THAT(chainNames(targets), ElementsAre("A", "B", "C", "D"));
 }
 
+TEST_F(RenderTargetsPopulatedAgain, PassesOverAllObjectsOfChildrenThatLeft)
+{
+    targets.element().removeChild(a);
+    targets.element().removeChild(b);
+    targets->Populate();
+    EXPECT_EQ(chain(targets), before);
+}
+
 TEST(RenderTargetsPopulate, KeepsAnObjectThatAWalkMade)
 {
     const Bound<RenderTargets> targets(threeTargets);
@@ -215,6 +223,13 @@ TEST(RenderTargetsGetFirst, GivesNullBeforePopulating)
 {
     const Bound<RenderTargets> targets(threeTargets);
     EXPECT_EQ(targets->GetFirstRenderTarget(), nullptr);
+}
+
+TEST(RenderTargetsGetFirst, MakesNoObject)
+{
+    const Bound<RenderTargets> targets(threeTargets);
+    targets->GetFirstRenderTarget();
+    EXPECT_THAT(chain(targets), IsEmpty());
 }
 
 TEST(RenderTargetsGetFirst, GivesTheFirstTarget)
