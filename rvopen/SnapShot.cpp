@@ -122,22 +122,14 @@ struct SnapShot::Components {
         return fresh;
     }
 
-    /// Stores a deep copy of \p source. False, with nothing changed, when memory is exhausted.
-    template <typename Component>
-    static bool replaceByCopy(SnapShot* snapShot, Component*& held, Component* source)
-    {
-        // The copy comes first: the source may be the component held.
-        auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
-        if (source && !copy)
-            return false;
-        replace(snapShot, held, copy);
-        return true;
-    }
-
+    /// Stores a deep copy of \p source, for null nothing. Null, with nothing changed, also when
+    /// memory is exhausted.
     template <typename Component>
     static Component* addCopy(SnapShot* snapShot, Component*& held, Component* source)
     {
-        return replaceByCopy(snapShot, held, source) ? held : nullptr;
+        // The copy comes first: the source may be the component held.
+        auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
+        return source && !copy ? nullptr : replace(snapShot, held, copy);
     }
 
     template <typename Component>
@@ -334,7 +326,7 @@ Scenery* SnapShot::CreateScenery(Scenery* source)
 
 Scheme* SnapShot::AddScheme(Scheme* scheme)
 {
-    if (!Components::replaceByCopy(this, m_scheme, scheme))
+    if (!Components::addCopy(this, m_scheme, scheme))
         return nullptr;
     ClearBackground();
     ClearForeground();

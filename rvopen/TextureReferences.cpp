@@ -34,13 +34,13 @@ public:
     void dispatch(RVOpenNode* node)
     {
         if (auto* const material = RVOpenSchema::isNodeMaterial(node)) {
-            visitMaterial(material);
+            enter(material, [this, material](RVOpenNode*) { visitMaterial(material); });
         } else if (auto* const background = RVOpenSchema::isNodeBackground(node)) {
             visitBackground(background);
         } else {
             if (auto* const snapShot = RVOpenSchema::isNodeSnapShot(node))
                 visitReflectedEnvironment(snapShot->GetSnapShotSettings());
-            visitChildren(node);
+            enter(node, [this](const RVOpenNode* owner) { visitChildren(owner); });
         }
     }
 
@@ -55,15 +55,23 @@ private:
             set(replacement);
     }
 
-    /// Children are looked at through views of the moment: lasting ones would wrap the elements of
-    /// a snapshot's components and their subtrees a second time.
-    void visitChildren(RVOpenNode* node)
+    /// Calls \p visit with the node that holds the children of \p node, unless its children are
+    /// being looked at already: archives may refer to each other in a circle.
+    template <typename Visit>
+    void enter(RVOpenNode* node, Visit visit)
     {
         RVOpenNode* const owner = NodeAccess::childOwner(node);
-        // Archives may refer to each other in a circle.
         if (!owner || m_owners.contains(owner))
             return;
         m_owners.append(owner);
+        visit(owner);
+        m_owners.removeLast();
+    }
+
+    /// Children are looked at through views of the moment: lasting ones would wrap the elements of
+    /// a snapshot's components and their subtrees a second time.
+    void visitChildren(const RVOpenNode* owner)
+    {
         for (QDomNode child = owner->GetDomNode().firstChild(); !child.isNull();
              child = child.nextSibling()) {
             const ScopedView view(RVOpenSchema::createNode(child));
@@ -71,7 +79,6 @@ private:
                 break;
             dispatch(view.get());
         }
-        m_owners.removeLast();
     }
 
     void visitReflectedEnvironment(SnapShotSettings* settings)
@@ -104,7 +111,7 @@ private:
         Material* const base =
             m_baseMaterials == BaseMaterials::Visited ? material->GetBaseMaterial() : nullptr;
         if (base)
-            visitMaterial(base);
+            enter(base, [this, base](RVOpenNode*) { visitMaterial(base); });
         Colour* const colour = material->GetColour(0);
         visitShaderColour(findChild(findChild(colour, RVOpenSchema::isNodeShaderDiffuse),
                                     RVOpenSchema::isNodeShaderColour));

@@ -437,6 +437,40 @@ TEST(NodeTree, DetachedChildCanBeAddedToAnotherNode)
     EXPECT_TRUE(mirrorsWholeDom(tree.root.get()));
 }
 
+TEST(NodeTree, ParentThatAFreeNodeWasDetachedFromCanBeAddedOrInsertedToIt)
+{
+    const Tree tree("<root><a><b/></a><c><d/></c></root>");
+    RVOpenNode* const a = tree.child(0);
+    RVOpenNode* const c = tree.child(1);
+    const std::unique_ptr<RVOpenNode> b(a->GetChild(1, 1));
+    const std::unique_ptr<RVOpenNode> d(c->GetChild(1, 1));
+    a->DetachNode(b.get(), true);
+    c->DetachNode(d.get(), true);
+    tree.root->DetachNode(a, true);
+    tree.root->DetachNode(c, true);
+
+    b->AddNode(a, true);
+    d->InsertNode(c, 0);
+
+    EXPECT_EQ(xmlOf(b->GetDomNode()), "<b><a/></b>");
+    EXPECT_EQ(xmlOf(d->GetDomNode()), "<d><c/></d>");
+    EXPECT_TRUE(mirrorsWholeDom(b.get()));
+    EXPECT_TRUE(mirrorsWholeDom(d.get()));
+}
+
+TEST(NodeTree, DetachedNodeTakesChildrenAfterItsTreeWent)
+{
+    auto tree = std::make_unique<Tree>("<root><a><b/></a></root>");
+    const std::unique_ptr<RVOpenNode> b(tree->child(0)->GetChild(1, 1));
+    tree->child(0)->DetachNode(b.get(), true);
+    tree.reset();
+    const Tree other("<other><x/><y/></other>");
+    b->AddNode(other.free("first").release(), true);
+    b->InsertNode(other.free("second").release(), 1);
+    EXPECT_EQ(xmlOf(b->GetDomNode()), "<b><first/><second/></b>");
+    EXPECT_TRUE(mirrorsWholeDom(b.get()));
+}
+
 // AddNode and InsertNode between documents
 
 struct TwoTrees {

@@ -851,6 +851,15 @@ TEST(OrphanedClone, ThatWasAddedFollowsItsNewDocument)
     EXPECT_EQ(xmlOf(child->GetDomNode()), xmlOf(orphanedXml));
 }
 
+TEST(OrphanedClone, CanBeBoundToAnotherDocument)
+{
+    const Single other("<other/>");
+    const auto clone = orphanedClone();
+    clone->SetDomNode(other.element());
+    EXPECT_EQ(clone->GetNodeName(), "other");
+    EXPECT_EQ(clone->GetDomNode().ownerDocument(), other.document);
+}
+
 TEST(RVOpenNode, BoundNodeKeepsItsDocument)
 {
     std::unique_ptr<RVOpenNode> node;

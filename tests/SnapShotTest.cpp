@@ -732,6 +732,8 @@ const Removal s_removals[] = {
      get<NaturalLightStudio, &SnapShot::GetNaturalLightStudio>},
     {"ClearScenery", "scenery", clear<&SnapShot::ClearScenery>,
      get<Scenery, &SnapShot::GetScenery>},
+    {"AddScheme", "scheme", addNull<Scheme, &SnapShot::AddScheme>,
+     get<Scheme, &SnapShot::GetScheme>},
     {"AddBackground", "background", addNull<Background, &SnapShot::AddBackground>,
      get<Background, &SnapShot::GetBackground>},
     {"AddForeground", "foreground", addNull<Foreground, &SnapShot::AddForeground>,
@@ -747,7 +749,8 @@ const Removal s_removals[] = {
      [](SnapShot& snapShot) { snapShot.AddSnapShotSettings(nullptr); },
      get<SnapShotSettings, &SnapShot::GetSnapShotSettings>},
     {"AddMaterialRepository", "materialRepository",
-     addNull<MaterialRepository, &SnapShot::AddMaterialRepository>, nullptr},
+     addNull<MaterialRepository, &SnapShot::AddMaterialRepository>,
+     get<MaterialRepository, &SnapShot::GetMaterialRepository>},
 };
 
 class SnapShotRemovalTest : public ::testing::TestWithParam<Removal> {
@@ -761,12 +764,9 @@ protected:
     SnapShot m_snapShot{m_document.documentElement()};
 };
 
-TEST_P(SnapShotRemovalTest, LeavesNoComponent)
+TEST_P(SnapShotRemovalTest, TakesOutTheElement)
 {
     GetParam().remove(m_snapShot);
-    if (GetParam().get) {
-        EXPECT_EQ(GetParam().get(m_snapShot), nullptr);
-    }
     EXPECT_EQ(left(), allBut(GetParam().element));
 }
 
@@ -777,11 +777,9 @@ TEST_P(SnapShotRemovalTest, IsHarmlessWhenRepeated)
     EXPECT_EQ(left(), allBut(GetParam().element));
 }
 
-TEST_P(SnapShotRemovalTest, TakesOutThatElementAloneAfterAWalkStartedFromAComponent)
+TEST_P(SnapShotRemovalTest, TakesOutThatElementAloneAfterAWalkStartedFromTheComponent)
 {
-    for (RVOpenNode* node = m_snapShot.GetScheme(); node; node = node->GetNext(1))
-        continue;
-    for (RVOpenNode* node = m_snapShot.GetCamera(); node; node = node->GetNext(1))
+    for (RVOpenNode* node = GetParam().get(m_snapShot); node; node = node->GetNext(1))
         continue;
     GetParam().remove(m_snapShot);
     EXPECT_EQ(left(), allBut(GetParam().element));
@@ -824,6 +822,36 @@ TEST_P(SnapShotRemovalTest, IsHarmlessAfterTheElementWentThroughAnotherObject)
 
 INSTANTIATE_TEST_SUITE_P(All, SnapShotRemovalTest, ::testing::ValuesIn(s_removals),
                          [](const auto& removal) { return std::string(removal.param.name); });
+
+/// Components that are not created anew by asking for them.
+class SnapShotOptionalRemovalTest : public SnapShotRemovalTest {};
+
+TEST_P(SnapShotOptionalRemovalTest, LeavesNoComponent)
+{
+    ASSERT_NE(GetParam().get(m_snapShot), nullptr);
+    GetParam().remove(m_snapShot);
+    EXPECT_EQ(GetParam().get(m_snapShot), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SnapShotOptionalRemovalTest,
+                         ::testing::ValuesIn(s_removals, s_removals + 11),
+                         [](const auto& removal) { return std::string(removal.param.name); });
+
+TEST(SnapShotTest, ComponentsGoWithTheirSubtreesAfterAWalkOverEverything)
+{
+    const QDomDocument document =
+        snapShotWith("<lens><param name='P'/></lens>"
+                     "<scheme><background subcat='Plain'/></scheme>"
+                     "<materialRepository><material><colour/><material/></material>"
+                     "</materialRepository><scenery><param name='P'/></scenery>");
+    SnapShot snapShot(document.documentElement());
+    test::materialise(&snapShot);
+    snapShot.ClearScheme();
+    snapShot.AddMaterialRepository(nullptr);
+    snapShot.ClearScenery();
+
+    EXPECT_EQ(xmlOf(document), xmlOf("<snapshot><lens><param name='P'/></lens></snapshot>"));
+}
 
 TEST(SnapShotTest, TakesEveryComponentOutOfItsElementWhenItGoes)
 {

@@ -451,5 +451,14 @@ TEST_F(ArchiveTexturesTest, ComeToAnEndWhereArchivesReferToEachOther)
               QStringList({"t/b.jpg", "t/a.jpg"}));
 }
 
+TEST_F(ArchiveTexturesTest, ComeToAnEndWhereAMaterialRefersToItsOwnArchive)
+{
+    m_folders.write("A", "<materials>" + colourOf("t/a.jpg") +
+                             "<material archiveFilename='A' archiveType='Custom'/></materials>");
+
+    EXPECT_EQ(texturesOf("<material archiveFilename='A' archiveType='Custom'/>"),
+              QStringList("t/a.jpg"));
+}
+
 } // namespace
 } // namespace rvopen
