@@ -25,4 +25,12 @@ QString lastPathComponent(const QString& path)
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\'))) + 1);
 }
 
+bool staysInside(const QString& relative)
+{
+    QString path = relative;
+    path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    return !path.contains(QChar::Null) &&
+           !path.split(QLatin1Char('/')).contains(QLatin1String(".."));
+}
+
 } // namespace rvopen

@@ -15,4 +15,8 @@ QString pathToOpen(const QString& path);
 /// What follows the last separator of either kind: documents travel from Windows.
 QString lastPathComponent(const QString& path);
 
+/// Whether a name or path that stands in a document, put behind a folder, stays inside of it: no
+/// component is "..", with separators of either kind.
+bool staysInside(const QString& relative);
+
 } // namespace rvopen

@@ -18,6 +18,7 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/TextureReferences.h>
 #include <rvopen/ValueText.h>
+#include <rvopen/XMLUtils.h>
 
 #include <QDir>
 #include <QFile>
@@ -609,7 +610,9 @@ void RVOpenManager::copyImportedThumbnail(SnapShot* snapShot, const QString& fol
         snapShot->SetSnapShotPath(folder);
         return;
     }
-    if (folder.isEmpty())
+    QString safeName = snapShot->GetName();
+    if (folder.isEmpty() || !staysInside(safeName) ||
+        !staysInside(XMLUtils::ReplaceIllegalCharacters(safeName)))
         return;
     const QString source = folder + QDir::separator() + QLatin1String("icon_") +
                            snapShot->GetName() + QLatin1String(".jpg");

@@ -4,6 +4,7 @@
 #include <rvopen/RVOpenNode.h>
 
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenSchema.h>
@@ -559,7 +560,15 @@ RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
     const QString fileName = GetArchiveFilename();
     if (fileName.isEmpty())
         return {};
-    return {true, GetDirectoryHandler()->LoadArchive(fileName)};
+    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(fileName) : nullptr};
+}
+
+bool RVOpenNode::isArchiveInPlace() const
+{
+    return !GetDirectoryHandler()
+                ->GetFolder(attribute(names::attribute::archiveType()))
+                .isEmpty() &&
+           staysInside(GetPath()) && staysInside(GetShortArchiveFilename());
 }
 
 RVOpenNode* RVOpenNode::materialiseNext()
@@ -586,6 +595,10 @@ bool RVOpenNode::canTake(const RVOpenNode* child) const
     for (const RVOpenNode* node = this; node; node = node->m_parent) {
         if (node == child)
             return false;
+        // A detached node keeps its parent link, but that parent is not above it any more and may
+        // be gone.
+        if (node->m_node.parentNode().isNull())
+            break;
     }
     return true;
 }
@@ -673,7 +686,7 @@ void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
 void RVOpenNode::disposeDetached(RVOpenNode* child)
 {
     const QString archive = child->GetArchiveFilename();
-    if (!archive.isEmpty())
+    if (!archive.isEmpty() && child->isArchiveInPlace())
         GetDirectoryHandler()->RemoveArchive(archive);
     delete child;
 }

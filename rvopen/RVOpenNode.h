@@ -30,7 +30,10 @@ namespace rvopen {
 ///
 /// Archive references: a node whose element carries a non-empty "archiveFilename" stands for the
 /// root of an archive file; asking for children, adding, inserting, detaching, deleting and
-/// replacing children act on the root node of that archive, which is opened on demand.
+/// replacing children act on the root node of that archive, which is opened on demand. A document
+/// reaches archives in the folder of their type only: a reference whose "path" or "archiveFilename"
+/// leads out of it with "..", or whose type has no folder, stands for an archive that cannot be
+/// opened, and deleting it deletes no file.
 class RVOPEN_EXPORT RVOpenNode : public ORVBase {
 public:
     /// Border drawn around a preview; any other number is kept as it is.
@@ -222,6 +225,7 @@ private:
     void setAttribute(const QString& name, const QString& value);
     int flag(const QString& name, int valueWhenAbsent) const;
     ArchiveReference openArchive() const;
+    bool isArchiveInPlace() const;
     RVOpenNode* materialiseNext();
     bool canTake(const RVOpenNode* child) const;
     bool standsOutside(const RVOpenNode* parent) const;

@@ -5,6 +5,7 @@
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/DocumentReader.h>
+#include <rvopen/EmbeddedImage.h>
 #include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
@@ -13,7 +14,6 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShots.h>
 
-#include <QByteArray>
 #include <QDir>
 #include <QDomDocument>
 #include <QDomElement>
@@ -59,13 +59,6 @@ quint64 numberInSeries(QString sibling, const QString& name)
     return sibling.toUInt();
 }
 
-QPixmap embeddedImage(const QString& text)
-{
-    QPixmap pixmap;
-    pixmap.loadFromData(qUncompress(QByteArray::fromHex(text.toLatin1())));
-    return pixmap;
-}
-
 QString jpegIn(const QString& folder, const QString& name)
 {
     return folder + QDir::separator() + QLatin1String("icon_") + name + QLatin1String(".jpg");
@@ -74,14 +67,29 @@ QString jpegIn(const QString& folder, const QString& name)
 /// The preview file of a member of a snapshot collection; empty when there is no place for it.
 QString memberImageFile(RVOpenNode* node, const SnapShots* collection)
 {
-    if (auto* const snapShot = dynamic_cast<SnapShot*>(node))
-        return snapShot->GetThumbFilename();
+    if (auto* const snapShot = dynamic_cast<SnapShot*>(node)) {
+        QString name = node->GetName();
+        return staysInside(XMLUtils::ReplaceIllegalCharacters(name)) ? snapShot->GetThumbFilename()
+                                                                     : QString();
+    }
     QString folder = GetDirectoryHandler()->GetSnapshotsFolder();
-    if (folder.isEmpty())
+    const QString collectionName = collection->GetName();
+    if (folder.isEmpty() || !staysInside(collectionName) || !staysInside(node->GetName()))
         return QString();
-    folder += QDir::separator() + collection->GetName();
+    folder += QDir::separator() + collectionName;
     QDir().mkpath(pathToOpen(folder));
     return jpegIn(folder, node->GetName());
+}
+
+/// The thumbnail file of a preset; empty when its names lead out of the archive's folder.
+QString presetImageFile(RVOpenNode* node, const QString& archiveFolder)
+{
+    XMLUtils utils;
+    const QString name = utils.GetImageName(node);
+    if (!staysInside(utils.ThumbPathFromRVOpenNode(node)) || !staysInside(name))
+        return QString();
+    return utils.ImagePathFromRVOpenNode(node, archiveFolder) + s_backslash + name +
+           QLatin1String(".jpg");
 }
 
 } // namespace
@@ -139,13 +147,13 @@ QPixmap XMLUtils::QPixmapFromRVOpenNode(RVOpenNode* node, const QString& archive
         return pixmap;
     const QString embedded = NodeAccess::attribute(node, names::attribute::xmlImage());
     if (!embedded.isEmpty())
-        return embeddedImage(embedded);
+        return QPixmap::fromImage(embeddedImage(embedded));
 
     const SnapShots* const collection = RVOpenSchema::isNodeSnapShots(node->GetParent());
-    const QString path = collection ? memberImageFile(node, collection)
-                                    : ImagePathFromRVOpenNode(node, archiveFolder) + s_backslash +
-                                          GetImageName(node) + QLatin1String(".jpg");
-    pixmap.load(pathToOpen(path));
+    const QString path =
+        collection ? memberImageFile(node, collection) : presetImageFile(node, archiveFolder);
+    if (!path.isEmpty())
+        pixmap.load(pathToOpen(path));
     return pixmap;
 }
 

@@ -46,7 +46,9 @@ public:
     /// else the thumbnail file. A member of a snapshot collection has its file in the snapshots
     /// folder; for one that is no snapshot the folder of the collection's name is created there.
     /// Any other node has it in ImagePathFromRVOpenNode(). Null when there is no image or it cannot
-    /// be decoded; an embedded image that cannot be decoded is not replaced by a file.
+    /// be decoded; an embedded image that cannot be decoded is not replaced by a file. Embedded
+    /// images are bounded: 16 MiB compressed, 64 MiB as a file, 8192 pixels a side and 16 million
+    /// pixels. Names that lead out of the folders with ".." reach no file and make no folder.
     QPixmap QPixmapFromRVOpenNode(RVOpenNode* node, const QString& archiveFolder);
     /// @}
 
