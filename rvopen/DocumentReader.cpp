@@ -18,7 +18,8 @@ QDomDocument* readDocument(const QString& path, ReadError* error)
     if (error)
         error->file = path;
     QFile file(pathToOpen(path));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    // Opening a file without a name would be logged.
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         if (error)
             error->message = file.errorString();
         return nullptr;

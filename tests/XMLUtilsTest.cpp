@@ -67,6 +67,20 @@ TEST_F(ReadXmlDocumentTest, GivesNullForAMissingFile)
     EXPECT_EQ(XMLUtils().ReadXmlDocument(m_root.filePath("missing.xml")), nullptr);
 }
 
+int s_messages = 0;
+
+TEST_F(ReadXmlDocumentTest, GivesNullForAnEmptyPathWithoutALoggedMessage)
+{
+    s_messages = 0;
+    const QtMessageHandler former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString&) { ++s_messages; });
+    const std::unique_ptr<QDomDocument> document(XMLUtils().ReadXmlDocument(QString()));
+    qInstallMessageHandler(former);
+
+    EXPECT_EQ(document, nullptr);
+    EXPECT_EQ(s_messages, 0);
+}
+
 TEST_F(ReadXmlDocumentTest, GivesNullForAFolder)
 {
     EXPECT_EQ(XMLUtils().ReadXmlDocument(m_root.path()), nullptr);
