@@ -271,6 +271,25 @@ TEST_F(ArchiveLookupTest, FindsNoChosenSectionAfterAnArchiveThatCannotBeRead)
     EXPECT_EQ(m_manager.GetRVOpenNodeFromType("colours", false), nullptr);
 }
 
+TEST_F(ArchiveLookupTest, FindsNoSectionOfAnArchiveThatWasClosed)
+{
+    const QString path = writeCustom("A.rvx", archive(colours({"red"})));
+    m_manager.SetArchiveNode("A.rvx", "Custom");
+    GetDirectoryHandler()->CloseArchive(path);
+
+    EXPECT_EQ(m_manager.GetRVOpenNodeFromType("colours", false), nullptr);
+    EXPECT_EQ(m_manager.FindRVOpenNodeFromType("colours", QString(), "red"), nullptr);
+}
+
+TEST_F(ArchiveLookupTest, FindsASectionAgainOnceTheArchiveIsOpenedAgain)
+{
+    const QString path = writeCustom("A.rvx", archive(colours({"red"})));
+    m_manager.SetArchiveNode("A.rvx", "Custom");
+    test::reopenArchive(path);
+
+    EXPECT_EQ(chosenColours(), "red");
+}
+
 // Extra archives
 
 class ExtraArchiveTest : public ArchiveLookupTest {

@@ -547,6 +547,15 @@ TEST_F(ImportTest, AppendsSnapShotsWithTheirComponents)
     EXPECT_EQ(test::domChildNames(firstInMain()->GetDomNode()), QStringList({"camera", "lens"}));
 }
 
+TEST_F(ImportTest, AppendsEveryChildNodeOfTheCollection)
+{
+    importCollection("<!-- note --><snapshot name='a'/><other name='b'/>");
+
+    EXPECT_EQ(m_manager.GetNumSnapShots(), 3);
+    EXPECT_EQ(test::domChildNames(m_manager.GetSnapShots()->GetDomNode()),
+              QStringList({"#comment", "snapshot", "other"}));
+}
+
 TEST_F(ImportTest, MarksThemByTheirImageBorder)
 {
     importCollection("<snapshot name='a'/>");
@@ -849,6 +858,17 @@ TEST_F(ImportThumbnailTest, IsFoundForAPathWithBackslashes)
     m_folder.write("sub/a.xml", "<snapRoot><snapshots name='Model SnapShots'>"
                                 "<snapshot name='a'/></snapshots></snapRoot>");
     m_manager.ImportSnapShotDoc(m_folder.path("sub\\a.xml"), false, true);
+
+    EXPECT_EQ(readFile(copied("icon_a.jpg")), "bytes");
+}
+
+TEST_F(ImportThumbnailTest, LiesBesideTheFileLastNamedEvenIfThatCannotBeRead)
+{
+    ASSERT_TRUE(QDir().mkpath(m_folder.path("sub")));
+    m_folder.write("sub/icon_a.jpg", "bytes");
+    import("<snapshots name='Model SnapShots'><snapshot name='a'/></snapshots>", false, false);
+    m_manager.ImportSnapShotDoc(m_folder.path("sub/missing.xml"), false, false);
+    m_manager.AddImportedSnapShot(false);
 
     EXPECT_EQ(readFile(copied("icon_a.jpg")), "bytes");
 }

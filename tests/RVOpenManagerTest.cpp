@@ -410,6 +410,20 @@ TEST(RVOpenManagerTest, ClearLeavesNoDocument)
     EXPECT_EQ(manager.GetNumSnapShots(), 0);
 }
 
+TEST(RVOpenManagerTest, ClearLeavesNoCollectionAndNoOriginalBackground)
+{
+    RVOpenManager manager;
+    load(manager, s_document);
+    manager.GetTempSnapShots();
+    manager.ClearSnapShotDoc();
+
+    EXPECT_EQ(manager.GetSnapShotsCameras(), nullptr);
+    EXPECT_EQ(manager.GetSnapShotsMaterialRepositories(), nullptr);
+    EXPECT_EQ(manager.GetSnapShotsBackgrounds(), nullptr);
+    EXPECT_EQ(manager.GetTempSnapShots(), nullptr);
+    EXPECT_EQ(manager.GetOriginalBackground(), nullptr);
+}
+
 TEST(RVOpenManagerTest, ClearTwiceIsHarmless)
 {
     RVOpenManager manager;

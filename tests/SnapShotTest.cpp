@@ -1306,6 +1306,15 @@ TEST_F(SnapShotFilesTest, PhotoFilenameIsEmptyWithoutARenderTarget)
     EXPECT_EQ(snapShot.GetPhotoFilename(), QString());
 }
 
+TEST_F(SnapShotFilesTest, PhotoFilenameCreatesTheCollectionOfRenderTargets)
+{
+    const QDomDocument document = snapShotWith("");
+    SnapShot snapShot(document.documentElement());
+    snapShot.SetSnapShotPath("folder");
+    snapShot.GetPhotoFilename();
+    EXPECT_EQ(xmlOf(document), xmlOf("<snapshot><renderTargets/></snapshot>"));
+}
+
 TEST_F(SnapShotFilesTest, ThePathIsAtFirstTheSnapShotsFolderOfTheRegistry)
 {
     const test::ArchiveFolders folders;
