@@ -3,27 +3,13 @@
 
 #pragma once
 
-#include <QDomDocument>
-#include <QTextStream>
-#include <QtGlobal>
-
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-#include <QStringConverter>
-#else
-#include <QTextCodec>
-#endif
+#include <QString>
 
 /// The differences between the supported versions of Qt.
 namespace rvopen::compat {
 
-inline void setUtf8(QTextStream& stream)
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    stream.setEncoding(QStringConverter::Utf8);
-#else
-    stream.setCodec("UTF-8");
-#endif
-    stream.setAutoDetectUnicode(true);
-}
+/// The type of sizes and indices of Qt's strings and byte arrays: an int in Qt 5, a qsizetype
+/// since.
+using Size = decltype(QString().size());
 
 } // namespace rvopen::compat
