@@ -104,7 +104,9 @@ struct SnapShot::Components {
         // Siblings that a walk made from the component are views of the snapshot's other elements.
         NodeAccess::dropView(held->GetNext(0));
         held->SetNext(nullptr);
-        if (held->GetDomNode().parentNode() == snapShot->GetDomNode())
+        // A snapshot that was taken out of its document by hand may be bound to nothing.
+        const QDomNode parent = held->GetDomNode().parentNode();
+        if (!parent.isNull() && parent == snapShot->GetDomNode())
             delete held;
         else
             NodeAccess::dropView(held);
