@@ -96,21 +96,20 @@ struct SnapShot::Components {
         destroy(snapShot, held);
     }
 
+    /// Only the component's own element is taken out: what a host moved out of the component by
+    /// other objects of the same elements stays where it was put.
     template <typename Component>
     static void destroy(const SnapShot* snapShot, Component*& held)
     {
         if (!held)
             return;
-        // Siblings that a walk made from the component are views of the snapshot's other elements.
-        NodeAccess::dropView(held->GetNext(0));
-        held->SetNext(nullptr);
-        // A snapshot that was taken out of its document by hand may be bound to nothing.
-        const QDomNode parent = held->GetDomNode().parentNode();
-        if (!parent.isNull() && parent == snapShot->GetDomNode())
-            delete held;
-        else
-            NodeAccess::dropView(held);
+        const QDomNode element = held->GetDomNode();
+        NodeAccess::dropView(held);
         held = nullptr;
+        // A snapshot that was taken out of its document by hand may be bound to nothing.
+        QDomNode own = snapShot->GetDomNode();
+        if (!NodeAccess::isDroppingView() && !own.isNull() && element.parentNode() == own)
+            own.removeChild(element);
     }
 
     /// Removes the component held and stores \p fresh, its element as the last child.

@@ -1348,5 +1348,20 @@ TEST(SnapShotTest, DeletingASnapShotBoundToNothingLeavesWhatTheHostTookOutOfIt)
     delete palette;
 }
 
+TEST(SnapShotTest, DeletingLeavesWhatTheHostMovedOutOfAComponent)
+{
+    const QDomDocument document = parse("<a><snapshot><materialRepository><material/>"
+                                        "</materialRepository></snapshot></a>");
+    RVOpenNode root;
+    root.SetDomNode(document.documentElement());
+    RVOpenNode* const snapShot = root.GetChild(1, 1);
+    RVOpenNode* const palette = snapShot->GetChild(1, 1);
+    RVOpenNode* const material = palette->GetChild(1, 1);
+    palette->DetachNode(material, true);
+    root.ReplaceNode(snapShot, material);
+
+    EXPECT_EQ(xmlOf(document), xmlOf("<a><material/></a>"));
+}
+
 } // namespace
 } // namespace rvopen
