@@ -48,8 +48,9 @@ public:
 
     /// The root node of the archive, read on first request; null if it cannot be read.
     RVOpenNode* LoadArchive(QString filename);
-    /// Writes an open archive back to its file. False if it is not open or cannot be written; the
-    /// file is as it was then.
+    /// Writes an open archive back to its file as RVOpenManager::SaveArchive() does: in UTF-8,
+    /// indented by 3, attributes by name, U+FFFD for forbidden characters. False if it is not open
+    /// or cannot be written; the file is as it was then.
     bool SaveArchive(QString filename);
     /// Saves the archive that \p node or its nearest ancestor names; false if none does.
     bool SaveArchive(RVOpenNode* node);
