@@ -57,7 +57,8 @@ public:
     /// Whether the file of the archive that \p node or its nearest ancestor names may be written
     /// by its owner; false if none names one.
     bool ArchiveWritable(RVOpenNode* node);
-    /// Deletes the file of an open archive and forgets the archive with its nodes.
+    /// Deletes the file of an open archive and forgets the archive with its nodes. A file that
+    /// cannot be deleted stays, and its archive open.
     void RemoveArchive(QString filename);
     /// Forgets an open archive with its nodes and leaves its file.
     void CloseArchive(QString filename);

@@ -6,6 +6,7 @@
 #include <rvopen/DocumentReader.h>
 #include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
+#include <rvopen/RVOpenLimits.h>
 #include <rvopen/XmlCharacters.h>
 #include <rvopen/XmlGuard.h>
 
@@ -712,7 +713,10 @@ SaveResult saveDocument(const QDomDocument& document, const QString& path)
     const QString text = writer.text();
     if (!isReadable(text, writer.usesNamespaces() ? Namespaces::Processed : Namespaces::Ignored))
         return SaveResult::NotWritten;
-    return replaceFile(pathToOpen(path), text.toUtf8());
+    const QByteArray bytes = text.toUtf8();
+    if (bytes.size() > GetMaxInputSize())
+        return SaveResult::NotWritten;
+    return replaceFile(pathToOpen(path), bytes);
 }
 
 } // namespace rvopen

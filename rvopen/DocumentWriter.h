@@ -35,8 +35,8 @@ inline constexpr int SnapShotIndent = 2;
 QString documentText(const QDomDocument& document, int indent);
 
 /// Writes the document to \p path as UTF-8, indented as an archive. A document that could not be
-/// read again (without root element, nested too deeply, with impossible namespaces) is not written.
-/// On any result but Saved the file is as it was.
+/// read again (without root element, nested too deeply, too large, with impossible namespaces) is
+/// not written. On any result but Saved the file is as it was.
 SaveResult saveDocument(const QDomDocument& document, const QString& path);
 
 } // namespace rvopen
