@@ -56,16 +56,18 @@ bool overwrite(QFile& file, const QByteArray& bytes)
     return false;
 }
 
-SaveResult writeInPlace(const QString& path, const QByteArray& bytes)
+bool writeOnce(QFile& file, const QByteArray& bytes)
+{
+    return file.write(bytes) == bytes.size() && flushToDisk(file);
+}
+
+SaveResult writeThere(const QString& path, QIODevice::OpenMode mode, const QByteArray& bytes,
+                      bool (*write)(QFile&, const QByteArray&))
 {
     QFile file(path);
-    const bool isRegular = QFileInfo(path).isFile();
-    const QIODevice::OpenMode mode = isRegular ? QIODevice::ReadWrite : QIODevice::WriteOnly;
     if (!file.open(mode | QIODevice::ExistingOnly | QIODevice::Unbuffered))
         return SaveResult::NotOpened;
-    const bool isWritten =
-        isRegular ? overwrite(file, bytes) : file.write(bytes) == bytes.size() && flushToDisk(file);
-    return isWritten ? SaveResult::Saved : SaveResult::NotWritten;
+    return write(file, bytes) ? SaveResult::Saved : SaveResult::NotWritten;
 }
 
 } // namespace
@@ -79,7 +81,9 @@ SaveResult replaceFile(const QString& path, const QByteArray& bytes)
     case Substitution::Done:
         return SaveResult::Saved;
     case Substitution::InPlace:
-        return writeInPlace(path, bytes);
+        return writeThere(path, QIODevice::ReadWrite, bytes, overwrite);
+    case Substitution::NoFile:
+        return writeThere(path, QIODevice::WriteOnly, bytes, writeOnce);
     case Substitution::NotOpened:
         return SaveResult::NotOpened;
     case Substitution::Failed:

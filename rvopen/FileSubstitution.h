@@ -18,8 +18,10 @@ enum class Substitution {
     Failed,
     /// There is no such folder, or the file may not be written.
     NotOpened,
-    /// What is at the path cannot have another file in its place; it may allow writing, though.
-    InPlace
+    /// There can be no other file in its place, but it may allow writing.
+    InPlace,
+    /// What is at the path is no file, but may take bytes, as a pipe does.
+    NoFile
 };
 
 /// Lets a new file with that content take the place of the one at the path.

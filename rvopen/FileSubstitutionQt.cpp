@@ -14,7 +14,7 @@ Substitution substituteFile(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo target(path);
     if (target.exists() && !target.isFile())
-        return Substitution::InPlace;
+        return Substitution::NoFile;
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return target.exists() ? Substitution::InPlace : Substitution::NotOpened;

@@ -165,7 +165,7 @@ bool takeAccessList(int file, const QByteArray& other)
     if (errno != ENODATA)
         return errno == ENOTSUP;
     // The folder may have given the new file one.
-    return ::fremovexattr(file, name) == 0 || errno == ENODATA;
+    return ::fgetxattr(file, name, nullptr, 0) < 0 || ::fremovexattr(file, name) == 0;
 #else
     Q_UNUSED(file)
     Q_UNUSED(other)
@@ -218,7 +218,7 @@ Substitution substituteFile(const QString& path, const QByteArray& bytes)
     if (!exists && errno != ENOENT)
         return Substitution::NotOpened;
     if (exists && !S_ISREG(status.st_mode))
-        return Substitution::InPlace;
+        return Substitution::NoFile;
     // Where the folder allows writing but the file does not, the file counts.
     if (exists && !Descriptor(name, O_WRONLY).isOpen())
         return Substitution::NotOpened;

@@ -120,7 +120,9 @@ public:
     void ImportSnapShotDoc(QString path, bool useCurrentCamera, bool addSnapShots);
     /// Appends copies of the imported document's snapshots to the main collection, which is created
     /// if the document has none; with \p useCurrentCamera they get the current snapshot's camera.
-    /// Their thumbnails are copied from the imported document's folder to the snapshots folder.
+    /// Their thumbnails are copied from the imported document's folder to the snapshots folder,
+    /// whole or not at all, where there is no file of that name yet. Only with its thumbnail a
+    /// snapshot gets the current snapshot's session.
     void AddImportedSnapShot(bool useCurrentCamera);
     /// @}
 
@@ -144,7 +146,10 @@ public:
     RVOpenNode* FindRVOpenNodeFromType(QString type, QString subcat, QString refName);
     /// Writes the document of \p rootNode to \p path in UTF-8, indented by 3, attributes by name,
     /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again
-    /// (two roots, nesting beyond MaxNestingDepth); a file that was there is as it was then.
+    /// (two roots, nesting beyond MaxNestingDepth); a file that was there is as it was then. The
+    /// path gives the old content or the new one, whole, even if the process or the machine ends in
+    /// the middle. Only where the folder may not be written, so that the file itself has to be, that
+    /// may leave a mixture.
     bool SaveArchive(QString path, RVOpenNode* rootNode);
     /// A node over the root of the archive in the file, outside of the archive registry; the caller
     /// owns the node. Null when the file cannot be read.

@@ -441,16 +441,21 @@ TEST_P(SavingTest, LeavesNothingOfALongerFileInPlace)
     EXPECT_EQ(readFile(path()), s_new);
 }
 
-TEST_P(SavingTest, WritesInPlaceThroughALink)
+TEST_P(SavingTest, WritesInPlaceWhatALinkLeadsTo)
 {
-    ASSERT_TRUE(QDir().mkdir(m_root.path("links")));
-    link("../archives/a.rvx", m_root.path("links/a.rvx"));
-    setMode(folder(), 0555);
-    const Unprivileged unprivileged;
+    remove();
+    ASSERT_TRUE(QDir().mkdir(m_root.path("closed")));
+    const QString target = m_root.write("closed/target", s_old);
+    link("../closed/target", path());
+    setMode(m_root.path("closed"), 0555);
+    {
+        const Unprivileged unprivileged;
 
-    EXPECT_EQ(replaceFile(m_root.path("links/a.rvx"), s_new), SaveResult::Saved);
-    EXPECT_EQ(readFile(path()), s_new);
-    EXPECT_TRUE(QFileInfo(m_root.path("links/a.rvx")).isSymLink());
+        EXPECT_TRUE(save());
+    }
+    EXPECT_EQ(readFile(target), s_new);
+    EXPECT_TRUE(QFileInfo(path()).isSymLink());
+    setMode(m_root.path("closed"), 0755);
 }
 
 TEST_P(UnixSavingTest, WritesInPlaceWhereTheFolderKeepsTheFilesOfOthers)
@@ -716,7 +721,7 @@ protected:
                   "<snapRoot><snapshots name='Model SnapShots'><snapshot name='a'>"
                   "<snapShotSettings><param name='Session Folder' type='string' val='theirs'/>"
                   "</snapShotSettings></snapshot></snapshots></snapRoot>");
-        writeFile(source(), s_bytes);
+        writeFile(source(), m_bytes);
         m_manager.GetCurrentSnapShot()->GetSnapShotSettings()->SetSessionName("ours");
         // For the user that Unprivileged becomes.
         setMode(m_folder.path(), 0755);
@@ -748,7 +753,7 @@ protected:
         return m_folders.snapshots() + "/icon_a.jpg";
     }
 
-    const QByteArray s_bytes = QByteArray(40000, 'x') + QByteArray(40000, '\0');
+    const QByteArray m_bytes = QByteArray(40000, 'x') + QByteArray(40000, '\0');
     const QTemporaryDir m_folder;
     ArchiveFolders m_folders;
     RVOpenManager m_manager;
@@ -760,7 +765,7 @@ TEST_F(ThumbnailCopyTest, IsWhole)
 {
     import();
 
-    EXPECT_EQ(readFile(copy()), s_bytes);
+    EXPECT_EQ(readFile(copy()), m_bytes);
     EXPECT_EQ(session(), "ours");
 }
 
@@ -817,7 +822,7 @@ TEST_F(ThumbnailCopyTest, IsNotMadeOfAFolder)
 TEST_F(ThumbnailCopyTest, IsNotMadeOfMoreThanTheLibraryReads)
 {
     const qint64 before = GetMaxInputSize();
-    SetMaxInputSize(s_bytes.size() - 1);
+    SetMaxInputSize(m_bytes.size() - 1);
     import();
     SetMaxInputSize(before);
 
