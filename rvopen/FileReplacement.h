@@ -27,8 +27,8 @@ enum class SaveResult {
 ///
 /// Where the folder does not allow that, or group or list cannot be kept, but the file itself may
 /// be written, it is written in place, flushed and read back. An error then brings the old content
-/// back, unless the disk refuses that too; but the end of the process, or a crash of the machine, in
-/// the middle leaves a mixture.
+/// back, unless the disk refuses that too; but the end of the process, or a crash of the machine,
+/// in the middle leaves a mixture.
 SaveResult replaceFile(const QString& path, const QByteArray& bytes);
 
 /// Copies a file, with its permissions, to a path where there is nothing yet. False when it does

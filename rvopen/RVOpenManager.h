@@ -148,8 +148,8 @@ public:
     /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again
     /// (two roots, nesting beyond MaxNestingDepth); a file that was there is as it was then. The
     /// path gives the old content or the new one, whole, even if the process or the machine ends in
-    /// the middle. Only where the folder may not be written, so that the file itself has to be, that
-    /// may leave a mixture.
+    /// the middle. Only where the folder may not be written, so that the file itself has to be,
+    /// that may leave a mixture.
     bool SaveArchive(QString path, RVOpenNode* rootNode);
     /// A node over the root of the archive in the file, outside of the archive registry; the caller
     /// owns the node. Null when the file cannot be read.
