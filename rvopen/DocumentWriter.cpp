@@ -237,7 +237,7 @@ private:
     QSet<QString> m_declaredPrefixes;
     /// Of the current tag, in the order in which they are written.
     QVector<Attribute> m_attributes;
-    /// Whether they have the names that the document knows, and nothing to do with namespaces.
+    /// Whether they have nothing to do with namespaces.
     bool m_canRepeat = false;
     QHash<QString, QString> m_writtenNames;
 };
@@ -418,16 +418,13 @@ void Writer::collectAttributes(const QDomNode& element, const QString& name)
     bool usesNamespaces = !uri.isNull() || !prefixOf(name).isEmpty();
     if (!usesNamespaces && collectSameAttributes(map))
         return;
-    bool areNamesKept = true;
     m_attributes.resize(map.count());
     for (int i = 0; i < map.count(); ++i) {
         const QDomNode node = map.item(i);
-        const QString nodeName = node.nodeName();
         Attribute& attribute = m_attributes[i];
-        attribute.name = writtenName(nodeName);
+        attribute.name = writtenName(node.nodeName());
         attribute.value = node.nodeValue();
         attribute.uri = node.namespaceURI();
-        areNamesKept = areNamesKept && attribute.name == nodeName;
         usesNamespaces =
             usesNamespaces || attribute.name == s_xmlns || !prefixOf(attribute.name).isEmpty();
     }
@@ -439,7 +436,7 @@ void Writer::collectAttributes(const QDomNode& element, const QString& name)
         declareRawPrefixes(prefixOf(name));
         sortAttributes();
     }
-    m_canRepeat = areNamesKept && !usesNamespaces;
+    m_canRepeat = !usesNamespaces;
 }
 
 /// Neighbours often have attributes of the same names, which are found faster by name than one

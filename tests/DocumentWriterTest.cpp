@@ -700,6 +700,26 @@ TEST(DocumentWriterTest, DeclaresInTheTextOfASnapShotWhatItsDocumentDeclaresArou
         << text.toStdString();
 }
 
+TEST(DocumentWriterTest, DeclaresAPrefixThatOnlyANeighbourDeclares)
+{
+    Written written;
+    QDomElement neighbour = written.document().createElement("a");
+    neighbour.setAttribute("xmlns:p", "u");
+    written.root().appendChild(neighbour);
+    for (QDomElement parent : {neighbour, written.root()}) {
+        QDomElement child = written.document().createElement("b");
+        child.setAttribute("p:c", "1");
+        parent.appendChild(child);
+    }
+    EXPECT_EQ(written.text(), "<snapRoot>\n"
+                              "  <snapshot name=\"s\"/>\n"
+                              "  <a xmlns:p=\"u\">\n"
+                              "    <b p:c=\"1\"/>\n"
+                              "  </a>\n"
+                              "  <b p:c=\"1\" xmlns:p=\"urn:rvopen:undeclared:p\"/>\n"
+                              "</snapRoot>\n");
+}
+
 TEST(DocumentWriterTest, DeclaresNoPrefixThatIsDeclaredAround)
 {
     Written written;
