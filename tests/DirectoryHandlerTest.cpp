@@ -3,6 +3,7 @@
 
 #include <rvopen/DirectoryHandler.h>
 
+#include "FileSupport.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -463,9 +464,9 @@ TEST_F(DirectoryHandlerNodeTest, IsWritableWithoutBeingOpen)
 
 TEST_F(DirectoryHandlerNodeTest, IsNotWritableWhenItsOwnerMayNotWriteTheFile)
 {
-    ASSERT_TRUE(QFile::setPermissions(m_fileName, QFile::ReadOwner | QFile::ReadUser));
-    if (QFile::permissions(m_fileName).testFlag(QFile::WriteUser))
-        GTEST_SKIP() << "this user may write every file";
+    test::setMode(m_folders.root(), 0755);
+    test::setMode(m_fileName, 0444);
+    const test::Unprivileged unprivileged;
 
     EXPECT_FALSE(GetDirectoryHandler()->ArchiveWritable(
         here("<here archiveFilename='Stone' archiveType='Custom'/>")));
