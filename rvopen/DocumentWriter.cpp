@@ -6,6 +6,7 @@
 #include <rvopen/DocumentReader.h>
 #include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
+#include <rvopen/RVOpenWriter.h>
 #include <rvopen/XmlCharacters.h>
 #include <rvopen/XmlGuard.h>
 
@@ -666,13 +667,34 @@ QString documentText(const QDomDocument& document, int indent)
     return Writer(document, indent, Prefixes::AsTheyAre).text();
 }
 
-SaveResult saveDocument(const QDomDocument& document, const QString& path)
+QString fileText(const QDomDocument& document, int indent)
 {
-    Writer writer(document, ArchiveIndent, Prefixes::Declared);
+    Writer writer(document, indent, Prefixes::Declared);
     const QString text = writer.text();
-    if (!isReadable(text, writer.hasRawPrefixes() ? Namespaces::Processed : Namespaces::Ignored))
-        return SaveResult::NotWritten;
-    return replaceFile(pathToOpen(path), text.toUtf8());
+    const bool isGood =
+        isReadable(text, writer.hasRawPrefixes() ? Namespaces::Processed : Namespaces::Ignored);
+    return isGood ? text : QString();
+}
+
+SaveResult saveDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    const QString text = fileText(document, indent);
+    return text.isNull() ? SaveResult::NotWritten : replaceFile(pathToOpen(path), text.toUtf8());
+}
+
+QString XmlText(const QDomDocument& document, int indent)
+{
+    return fileText(document, indent);
+}
+
+bool WriteXmlDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    return saveDocument(document, path, indent) == SaveResult::Saved;
+}
+
+bool WriteFile(const QByteArray& bytes, const QString& path)
+{
+    return replaceFile(pathToOpen(path), bytes) == SaveResult::Saved;
 }
 
 } // namespace rvopen

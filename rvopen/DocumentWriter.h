@@ -26,10 +26,14 @@ inline constexpr int SnapShotIndent = 2;
 /// - a reference to an entity that is not declared becomes text.
 QString documentText(const QDomDocument& document, int indent);
 
-/// Writes the document to \p path as UTF-8, indented as an archive. A prefix that nothing declares
-/// gets a declaration, since files are read with namespace processing. A document that could not be
-/// read again (without root element, nested too deeply) is not written. On any result but Saved the
-/// file is as it was.
-SaveResult saveDocument(const QDomDocument& document, const QString& path);
+/// The same for a file: a prefix that nothing declares gets a declaration, since files are read
+/// with namespace processing. Null for a document that could not be read again (without root
+/// element, nested too deeply).
+QString fileText(const QDomDocument& document, int indent);
+
+/// Writes fileText() to \p path as UTF-8. A document without such a text is not written. On any
+/// result but Saved the file is as it was.
+SaveResult saveDocument(const QDomDocument& document, const QString& path,
+                        int indent = ArchiveIndent);
 
 } // namespace rvopen
