@@ -177,6 +177,7 @@ public:
             [&](const QString& name, const ReadError& error) {
                 files.append(QJsonObject{{QStringLiteral("file"), name},
                                          {QStringLiteral("error"), Session::errorObject(error)}});
+                return false;
             });
         if (session.json) {
             QJsonObject result = Session::envelope(name());

@@ -166,7 +166,7 @@ QStringList expandedInputs(const QStringList& arguments, Session& session)
 
 void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<void(Document&)>& visit,
-                     const std::function<void(const QString&, const ReadError&)>& failed)
+                     const std::function<bool(const QString&, const ReadError&)>& failed)
 {
     const QStringList files = expandedInputs(arguments, session);
     int at = 0;
@@ -178,9 +178,8 @@ void forEachDocument(const QStringList& arguments, Session& session,
             visit(*document);
             continue;
         }
-        session.error(error);
-        if (failed)
-            failed(error.file, error);
+        if (!failed || !failed(error.file, error))
+            session.error(error);
     }
     session.clearProgress();
 }

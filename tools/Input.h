@@ -59,11 +59,11 @@ private:
 /// names. A folder counts as an error when it cannot be listed.
 QStringList expandedInputs(const QStringList& arguments, Session& session);
 
-/// Reads one document after the other and calls \p visit with each. One that cannot be read is an
-/// error of the session, given to \p failed.
+/// Reads one document after the other and calls \p visit with each. One that cannot be read is
+/// given to \p failed, and an error of the session unless that answers true.
 void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<void(Document&)>& visit,
-                     const std::function<void(const QString&, const ReadError&)>& failed = {});
+                     const std::function<bool(const QString&, const ReadError&)>& failed = {});
 
 /// Reads the one document of a command; throws a Failure without message after printing the error.
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session);

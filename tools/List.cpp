@@ -36,12 +36,10 @@ struct Entry {
 
 bool precedes(const Entry& a, const Entry& b)
 {
-    const auto compare = [](const QString& x, const QString& y) {
-        const int order = QString::compare(x, y, Qt::CaseInsensitive);
-        return order ? order : QString::compare(x, y);
-    };
-    for (const int order : {compare(a.kind, b.kind), compare(a.name, b.name),
-                            compare(a.refName, b.refName), compare(a.file, b.file)}) {
+    for (const auto part : {&Entry::kind, &Entry::name, &Entry::refName, &Entry::file}) {
+        int order = QString::compare(a.*part, b.*part, Qt::CaseInsensitive);
+        if (order == 0)
+            order = QString::compare(a.*part, b.*part);
         if (order != 0)
             return order < 0;
     }

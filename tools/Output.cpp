@@ -86,6 +86,9 @@ QString visible(const QString& text)
 
 int displayWidth(const QString& text)
 {
+    const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
+    if (std::all_of(text.cbegin(), text.cend(), isAscii))
+        return int(text.size());
     int width = 0;
     for (const uint c : text.toUcs4()) {
         const QChar::Category category = QChar::category(c);

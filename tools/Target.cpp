@@ -27,6 +27,11 @@ bool Target::isGiven() const
     return m_inPlace || !m_output.isEmpty();
 }
 
+bool Target::isInPlace() const
+{
+    return m_inPlace;
+}
+
 bool Target::isStandardOutput() const
 {
     return m_output == QLatin1String("-");

@@ -21,6 +21,7 @@ public:
     /// Empty for standard output.
     QString file(const Document& input) const;
     bool isGiven() const;
+    bool isInPlace() const;
     bool isStandardOutput() const;
     /// Throws a Failure when it could not be written; the file is as it was then.
     void write(const Document& document, const Document& input, Session& session) const;

@@ -39,7 +39,7 @@ void useUtf8()
 std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
-    for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeFormat})
+    for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeFormat})
         commands.push_back(make());
     return commands;
 }
