@@ -216,6 +216,14 @@ QString fileNameOf(const QString& path)
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\'))) + 1);
 }
 
+bool leadsOut(const QString& path)
+{
+    QString slashes = path;
+    slashes.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    return slashes.split(QLatin1Char('/')).contains(QLatin1String("..")) ||
+           slashes.contains(QChar(0));
+}
+
 bool isSameFile(const QString& a, const QString& b)
 {
     const QString first = QFileInfo(existingPath(a)).canonicalFilePath();

@@ -73,6 +73,9 @@ QString existingPath(const QString& path);
 /// What follows the last separator of either kind.
 QString fileNameOf(const QString& path);
 
+/// Whether a name or path out of a document has a component "..", with separators of either kind.
+bool leadsOut(const QString& path);
+
 /// Whether both name the same existing file.
 bool isSameFile(const QString& a, const QString& b);
 

@@ -384,15 +384,17 @@ private:
 
     void inspectAttributes(const Frame& frame, int ordinal)
     {
+        if (!m_vocabulary.isElement(frame.tag))
+            return;
         const QDomNamedNodeMap attributes = frame.element.attributes();
-        for (int i = 0; i < attributes.count(); ++i) {
+        const int count = attributes.count();
+        for (int i = 0; i < count; ++i) {
             const QString name = attributes.item(i).nodeName();
             const bool isOfRoot =
                 frame.role == Role::Root &&
                 (name == m_words.type || name == QLatin1String("zorvane_version") ||
                  name == QLatin1String("unitsScale"));
-            if (!isOfRoot && m_vocabulary.isElement(frame.tag) &&
-                !m_vocabulary.isAttribute(frame.tag, name))
+            if (!isOfRoot && !m_vocabulary.isAttribute(frame.tag, name))
                 report(rules::unknownAttribute, frame.element, ordinal,
                        QStringLiteral("Unknown attribute \"%1\"").arg(name));
         }
@@ -534,12 +536,13 @@ private:
                    QStringLiteral("There is no folder of archives of type \"%1\"").arg(type));
         if (folder.isEmpty())
             return;
-        // The library says where such an archive is, and that one outside of the folder is none.
+        // The library says where such an archive is, and opens none outside of the folder.
         RVOpenNode node;
         node.SetDomNode(element);
         const QString file = node.GetArchiveFilename();
         node.SetDomNode(QDomNode());
-        if (file.isEmpty() || !QFileInfo(existingPath(file)).isFile())
+        const QString inside = element.attribute(QStringLiteral("path")) + QLatin1Char('/') + name;
+        if (leadsOut(inside) || !QFileInfo(existingPath(file)).isFile())
             report(rules::missingArchive, element, ordinal,
                    QStringLiteral("The archive \"%1\" is not there").arg(name));
     }
