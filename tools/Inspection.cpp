@@ -274,7 +274,7 @@ private:
         }
         if (child.role == Role::SnapShot) {
             child.collection =
-                parent.role == Role::Root ? QStringLiteral("Model SnapShots") : parent.collection;
+                parent.role == Role::Root ? QStringLiteral("CurrSnapshot") : parent.collection;
             if (parent.role == Role::Collection)
                 inspectSnapShotPicture(element, ordinal);
         }
@@ -369,6 +369,8 @@ private:
         if (snapShot.collection == QLatin1String("Model SnapShots") ||
             snapShot.collection == QLatin1String("SnapShots"))
             needed << QStringLiteral("snapShotSettings") << QStringLiteral("camera");
+        else if (snapShot.collection == QLatin1String("CurrSnapshot"))
+            needed << QStringLiteral("snapShotSettings");
         else if (snapShot.collection == QLatin1String("Model Cameras"))
             needed << QStringLiteral("camera");
         else if (snapShot.collection == QLatin1String("Model Material Palettes"))

@@ -55,7 +55,7 @@ TEST(Help, ExamplesRun)
             const Outcome run = workspace.shell(example);
             EXPECT_TRUE(run.code == 0 || run.code == 1) << example.toStdString() << '\n'
                                                         << run.err.toStdString();
-            EXPECT_EQ(run.err, QString()) << example.toStdString();
+            EXPECT_FALSE(run.err.contains(QLatin1String("rvopen: "))) << example.toStdString();
         }
     }
 }
