@@ -138,7 +138,7 @@ public:
 
     const char* summary() const override
     {
-        return "List, find again and collect the image files that are referred to";
+        return "List, find again and collect image files";
     }
 
     void declare(Arguments& arguments) override
