@@ -52,7 +52,8 @@ bool NewFiles::copy(const QString& source, const QString& target)
         if (isInterrupted() || out.write(chunk) != chunk.size())
             return false;
     }
-    if (in.error() != QFileDevice::NoError || !out.commit())
+    // Errors of writing what is still in the buffer are not among those that commit() knows.
+    if (in.error() != QFileDevice::NoError || !out.flush() || !out.commit())
         return false;
     m_files << target;
     return true;

@@ -41,9 +41,10 @@ QPixmap pictureOf(const QDomElement& element, const QString& installFolder)
         while (node && node->GetDomNode() != line[i])
             node = node->GetNext(1);
     }
-    // The nodes are left to the end of the program: their own end would empty the document.
     XMLUtils utils;
-    return node ? utils.QPixmapFromRVOpenNode(node, installFolder) : QPixmap();
+    const QPixmap picture = node ? utils.QPixmapFromRVOpenNode(node, installFolder) : QPixmap();
+    delete root;
+    return picture;
 }
 
 bool hasPicture(const QDomElement& element)

@@ -14,7 +14,8 @@ namespace rvopen::tools {
 /// @{
 void preparePictures();
 
-/// The preview of the element: the embedded one, else the one in the host's folders.
+/// The preview of the element: the embedded one, else the one in the host's folders. The document
+/// is empty afterwards: its objects go, and with them their elements.
 QPixmap pictureOf(const QDomElement& element, const QString& installFolder);
 /// Whether an embedded preview can be decoded.
 bool hasPicture(const QDomElement& element);
