@@ -12,6 +12,7 @@
 #include "Presets.h"
 #include "Session.h"
 #include "Target.h"
+#include "Values.h"
 #include "Vocabulary.h"
 
 #include <rvopen/RVOpenWriter.h>
@@ -22,6 +23,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
+#include <QSet>
 
 namespace rvopen::tools {
 
@@ -99,10 +101,36 @@ QDomElement mainCollection(const QDomElement& root)
     return found;
 }
 
-QString identity(const QDomElement& preset)
+/// What a preset is told by within its section; empty without.
+QString identity(const Preset& preset)
 {
-    const QString refName = preset.attribute(s_refName);
-    return refName.isEmpty() ? QLatin1Char('/') + preset.attribute(s_name) : refName;
+    const QString refName = preset.element.attribute(s_refName);
+    const QString name = preset.element.attribute(s_name);
+    if (refName.isEmpty() && name.isEmpty())
+        return QString();
+    return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
+                                               : QLatin1String("/refname/") + refName);
+}
+
+double unitsScale(const Document& document)
+{
+    double scale = 1;
+    const bool isScale =
+        toNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) && scale > 0;
+    return isScale ? scale : 1;
+}
+
+/// Lengths are stored in the units of their document.
+void convertLengths(const QDomElement& element, double ratio)
+{
+    walk(element, QString(), [ratio](QDomElement part, const QString&) {
+        double length = 0;
+        if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
+            part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
+            toNumber(part.attribute(QStringLiteral("val")), length))
+            part.setAttribute(QStringLiteral("val"), numberText(length * ratio));
+        return true;
+    });
 }
 
 class Import : public Command {
@@ -171,7 +199,7 @@ public:
         const bool isStopped = isAnyChanged(items) && !m_skip && !m_rename && !m_replace;
         for (Item& item : items) {
             if (!isStopped)
-                apply(item, *target);
+                apply(item, *target, unitsScale(*target) / unitsScale(*source));
         }
         if (!m_dryRun && !isStopped)
             write(items, *source, *target, session);
@@ -221,7 +249,7 @@ private:
                 item.state = State::Refused;
                 item.note = QStringLiteral("it is no snapshot");
             } else {
-                item.state = stateOf(item);
+                judge(item, element.attribute(s_name));
             }
             items.append(item);
         }
@@ -233,8 +261,8 @@ private:
         QVector<Item> items;
         QHash<QString, QDomElement> existing;
         forEachPreset(target.root(), [&existing](const Preset& preset) {
-            const QString key = preset.section + QLatin1Char('/') + identity(preset.element);
-            if (!existing.contains(key))
+            const QString key = identity(preset);
+            if (!key.isEmpty() && !existing.contains(key))
                 existing.insert(key, preset.element);
         });
         forEachPreset(source.root(), [&](const Preset& preset) {
@@ -244,14 +272,13 @@ private:
             item.source = preset.element;
             item.sourcePath = preset.path;
             item.preset = preset;
-            item.existing =
-                existing.value(preset.section + QLatin1Char('/') + identity(preset.element));
+            item.existing = existing.value(identity(preset));
             if (!isPlaceFor(preset)) {
                 item.state = State::Refused;
                 item.note = QStringLiteral("\"%1\" takes no \"%2\"")
                                 .arg(preset.section, preset.element.tagName());
             } else {
-                item.state = stateOf(item);
+                judge(item, identity(preset));
             }
             items.append(item);
         });
@@ -267,11 +294,19 @@ private:
                vocabulary.canAdd(preset.section, preset.element.tagName());
     }
 
-    State stateOf(const Item& item)
+    void judge(Item& item, const QString& key)
     {
+        if (!key.isEmpty() && m_seen.contains(key)) {
+            item.state = State::Refused;
+            item.note = QStringLiteral("another one of that name comes first");
+            return;
+        }
+        m_seen.insert(key);
         if (item.existing.isNull())
-            return State::New;
-        return m_comparer.run(item.source, item.existing).isEmpty() ? State::Same : State::Changed;
+            item.state = State::New;
+        else
+            item.state =
+                m_comparer.run(item.source, item.existing).isEmpty() ? State::Same : State::Changed;
     }
 
     static bool isAnyChanged(const QVector<Item>& items)
@@ -282,13 +317,15 @@ private:
 
     // What is done with it, in the target in memory.
 
-    void apply(Item& item, const Document& target)
+    void apply(Item& item, const Document& target, double ratio)
     {
         if (item.state == State::Same || item.state == State::Refused ||
             (item.state == State::Changed && m_skip))
             return;
         QDomDocument document = target.dom();
         item.result = document.importNode(item.source, true).toElement();
+        if (ratio != 1)
+            convertLengths(item.result, ratio);
         const bool isSnapShot = item.source.tagName() == QLatin1String("snapshot");
         // As the host marks what came from another document.
         if (isSnapShot)
@@ -502,6 +539,8 @@ private:
     Comparer m_comparer{importComparison()};
     /// Names and reference names in the target.
     QSet<QString> m_taken;
+    /// What the items before it are told by.
+    QSet<QString> m_seen;
 };
 
 } // namespace

@@ -16,6 +16,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -73,27 +74,15 @@ bool isValueOf(const Words& words, const QString& type, const QString& text)
 }
 
 /// What an element is, as far as the inspection treats it in its own way.
-enum class Role {
-    Plain,
-    Root,
-    Collection,
-    SnapShot,
-    Section,
-    Folder,
-    Palette,
-    Material,
-    Targets,
-    Other
-};
+enum class Role { Plain, Root, Collection, SnapShot, Section, Folder, Palette, Material, Targets };
 
 struct Frame {
     QDomElement element;
     QString tag;
-    Role role = Role::Other;
+    Role role = Role::Plain;
     /// Of the enclosing section; where presets are told apart by reference name.
     QSet<QString>* refNames = nullptr;
     bool isInPreset = false;
-    bool isInSnapShot = false;
     QString collection;
 };
 
@@ -213,7 +202,6 @@ private:
                                 ? frame.refNames
                                 : nullptr;
             next.isInPreset = frame.isInPreset;
-            next.isInSnapShot = frame.isInSnapShot || next.role == Role::SnapShot;
             if (next.role == Role::Section)
                 next.refNames = &refNames;
             inspectElement(frame, next, number, names, components);
@@ -447,7 +435,7 @@ private:
             inspectValue(param, ordinal, name, type, text, hasMore);
         if (int(m_findings.size()) > count && type != expected)
             m_findings.last().expectedType = expected;
-        if (type == m_words.string && !text.isEmpty() && isTextureParam(param, owner.tag, name) &&
+        if (type == m_words.string && !text.isEmpty() && isTextureParam(owner.tag, name) &&
             !isThere(text))
             report(rules::missingTexture, param, ordinal,
                    QStringLiteral("\"%1\" is not there").arg(text));
@@ -462,7 +450,6 @@ private:
         frame.element = param;
         frame.tag = m_words.param;
         frame.isInPreset = owner.isInPreset;
-        frame.isInSnapShot = owner.isInSnapShot;
         inspectChildren(frame, ordinal);
     }
 
@@ -659,7 +646,7 @@ int mend(QVector<Finding>& findings)
     return count;
 }
 
-bool isTextureParam(const QDomElement&, const QString& owner, const QString& name)
+bool isTextureParam(const QString& owner, const QString& name)
 {
     return (owner == QLatin1String("map") && name == QLatin1String("Texture")) ||
            (owner == QLatin1String("background") && name == QLatin1String("File Name")) ||

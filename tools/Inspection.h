@@ -6,8 +6,6 @@
 #include "Rules.h"
 
 #include <QDomElement>
-#include <QHash>
-#include <QPair>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -48,13 +46,8 @@ QVector<Finding> inspect(const Document& document, const Surroundings& surroundi
 /// many findings that are.
 int mend(QVector<Finding>& findings);
 
-/// A reference to an image file in a document: what is referred to and where from.
-struct TextureUse {
-    QDomElement param;
-    QString reference;
-};
-/// Whether the parameter names an image that the host reads.
-bool isTextureParam(const QDomElement& param, const QString& owner, const QString& name);
+/// Whether a parameter of that name of such an element names an image that the host reads.
+bool isTextureParam(const QString& owner, const QString& name);
 
 /// The file that a reference of a document in \p folder stands for; empty when it is not there.
 QString findReferenced(const QString& reference, const QString& folder);

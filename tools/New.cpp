@@ -54,8 +54,8 @@ public:
         if (m_kind != QLatin1String("snapshots") && m_kind != QLatin1String("archive"))
             throw Failure(QStringLiteral("a new document is \"snapshots\" or \"archive\""));
         const bool isArchive = m_kind == QLatin1String("archive");
-        const QString version = checkedVersion();
-        const QDomDocument document = isArchive ? archive(version) : snapShots(version);
+        checkVersion();
+        const QDomDocument document = isArchive ? archive() : snapShots();
         const int indent = isArchive ? ArchiveFileIndent : SnapShotFileIndent;
         if (m_file == QLatin1String("-")) {
             session.out.text(XmlText(document, indent));
@@ -71,7 +71,7 @@ public:
     }
 
 private:
-    QString checkedVersion()
+    void checkVersion()
     {
         bool isMajor = false;
         bool isMinor = false;
@@ -79,10 +79,9 @@ private:
         m_minor = m_version.section(QLatin1Char('.'), 1).toUInt(&isMinor);
         if (!isMajor || !isMinor)
             throw Failure(QStringLiteral("a version is MAJOR.MINOR, as in 3.1"));
-        return m_version;
     }
 
-    QDomDocument snapShots(const QString&) const
+    QDomDocument snapShots() const
     {
         if (!m_name.isEmpty())
             throw Failure(QStringLiteral("--name goes with archives"));
@@ -98,7 +97,7 @@ private:
         return *document;
     }
 
-    QDomDocument archive(const QString& version) const
+    QDomDocument archive() const
     {
         QDomDocument document;
         document.appendChild(document.createProcessingInstruction(
@@ -108,7 +107,7 @@ private:
                                  ? QString()
                                  : QFileInfo(fileNameOf(m_file)).completeBaseName();
         root.setAttribute(QStringLiteral("type"), QStringLiteral("UserArchives"));
-        root.setAttribute(QStringLiteral("zorvane_version"), version);
+        root.setAttribute(QStringLiteral("zorvane_version"), m_version);
         root.setAttribute(QStringLiteral("name"), m_name.isEmpty() ? base : m_name);
         if (!base.isEmpty()) {
             // The archive knows its own file, so that a host finds where to save it.

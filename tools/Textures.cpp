@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -41,8 +42,7 @@ QVector<Texture> texturesOf(const Document& document)
     const QString folder = document.folder();
     walk(document.root(), QString(), [&](const QDomElement& element, const QString& path) {
         const QString owner = element.parentNode().toElement().tagName();
-        if (!isParam(element) ||
-            !isTextureParam(element, owner, element.attribute(QStringLiteral("name"))))
+        if (!isParam(element) || !isTextureParam(owner, element.attribute(QStringLiteral("name"))))
             return true;
         const QString reference = element.attribute(QStringLiteral("val"));
         if (reference.isEmpty() ||

@@ -177,6 +177,26 @@ TEST(Check, TellsTheStartTagOfTheElement)
     EXPECT_EQ(finding[QStringLiteral("path")], QStringLiteral("wrong"));
 }
 
+TEST(Check, TellsThePlaceWhateverTheLineEndsAndTheEncoding)
+{
+    const QString text = QStringLiteral("<snapRoot>\r\n<a/>\r\r\n  <wrong/></snapRoot>");
+    const QStringList arguments{QStringLiteral("a.xml"), QStringLiteral("--only"),
+                                QStringLiteral("unknown-element")};
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), text.toUtf8());
+    QJsonObject finding = check(workspace, arguments).findings.last().toObject();
+    EXPECT_EQ(finding[QStringLiteral("line")], 4);
+    EXPECT_EQ(finding[QStringLiteral("column")], 3);
+    QByteArray utf16("\xff\xfe");
+    for (const QChar c : text) {
+        utf16 += char(c.unicode() & 0xff);
+        utf16 += char(c.unicode() >> 8);
+    }
+    workspace.write(QStringLiteral("a.xml"), utf16);
+    finding = check(workspace, arguments).findings.last().toObject();
+    EXPECT_EQ(finding[QStringLiteral("line")], 4);
+}
+
 TEST(Check, APathLeadsToTheFinding)
 {
     const Workspace workspace;

@@ -187,6 +187,32 @@ TEST_F(Import, DoesNotTakeTheSourceForTheOutput)
     EXPECT_EQ(workspace.read(QStringLiteral("from/source.xml")), source);
 }
 
+TEST_F(Import, KeepsLengthsWhereTheUnitsDiffer)
+{
+    workspace.write(QStringLiteral("from/source.xml"),
+                    "<snapRoot unitsScale=\"1000\"><snapshots name=\"Model SnapShots\"><snapshot "
+                    "name=\"New\"><renderTargets><renderTarget><param name=\"Model Hint\" "
+                    "prop=\"D\" type=\"float\" val=\"250\"/></renderTarget></renderTargets>"
+                    "</snapshot></snapshots></snapRoot>");
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 0);
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("get"), QStringLiteral("target.xml"),
+                        QStringLiteral(":Model Hint")})
+                  .out,
+              QStringLiteral("0.25\n"));
+    EXPECT_TRUE(import({QStringLiteral("--dry-run")}).out.startsWith(QLatin1String("same")));
+}
+
+TEST_F(Import, TakesTheFirstOfTwoOfOneName)
+{
+    workspace.write(QStringLiteral("from/source.xml"),
+                    snapShots(snapShot("New", "1") + snapShot("New", "2")));
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 1);
+    EXPECT_EQ(contents(QStringLiteral("target.xml")).mid(2),
+              QStringList({QStringLiteral("1"), QStringLiteral("Changed"), QStringLiteral("Same"),
+                           QStringLiteral("New")}));
+}
+
 TEST_F(Import, NeedsTwoOfAKind)
 {
     workspace.write(QStringLiteral("target.xml"), smallArchive());

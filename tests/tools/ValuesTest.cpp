@@ -3,6 +3,9 @@
 
 #include "Program.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 namespace rvopen::test {
 
 namespace {
@@ -57,6 +60,25 @@ TEST_F(Values, TreePrintsPathsThatGetTakes)
         ++count;
     }
     EXPECT_GT(count, 20);
+}
+
+TEST_F(Values, AnyNameHasAPath)
+{
+    workspace.write(QStringLiteral("a.xml"),
+                    "<snapRoot><dir name=\"a]b\\c[d/e:f@g#2=h&#xa;i\"><camera><param "
+                    "name=\"x]/y:z@w#1=2\\\" type=\"string\" val=\"found\"/></camera></dir>"
+                    "<dir name=\"same\"/><dir name=\"same\" desc=\"second\"/></snapRoot>");
+    const QStringList lines = workspace
+                                  .run({QStringLiteral("tree"), QStringLiteral("--params"),
+                                        QStringLiteral("--paths"), QStringLiteral("a.xml")})
+                                  .lines();
+    const QStringList found = lines.filter(QStringLiteral(" = found"));
+    ASSERT_EQ(found.size(), 1);
+    const QString path = found.first().section(QStringLiteral(" = "), 0, 0);
+    EXPECT_EQ(get({path}).out, QStringLiteral("found\n"));
+    EXPECT_EQ(set({path + QStringLiteral("=a=b")}).code, 0);
+    EXPECT_EQ(get({path}).out, QStringLiteral("a=b\n"));
+    EXPECT_EQ(get({QStringLiteral("/dir[same]#2@desc")}).out, QStringLiteral("second\n"));
 }
 
 TEST_F(Values, TreeStopsAtTheDepth)
@@ -267,6 +289,18 @@ TEST_F(Values, SetIsOfItsSchema)
     EXPECT_TRUE(
         isOfSchema(set({QStringLiteral("--json"), s_eye + QStringLiteral("Field Of View=50")}),
                    QStringLiteral("set")));
+}
+
+TEST_F(Values, SetThroughALinkLeavesTheLink)
+{
+    ASSERT_TRUE(QFile::link(QStringLiteral("a.xml"), workspace.path(QStringLiteral("link.xml"))));
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("set"), QStringLiteral("link.xml"),
+                        s_eye + QStringLiteral("Field Of View=50"), QStringLiteral("--in-place")})
+                  .code,
+              0);
+    EXPECT_TRUE(QFileInfo(workspace.path(QStringLiteral("link.xml"))).isSymLink());
+    EXPECT_EQ(get({s_eye + QStringLiteral("Field Of View")}).out, QStringLiteral("50\n"));
 }
 
 TEST_F(Values, SetThatCannotWriteLeavesTheOldFile)
