@@ -7,6 +7,7 @@
 #include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenWriter.h>
 #include <rvopen/XmlCharacters.h>
 #include <rvopen/XmlGuard.h>
 
@@ -704,16 +705,38 @@ QString documentText(const QDomDocument& document, int indent)
     return Writer(document, indent).text();
 }
 
-SaveResult saveDocument(const QDomDocument& document, const QString& path)
+QString fileText(const QDomDocument& document, int indent)
 {
-    Writer writer(document, ArchiveIndent);
+    Writer writer(document, indent);
     const QString text = writer.text();
-    if (!isReadable(text, writer.usesNamespaces() ? Namespaces::Processed : Namespaces::Ignored))
+    const bool isGood =
+        isReadable(text, writer.usesNamespaces() ? Namespaces::Processed : Namespaces::Ignored);
+    return isGood ? text : QString();
+}
+
+SaveResult saveDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    const QString text = fileText(document, indent);
+    if (text.isNull())
         return SaveResult::NotWritten;
     const QByteArray bytes = text.toUtf8();
-    if (bytes.size() > GetMaxInputSize())
-        return SaveResult::NotWritten;
-    return replaceFile(pathToOpen(path), bytes);
+    return bytes.size() > GetMaxInputSize() ? SaveResult::NotWritten
+                                            : replaceFile(pathToOpen(path), bytes);
+}
+
+QString XmlText(const QDomDocument& document, int indent)
+{
+    return fileText(document, indent);
+}
+
+bool WriteXmlDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    return saveDocument(document, path, indent) == SaveResult::Saved;
+}
+
+bool WriteFile(const QByteArray& bytes, const QString& path)
+{
+    return replaceFile(pathToOpen(path), bytes) == SaveResult::Saved;
 }
 
 } // namespace rvopen

@@ -34,9 +34,13 @@ inline constexpr int SnapShotIndent = 2;
 /// the others.
 QString documentText(const QDomDocument& document, int indent);
 
-/// Writes the document to \p path as UTF-8, indented as an archive. A document that could not be
-/// read again (without root element, nested too deeply, too large, with impossible namespaces) is
-/// not written. On any result but Saved the file is as it was.
-SaveResult saveDocument(const QDomDocument& document, const QString& path);
+/// The same, or null for a document that could not be read again (without root element, nested too
+/// deeply, with impossible namespaces).
+QString fileText(const QDomDocument& document, int indent);
+
+/// Writes fileText() to \p path as UTF-8. A document without such a text, or with one that is too
+/// large to be read, is not written. On any result but Saved the file is as it was.
+SaveResult saveDocument(const QDomDocument& document, const QString& path,
+                        int indent = ArchiveIndent);
 
 } // namespace rvopen

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/RVOpenExport.h>
+
+#include <QByteArray>
+#include <QString>
+
+class QDomDocument;
+
+namespace rvopen {
+
+/// \name Indentation of documents in files
+/// @{
+inline constexpr int ArchiveFileIndent = 3;
+inline constexpr int SnapShotFileIndent = 2;
+/// @}
+
+/// The document as text, the same in every process and with every version of Qt, and such that it
+/// can be read again. Null for a document that could not: without root element, or nested too
+/// deeply.
+RVOPEN_EXPORT QString XmlText(const QDomDocument& document, int indent);
+
+/// Writes XmlText() to the file as UTF-8. The file is replaced whole: on false it is as it was, and
+/// nothing is left beside it.
+RVOPEN_EXPORT bool WriteXmlDocument(const QDomDocument& document, const QString& path, int indent);
+
+/// Makes the bytes the content of the file in the same way.
+RVOPEN_EXPORT bool WriteFile(const QByteArray& bytes, const QString& path);
+
+} // namespace rvopen

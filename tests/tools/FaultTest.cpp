@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <QFile>
+
+namespace rvopen::test {
+
+namespace {
+
+/// A command line that writes, and the system calls of it that fail or are the last.
+struct Fault {
+    const char* calls;
+    /// What strace does at such a call.
+    const char* what;
+};
+
+void PrintTo(const Fault& fault, std::ostream* out)
+{
+    *out << fault.calls << ' ' << fault.what;
+}
+
+class Faults : public ::testing::TestWithParam<Fault> {
+protected:
+    void SetUp() override
+    {
+        const Outcome tried = Workspace().shell(QStringLiteral("strace -o /dev/null true"));
+        if (tried.code != 0)
+            GTEST_SKIP() << "processes cannot be traced";
+    }
+
+    /// Runs the line with the fault at the first, second, ... call, until it comes no more.
+    /// \p isGood looks at what is left each time.
+    template <typename Prepare, typename IsGood>
+    static void forEachFault(const QString& line, Prepare prepare, IsGood isGood)
+    {
+        for (int number = 1; number < 40; ++number) {
+            SCOPED_TRACE(number);
+            const Workspace workspace;
+            prepare(workspace);
+            const Outcome run = workspace.shell(
+                QStringLiteral(
+                    "strace -f -qq -o ../trace.%1 -e trace=%2 -e inject=%2:%3:when=%4 %5")
+                    .arg(QString::number(quintptr(&workspace), 16), QLatin1String(GetParam().calls),
+                         QLatin1String(GetParam().what))
+                    .arg(number)
+                    .arg(line));
+            const QString trace =
+                QStringLiteral("../trace.") + QString::number(quintptr(&workspace), 16);
+            const bool isInjected = workspace.read(trace).contains("INJECTED") ||
+                                    workspace.read(trace).contains("--- SIG") ||
+                                    workspace.read(trace).contains("+++ killed");
+            QFile::remove(workspace.path(trace));
+            isGood(workspace, run);
+            if (!isInjected || ::testing::Test::HasFailure())
+                return;
+        }
+    }
+
+    static bool kills()
+    {
+        return QLatin1String(GetParam().what) == QLatin1String("signal=SIGKILL");
+    }
+};
+
+QByteArray oldDocument()
+{
+    return smallDocument();
+}
+
+QByteArray newDocument()
+{
+    return smallDocument().replace("val=\"45\"", "val=\"50\"");
+}
+
+} // namespace
+
+TEST_P(Faults, SetLeavesTheOldOrTheNewDocument)
+{
+    forEachFault(
+        QStringLiteral("rvopen set a.xml 'camera[Eye]:Field Of View=50' --in-place"),
+        [](const Workspace& workspace) { workspace.write(QStringLiteral("a.xml"), oldDocument()); },
+        [](const Workspace& workspace, const Outcome& run) {
+            const QByteArray left = workspace.read(QStringLiteral("a.xml"));
+            EXPECT_TRUE(left == oldDocument() || left == newDocument()) << left.toStdString();
+            if (run.code == 0) {
+                EXPECT_EQ(left.toStdString(), newDocument().toStdString());
+            }
+            if (!kills()) {
+                EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.xml")));
+            }
+        });
+}
+
+TEST_P(Faults, ImportLeavesItsInputsWhole)
+{
+    const QByteArray target = "<snapRoot>\n  <snapshots name=\"Model SnapShots\"/>\n</snapRoot>\n";
+    forEachFault(
+        QStringLiteral("rvopen import from/a.xml b.xml -o out.xml"),
+        [&target](const Workspace& workspace) {
+            workspace.write(QStringLiteral("from/a.xml"), smallDocument());
+            workspace.write(QStringLiteral("from/icon_Gr\u00f6\u00dfe.jpg"), "picture");
+            workspace.write(QStringLiteral("b.xml"), target);
+        },
+        [&target](const Workspace& workspace, const Outcome& run) {
+            EXPECT_EQ(workspace.read(QStringLiteral("from/a.xml")), smallDocument());
+            EXPECT_EQ(workspace.read(QStringLiteral("b.xml")), target);
+            EXPECT_EQ(workspace.read(QStringLiteral("from/icon_Gr\u00f6\u00dfe.jpg")),
+                      QByteArray("picture"));
+            if (run.code == 0) {
+                EXPECT_TRUE(workspace.exists(QStringLiteral("icon_Gr\u00f6\u00dfe.jpg")));
+            }
+            if (workspace.exists(QStringLiteral("out.xml"))) {
+                EXPECT_TRUE(workspace.read(QStringLiteral("out.xml")).endsWith("</snapRoot>\n"));
+            } else if (!kills()) {
+                EXPECT_EQ(workspace.files().size(), 3);
+            }
+        });
+}
+
+TEST_P(Faults, CollectLeavesItsInputsWhole)
+{
+    const QByteArray xml =
+        "<snapRoot><snapshot><background subcat=\"Image\"><param name=\"File Name\" "
+        "type=\"string\" val=\"x.png\"/></background></snapshot></snapRoot>";
+    forEachFault(
+        QStringLiteral("rvopen textures --collect out a.xml"),
+        [&xml](const Workspace& workspace) {
+            workspace.write(QStringLiteral("a.xml"), xml);
+            workspace.write(QStringLiteral("x.png"), "picture");
+        },
+        [&xml](const Workspace& workspace, const Outcome& run) {
+            EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), xml);
+            EXPECT_EQ(workspace.read(QStringLiteral("x.png")), QByteArray("picture"));
+            if (run.code == 0) {
+                EXPECT_EQ(workspace.files().size(), 4);
+            }
+            if (workspace.exists(QStringLiteral("out/a.xml"))) {
+                EXPECT_EQ(workspace.read(QStringLiteral("out/x.png")), QByteArray("picture"));
+            } else if (!kills()) {
+                EXPECT_FALSE(workspace.exists(QStringLiteral("out")));
+            }
+        });
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, Faults,
+    ::testing::Values(Fault{"write", "error=ENOSPC"}, Fault{"fsync,fdatasync", "error=EIO"},
+                      Fault{"rename,renameat,renameat2,link,linkat", "error=EACCES"},
+                      Fault{"mkdir", "error=EACCES"}, Fault{"write", "signal=SIGKILL"},
+                      Fault{"rename,renameat,renameat2,link,linkat", "signal=SIGKILL"},
+                      Fault{"rename,renameat,renameat2,link,linkat", "signal=SIGINT"},
+                      Fault{"fsync,fdatasync", "signal=SIGINT"}));
+
+} // namespace rvopen::test

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <QRegularExpression>
+
+namespace rvopen::test {
+
+namespace {
+
+/// The names of all commands, as the program's own help lists them.
+QStringList commands()
+{
+    const Workspace workspace;
+    const QString help = workspace.run({QStringLiteral("--help")}).out;
+    const QString list =
+        help.section(QStringLiteral("Commands:\n"), 1).section(QStringLiteral("\n\n"), 0, 0);
+    QStringList names;
+    for (const QString& line : list.split(QLatin1Char('\n')))
+        names << line.trimmed().section(QLatin1Char(' '), 0, 0);
+    return names;
+}
+
+QStringList examplesIn(const QString& help)
+{
+    QStringList examples;
+    for (const QString& line :
+         help.section(QStringLiteral("Examples:\n"), 1).split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("  rvopen ")))
+            examples << line.trimmed();
+    }
+    return examples;
+}
+
+} // namespace
+
+TEST(Help, ListsEveryCommand)
+{
+    EXPECT_EQ(commands(), QStringLiteral(RVOPEN_COMMANDS).split(QLatin1Char(' ')));
+}
+
+TEST(Help, ExamplesRun)
+{
+    const QStringList all = QStringList(QString()) + commands();
+    for (const QString& command : all) {
+        SCOPED_TRACE(command.toStdString());
+        Workspace workspace;
+        workspace.copySamples();
+        const Outcome help = workspace.shell(QStringLiteral("rvopen %1 --help").arg(command));
+        EXPECT_EQ(help.code, 0);
+        const QStringList examples = examplesIn(help.out);
+        EXPECT_EQ(examples.size(), 2);
+        for (const QString& example : examples) {
+            const Outcome run = workspace.shell(example);
+            EXPECT_TRUE(run.code == 0 || run.code == 1) << example.toStdString() << '\n'
+                                                        << run.err.toStdString();
+            EXPECT_FALSE(run.err.contains(QLatin1String("rvopen: "))) << example.toStdString();
+        }
+    }
+}
+
+TEST(Help, FitsInto80ColumnsBesidesExamples)
+{
+    const Workspace workspace;
+    for (const QString& command : commands()) {
+        const QString help = workspace.run({command, QStringLiteral("--help")}).out;
+        for (const QString& line :
+             help.section(QStringLiteral("Examples:"), 0, 0).split(QLatin1Char('\n')))
+            EXPECT_LE(line.size(), 80) << line.toStdString();
+    }
+}
+
+TEST(Help, WithoutArgumentsItIsPrinted)
+{
+    const Workspace workspace;
+    EXPECT_EQ(workspace.run({}).out, workspace.run({QStringLiteral("--help")}).out);
+}
+
+TEST(CommandLine, UnknownOptionsAnswerTwo)
+{
+    const Workspace workspace;
+    const Outcome run = workspace.run({QStringLiteral("info"), QStringLiteral("--wrong")});
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.out, QString());
+    EXPECT_NE(run.err, QString());
+}
+
+TEST(CommandLine, AFolderOfTheHostMustExist)
+{
+    const Workspace workspace;
+    EXPECT_EQ(
+        workspace.run({QStringLiteral("--install"), QStringLiteral("none"), QStringLiteral("list")})
+            .code,
+        2);
+}
+
+TEST(CommandLine, FoldersComeFromTheEnvironment)
+{
+    Workspace workspace;
+    workspace.write(QStringLiteral("mine/a.rvx"), smallArchive());
+    workspace.environment.insert(QStringLiteral("RVOPEN_CUSTOM"), QStringLiteral("mine"));
+    EXPECT_EQ(workspace.run({QStringLiteral("list")}).lines().size(), 4);
+}
+
+TEST(Output, IsColouredOnDemandOnly)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    const QStringList arguments{QStringLiteral("tree"), QStringLiteral("a.xml")};
+    EXPECT_FALSE(workspace.run(arguments).out.contains(QChar(27)));
+    EXPECT_TRUE(
+        workspace.run(arguments + QStringList{QStringLiteral("--color"), QStringLiteral("always")})
+            .out.contains(QChar(27)));
+}
+
+TEST(Output, ControlCharactersOfADocumentDoNotReachTheTerminal)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), "<snapRoot name=\"a&#x9b;31m&#x85;b&#x202e;c\"/>");
+    const QString out = workspace.run({QStringLiteral("info"), QStringLiteral("a.xml")}).out;
+    EXPECT_THAT(out.toStdString(), ::testing::HasSubstr("a\\u009b31m\\u0085b\\u202ec"));
+}
+
+TEST(Output, ThatCannotBeWrittenAnswersTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    EXPECT_EQ(workspace.shell(QStringLiteral("rvopen tree -p a.xml > /dev/full")).code, 2);
+}
+
+TEST(Output, APipeThatCloseEarlyIsNoTrouble)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(5000));
+    const Outcome run = workspace.shell(QStringLiteral("rvopen list a.rvx | head -n 1"));
+    EXPECT_EQ(run.lines().size(), 1);
+    EXPECT_EQ(run.err, QString());
+}
+
+} // namespace rvopen::test

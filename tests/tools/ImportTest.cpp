@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+namespace rvopen::test {
+
+namespace {
+
+QByteArray snapShots(const QByteArray& members)
+{
+    return "<snapRoot>\n  <snapshots name=\"Model SnapShots\">" + members +
+           "</snapshots>\n</snapRoot>\n";
+}
+
+QByteArray snapShot(const QByteArray& name, const QByteArray& twist)
+{
+    return "<snapshot name=\"" + name +
+           "\"><snapShotSettings><param name=\"Twist\" type=\"float\" val=\"" + twist +
+           "\"/></snapShotSettings></snapshot>";
+}
+
+/// Two files of which the second has one snapshot of the first with another content, and one with
+/// the same.
+class Import : public ::testing::Test {
+protected:
+    Import()
+    {
+        workspace.write(
+            QStringLiteral("from/source.xml"),
+            snapShots(snapShot("New", "1") + snapShot("Changed", "2") + snapShot("Same", "3")));
+        workspace.write(QStringLiteral("target.xml"), target());
+    }
+
+    static QByteArray target()
+    {
+        return snapShots(snapShot("Changed", "9") + snapShot("Same", "3"));
+    }
+
+    Outcome import(const QStringList& options) const
+    {
+        return workspace.run(QStringList{QStringLiteral("import"),
+                                         QStringLiteral("from/source.xml"),
+                                         QStringLiteral("target.xml")} +
+                             options);
+    }
+
+    /// Names and twists of the snapshots in the file.
+    QStringList contents(const QString& file) const
+    {
+        QStringList list;
+        for (const QString& line : workspace
+                                       .run({QStringLiteral("get"), file, QStringLiteral("*:Twist"),
+                                             QStringLiteral("snapshot@name")})
+                                       .lines())
+            list << line.section(QStringLiteral("  "), -1).trimmed();
+        return list;
+    }
+
+    Workspace workspace;
+};
+
+} // namespace
+
+TEST_F(Import, StopsAtWhatWasChanged)
+{
+    const Outcome run = import({QStringLiteral("--in-place")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), target());
+    EXPECT_TRUE(run.out.contains(QLatin1String("changed")));
+}
+
+TEST_F(Import, SkipTakesWhatIsNew)
+{
+    EXPECT_EQ(import({QStringLiteral("--skip"), QStringLiteral("--in-place")}).code, 0);
+    EXPECT_EQ(
+        contents(QStringLiteral("target.xml")),
+        QStringList({QStringLiteral("9"), QStringLiteral("3"), QStringLiteral("1"),
+                     QStringLiteral("Changed"), QStringLiteral("Same"), QStringLiteral("New")}));
+}
+
+TEST_F(Import, ReplacePutsTheChangedInThePlaceOfTheOld)
+{
+    EXPECT_EQ(import({QStringLiteral("--replace"), QStringLiteral("--in-place")}).code, 0);
+    EXPECT_EQ(
+        contents(QStringLiteral("target.xml")),
+        QStringList({QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("1"),
+                     QStringLiteral("Changed"), QStringLiteral("Same"), QStringLiteral("New")}));
+}
+
+TEST_F(Import, RenameTakesTheChangedBesideTheOld)
+{
+    EXPECT_EQ(
+        import({QStringLiteral("--rename"), QStringLiteral("-o"), QStringLiteral("out.xml")}).code,
+        0);
+    EXPECT_EQ(contents(QStringLiteral("out.xml")).mid(4),
+              QStringList({QStringLiteral("Changed"), QStringLiteral("Same"), QStringLiteral("New"),
+                           QStringLiteral("Changed (2)")}));
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), target());
+}
+
+TEST_F(Import, DryRunWritesNothing)
+{
+    const QStringList before = workspace.files();
+    EXPECT_EQ(import({QStringLiteral("--dry-run"), QStringLiteral("--replace"),
+                      QStringLiteral("--in-place")})
+                  .code,
+              0);
+    EXPECT_EQ(workspace.files(), before);
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), target());
+}
+
+TEST_F(Import, AgainIsNothing)
+{
+    import({QStringLiteral("--replace"), QStringLiteral("--in-place")});
+    const QByteArray once = workspace.read(QStringLiteral("target.xml"));
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 0);
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), once);
+}
+
+TEST_F(Import, MarksSnapShotsAsTheHostDoes)
+{
+    import({QStringLiteral("--skip"), QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("get"), QStringLiteral("target.xml"),
+                        QStringLiteral("snapshot[New]@ImageBorder")})
+                  .out,
+              QStringLiteral("1\n"));
+}
+
+TEST_F(Import, TakesSelectedOnesOnly)
+{
+    EXPECT_EQ(import({QStringLiteral("--select"), QStringLiteral("snapshot[Same]"),
+                      QStringLiteral("--in-place")})
+                  .code,
+              0);
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), target());
+}
+
+TEST_F(Import, CopiesThumbnailsBesideTheOutput)
+{
+    workspace.write(QStringLiteral("from/icon_New.jpg"), "picture");
+    import({QStringLiteral("--skip"), QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_New.jpg")), QByteArray("picture"));
+}
+
+TEST_F(Import, CopiesThumbnailsIntoTheFolderOfTheHost)
+{
+    workspace.write(QStringLiteral("from/icon_Changed.jpg"), "picture");
+    workspace.write(QStringLiteral("pictures/icon_Changed.jpg"), "old");
+    import({QStringLiteral("--rename"), QStringLiteral("--snapshots"), QStringLiteral("pictures"),
+            QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace.read(QStringLiteral("pictures/icon_Changed (2).jpg")),
+              QByteArray("picture"));
+    EXPECT_EQ(workspace.read(QStringLiteral("pictures/icon_Changed.jpg")), QByteArray("old"));
+}
+
+TEST_F(Import, ReplacesTheThumbnailOfWhatIsReplaced)
+{
+    workspace.write(QStringLiteral("from/icon_Changed.jpg"), "picture");
+    workspace.write(QStringLiteral("icon_Changed.jpg"), "old");
+    import({QStringLiteral("--replace"), QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg")), QByteArray("picture"));
+}
+
+TEST_F(Import, ThatCannotBeWrittenLeavesEverythingAsItWas)
+{
+    workspace.write(QStringLiteral("from/icon_New.jpg"), "picture");
+    QByteArray large = snapShots(snapShot("New", "1") + snapShot(QByteArray(300000, 'x'), "1"));
+    workspace.write(QStringLiteral("from/source.xml"), large);
+    const QStringList before = workspace.files();
+    const Outcome run = workspace.shell(QStringLiteral(
+        "ulimit -f 100; trap '' XFSZ; rvopen import from/source.xml target.xml --in-place"));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(workspace.files(), before);
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml")), target());
+    EXPECT_EQ(workspace.read(QStringLiteral("from/source.xml")), large);
+}
+
+TEST_F(Import, DoesNotTakeTheSourceForTheOutput)
+{
+    const QByteArray source = workspace.read(QStringLiteral("from/source.xml"));
+    EXPECT_EQ(
+        import({QStringLiteral("--skip"), QStringLiteral("-o"), QStringLiteral("from/source.xml")})
+            .code,
+        2);
+    EXPECT_EQ(workspace.read(QStringLiteral("from/source.xml")), source);
+}
+
+TEST_F(Import, KeepsLengthsWhereTheUnitsDiffer)
+{
+    workspace.write(QStringLiteral("from/source.xml"),
+                    "<snapRoot unitsScale=\"1000\"><snapshots name=\"Model SnapShots\"><snapshot "
+                    "name=\"New\"><renderTargets><renderTarget><param name=\"Model Hint\" "
+                    "prop=\"D\" type=\"float\" val=\"250\"/></renderTarget></renderTargets>"
+                    "</snapshot></snapshots></snapRoot>");
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 0);
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("get"), QStringLiteral("target.xml"),
+                        QStringLiteral(":Model Hint")})
+                  .out,
+              QStringLiteral("0.25\n"));
+    EXPECT_TRUE(import({QStringLiteral("--dry-run")}).out.startsWith(QLatin1String("same")));
+}
+
+TEST_F(Import, TakesTheFirstOfTwoOfOneName)
+{
+    workspace.write(QStringLiteral("from/source.xml"),
+                    snapShots(snapShot("New", "1") + snapShot("New", "2")));
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 1);
+    EXPECT_EQ(contents(QStringLiteral("target.xml")).mid(2),
+              QStringList({QStringLiteral("1"), QStringLiteral("Changed"), QStringLiteral("Same"),
+                           QStringLiteral("New")}));
+}
+
+TEST_F(Import, NeedsTwoOfAKind)
+{
+    workspace.write(QStringLiteral("target.xml"), smallArchive());
+    EXPECT_EQ(import({QStringLiteral("--in-place")}).code, 2);
+}
+
+TEST_F(Import, IsOfItsSchema)
+{
+    EXPECT_TRUE(isOfSchema(import({QStringLiteral("--json"), QStringLiteral("--in-place")}),
+                           QStringLiteral("import")));
+    EXPECT_TRUE(isOfSchema(
+        import({QStringLiteral("--json"), QStringLiteral("--skip"), QStringLiteral("--in-place")}),
+        QStringLiteral("import")));
+}
+
+// Presets
+
+namespace {
+
+Outcome importPresets(const Workspace& workspace, const QByteArray& source,
+                      const QByteArray& target, const QStringList& options)
+{
+    workspace.write(QStringLiteral("source.rvx"), source);
+    workspace.write(QStringLiteral("target.rvx"), target);
+    return workspace.run(QStringList{QStringLiteral("import"), QStringLiteral("source.rvx"),
+                                     QStringLiteral("target.rvx")} +
+                         options);
+}
+
+} // namespace
+
+TEST(ImportPresets, GoWhereTheyStood)
+{
+    const Workspace workspace;
+    EXPECT_EQ(importPresets(workspace, smallArchive(),
+                            "<presets><materials name=\"Stuff\"/></presets>",
+                            {QStringLiteral("--in-place")})
+                  .code,
+              0);
+    const Outcome run = workspace.run({QStringLiteral("get"), QStringLiteral("target.rvx"),
+                                       QStringLiteral("/materials[Stuff]/dir[Metals]/"
+                                                      "material[Brass]/finish:roughness")});
+    EXPECT_EQ(run.out, QStringLiteral("0.1\n"));
+}
+
+TEST(ImportPresets, AreToldByReferenceNameWhereverTheyStand)
+{
+    const Workspace workspace;
+    const Outcome run = importPresets(
+        workspace, "<presets><colours><colour name=\"A\" refname=\"r\"/></colours></presets>",
+        "<presets><colours><dir name=\"x\"><colour name=\"A\" "
+        "refname=\"r\"/></dir></colours></presets>",
+        {QStringLiteral("--json"), QStringLiteral("--in-place")});
+    EXPECT_EQ(
+        run.json()[QStringLiteral("items")].toArray().at(0).toObject()[QStringLiteral("state")],
+        QJsonValue(QStringLiteral("same")));
+}
+
+TEST(ImportPresets, RenamedOnesGetTheirOwnReferenceName)
+{
+    const Workspace workspace;
+    importPresets(
+        workspace,
+        "<presets><colours><colour name=\"A\" refname=\"r\" desc=\"new\"/></colours></presets>",
+        "<presets><colours><colour name=\"A\" refname=\"r\"/></colours></presets>",
+        {QStringLiteral("--rename"), QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("get"), QStringLiteral("target.rvx"),
+                        QStringLiteral("colour[A (2)]@refname")})
+                  .out,
+              QStringLiteral("r_2\n"));
+}
+
+TEST(ImportPresets, ObeyThePlacementRule)
+{
+    const Workspace workspace;
+    const QByteArray target = "<presets><colours/></presets>";
+    const Outcome run =
+        importPresets(workspace, "<presets><colours><bump refname=\"b\"/></colours></presets>",
+                      target, {QStringLiteral("--in-place")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.out.contains(QLatin1String("refused")));
+    EXPECT_EQ(workspace.read(QStringLiteral("target.rvx")), target);
+}
+
+TEST(ImportPresets, DoNotGoIntoFoldersThatStandForAnotherArchive)
+{
+    const Workspace workspace;
+    importPresets(
+        workspace,
+        "<presets><colours><dir name=\"x\"><colour refname=\"r\"/></dir></colours></presets>",
+        "<presets><colours><dir name=\"x\" archiveType=\"Custom\" "
+        "archiveFilename=\"other\"/></colours></presets>",
+        {QStringLiteral("--in-place")});
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("get"), QStringLiteral("target.rvx"),
+                        QStringLiteral("/colours/dir[x]#2/colour@refname")})
+                  .out,
+              QStringLiteral("r\n"));
+}
+
+} // namespace rvopen::test

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <QFile>
+#include <QImage>
+
+namespace rvopen::test {
+
+TEST(Preview, WritesAnEmbeddedPicture)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    const Outcome run = workspace.run(
+        {QStringLiteral("preview"), QStringLiteral("archives/Custom/MyPresets.rvx"),
+         QStringLiteral("colour[Our orange]"), QStringLiteral("-o"), QStringLiteral("a.png")});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.png"))).size(), QSize(32, 32));
+}
+
+TEST(Preview, FindsTheThumbnailOfASnapShotBesideTheDocument)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    const Outcome run = workspace.run(
+        {QStringLiteral("preview"), QStringLiteral("snapshots/import_me.xml"),
+         QStringLiteral("snapshot[Winter noon]"), QStringLiteral("-o"), QStringLiteral("a.jpg")});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.jpg"))).size(), QSize(64, 48));
+    EXPECT_EQ(workspace.read(QStringLiteral("snapshots/import_me.xml")), [&] {
+        QFile file(QStringLiteral(RVOPEN_DATA_DIR "/snapshots/import_me.xml"));
+        file.open(QIODevice::ReadOnly);
+        return file.readAll();
+    }());
+}
+
+TEST(Preview, FindsTheThumbnailOfAPresetBelowTheInstallation)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><colours><colour name=\"Red\" cat=\"C\"/></colours></presets>");
+    workspace.write(QStringLiteral("sethumbs/C/x"), "");
+    QImage(4, 3, QImage::Format_RGB32).save(workspace.path(QStringLiteral("sethumbs/C/Red.jpg")));
+    const Outcome run =
+        workspace.run({QStringLiteral("preview"), QStringLiteral("--install"), QStringLiteral("."),
+                       QStringLiteral("a.rvx"), QStringLiteral("colour[Red]"), QStringLiteral("-o"),
+                       QStringLiteral("a.bmp")});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.bmp"))).size(), QSize(4, 3));
+}
+
+TEST(Preview, WithoutPictureAnswersOne)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    EXPECT_EQ(
+        workspace
+            .run({QStringLiteral("preview"), QStringLiteral("a.xml"),
+                  QStringLiteral("snapshot[Größe]"), QStringLiteral("-o"), QStringLiteral("a.png")})
+            .code,
+        1);
+    EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
+}
+
+TEST(Preview, OverwritesNothingUnlessForced)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    workspace.write(QStringLiteral("a.png"), "old");
+    const QStringList arguments{
+        QStringLiteral("preview"), QStringLiteral("archives/Custom/MyPresets.rvx"),
+        QStringLiteral("colour[Our orange]"), QStringLiteral("-o"), QStringLiteral("a.png")};
+    EXPECT_EQ(workspace.run(arguments).code, 2);
+    EXPECT_EQ(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
+    EXPECT_EQ(workspace.run(arguments + QStringList(QStringLiteral("--force"))).code, 0);
+}
+
+} // namespace rvopen::test

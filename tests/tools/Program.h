@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+QT_BEGIN_NAMESPACE
+
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+
+inline void PrintTo(const QStringList& texts, std::ostream* out)
+{
+    *out << '[' << texts.join(QStringLiteral(", ")).toStdString() << ']';
+}
+
+QT_END_NAMESPACE
+
+namespace rvopen::test {
+
+/// What a run of the program left behind.
+struct Outcome {
+    /// -1 when it ended by a signal.
+    int code = -1;
+    QString out;
+    QString err;
+
+    QStringList lines() const;
+    /// The object that it printed; a text that is none fails the test.
+    QJsonObject json() const;
+};
+
+/// A folder of the test's own, in which the program runs.
+class Workspace {
+public:
+    Workspace();
+
+    QString path(const QString& name = QString()) const;
+    /// Writes a file and gives its name back.
+    QString write(const QString& name, const QByteArray& bytes) const;
+    QByteArray read(const QString& name) const;
+    bool exists(const QString& name) const;
+    /// Names of all files, with their folders, in the order of their names.
+    QStringList files() const;
+    /// Puts a copy of the sample data here.
+    void copySamples() const;
+
+    /// Runs rvopen with these arguments.
+    Outcome run(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
+    /// Runs a line of the shell, in which "rvopen" is the program.
+    Outcome shell(const QString& line, const QByteArray& input = QByteArray()) const;
+
+    QProcessEnvironment environment;
+
+private:
+    Outcome start(const QString& program, const QStringList& arguments,
+                  const QByteArray& input) const;
+
+    QTemporaryDir m_folder;
+};
+
+/// Whether the text that a run printed is of the shape that is documented for it.
+::testing::AssertionResult isOfSchema(const Outcome& run, const QString& schema);
+
+/// A small snapshot document, with something of everything that the tests look for.
+QByteArray smallDocument();
+/// An archive with presets of two kinds.
+QByteArray smallArchive();
+/// An archive with so many materials in folders of a hundred.
+QByteArray largeArchive(int presets);
+
+} // namespace rvopen::test

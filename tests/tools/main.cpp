@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <QCoreApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    ::testing::InitGoogleTest(&argc, argv);
+    qputenv("LC_ALL", "C.UTF-8");
+    const QCoreApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

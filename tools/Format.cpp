@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Arguments.h"
+#include "Command.h"
+#include "Failure.h"
+#include "Input.h"
+#include "Interrupts.h"
+#include "Session.h"
+
+#include <rvopen/RVOpenWriter.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+
+namespace rvopen::tools {
+
+namespace {
+
+class Format : public Command {
+public:
+    const char* name() const override
+    {
+        return "format";
+    }
+
+    const char* summary() const override
+    {
+        return "Write documents as canonical text";
+    }
+
+    void declare(Arguments& arguments) override
+    {
+        arguments.description(
+            "The text that the library itself writes: attributes in the order of their names, "
+            "archives indented by 3, snapshot documents by 2, UTF-8. To standard output, unless "
+            "--in-place or --output is given. With --check nothing is written; exit code 1 when a "
+            "document is not canonical.");
+        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
+        arguments.flag("--check", m_check, "Only tell which documents are not canonical");
+        arguments.option("-o,--output", m_output, "FILE", "Write one document to this file");
+        arguments.flag("--in-place", m_inPlace, "Write over the inputs");
+        arguments.onlyOne(
+            {QStringLiteral("--check"), QStringLiteral("--output"), QStringLiteral("--in-place")});
+        arguments.example("rvopen format --check snapshots archives", "what a build server asks");
+        arguments.example("rvopen format - < snapshots/house.xml > canonical.xml", "as a filter");
+    }
+
+    int run(Session& session) override
+    {
+        const QStringList files = expandedInputs(m_files, session);
+        if (!m_output.isEmpty() && files.size() != 1)
+            throw Failure(QStringLiteral("--output takes one document"));
+        if (m_inPlace && files.contains(QStringLiteral("-")))
+            throw Failure(QStringLiteral("standard input cannot be written over"));
+        bool isFound = false;
+        QJsonArray list;
+        forEachDocument(files, session, [&](Document& document) {
+            const QString text = XmlText(document.dom(), indentOf(document.kind()));
+            if (text.isNull()) {
+                session.error(document.name(), QStringLiteral("it could not be read again"));
+                return;
+            }
+            QFile file(existingPath(document.path()));
+            const bool isCanonical =
+                file.open(QIODevice::ReadOnly) && file.readAll() == text.toUtf8();
+            file.close();
+            if (!isCanonical)
+                isFound = true;
+            list.append(QJsonObject{{QStringLiteral("file"), document.name()},
+                                    {QStringLiteral("canonical"), isCanonical}});
+            if (!m_check && !m_inPlace)
+                write(text, document, session);
+            else if (!isCanonical && m_inPlace)
+                writeOver(text, document, session);
+            if (!isCanonical && (m_check || m_inPlace) && !session.json)
+                session.out.line(visible(document.name()));
+        });
+        if (session.json && (m_check || m_inPlace || !m_output.isEmpty())) {
+            QJsonObject result = Session::envelope(name());
+            result.insert(QStringLiteral("files"), list);
+            session.out.json(result);
+        }
+        return session.result(m_check && isFound ? ExitFindings : ExitFine);
+    }
+
+private:
+    void write(const QString& text, const Document& document, Session& session) const
+    {
+        if (m_output.isEmpty() || m_output == QLatin1String("-")) {
+            session.out.text(text);
+            return;
+        }
+        if (isSameFile(m_output, document.path()))
+            throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
+                              .arg(m_output));
+        const Uninterrupted writing;
+        if (!WriteFile(text.toUtf8(), m_output))
+            session.error(m_output, QStringLiteral("it could not be written"));
+    }
+
+    static void writeOver(const QString& text, const Document& document, Session& session)
+    {
+        const Uninterrupted writing;
+        if (!WriteFile(text.toUtf8(), document.path()))
+            session.error(document.name(),
+                          QStringLiteral("it could not be written; it is as it was"));
+    }
+
+    QStringList m_files;
+    bool m_check = false;
+    QString m_output;
+    bool m_inPlace = false;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeFormat()
+{
+    return std::make_unique<Format>();
+}
+
+} // namespace rvopen::tools

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Session.h"
+
+#include <QDomDocument>
+#include <QDomElement>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QTemporaryFile;
+
+namespace rvopen::tools {
+
+enum class DocumentKind { Unknown, SnapShots, Archive };
+
+/// "snapshots", "archive" or "unknown".
+QString kindName(DocumentKind kind);
+DocumentKind kindOf(const QDomDocument& document);
+/// How documents of the kind are indented in files.
+int indentOf(DocumentKind kind);
+
+/// One document that was read.
+class Document {
+public:
+    /// Null when it cannot be read; \p error then says why, under the name that the user knows.
+    static std::unique_ptr<Document> read(const QString& argument, ReadError& error);
+    ~Document();
+
+    /// As the user named it, "<stdin>" for "-".
+    QString name() const;
+    /// Where the bytes are.
+    QString path() const;
+    bool isStandardInput() const;
+    /// The folder that it lies in, that of the process for standard input.
+    QString folder() const;
+    qint64 size() const;
+    QDomDocument dom() const;
+    QDomElement root() const;
+    DocumentKind kind() const;
+
+private:
+    Document();
+
+    QString m_name;
+    QString m_path;
+    std::unique_ptr<QTemporaryFile> m_copy;
+    std::unique_ptr<QDomDocument> m_dom;
+    DocumentKind m_kind = DocumentKind::Unknown;
+};
+
+/// Files, with each folder replaced by the documents in it and below it in the order of their
+/// names. A folder counts as an error when it cannot be listed.
+QStringList expandedInputs(const QStringList& arguments, Session& session);
+
+/// Reads one document after the other and calls \p visit with each. One that cannot be read is
+/// given to \p failed, and an error of the session unless that answers true.
+void forEachDocument(const QStringList& arguments, Session& session,
+                     const std::function<void(Document&)>& visit,
+                     const std::function<bool(const QString&, const ReadError&)>& failed = {});
+
+/// Reads the one document of a command; throws a Failure without message after printing the error.
+std::unique_ptr<Document> readOrFail(const QString& argument, Session& session);
+
+/// The path with the separators of this platform if that is how there is such a file.
+QString existingPath(const QString& path);
+/// What follows the last separator of either kind.
+QString fileNameOf(const QString& path);
+
+/// Whether a name or path out of a document has a component "..", with separators of either kind.
+bool leadsOut(const QString& path);
+
+/// Whether both name the same existing file.
+bool isSameFile(const QString& a, const QString& b);
+
+} // namespace rvopen::tools

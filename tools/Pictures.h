@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDomElement>
+#include <QPixmap>
+#include <QString>
+
+namespace rvopen::tools {
+
+/// \name Pictures
+/// The first call makes the application that pictures need; no screen is needed.
+/// @{
+void preparePictures();
+
+/// The preview of the element: the embedded one, else the one in the host's folders. The document
+/// is empty afterwards: its objects go, and with them their elements.
+QPixmap pictureOf(const QDomElement& element, const QString& installFolder);
+/// Whether an embedded preview can be decoded.
+bool hasPicture(const QDomElement& element);
+/// Whether the file begins like a picture of a format that can be read.
+bool isPictureFile(const QString& path);
+/// @}
+
+} // namespace rvopen::tools

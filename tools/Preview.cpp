@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Arguments.h"
+#include "Command.h"
+#include "Failure.h"
+#include "Input.h"
+#include "Interrupts.h"
+#include "NodePath.h"
+#include "Pictures.h"
+#include "Session.h"
+
+#include <rvopen/DirectoryHandler.h>
+#include <rvopen/RVOpenWriter.h>
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QPixmap>
+
+namespace rvopen::tools {
+
+namespace {
+
+class Preview : public Command {
+public:
+    const char* name() const override
+    {
+        return "preview";
+    }
+
+    const char* summary() const override
+    {
+        return "Write the existing picture of a preset or snapshot";
+    }
+
+    void declare(Arguments& arguments) override
+    {
+        arguments.description("The embedded picture, else the thumbnail below --install or "
+                              "--custom, or for a snapshot "
+                              "in --snapshots or beside the document. The name of the output tells "
+                              "the format, PNG to "
+                              "standard output. Exit code 1 when there is no picture.");
+        arguments.positional("file", m_file, "Document, archive, or \"-\"");
+        arguments.positional("path", m_path, "Path of a preset or snapshot, as for get");
+        arguments.option("-o,--output", m_output, "FILE",
+                         "Write to this file, or to standard output for \"-\"");
+        arguments.flag("--force", m_force, "Also over a file that is there");
+        arguments.example("rvopen preview archives/Custom/MyPresets.rvx \"colour[Our orange]\" "
+                          "-o orange.png",
+                          "a picture that is embedded in an archive");
+        arguments.example("rvopen preview snapshots/import_me.xml \"snapshot[Winter noon]\" -o - > "
+                          "noon.png",
+                          "a picture that lies beside the document");
+    }
+
+    int run(Session& session) override
+    {
+        if (m_output.isEmpty())
+            throw Failure(QStringLiteral("say where to write: --output FILE"));
+        const std::unique_ptr<Document> document = readOrFail(m_file, session);
+        const QVector<PathPattern::Match> matches = PathPattern(m_path).find(document->root());
+        if (matches.size() != 1)
+            throw Failure(matches.isEmpty()
+                              ? QStringLiteral("nothing has the path \"%1\"").arg(m_path)
+                              : QStringLiteral("%1 places have the path \"%2\", the first \"%3\"")
+                                    .arg(matches.size())
+                                    .arg(m_path, matches.first().path));
+        if (session.folders.snapshots.isEmpty())
+            GetDirectoryHandler()->SetSnapshotsFolder(document->folder());
+        const QPixmap picture = pictureOf(matches.first().element, session.folders.install);
+        if (picture.isNull()) {
+            session.warning(document->name(),
+                            QStringLiteral("\"%1\" has no picture").arg(matches.first().path));
+            return ExitFindings;
+        }
+        const bool isPiped = m_output == QLatin1String("-");
+        const QByteArray bytes = encoded(picture, isPiped ? QStringLiteral("png") : suffix());
+        if (isPiped) {
+            session.out.bytes(bytes);
+            return ExitFine;
+        }
+        if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->path())))
+            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
+        const Uninterrupted writing;
+        if (!WriteFile(bytes, m_output))
+            throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
+        return ExitFine;
+    }
+
+private:
+    QString suffix() const
+    {
+        return QFileInfo(m_output).suffix().toLower();
+    }
+
+    static QByteArray encoded(const QPixmap& picture, const QString& format)
+    {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        if (format.isEmpty() || !picture.toImage().save(&buffer, format.toLatin1().constData()))
+            throw Failure(
+                QStringLiteral("pictures cannot be written as \"%1\"; take png, jpg or bmp")
+                    .arg(format));
+        return bytes;
+    }
+
+    QString m_file;
+    QString m_path;
+    QString m_output;
+    bool m_force = false;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makePreview()
+{
+    return std::make_unique<Preview>();
+}
+
+} // namespace rvopen::tools

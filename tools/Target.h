@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+namespace rvopen::tools {
+
+class Arguments;
+class Document;
+class Session;
+
+/// Where a changed document goes: over the input, to another file, or to standard output for "-".
+/// Nothing is written over an input unless that is asked for, and every file is replaced whole.
+class Target {
+public:
+    void declare(Arguments& arguments);
+    /// Throws a Failure unless the user said where to write what is made of \p input.
+    void check(const Document& input) const;
+    /// Empty for standard output.
+    QString file(const Document& input) const;
+    bool isGiven() const;
+    bool isInPlace() const;
+    bool isStandardOutput() const;
+    /// Throws a Failure when it could not be written; the file is as it was then.
+    void write(const Document& document, const Document& input, Session& session) const;
+
+private:
+    QString m_output;
+    bool m_inPlace = false;
+};
+
+} // namespace rvopen::tools

@@ -1,0 +1,359 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Arguments.h"
+#include "Command.h"
+#include "Failure.h"
+#include "Input.h"
+#include "Inspection.h"
+#include "Interrupts.h"
+#include "NewFiles.h"
+#include "NodePath.h"
+#include "Session.h"
+#include "Target.h"
+
+#include <rvopen/RVOpenWriter.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QHash>
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace rvopen::tools {
+
+namespace {
+
+/// An image file that a document refers to.
+struct Texture {
+    QString reference;
+    /// Empty when it is not there.
+    QString file;
+    QVector<QDomElement> params;
+    QStringList paths;
+};
+
+QVector<Texture> texturesOf(const Document& document)
+{
+    QVector<Texture> textures;
+    QHash<QString, int> known;
+    const QString folder = document.folder();
+    walk(document.root(), QString(), [&](const QDomElement& element, const QString& path) {
+        const QString owner = element.parentNode().toElement().tagName();
+        if (!isParam(element) || !isTextureParam(owner, element.attribute(QStringLiteral("name"))))
+            return true;
+        const QString reference = element.attribute(QStringLiteral("val"));
+        if (reference.isEmpty() ||
+            element.attribute(QStringLiteral("type")) != QLatin1String("string"))
+            return true;
+        if (!known.contains(reference)) {
+            known.insert(reference, int(textures.size()));
+            textures.append({reference, findReferenced(reference, folder), {}, {}});
+        }
+        Texture& texture = textures[known.value(reference)];
+        texture.params.append(element);
+        texture.paths << path;
+        return true;
+    });
+    return textures;
+}
+
+void refer(const Texture& texture, const QString& reference)
+{
+    for (QDomElement param : texture.params)
+        param.setAttribute(QStringLiteral("val"), reference);
+}
+
+/// The files below folders by their names in lower case.
+class FileIndex {
+public:
+    explicit FileIndex(const QStringList& folders)
+    {
+        for (const QString& folder : folders) {
+            if (!QFileInfo(existingPath(folder)).isDir())
+                throw Failure(QStringLiteral("\"%1\" is no folder").arg(folder));
+            QDirIterator it(existingPath(folder), QDir::Files, QDirIterator::Subdirectories);
+            while (it.hasNext()) {
+                const QString file = QFileInfo(it.next()).absoluteFilePath();
+                m_files[fileNameOf(file).toLower()] << file;
+            }
+        }
+        for (QStringList& files : m_files)
+            std::sort(files.begin(), files.end());
+    }
+
+    /// The files that could be meant: of that name, and of these those whose folders agree furthest
+    /// with the reference. Of files with the same bytes only the first.
+    QStringList find(const QString& reference) const
+    {
+        QStringList best;
+        int bestCount = -1;
+        for (const QString& file : m_files.value(fileNameOf(reference).toLower())) {
+            const int count = commonEnd(reference, file);
+            if (count > bestCount)
+                best.clear();
+            if (count >= bestCount)
+                best << file;
+            bestCount = std::max(bestCount, count);
+        }
+        QStringList different;
+        for (const QString& file : best) {
+            const bool isKnown =
+                std::any_of(different.cbegin(), different.cend(),
+                            [&file](const QString& other) { return haveSameBytes(file, other); });
+            if (!isKnown)
+                different << file;
+        }
+        return different;
+    }
+
+private:
+    static QStringList components(QString path)
+    {
+        return path.replace(QLatin1Char('\\'), QLatin1Char('/')).toLower().split(QLatin1Char('/'));
+    }
+
+    static int commonEnd(const QString& a, const QString& b)
+    {
+        const QStringList first = components(a);
+        const QStringList second = components(b);
+        int count = 0;
+        while (count < int(std::min(first.size(), second.size())) &&
+               first[first.size() - 1 - count] == second[second.size() - 1 - count])
+            ++count;
+        return count;
+    }
+
+    QHash<QString, QStringList> m_files;
+};
+
+class Textures : public Command {
+public:
+    const char* name() const override
+    {
+        return "textures";
+    }
+
+    const char* summary() const override
+    {
+        return "List, find again and collect image files";
+    }
+
+    void declare(Arguments& arguments) override
+    {
+        arguments.description(
+            "Textures, backgrounds and reflected environments, each with what refers to it. A "
+            "reference is looked for as it stands and beside the document. Exit code 1 when some "
+            "are missing that --missing, --relink or --collect look for.");
+        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
+        arguments.flag("--missing", m_missing, "Only what is not there");
+        arguments.option("--relink", m_relink, "DIR",
+                         "Find what is missing in and below this folder, by file name in any case "
+                         "of letters, and write a document that refers to it; may be repeated");
+        arguments.option(
+            "--collect", m_collect, "DIR",
+            "Copy the document and all that it refers to into this folder, and refer to "
+            "bare file names there");
+        arguments.onlyOne({QStringLiteral("--relink"), QStringLiteral("--collect")});
+        m_target.declare(arguments);
+        arguments.example("rvopen textures --missing snapshots/product.xml",
+                          "what is not there, and what refers to it");
+        arguments.example("rvopen textures --collect parcel snapshots/product.xml",
+                          "a folder to hand on");
+    }
+
+    int run(Session& session) override
+    {
+        if (!m_collect.isEmpty() || !m_relink.isEmpty()) {
+            if (m_files.size() != 1)
+                throw Failure(QStringLiteral("--relink and --collect take one document"));
+            return m_relink.isEmpty() ? collect(session) : relink(session);
+        }
+        if (m_target.isGiven())
+            throw Failure(QStringLiteral("--output and --in-place go with --relink"));
+        bool isMissing = false;
+        QJsonArray list;
+        forEachDocument(m_files, session, [&](Document& document) {
+            for (const Texture& texture : texturesOf(document)) {
+                if (m_missing && !texture.file.isEmpty())
+                    continue;
+                isMissing = isMissing || texture.file.isEmpty();
+                if (session.json)
+                    list.append(object(document, texture, QString()));
+                else
+                    print(document, texture, session.out);
+            }
+        });
+        if (session.json)
+            printJson(list, session);
+        return session.result(m_missing && isMissing ? ExitFindings : ExitFine);
+    }
+
+private:
+    static QJsonObject object(const Document& document, const Texture& texture,
+                              const QString& became)
+    {
+        return {{QStringLiteral("file"), document.name()},
+                {QStringLiteral("reference"), texture.reference},
+                {QStringLiteral("found"),
+                 texture.file.isEmpty() ? QJsonValue() : QJsonValue(texture.file)},
+                {QStringLiteral("became"), became.isEmpty() ? QJsonValue() : QJsonValue(became)},
+                {QStringLiteral("uses"), QJsonArray::fromStringList(texture.paths)}};
+    }
+
+    static void printJson(const QJsonArray& list, Session& session)
+    {
+        QJsonObject result = Session::envelope("textures");
+        result.insert(QStringLiteral("textures"), list);
+        session.out.json(result);
+    }
+
+    static void print(const Document& document, const Texture& texture, Output& out)
+    {
+        const bool isThere = !texture.file.isEmpty();
+        out.line(out.styled(visible(document.name()) + QLatin1String(": "), Style::Dim) +
+                 out.styled(visible(texture.reference), Style::Bold) + QLatin1String("  ") +
+                 (isThere ? out.styled(visible(texture.file), Style::Green)
+                          : out.styled(QStringLiteral("missing"), Style::Red)));
+        for (const QString& path : texture.paths)
+            out.line(out.styled(QLatin1String("    ") + visible(path), Style::Dim));
+    }
+
+    int relink(Session& session)
+    {
+        const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
+        m_target.check(*document);
+        const FileIndex index(m_relink);
+        bool isIncomplete = false;
+        QJsonArray list;
+        QStringList lines;
+        for (Texture texture : texturesOf(*document)) {
+            if (!texture.file.isEmpty())
+                continue;
+            const QStringList found = index.find(texture.reference);
+            if (found.size() != 1) {
+                isIncomplete = true;
+                session.warning(
+                    document->name(),
+                    found.isEmpty()
+                        ? QStringLiteral("\"%1\" was not found").arg(texture.reference)
+                        : QStringLiteral("\"%1\" could be any of: %2")
+                              .arg(texture.reference, found.join(QStringLiteral(", "))));
+                list.append(object(*document, texture, QString()));
+                continue;
+            }
+            const QString reference = QDir::toNativeSeparators(found.first());
+            refer(texture, reference);
+            texture.file = found.first();
+            list.append(object(*document, texture, reference));
+            lines << texture.reference + QLatin1String(" -> ") + reference;
+        }
+        m_target.write(*document, *document, session);
+        report(lines, list, session);
+        return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    void report(const QStringList& lines, const QJsonArray& list, Session& session) const
+    {
+        if (m_target.isStandardOutput())
+            return;
+        if (session.json) {
+            printJson(list, session);
+            return;
+        }
+        for (const QString& line : lines)
+            session.out.line(visible(line));
+    }
+
+    int collect(Session& session)
+    {
+        if (m_target.isGiven())
+            throw Failure(QStringLiteral("--collect writes into its folder only"));
+        const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
+        if (document->isStandardInput())
+            throw Failure(QStringLiteral("--collect needs a document with a name"));
+        const Uninterrupted writing;
+        NewFiles files;
+        const QString folder = QFileInfo(existingPath(m_collect)).absoluteFilePath();
+        const QString copy = folder + QLatin1Char('/') + fileNameOf(document->path());
+        if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
+            throw Failure(QStringLiteral("\"%1\" is there already").arg(copy));
+        if (!files.makeFolder(folder))
+            throw Failure(QStringLiteral("the folder \"%1\" cannot be made").arg(m_collect));
+
+        bool isIncomplete = false;
+        QJsonArray list;
+        QStringList lines;
+        m_taken = {{fileNameOf(copy).toLower(), QString()}};
+        for (const Texture& texture : texturesOf(*document)) {
+            if (texture.file.isEmpty()) {
+                isIncomplete = true;
+                session.warning(document->name(),
+                                QStringLiteral("\"%1\" is not there").arg(texture.reference));
+                list.append(object(*document, texture, QString()));
+                continue;
+            }
+            const QString name = collectOne(texture.file, folder, files);
+            refer(texture, name);
+            list.append(object(*document, texture, name));
+            lines << texture.reference + QLatin1String(" -> ") + name;
+        }
+        files.add(copy);
+        if (isInterrupted() || !WriteXmlDocument(document->dom(), copy, indentOf(document->kind())))
+            throw Failure(
+                QStringLiteral("\"%1\" could not be written; nothing was collected").arg(copy));
+        files.keep();
+        report(lines, list, session);
+        return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    /// The name that the file has in the folder: its own, or with a number where that is taken by
+    /// another file. Names that differ in the case of letters only are one name elsewhere.
+    QString collectOne(const QString& file, const QString& folder, NewFiles& files)
+    {
+        const QString own = fileNameOf(file);
+        const QString base = QFileInfo(own).completeBaseName();
+        const QString suffix = QFileInfo(own).suffix();
+        for (int number = 1;; ++number) {
+            QString name = own;
+            if (number > 1) {
+                name = QStringLiteral("%1 (%2)").arg(base).arg(number) +
+                       (suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix);
+            }
+            const QString target = folder + QLatin1Char('/') + name;
+            const auto taken = m_taken.constFind(name.toLower());
+            if (taken != m_taken.cend()) {
+                if (!taken->isEmpty() && haveSameBytes(file, *taken))
+                    return fileNameOf(*taken);
+                continue;
+            }
+            const QFileInfo there(target);
+            if (there.isSymLink() || (there.exists() && !haveSameBytes(file, target)))
+                continue;
+            if (!there.exists() && !files.copy(file, target))
+                throw Failure(
+                    QStringLiteral("\"%1\" could not be copied; nothing was collected").arg(file));
+            m_taken.insert(name.toLower(), target);
+            return name;
+        }
+    }
+
+    QStringList m_files;
+    bool m_missing = false;
+    QStringList m_relink;
+    QString m_collect;
+    Target m_target;
+    /// Names in lower case and the files in the folder that have them.
+    QHash<QString, QString> m_taken;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeTextures()
+{
+    return std::make_unique<Textures>();
+}
+
+} // namespace rvopen::tools

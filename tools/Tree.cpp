@@ -1,0 +1,235 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Arguments.h"
+#include "Command.h"
+#include "Input.h"
+#include "NodePath.h"
+#include "Session.h"
+#include "Values.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <limits>
+
+namespace rvopen::tools {
+
+namespace {
+
+using Attributes = QVector<QPair<QString, QString>>;
+
+/// In the order of their names; those that a path shows already are left out.
+Attributes attributesOf(const QDomElement& element)
+{
+    Attributes result;
+    const QDomNamedNodeMap attributes = element.attributes();
+    for (int i = 0; i < attributes.count(); ++i) {
+        const QDomNode attribute = attributes.item(i);
+        if (!isParam(element) || (attribute.nodeName() != QLatin1String("name") &&
+                                  attribute.nodeName() != QLatin1String("type") &&
+                                  attribute.nodeName() != QLatin1String("val")))
+            result.append({attribute.nodeName(), attribute.nodeValue()});
+    }
+    std::sort(result.begin(), result.end());
+    return result;
+}
+
+bool isLong(const QString& attribute)
+{
+    return attribute == QLatin1String("xmlImage");
+}
+
+class Tree : public Command {
+public:
+    const char* name() const override
+    {
+        return "tree";
+    }
+
+    const char* summary() const override
+    {
+        return "Print the tree of a document with names and values";
+    }
+
+    void declare(Arguments& arguments) override
+    {
+        arguments.description("Each line is a part of a path that get and set take; with --paths "
+                              "it is the whole path. "
+                              "Lengths are in scene units.");
+        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
+        arguments.option("-d,--depth", m_depth, "N", "Only so many levels");
+        arguments.flag("-p,--params", m_params, "Parameters and attributes with their values");
+        arguments.flag("--paths", m_paths, "One line for each, \"path = value\"");
+        arguments.example("rvopen tree --depth 2 snapshots/house.xml", "an overview");
+        arguments.example("rvopen tree --params --paths snapshots/product.xml | grep Colour",
+                          "all colours with their paths");
+    }
+
+    int run(Session& session) override
+    {
+        QJsonArray files;
+        forEachDocument(m_files, session, [&](Document& document) {
+            ParamValues values;
+            m_values = &values;
+            m_out = &session.out;
+            if (session.json) {
+                QJsonObject file = object(document.root(), QString(), 0);
+                file.insert(QStringLiteral("file"), document.name());
+                files.append(file);
+            } else if (m_paths) {
+                printPaths(document.root());
+            } else {
+                const QString title = document.name() + QLatin1String("  ");
+                m_out->line(m_out->styled(visible(title), Style::Dim) +
+                            described(document.root(), document.root().tagName()));
+                printChildren(document.root(), QString(), 1);
+            }
+        });
+        if (session.json) {
+            QJsonObject result = Session::envelope(name());
+            result.insert(QStringLiteral("files"), files);
+            session.out.json(result);
+        }
+        return session.result(ExitFine);
+    }
+
+private:
+    bool isShown(const QDomElement& element) const
+    {
+        return m_params || !isParam(element) || !element.firstChildElement().isNull();
+    }
+
+    /// The label with what is known of the element behind it.
+    QString described(const QDomElement& element, const QString& label) const
+    {
+        QString line = m_out->styled(visible(label), isParam(element) ? Style::Cyan : Style::Bold);
+        if (isParam(element)) {
+            if (m_params && element.attribute(QStringLiteral("type")) != QLatin1String("shader"))
+                line += QLatin1String(" = ") + visible(m_values->text(element));
+            return line;
+        }
+        if (!m_params) {
+            for (const char* attribute : {"subcat", "refname"}) {
+                const QString value = element.attribute(QLatin1String(attribute));
+                if (!value.isEmpty() && value != identityOf(element))
+                    line += m_out->styled(QLatin1String("  ") + visible(value), Style::Dim);
+            }
+            return line;
+        }
+        for (const auto& attribute : attributesOf(element)) {
+            if (attribute.first == QLatin1String("name"))
+                continue;
+            const QString value =
+                isLong(attribute.first)
+                    ? QStringLiteral("(%1 characters)").arg(attribute.second.size())
+                    : attribute.second;
+            line += m_out->styled(QLatin1String("  @") +
+                                      visible(attribute.first + QLatin1Char('=') + value),
+                                  Style::Dim);
+        }
+        return line;
+    }
+
+    void printChildren(const QDomElement& parent, const QString& indent, int depth) const
+    {
+        if (depth > m_depth)
+            return;
+        Labels labels;
+        QVector<QPair<QDomElement, QString>> children;
+        for (QDomElement child = parent.firstChildElement(); !child.isNull();
+             child = child.nextSiblingElement()) {
+            const QString label = labels.next(child);
+            if (isShown(child))
+                children.append({child, label});
+        }
+        for (int i = 0; i < int(children.size()); ++i) {
+            const bool isLast = i + 1 == int(children.size());
+            m_out->line(indent + QString::fromUtf8(isLast ? "└─ " : "├─ ") +
+                        described(children[i].first, children[i].second));
+            printChildren(children[i].first, indent + QString::fromUtf8(isLast ? "   " : "│  "),
+                          depth + 1);
+        }
+    }
+
+    void printPaths(const QDomElement& root) const
+    {
+        printAttributes(root, QString());
+        walk(root, QString(), [this](const QDomElement& element, const QString& path) {
+            if (isParam(element)) {
+                if (m_params &&
+                    element.attribute(QStringLiteral("type")) != QLatin1String("shader"))
+                    m_out->line(visible(path) + QLatin1String(" = ") +
+                                visible(m_values->text(element)));
+            } else {
+                m_out->line(visible(path));
+            }
+            printAttributes(element, path);
+            return depthOf(element) < m_depth;
+        });
+    }
+
+    static int depthOf(const QDomElement& element)
+    {
+        int depth = 0;
+        for (QDomNode node = element.parentNode(); node.isElement(); node = node.parentNode())
+            ++depth;
+        return depth;
+    }
+
+    void printAttributes(const QDomElement& element, const QString& path) const
+    {
+        if (!m_params)
+            return;
+        for (const auto& attribute : attributesOf(element))
+            m_out->line(visible(attributePath(path, attribute.first)) + QLatin1String(" = ") +
+                        visible(attribute.second));
+    }
+
+    QJsonObject object(const QDomElement& element, const QString& path, int depth) const
+    {
+        QJsonObject result{{QStringLiteral("kind"), element.tagName()},
+                           {QStringLiteral("path"), path}};
+        const QString identity = identityOf(element);
+        if (!identity.isEmpty())
+            result.insert(QStringLiteral("name"), identity);
+        QJsonObject attributes;
+        for (const auto& attribute : attributesOf(element))
+            attributes.insert(attribute.first, attribute.second);
+        if (m_params && !attributes.isEmpty())
+            result.insert(QStringLiteral("attributes"), attributes);
+        if (m_params && isParam(element)) {
+            result.insert(QStringLiteral("type"), element.attribute(QStringLiteral("type")));
+            result.insert(QStringLiteral("value"), m_values->json(element));
+        }
+        QJsonArray children;
+        if (depth < m_depth) {
+            Labels labels;
+            for (QDomElement child = element.firstChildElement(); !child.isNull();
+                 child = child.nextSiblingElement()) {
+                const QString childPath = joined(path, labels.next(child));
+                if (isShown(child))
+                    children.append(object(child, childPath, depth + 1));
+            }
+        }
+        if (!children.isEmpty())
+            result.insert(QStringLiteral("children"), children);
+        return result;
+    }
+
+    QStringList m_files;
+    int m_depth = std::numeric_limits<int>::max();
+    bool m_params = false;
+    bool m_paths = false;
+    ParamValues* m_values = nullptr;
+    Output* m_out = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeTree()
+{
+    return std::make_unique<Tree>();
+}
+
+} // namespace rvopen::tools

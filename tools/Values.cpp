@@ -1,0 +1,249 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Values.h"
+
+#include <QJsonArray>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace rvopen::tools {
+
+namespace {
+
+QString name(const QDomElement& element, const char* attribute)
+{
+    return element.attribute(QLatin1String(attribute));
+}
+
+QString tripleText(const float (&triple)[3])
+{
+    return numberText(double(triple[0])) + QLatin1Char(' ') + numberText(double(triple[1])) +
+           QLatin1Char(' ') + numberText(double(triple[2]));
+}
+
+/// A float as the number that it was written as.
+double plain(float value)
+{
+    return numberText(double(value)).toDouble();
+}
+
+bool isTriple(const Param& param)
+{
+    return param.IsColour() || param.IsVector() || param.IsPoint();
+}
+
+unsigned int getTriple(const Param& param, float (&triple)[3])
+{
+    if (param.IsColour())
+        return param.GetValColour(triple);
+    return param.IsVector() ? param.GetValVector(triple) : param.GetValPoint(triple);
+}
+
+bool toHexColour(const QString& text, float (&triple)[3])
+{
+    static const QRegularExpression hex(QStringLiteral("^#[0-9a-fA-F]{6}$"));
+    if (!hex.match(text).hasMatch())
+        return false;
+    for (int i = 0; i < 3; ++i)
+        triple[i] = float(text.mid(1 + 2 * i, 2).toInt(nullptr, 16)) / 255.0f;
+    return true;
+}
+
+QString outsideRange(const QDomElement& param, double value)
+{
+    double low = 0;
+    double high = 0;
+    const bool hasLow = toNumber(name(param, "rangeMin"), low);
+    const bool hasHigh = toNumber(name(param, "rangeMax"), high);
+    if ((!hasLow || value >= low) && (!hasHigh || value <= high))
+        return QString();
+    return QStringLiteral("%1 is outside of %2 to %3")
+        .arg(numberText(value), hasLow ? numberText(low) : QStringLiteral("-infinity"),
+             hasHigh ? numberText(high) : QStringLiteral("infinity"));
+}
+
+} // namespace
+
+ParamValues::ParamValues() = default;
+
+/// The parameter goes, its element stays.
+ParamValues::~ParamValues()
+{
+    m_param.SetDomNode(QDomNode());
+}
+
+QString ParamValues::text(const QDomElement& param)
+{
+    m_param.SetDomNode(param);
+    float number = 0;
+    int integer = 0;
+    float triple[3] = {};
+    if (m_param.IsFloat())
+        return m_param.GetValFloat(&number) == 0 ? numberText(double(number)) : QString();
+    if (m_param.IsInt())
+        return m_param.GetValInt(&integer) == 0 ? QString::number(integer) : QString();
+    if (m_param.IsBool()) {
+        if (m_param.GetValBool(&integer) != 0)
+            return QString();
+        return integer ? QStringLiteral("true") : QStringLiteral("false");
+    }
+    if (isTriple(m_param))
+        return getTriple(m_param, triple) == 0 ? tripleText(triple) : QString();
+    return name(param, "val");
+}
+
+QJsonValue ParamValues::json(const QDomElement& param)
+{
+    m_param.SetDomNode(param);
+    float number = 0;
+    int integer = 0;
+    float triple[3] = {};
+    if (m_param.IsFloat())
+        return m_param.GetValFloat(&number) == 0 ? QJsonValue(plain(number)) : QJsonValue();
+    if (m_param.IsInt())
+        return m_param.GetValInt(&integer) == 0 ? QJsonValue(integer) : QJsonValue();
+    if (m_param.IsBool())
+        return m_param.GetValBool(&integer) == 0 ? QJsonValue(integer != 0) : QJsonValue();
+    if (isTriple(m_param)) {
+        if (getTriple(m_param, triple) != 0)
+            return QJsonValue();
+        return QJsonArray{plain(triple[0]), plain(triple[1]), plain(triple[2])};
+    }
+    return name(param, "val");
+}
+
+QString ParamValues::check(const QDomElement& param, const QString& text)
+{
+    m_param.SetDomNode(param);
+    const QString type = name(param, "type");
+    double number = 0;
+    int integer = 0;
+    bool truth = false;
+    float triple[3] = {};
+    const QString wrong = QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, type);
+    if (m_param.IsFloat())
+        return toNumber(text, number) ? outsideRange(param, number) : wrong;
+    if (m_param.IsInt())
+        return toInteger(text, integer) ? outsideRange(param, integer) : wrong;
+    if (m_param.IsBool())
+        return toBoolean(text, truth) ? QString() : wrong;
+    if (isTriple(m_param)) {
+        const bool isGood =
+            toTriple(text, triple) || (m_param.IsColour() && toHexColour(text, triple));
+        return isGood ? QString() : wrong;
+    }
+    if (m_param.IsString()) {
+        return isXmlText(text) ? QString()
+                               : QStringLiteral("it has a character that no document may contain");
+    }
+    if (m_param.IsShader()) {
+        return text == QLatin1String("colour")
+                   ? QString()
+                   : QStringLiteral("\"colour\" is the only kind of shader that the host knows");
+    }
+    return QStringLiteral("the parameter has no type that the host knows");
+}
+
+void ParamValues::set(const QDomElement& param, const QString& text)
+{
+    m_param.SetDomNode(param);
+    double number = 0;
+    int integer = 0;
+    bool truth = false;
+    float triple[3] = {};
+    if (m_param.IsFloat() && toNumber(text, number)) {
+        m_param.SetValFloat(float(number));
+    } else if (m_param.IsInt() && toInteger(text, integer)) {
+        m_param.SetValInt(integer);
+    } else if (m_param.IsBool() && toBoolean(text, truth)) {
+        m_param.SetValBool(truth ? 1 : 0);
+    } else if (isTriple(m_param)) {
+        if (!toTriple(text, triple))
+            toHexColour(text, triple);
+        if (m_param.IsColour())
+            m_param.SetValColour(triple);
+        else if (m_param.IsVector())
+            m_param.SetValVector(triple);
+        else
+            m_param.SetValPoint(triple);
+    } else if (m_param.IsString()) {
+        m_param.SetValString(text);
+    } else if (m_param.IsShader()) {
+        m_param.SetValShaderType(text);
+    }
+}
+
+QString numberText(double value)
+{
+    return QString::number(value, 'g', 6);
+}
+
+bool toNumber(const QString& text, double& value)
+{
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(float(number)))
+        return false;
+    value = number;
+    return true;
+}
+
+bool toInteger(const QString& text, int& value)
+{
+    bool isInteger = false;
+    const int integer = text.toInt(&isInteger);
+    if (isInteger)
+        value = integer;
+    return isInteger;
+}
+
+bool toTriple(const QString& text, float (&triple)[3])
+{
+    QString blanks = text;
+    blanks.replace(QLatin1Char(','), QLatin1Char(' '));
+    const QStringList parts = blanks.simplified().split(QLatin1Char(' '));
+    if (parts.size() != 3)
+        return false;
+    float numbers[3];
+    for (int i = 0; i < 3; ++i) {
+        double number = 0;
+        if (!toNumber(parts[i], number))
+            return false;
+        numbers[i] = float(number);
+    }
+    std::copy(numbers, numbers + 3, triple);
+    return true;
+}
+
+bool toBoolean(const QString& text, bool& value)
+{
+    const QString lower = text.toLower();
+    for (const char* word : {"true", "yes", "on", "1"}) {
+        if (lower == QLatin1String(word)) {
+            value = true;
+            return true;
+        }
+    }
+    for (const char* word : {"false", "no", "off", "0"}) {
+        if (lower == QLatin1String(word)) {
+            value = false;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isXmlText(const QString& text)
+{
+    const auto codes = text.toUcs4();
+    return std::all_of(codes.cbegin(), codes.cend(), [](uint c) {
+        return c >= 0x20 ? (c < 0xd800 || c > 0xdfff) && c != 0xfffe && c != 0xffff
+                         : c == 9 || c == 10 || c == 13;
+    });
+}
+
+} // namespace rvopen::tools

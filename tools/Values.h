@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/Param.h>
+
+#include <QDomElement>
+#include <QJsonValue>
+#include <QString>
+
+namespace rvopen::tools {
+
+/// The values of a document's parameters as the host sees them, lengths in scene units. One object
+/// serves all parameters of one document, whose units scale is looked up once.
+class ParamValues {
+public:
+    ParamValues();
+    ~ParamValues();
+    ParamValues(const ParamValues&) = delete;
+    ParamValues& operator=(const ParamValues&) = delete;
+
+    /// For people and for set(): "true", "0.5", "1 0 0". The stored text for a type that the
+    /// library does not know.
+    QString text(const QDomElement& param);
+    /// Null for a value that is absent.
+    QJsonValue json(const QDomElement& param);
+
+    /// The text as a value of the parameter's type, checked but not set yet. Empty when it is one,
+    /// otherwise what is wrong.
+    QString check(const QDomElement& param, const QString& text);
+    /// Sets a text that check() found good.
+    void set(const QDomElement& param, const QString& text);
+
+private:
+    Param m_param;
+};
+
+/// 6 significant digits in general notation, as the library writes numbers.
+QString numberText(double value);
+/// Finite, in the C locale, without anything around it.
+bool toNumber(const QString& text, double& value);
+bool toInteger(const QString& text, int& value);
+/// Three numbers between blanks or commas.
+bool toTriple(const QString& text, float (&triple)[3]);
+/// true, yes, on, 1 and their opposites.
+bool toBoolean(const QString& text, bool& value);
+/// Without the characters that no document may contain.
+bool isXmlText(const QString& text);
+
+} // namespace rvopen::tools
