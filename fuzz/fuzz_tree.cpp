@@ -745,6 +745,8 @@ private:
         Item* const item = from.item->children[position].get();
         const QDomNode element =
             from.node->GetDomNode().childNodes().at(static_cast<int>(position));
+        if (isInSnapShot(element))
+            return;
         auto* const node = new RVOpenNode();
         node->SetDomNode(element);
         if (m_input.flag()) {
@@ -764,6 +766,14 @@ private:
         const bool copies = element.ownerDocument() != to.node->GetDomNode().ownerDocument();
         trace(copies ? QStringLiteral("  copies") : QStringLiteral("  moves"));
         m_input.flag() ? insertWrapped(node, item, to) : addWrapped(node, item, to);
+    }
+
+    /// A snapshot may have objects for what is in its components that no walk comes across.
+    static bool isInSnapShot(QDomNode node)
+    {
+        while (!node.isNull() && node.nodeName() != QLatin1String("snapshot"))
+            node = node.parentNode();
+        return !node.isNull();
     }
 
     void insertWrapped(RVOpenNode* node, Item* item, const Place& to)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenNode.h>
@@ -74,9 +75,10 @@ template <typename Component, typename Prepare>
 Component* childOrNew(RVOpenNode* owner, KindTest<Component> isKind, names::Name elementName,
                       int create, Prepare prepare)
 {
+    const AllocationWatch memory;
     if (Component* const found = findChild(owner, isKind))
         return found;
-    if (!create || !NodeAccess::childOwner(owner))
+    if (!create || !NodeAccess::childOwner(owner) || memory.failed())
         return nullptr;
     Component* const made = newElement<Component>(owner, elementName);
     if (!made)

@@ -3,28 +3,44 @@
 
 #include <rvopen/ORVBase.h>
 
+#include <rvopen/AllocationWatch.h>
+
 #include <cstdlib>
 
 namespace rvopen {
 
+thread_local unsigned int AllocationWatch::s_failures = 0;
+
+namespace {
+
+void* allocate(std::size_t size)
+{
+    void* const memory = std::malloc(size);
+    if (!memory)
+        AllocationWatch::countFailure();
+    return memory;
+}
+
+} // namespace
+
 void* ORVBase::operator new(std::size_t size) noexcept
 {
-    return std::malloc(size);
+    return allocate(size);
 }
 
 void* ORVBase::operator new[](std::size_t size) noexcept
 {
-    return std::malloc(size);
+    return allocate(size);
 }
 
 void* ORVBase::operator new(std::size_t size, const char*, int) noexcept
 {
-    return std::malloc(size);
+    return allocate(size);
 }
 
 void* ORVBase::operator new[](std::size_t size, const char*, int) noexcept
 {
-    return std::malloc(size);
+    return allocate(size);
 }
 
 void ORVBase::operator delete(void* memory) noexcept

@@ -5,6 +5,8 @@
 
 #include <rvopen/NodeAccess.h>
 
+#include <QVarLengthArray>
+
 namespace rvopen {
 
 namespace {
@@ -55,11 +57,19 @@ Param* addParam(RVOpenNode* node, const ParamSpec& spec)
 
 void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count)
 {
+    const AllocationWatch memory;
     node->GetParamHelper()->Populate();
-    if (hasParam(node))
+    if (hasParam(node) || memory.failed())
         return;
-    for (std::size_t i = 0; i < count; ++i)
-        addParam(node, specs[i]);
+    QVarLengthArray<Param*, 32> added;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (Param* const param = addParam(node, specs[i]))
+            added.append(param);
+    }
+    if (!memory.failed())
+        return;
+    for (Param* const param : added)
+        node->DeleteNode(param);
 }
 
 } // namespace rvopen

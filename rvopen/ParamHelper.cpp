@@ -3,6 +3,7 @@
 
 #include <rvopen/ParamHelper.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
 #include <rvopen/Param.h>
@@ -25,8 +26,9 @@ Param* add(RVOpenNode* owner, Param* param, Setter setter, Value value)
         return nullptr;
     }
     (param->*setter)(value);
+    const AllocationWatch memory;
     owner->AddNode(param, true);
-    return param;
+    return memory.complete(param);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <rvopen/RVOpenManager.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/DirectoryHandler.h>
@@ -273,14 +274,17 @@ int RVOpenManager::GetNumSnapShots() const
 
 SnapShot* RVOpenManager::CreateInternalSnapShot(SnapShot* source)
 {
+    const AllocationWatch memory;
     if (source)
-        return new SnapShot(static_cast<RVOpenNode*>(source));
+        return memory.complete(new SnapShot(static_cast<RVOpenNode*>(source)));
     if (!m_snapShotDocument)
         return nullptr;
     QDomElement element = m_snapShotDocument->createElement(names::element::snapShot());
     element.setAttribute(names::attribute::name(), names::value::currentSnapShot());
-    m_rootElement.appendChild(element);
-    return new SnapShot(element);
+    auto* const snapShot = new SnapShot(element);
+    if (snapShot)
+        m_rootElement.appendChild(element);
+    return snapShot;
 }
 
 QString RVOpenManager::GetNextSnapShotName(QString base, SnapShots::SnapShotType type)
@@ -328,14 +332,17 @@ Background* RVOpenManager::GetOriginalBackground()
 {
     if (m_originalBackground || !m_snapShotDocument)
         return m_originalBackground;
-    m_originalBackground = new Background(nullptr);
-    if (!m_originalBackground)
+    const AllocationWatch memory;
+    auto* const background = new Background(nullptr);
+    if (!background)
         return nullptr;
     QDomElement element = m_snapShotDocument->createElement(names::element::background());
     element.setAttribute(names::attribute::subCat(), names::subCategory::horizon());
-    m_rootElement.appendChild(element);
-    m_originalBackground->SetDomNode(element);
-    m_originalBackground->PopulateParams();
+    background->SetDomNode(element);
+    background->PopulateParams();
+    m_originalBackground = memory.complete(background);
+    if (m_originalBackground)
+        m_rootElement.appendChild(element);
     return m_originalBackground;
 }
 
@@ -585,8 +592,10 @@ SnapShots* RVOpenManager::appendCollection(const QString& name)
 {
     QDomElement element = m_snapShotDocument->createElement(names::element::snapShots());
     element.setAttribute(names::attribute::name(), name);
-    m_rootElement.appendChild(element);
-    return new SnapShots(element);
+    auto* const collection = new SnapShots(element);
+    if (collection)
+        m_rootElement.appendChild(element);
+    return collection;
 }
 
 void RVOpenManager::appendMainCollection()

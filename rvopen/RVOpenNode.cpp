@@ -3,6 +3,7 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
@@ -251,16 +252,21 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
 {
     if (!canTake(child))
         return;
+    const AllocationWatch memory;
     RVOpenNode* parent = this;
     if (RVOpenNode* const first = GetChild(1, 1)) {
         RVOpenNode* last = first;
         while (RVOpenNode* const next = last->GetNext(1))
             last = next;
+        if (memory.failed())
+            return;
         last->m_next = child;
         if (first->m_parent)
             parent = first->m_parent;
     } else {
         const ArchiveReference archive = followArchive ? openArchive() : ArchiveReference{};
+        if (memory.failed())
+            return;
         if (archive.root) {
             archive.root->AddNode(child, false);
             return;

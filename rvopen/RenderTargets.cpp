@@ -3,6 +3,7 @@
 
 #include <rvopen/RenderTargets.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/ChildPopulation.h>
 #include <rvopen/Names.h>
 #include <rvopen/RenderTarget.h>
@@ -37,11 +38,12 @@ RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 {
     if (source)
         return new RenderTarget(static_cast<RVOpenNode*>(source));
+    const AllocationWatch memory;
     QDomDocument document = GetDomNode().ownerDocument();
     auto* const target = new RenderTarget(document.createElement(names::element::renderTarget()));
     if (target)
         target->PopulateParams();
-    return target;
+    return memory.complete(target);
 }
 
 void RenderTargets::Clear()

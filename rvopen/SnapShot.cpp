@@ -3,6 +3,7 @@
 
 #include <rvopen/SnapShot.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/ArtificialLightStudio.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
@@ -56,10 +57,11 @@ Component* create(const RVOpenNode* owner, names::Name name)
 template <typename Component>
 Component* createWithParams(const RVOpenNode* owner, names::Name name)
 {
+    const AllocationWatch memory;
     auto* const component = create<Component>(owner, name);
     if (component)
         component->PopulateParams();
-    return component;
+    return memory.complete(component);
 }
 
 template <typename Component>
@@ -94,19 +96,20 @@ struct SnapShot::Components {
         destroy(snapShot, held);
     }
 
+    /// Only the component's own element is taken out: what a host moved out of the component by
+    /// other objects of the same elements stays where it was put.
     template <typename Component>
     static void destroy(const SnapShot* snapShot, Component*& held)
     {
         if (!held)
             return;
-        // Siblings that a walk made from the component are views of the snapshot's other elements.
-        NodeAccess::dropView(held->GetNext(0));
-        held->SetNext(nullptr);
-        if (held->GetDomNode().parentNode() == snapShot->GetDomNode())
-            delete held;
-        else
-            NodeAccess::dropView(held);
+        const QDomNode element = held->GetDomNode();
+        NodeAccess::dropView(held);
         held = nullptr;
+        // A snapshot that was taken out of its document by hand may be bound to nothing.
+        QDomNode own = snapShot->GetDomNode();
+        if (!NodeAccess::isDroppingView() && !own.isNull() && element.parentNode() == own)
+            own.removeChild(element);
     }
 
     /// Removes the component held and stores \p fresh, its element as the last child.
@@ -127,9 +130,20 @@ struct SnapShot::Components {
     template <typename Component>
     static Component* addCopy(SnapShot* snapShot, Component*& held, Component* source)
     {
+        return addCopy(snapShot, held, source, [](Component&) {});
+    }
+
+    template <typename Component, typename Prepare>
+    static Component* addCopy(SnapShot* snapShot, Component*& held, Component* source,
+                              Prepare prepare)
+    {
         // The copy comes first: the source may be the component held.
+        const AllocationWatch memory;
         auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
-        return source && !copy ? nullptr : replace(snapShot, held, copy);
+        if (copy)
+            prepare(*copy);
+        Component* const complete = memory.complete(copy);
+        return source && !complete ? nullptr : replace(snapShot, held, complete);
     }
 
     template <typename Component>
@@ -280,13 +294,15 @@ NaturalLightStudio* SnapShot::GetNaturalLightStudio() const
 
 ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
 {
-    if (m_artificialLightStudio || !Components::getOrCreate(this, m_artificialLightStudio,
-                                                            names::element::artificialLightStudio))
+    if (m_artificialLightStudio)
         return m_artificialLightStudio;
-    m_artificialLightStudio->PopulateParams();
-    m_artificialLightStudio->SetEnabled(1);
-    m_artificialLightStudio->SetIntensityScale(1.0f);
-    return m_artificialLightStudio;
+    auto* const studio =
+        createWithParams<ArtificialLightStudio>(this, names::element::artificialLightStudio);
+    if (!studio)
+        return nullptr;
+    studio->SetEnabled(1);
+    studio->SetIntensityScale(1.0f);
+    return Components::replace(this, m_artificialLightStudio, studio);
 }
 
 RenderTargets* SnapShot::GetRenderTargets()
@@ -336,10 +352,8 @@ Scheme* SnapShot::AddScheme(Scheme* scheme)
 
 Background* SnapShot::AddBackground(Background* background)
 {
-    if (!Components::addCopy(this, m_background, background))
-        return nullptr;
-    m_background->PopulateParams();
-    return m_background;
+    return Components::addCopy(this, m_background, background,
+                               [](Background& copy) { copy.PopulateParams(); });
 }
 
 Foreground* SnapShot::AddForeground(Foreground* foreground)

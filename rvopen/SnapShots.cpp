@@ -3,6 +3,7 @@
 
 #include <rvopen/SnapShots.h>
 
+#include <rvopen/AllocationWatch.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/ChildPopulation.h>
@@ -19,7 +20,8 @@ namespace {
 template <typename Component>
 Component* cloneOf(Component* source)
 {
-    return source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
+    const AllocationWatch memory;
+    return source ? memory.complete(new Component(static_cast<RVOpenNode*>(source))) : nullptr;
 }
 
 } // namespace

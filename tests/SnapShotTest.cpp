@@ -1330,5 +1330,38 @@ TEST_F(SnapShotFilesTest, ThePathOfACloneIsAtFirstTheSnapShotsFolderOfTheRegistr
     EXPECT_EQ(clone.GetThumbFilename(), in(folders.snapshots(), "icon_a%3ab.jpg"));
 }
 
+TEST(SnapShotTest, DeletingASnapShotBoundToNothingLeavesWhatTheHostTookOutOfIt)
+{
+    QDomDocument document =
+        parse("<a><snapshot><materialRepository><material/></materialRepository></snapshot></a>");
+    RVOpenNode root;
+    root.SetDomNode(document.documentElement());
+    auto* const snapShot = dynamic_cast<SnapShot*>(root.GetChild(1, 1));
+    ASSERT_NE(snapShot, nullptr);
+    RVOpenNode* const palette = snapShot->GetChild(1, 1);
+    snapShot->DetachNode(palette, true);
+    document.documentElement().removeChild(snapShot->GetDomNode());
+    root.DeleteNode(snapShot);
+
+    EXPECT_EQ(xmlOf(palette->GetDomNode()),
+              xmlOf("<materialRepository><material/></materialRepository>"));
+    delete palette;
+}
+
+TEST(SnapShotTest, DeletingLeavesWhatTheHostMovedOutOfAComponent)
+{
+    const QDomDocument document = parse("<a><snapshot><materialRepository><material/>"
+                                        "</materialRepository></snapshot></a>");
+    RVOpenNode root;
+    root.SetDomNode(document.documentElement());
+    RVOpenNode* const snapShot = root.GetChild(1, 1);
+    RVOpenNode* const palette = snapShot->GetChild(1, 1);
+    RVOpenNode* const material = palette->GetChild(1, 1);
+    palette->DetachNode(material, true);
+    root.ReplaceNode(snapShot, material);
+
+    EXPECT_EQ(xmlOf(document), xmlOf("<a><material/></a>"));
+}
+
 } // namespace
 } // namespace rvopen
