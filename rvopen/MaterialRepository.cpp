@@ -11,6 +11,7 @@
 #include <rvopen/Material.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
 
@@ -129,7 +130,7 @@ void MaterialRepository::Clear()
 
 Material* MaterialRepository::GetFirstMaterial()
 {
-    return dynamic_cast<Material*>(GetChild(0, 0));
+    return nodeCast<Material>(GetChild(0, 0));
 }
 
 unsigned int MaterialRepository::GetNumMaterials()

@@ -118,8 +118,7 @@ RVOpenNode::RVOpenNode(RVOpenNode* source)
     if (!source)
         return;
     QDomDocument document = source->m_node.ownerDocument();
-    m_node = document.importNode(source->m_node, true);
-    m_document = document;
+    bind(document.importNode(source->m_node, true), document);
 }
 
 RVOpenNode::RVOpenNode(const RVOpenNode& other) = default;
@@ -188,8 +187,7 @@ QDomNode RVOpenNode::GetDomNode() const
 
 void RVOpenNode::SetDomNode(QDomNode node)
 {
-    m_document = node.ownerDocument();
-    m_node = node;
+    bind(node, node.ownerDocument());
 }
 
 QString RVOpenNode::GetNodeName() const
@@ -544,14 +542,21 @@ QString RVOpenNode::GetArchiveFolder() const
     return folder + QDir::separator() + path;
 }
 
+void RVOpenNode::bind(const QDomNode& node, const QDomDocument& document)
+{
+    m_node = node;
+    m_element = node.toElement();
+    m_document = document;
+}
+
 QString RVOpenNode::attribute(const QString& name) const
 {
-    return m_node.toElement().attribute(name);
+    return m_element.attribute(name);
 }
 
 void RVOpenNode::setAttribute(const QString& name, const QString& value)
 {
-    m_node.toElement().setAttribute(name, value);
+    m_element.setAttribute(name, value);
 }
 
 int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const

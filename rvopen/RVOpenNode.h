@@ -7,6 +7,7 @@
 #include <rvopen/ParamHelper.h>
 
 #include <QDomDocument>
+#include <QDomElement>
 #include <QDomNode>
 #include <QString>
 
@@ -221,6 +222,7 @@ private:
 
     struct ArchiveReference;
 
+    void bind(const QDomNode& node, const QDomDocument& document);
     QString attribute(const QString& name) const;
     void setAttribute(const QString& name, const QString& value);
     int flag(const QString& name, int valueWhenAbsent) const;
@@ -239,6 +241,7 @@ private:
     void removeElement();
 
     QDomNode m_node;
+    QDomElement m_element; ///< The node as an element, null for another kind of node.
     RVOpenNode* m_next = nullptr;
     RVOpenNode* m_firstChild = nullptr;
     RVOpenNode* m_parent = nullptr;

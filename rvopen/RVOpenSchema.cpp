@@ -18,6 +18,7 @@
 #include <rvopen/Names.h>
 #include <rvopen/NaturalLightStudio.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RenderTarget.h>
@@ -132,7 +133,7 @@ RVOpenNode* asKind(RVOpenNode* node, names::Name name)
 template <typename Class>
 Class* asClass(RVOpenNode* node, names::Name name)
 {
-    return isNamed(node, name) ? dynamic_cast<Class*>(node) : nullptr;
+    return isNamed(node, name) ? nodeCast<Class>(node) : nullptr;
 }
 
 /// A group element and the kind of preset that it holds.
@@ -258,7 +259,7 @@ ShaderColour* RVOpenSchema::isNodeShaderColour(RVOpenNode* node)
     const Param* const param = isNodeParam(node);
     if (!param || param->GetValShaderType() != names::paramType::colour())
         return nullptr;
-    return dynamic_cast<ShaderColour*>(node);
+    return nodeCast<ShaderColour>(node);
 }
 
 ShaderPlainColour* RVOpenSchema::isNodeShaderPlainColour(RVOpenNode* node)
