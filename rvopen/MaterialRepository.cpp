@@ -25,6 +25,14 @@ void setFlag(int* flag, int value)
         *flag = value;
 }
 
+bool isInChain(const RVOpenNode* owner, const RVOpenNode* wanted)
+{
+    const RVOpenNode* node = NodeAccess::firstChild(owner);
+    while (node && node != wanted)
+        node = NodeAccess::next(node);
+    return node != nullptr;
+}
+
 /// A copy for \p target to take over; null where the target can take none.
 template <typename Component>
 Component* cloneFor(Material* target, Component* source)
@@ -88,17 +96,12 @@ void MaterialRepository::AddMaterial(Material* material)
         return;
     if (!GetChild(0, 0))
         Populate();
-    RVOpenNode* last = nullptr;
-    for (RVOpenNode* node = GetChild(0, 0); node; node = node->GetNext(1)) {
-        if (node == material)
-            return;
-        last = node;
-    }
-    if (last)
-        last->SetNext(material);
-    else
-        NodeAccess::setFirstChild(this, material);
+    RVOpenNode* const last = NodeAccess::lastChild(this);
+    // What is in the chain is the last of it or has a next one.
+    if (material == last || (NodeAccess::next(material) && isInChain(this, material)))
+        return;
     material->SetParent(this);
+    NodeAccess::linkLast(this, last, material);
 }
 
 void MaterialRepository::RemoveMaterial(Material* material)
@@ -106,19 +109,17 @@ void MaterialRepository::RemoveMaterial(Material* material)
     if (!material)
         return;
     RVOpenNode* const first = GetChild(0, 0);
-    if (first == material) {
-        Material* const next = material->GetNext();
-        NodeAccess::setFirstChild(this, next);
-        if (!next)
-            NodeAccess::dropView(material->GetNext(0));
+    RVOpenNode* const rest =
+        first == material && !material->GetNext() ? material->GetNext(0) : nullptr;
+    if (first && !rest) {
+        NodeAccess::unlink(this, material);
     } else {
-        RVOpenNode* before = first;
-        while (before && before->GetNext(1) != material)
-            before = before->GetNext(0);
-        if (before)
-            before->SetNext(material->GetNext(1));
+        material->SetNext(nullptr);
+        if (rest) {
+            NodeAccess::setFirstChild(this, nullptr);
+            NodeAccess::dropView(rest);
+        }
     }
-    material->SetNext(nullptr);
     delete material;
 }
 
