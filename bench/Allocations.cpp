@@ -60,6 +60,11 @@ double bytesInUse()
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
+void tidyHeap()
+{
+    malloc_trim(0);
+}
+
 } // namespace rvopen::bench
 
 #else
@@ -80,6 +85,8 @@ double bytesInUse()
 {
     return 0.0;
 }
+
+void tidyHeap() {}
 
 } // namespace rvopen::bench
 

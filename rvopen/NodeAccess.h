@@ -55,6 +55,13 @@ struct NodeAccess {
         node->holdDocument();
     }
 
+    /// A new object of the class that stands for the node: RVOpenSchema::createNode().
+    static RVOpenNode* make(const QDomNode& node);
+    static void bind(RVOpenNode* node, const QDomElement& element)
+    {
+        node->bind(element, element);
+    }
+
     /// Attributes by the names of Names.h.
     static QString attribute(const RVOpenNode* node, const QString& name)
     {

@@ -54,7 +54,7 @@ RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
     }
     const Materialising entry{from, child, innermost};
     innermost = &entry;
-    RVOpenNode* const made = RVOpenSchema::createNode(node);
+    RVOpenNode* const made = NodeAccess::make(node);
     innermost = entry.outer;
     return made;
 }
@@ -146,7 +146,9 @@ RVOpenNode::RVOpenNode(RVOpenNode* source)
     if (!source)
         return;
     QDomDocument document = source->m_node.ownerDocument();
-    bind(document.importNode(source->m_node, true), document);
+    m_node = document.importNode(source->m_node, true);
+    m_element = m_node.toElement();
+    m_document = document;
 }
 
 RVOpenNode::RVOpenNode(const RVOpenNode& other)
@@ -160,7 +162,9 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
     if (m_next)
         endEpoch();
     ORVBase::operator=(other);
-    bind(other.m_node, other.m_document);
+    m_node = other.m_node;
+    m_element = other.m_element;
+    m_document = other.m_document;
     m_next = other.m_next;
     m_firstChild = other.m_firstChild;
     m_parent = other.m_parent;
@@ -233,7 +237,7 @@ QDomNode RVOpenNode::GetDomNode() const
 
 void RVOpenNode::SetDomNode(QDomNode node)
 {
-    bind(node, node.ownerDocument());
+    bind(node, node.toElement());
 }
 
 QString RVOpenNode::GetNodeName() const
@@ -585,11 +589,11 @@ QString RVOpenNode::GetArchiveFolder() const
     return folder + QDir::separator() + path;
 }
 
-void RVOpenNode::bind(const QDomNode& node, const QDomDocument& document)
+void RVOpenNode::bind(const QDomNode& node, const QDomElement& element)
 {
+    m_document = node.ownerDocument();
     m_node = node;
-    m_element = node.toElement();
-    m_document = document;
+    m_element = element;
 }
 
 void RVOpenNode::placeUnder(RVOpenNode* parent)

@@ -223,7 +223,7 @@ private:
 
     struct ArchiveReference;
 
-    void bind(const QDomNode& node, const QDomDocument& document);
+    void bind(const QDomNode& node, const QDomElement& element);
     void placeUnder(RVOpenNode* parent);
     QString attribute(const QString& name) const;
     void setAttribute(const QString& name, const QString& value);
