@@ -10,6 +10,7 @@
 #include <rvopen/Finish.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/Transparency.h>
 
@@ -28,7 +29,7 @@ Material::~Material()
 
 Material* Material::GetNext()
 {
-    return dynamic_cast<Material*>(GetNext(1));
+    return nodeCast<Material>(GetNext(1));
 }
 
 QString Material::GetLinkName() const

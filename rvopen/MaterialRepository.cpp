@@ -11,6 +11,7 @@
 #include <rvopen/Material.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
 
@@ -22,6 +23,14 @@ void setFlag(int* flag, int value)
 {
     if (flag)
         *flag = value;
+}
+
+bool isInChain(const RVOpenNode* owner, const RVOpenNode* wanted)
+{
+    const RVOpenNode* node = NodeAccess::firstChild(owner);
+    while (node && node != wanted)
+        node = NodeAccess::next(node);
+    return node != nullptr;
 }
 
 /// A copy for \p target to take over; null where the target can take none.
@@ -87,17 +96,12 @@ void MaterialRepository::AddMaterial(Material* material)
         return;
     if (!GetChild(0, 0))
         Populate();
-    RVOpenNode* last = nullptr;
-    for (RVOpenNode* node = GetChild(0, 0); node; node = node->GetNext(1)) {
-        if (node == material)
-            return;
-        last = node;
-    }
-    if (last)
-        last->SetNext(material);
-    else
-        NodeAccess::setFirstChild(this, material);
+    RVOpenNode* const last = NodeAccess::lastChild(this);
+    // What is in the chain is the last of it or has a next one.
+    if (material == last || (NodeAccess::next(material) && isInChain(this, material)))
+        return;
     material->SetParent(this);
+    NodeAccess::linkLast(this, last, material);
 }
 
 void MaterialRepository::RemoveMaterial(Material* material)
@@ -105,19 +109,17 @@ void MaterialRepository::RemoveMaterial(Material* material)
     if (!material)
         return;
     RVOpenNode* const first = GetChild(0, 0);
-    if (first == material) {
-        Material* const next = material->GetNext();
-        NodeAccess::setFirstChild(this, next);
-        if (!next)
-            NodeAccess::dropView(material->GetNext(0));
+    RVOpenNode* const rest =
+        first == material && !material->GetNext() ? material->GetNext(0) : nullptr;
+    if (first && !rest) {
+        NodeAccess::unlink(this, material);
     } else {
-        RVOpenNode* before = first;
-        while (before && before->GetNext(1) != material)
-            before = before->GetNext(0);
-        if (before)
-            before->SetNext(material->GetNext(1));
+        material->SetNext(nullptr);
+        if (rest) {
+            NodeAccess::setFirstChild(this, nullptr);
+            NodeAccess::dropView(rest);
+        }
     }
-    material->SetNext(nullptr);
     delete material;
 }
 
@@ -129,7 +131,7 @@ void MaterialRepository::Clear()
 
 Material* MaterialRepository::GetFirstMaterial()
 {
-    return dynamic_cast<Material*>(GetChild(0, 0));
+    return nodeCast<Material>(GetChild(0, 0));
 }
 
 unsigned int MaterialRepository::GetNumMaterials()

@@ -13,10 +13,7 @@ struct NodeAccess {
     {
         return node->m_firstChild;
     }
-    static void setFirstChild(RVOpenNode* node, RVOpenNode* child)
-    {
-        node->m_firstChild = child;
-    }
+    static void setFirstChild(RVOpenNode* node, RVOpenNode* child);
     static RVOpenNode* next(const RVOpenNode* node)
     {
         return node->m_next;
@@ -25,6 +22,24 @@ struct NodeAccess {
     static RVOpenNode* ownFirstChild(RVOpenNode* node)
     {
         return node->GetChild(1, 0);
+    }
+    /// The last child of the node's own chain, with all up to it made; null when none is made.
+    static RVOpenNode* lastChild(const RVOpenNode* node)
+    {
+        return node->m_firstChild ? node->m_firstChild->endOfChain() : nullptr;
+    }
+    /// Links \p child behind \p last, which lastChild() gave.
+    static void linkLast(RVOpenNode* node, RVOpenNode* last, RVOpenNode* child)
+    {
+        if (last)
+            node->m_firstChild->linkBehind(last, child);
+        else
+            setFirstChild(node, child);
+    }
+    /// Takes a child out of the node's own chain; its element stays.
+    static void unlink(RVOpenNode* node, RVOpenNode* child)
+    {
+        node->unlinkHere(child);
     }
     /// Detaches a child of the node's own chain, without looking at archives.
     static void detachOwn(RVOpenNode* node, RVOpenNode* child)
@@ -38,6 +53,13 @@ struct NodeAccess {
     static void holdDocument(RVOpenNode* node)
     {
         node->holdDocument();
+    }
+
+    /// A new object of the class that stands for the node: RVOpenSchema::createNode().
+    static RVOpenNode* make(const QDomNode& node);
+    static void bind(RVOpenNode* node, const QDomElement& element)
+    {
+        node->bind(element, element);
     }
 
     /// Attributes by the names of Names.h.

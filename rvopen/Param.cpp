@@ -5,6 +5,7 @@
 
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/ValueText.h>
 
@@ -54,7 +55,7 @@ void Param::SetDomNode(QDomNode node)
 
 Param* Param::GetNext()
 {
-    return dynamic_cast<Param*>(GetNext(0));
+    return nodeCast<Param>(GetNext(0));
 }
 
 int Param::IsFloat() const

@@ -4,6 +4,7 @@
 #include <rvopen/ParamAccess.h>
 
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 
 #include <QVarLengthArray>
 
@@ -35,7 +36,7 @@ Param* addOfType(ParamHelper* params, const QString& name, ParamType type)
 bool hasParam(RVOpenNode* node)
 {
     for (RVOpenNode* child = node->GetChild(0, 1); child; child = child->GetNext(0)) {
-        if (dynamic_cast<Param*>(child))
+        if (nodeCast<Param>(child))
             return true;
     }
     return false;

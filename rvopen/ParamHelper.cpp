@@ -6,6 +6,7 @@
 #include <rvopen/AllocationWatch.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
 
@@ -51,7 +52,7 @@ void ParamHelper::Populate()
 
 Param* ParamHelper::GetFirstParam()
 {
-    return dynamic_cast<Param*>(m_owner->GetChild(0, 1));
+    return nodeCast<Param>(m_owner->GetChild(0, 1));
 }
 
 Param* ParamHelper::CreateParam(QString name)
@@ -111,7 +112,8 @@ Param* ParamHelper::AddPointParam(QString name)
 Param* ParamHelper::FindParam(QString name)
 {
     for (Param* param = GetFirstParam(); param; param = param->GetNext()) {
-        if (param->GetName() == name)
+        const QString itsName = NodeAccess::attribute(param, names::attribute::name());
+        if (itsName.size() == name.size() && itsName == name)
             return param;
     }
     return nullptr;

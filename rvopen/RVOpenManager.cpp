@@ -39,6 +39,21 @@ void destroy(Object*& object)
     object = nullptr;
 }
 
+/// For objects whose document goes with them: takes their element and its children out as destroy()
+/// does, since the manager has handles to elements, but not each element below those.
+template <typename Object>
+void destroyWithDocument(Object*& object)
+{
+    if (!object)
+        return;
+    QDomNode element = object->GetDomNode();
+    NodeAccess::dropView(object);
+    object = nullptr;
+    for (QDomNode child = element.firstChild(); !child.isNull(); child = element.firstChild())
+        element.removeChild(child);
+    element.parentNode().removeChild(element);
+}
+
 void dropViews(QVector<RVOpenNode*>& views)
 {
     for (RVOpenNode* const view : std::as_const(views))
@@ -122,14 +137,14 @@ RVOpenManager::~RVOpenManager()
 {
     destroy(m_defaultArchiveRoot);
     destroy(m_defaultArchiveDocument);
-    destroy(m_snapShots);
-    destroy(m_backgrounds);
-    destroy(m_cameras);
-    destroy(m_materialPalettes);
-    destroy(m_tempSnapShots);
+    destroyWithDocument(m_snapShots);
+    destroyWithDocument(m_backgrounds);
+    destroyWithDocument(m_cameras);
+    destroyWithDocument(m_materialPalettes);
+    destroyWithDocument(m_tempSnapShots);
     destroy(m_resetSnapShot);
-    destroy(m_currentSnapShot);
-    destroy(m_originalBackground);
+    destroyWithDocument(m_currentSnapShot);
+    destroyWithDocument(m_originalBackground);
     destroy(m_snapShotDocument);
     destroy(m_importDocument);
     destroy(m_importCurrentSnapShot);
@@ -203,14 +218,14 @@ void RVOpenManager::InitialiseSnapShotDoc()
 
 void RVOpenManager::ClearSnapShotDoc()
 {
-    destroy(m_snapShots);
-    destroy(m_cameras);
-    destroy(m_backgrounds);
-    destroy(m_materialPalettes);
-    destroy(m_tempSnapShots);
+    destroyWithDocument(m_snapShots);
+    destroyWithDocument(m_cameras);
+    destroyWithDocument(m_backgrounds);
+    destroyWithDocument(m_materialPalettes);
+    destroyWithDocument(m_tempSnapShots);
     destroy(m_resetSnapShot);
-    destroy(m_currentSnapShot);
-    destroy(m_originalBackground);
+    destroyWithDocument(m_currentSnapShot);
+    destroyWithDocument(m_originalBackground);
     dropViews(m_retiredViews);
     destroy(m_snapShotDocument);
 }

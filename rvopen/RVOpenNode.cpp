@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QDomElement>
 
+#include <atomic>
 #include <new>
 #include <vector>
 
@@ -44,24 +45,40 @@ thread_local ChainTeardown* t_teardown = nullptr;
 thread_local const Materialising* t_materialising = nullptr;
 thread_local bool t_droppingView = false;
 
-bool isMaterialising(const RVOpenNode* node, bool child)
-{
-    for (const Materialising* m = t_materialising; m; m = m->outer) {
-        if (m->node == node && m->child == child)
-            return true;
-    }
-    return false;
-}
-
 RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
 {
-    if (isMaterialising(from, child))
-        return nullptr;
-    const Materialising entry{from, child, t_materialising};
-    t_materialising = &entry;
-    RVOpenNode* const made = RVOpenSchema::createNode(node);
-    t_materialising = entry.outer;
+    const Materialising*& innermost = t_materialising;
+    for (const Materialising* m = innermost; m; m = m->outer) {
+        if (m->node == from && m->child == child)
+            return nullptr;
+    }
+    const Materialising entry{from, child, innermost};
+    innermost = &entry;
+    RVOpenNode* const made = NodeAccess::make(node);
+    innermost = entry.outer;
     return made;
+}
+
+/// A walk along a chain that is longer than this leaves notes, so that the next one is short:
+/// appending to a chain and taking its last node away need not walk along it each time.
+///
+/// A note never decides what is in a chain or in which order; it only says where to look, and is
+/// about a node that is there and has the link that it was noted for. So each link change keeps the
+/// notes about its neighbours in order, and whatever could leave a wrong one ends the epoch, and
+/// with it all notes: SetNext() and assignment, which change links in any way, and the death of a
+/// node that a note may lead to.
+constexpr int s_longWalk = 32;
+constexpr quint32 s_lastEpoch = 0x7FFFFFFF; ///< Has no notes.
+std::atomic<quint32> s_epoch{1};
+std::atomic<bool> s_epochHasNotes{false};
+
+void endEpoch()
+{
+    if (!s_epochHasNotes)
+        return;
+    s_epochHasNotes = false;
+    if (s_epoch != s_lastEpoch)
+        ++s_epoch;
 }
 
 void removeFromParent(const QDomNode& node)
@@ -94,6 +111,15 @@ RVOpenNode* NodeAccess::childOwner(RVOpenNode* node)
     return archive.isReference ? archive.root : node;
 }
 
+void NodeAccess::setFirstChild(RVOpenNode* node, RVOpenNode* child)
+{
+    if (node->m_firstChild)
+        endEpoch();
+    node->m_firstChild = child;
+    if (child)
+        child->m_noted = nullptr;
+}
+
 void NodeAccess::dropView(RVOpenNode* node)
 {
     const bool outer = t_droppingView;
@@ -109,25 +135,48 @@ bool NodeAccess::isDroppingView()
 
 RVOpenNode::RVOpenNode()
     : m_paramHelper(this)
+    , m_notedIn(0)
+    , m_isNoted(0)
 {
 }
 
 RVOpenNode::RVOpenNode(RVOpenNode* source)
-    : m_paramHelper(this)
+    : RVOpenNode()
 {
     if (!source)
         return;
     QDomDocument document = source->m_node.ownerDocument();
     m_node = document.importNode(source->m_node, true);
+    m_element = m_node.toElement();
     m_document = document;
 }
 
-RVOpenNode::RVOpenNode(const RVOpenNode& other) = default;
+RVOpenNode::RVOpenNode(const RVOpenNode& other)
+    : RVOpenNode()
+{
+    *this = other;
+}
 
-RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other) = default;
+RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
+{
+    if (m_next)
+        endEpoch();
+    ORVBase::operator=(other);
+    m_node = other.m_node;
+    m_element = other.m_element;
+    m_document = other.m_document;
+    m_next = other.m_next;
+    m_firstChild = other.m_firstChild;
+    m_parent = other.m_parent;
+    m_paramHelper = other.m_paramHelper;
+    m_noted = nullptr;
+    return *this;
+}
 
 RVOpenNode::~RVOpenNode()
 {
+    if (m_isNoted)
+        endEpoch();
     delete m_firstChild;
     m_firstChild = nullptr;
 
@@ -176,7 +225,7 @@ RVOpenNode* RVOpenNode::GetChild(int create, int followArchive)
     RVOpenNode* const child = makeLinked(this, true, first);
     if (child) {
         m_firstChild = child;
-        child->SetParent(this);
+        child->m_parent = this;
     }
     return child;
 }
@@ -188,8 +237,7 @@ QDomNode RVOpenNode::GetDomNode() const
 
 void RVOpenNode::SetDomNode(QDomNode node)
 {
-    m_document = node.ownerDocument();
-    m_node = node;
+    bind(node, node.toElement());
 }
 
 QString RVOpenNode::GetNodeName() const
@@ -204,13 +252,10 @@ RVOpenNode* RVOpenNode::GetParent() const
 
 void RVOpenNode::SetParent(RVOpenNode* parent)
 {
-    m_parent = parent;
-    if (!parent || m_node.isNull() || parent->m_node.isNull())
-        return;
-    if (m_node.parentNode() == parent->m_node)
-        return;
-    parent->m_node.appendChild(m_node);
-    holdDocument();
+    // The note is about a chain of the parent's.
+    if (parent != m_parent)
+        m_noted = nullptr;
+    placeUnder(parent);
 }
 
 RVOpenNode* RVOpenNode::GetNext(int create)
@@ -222,6 +267,8 @@ RVOpenNode* RVOpenNode::GetNext(int create)
 
 void RVOpenNode::SetNext(RVOpenNode* next)
 {
+    if (m_next && m_next != next)
+        endEpoch();
     m_next = next;
 }
 
@@ -255,12 +302,10 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
     const AllocationWatch memory;
     RVOpenNode* parent = this;
     if (RVOpenNode* const first = GetChild(1, 1)) {
-        RVOpenNode* last = first;
-        while (RVOpenNode* const next = last->GetNext(1))
-            last = next;
+        RVOpenNode* const last = first->endOfChain();
         if (memory.failed())
             return;
-        last->m_next = child;
+        first->linkBehind(last, child);
         if (first->m_parent)
             parent = first->m_parent;
     } else {
@@ -272,7 +317,7 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
             return;
         }
         if (!archive.isReference)
-            m_firstChild = child;
+            NodeAccess::setFirstChild(this, child);
     }
 
     if (child->standsOutside(parent)) {
@@ -280,7 +325,7 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
         child->m_parent = parent;
         parent->m_node.appendChild(parent->m_node.ownerDocument().importNode(child->m_node, true));
     } else {
-        child->SetParent(parent);
+        child->placeUnder(parent);
     }
 }
 
@@ -544,14 +589,32 @@ QString RVOpenNode::GetArchiveFolder() const
     return folder + QDir::separator() + path;
 }
 
+void RVOpenNode::bind(const QDomNode& node, const QDomElement& element)
+{
+    m_document = node.ownerDocument();
+    m_node = node;
+    m_element = element;
+}
+
+void RVOpenNode::placeUnder(RVOpenNode* parent)
+{
+    m_parent = parent;
+    if (!parent || m_node.isNull() || parent->m_node.isNull())
+        return;
+    if (m_node.parentNode() == parent->m_node)
+        return;
+    parent->m_node.appendChild(m_node);
+    holdDocument();
+}
+
 QString RVOpenNode::attribute(const QString& name) const
 {
-    return m_node.toElement().attribute(name);
+    return m_element.attribute(name);
 }
 
 void RVOpenNode::setAttribute(const QString& name, const QString& value)
 {
-    m_node.toElement().setAttribute(name, value);
+    m_element.setAttribute(name, value);
 }
 
 int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const
@@ -589,7 +652,9 @@ RVOpenNode* RVOpenNode::materialiseNext()
     RVOpenNode* const made = makeLinked(this, false, sibling);
     if (made) {
         m_next = made;
-        made->SetParent(m_parent);
+        made->m_parent = m_parent;
+        if (hasNote())
+            made->note(this);
     }
     return made;
 }
@@ -615,13 +680,125 @@ bool RVOpenNode::standsOutside(const RVOpenNode* parent) const
            m_node.ownerDocument() != parent->m_node.ownerDocument();
 }
 
+bool RVOpenNode::hasNote() const
+{
+    return m_noted && m_notedIn == s_epoch;
+}
+
+void RVOpenNode::note(RVOpenNode* previous)
+{
+    const quint32 epoch = s_epoch;
+    m_noted = nullptr;
+    if (previous == this || epoch == s_lastEpoch)
+        return;
+    if (!s_epochHasNotes)
+        s_epochHasNotes = true;
+    m_noted = previous;
+    m_notedIn = epoch & s_lastEpoch;
+    previous->m_isNoted = 1;
+}
+
+/// Of the first node of a chain.
+void RVOpenNode::noteChain()
+{
+    RVOpenNode* last = this;
+    for (RVOpenNode* node = m_next; node; node = node->m_next) {
+        node->note(last);
+        last = node;
+    }
+    note(last);
+}
+
+/// Of the first node of a chain: the last one, with all up to it made.
+RVOpenNode* RVOpenNode::endOfChain()
+{
+    const bool isNoted = hasNote();
+    RVOpenNode* last = isNoted ? m_noted : this;
+    int steps = 0;
+    for (; RVOpenNode* const next = last->GetNext(1); ++steps) {
+        if (isNoted)
+            next->note(last);
+        last = next;
+    }
+    if (isNoted && steps > 0)
+        note(last);
+    else if (steps > s_longWalk)
+        noteChain();
+    return last;
+}
+
+/// Of the first node of a chain that ends with \p last: links \p child there.
+void RVOpenNode::linkBehind(RVOpenNode* last, RVOpenNode* child)
+{
+    last->m_next = child;
+    child->m_noted = nullptr;
+    if (hasNote()) {
+        child->note(last);
+        note(child);
+    }
+}
+
+/// The one that has \p node as its next one, in the chain that starts with \p first, another node;
+/// null when there is none.
+RVOpenNode* RVOpenNode::before(RVOpenNode* first, const RVOpenNode* node) const
+{
+    if (node->m_parent == this && node->hasNote() && node->m_noted->m_next == node)
+        return node->m_noted;
+    RVOpenNode* before = first;
+    int steps = 0;
+    for (; before && before->GetNext(1) != node; ++steps)
+        before = before->m_next;
+    if (before && steps > s_longWalk)
+        first->noteChain();
+    return before;
+}
+
+/// Takes \p node out of the chain if it is there. Its next link is cleared in any case.
+void RVOpenNode::unlinkHere(RVOpenNode* node)
+{
+    RVOpenNode* const first = GetChild(1, 0);
+    if (first == node) {
+        RVOpenNode* const next = node->GetNext(1);
+        m_firstChild = next;
+        if (next && node->hasNote())
+            next->note(node->m_noted);
+        else if (next)
+            next->m_noted = nullptr;
+    } else if (RVOpenNode* const previous = before(first, node)) {
+        RVOpenNode* const next = node->GetNext(1);
+        previous->m_next = next;
+        const bool isNoted = first->hasNote();
+        if (next)
+            next->m_noted = nullptr;
+        if (next && isNoted)
+            next->note(previous);
+        if (isNoted && first->m_noted == node)
+            first->note(next ? next : previous);
+    } else {
+        if (node->m_next)
+            endEpoch();
+        node->m_next = nullptr;
+        return;
+    }
+    node->m_next = nullptr;
+    node->m_noted = nullptr;
+    node->m_isNoted = 0;
+}
+
 void RVOpenNode::insertHere(RVOpenNode* child, int index)
 {
     RVOpenNode* parent = this;
     RVOpenNode* const first = GetChild(1, 0);
+    if (child->m_next)
+        endEpoch();
+    child->m_noted = nullptr;
     if (!first || index <= 0) {
         child->m_next = first;
         m_firstChild = child;
+        if (first && first->hasNote()) {
+            child->note(first->m_noted);
+            first->note(child);
+        }
     } else {
         RVOpenNode* before = first;
         for (int position = 1; position < index; ++position) {
@@ -630,8 +807,15 @@ void RVOpenNode::insertHere(RVOpenNode* child, int index)
                 break;
             before = next;
         }
-        child->m_next = before->GetNext(1);
+        RVOpenNode* const next = before->GetNext(1);
+        child->m_next = next;
         before->m_next = child;
+        if (next)
+            next->m_noted = nullptr;
+        if (first->hasNote()) {
+            child->note(before);
+            (next ? next : first)->note(child);
+        }
         if (first->m_parent)
             parent = first->m_parent;
     }
@@ -644,7 +828,7 @@ void RVOpenNode::placeElement(RVOpenNode* child, RVOpenNode* parent, int index)
         child->rebindSubtree(m_node.ownerDocument().importNode(child->m_node, true));
         child->m_parent = parent;
     } else {
-        child->SetParent(parent);
+        child->placeUnder(parent);
     }
 
     if (index <= 0) {
@@ -659,17 +843,7 @@ void RVOpenNode::placeElement(RVOpenNode* child, RVOpenNode* parent, int index)
 
 void RVOpenNode::detachHere(RVOpenNode* node)
 {
-    RVOpenNode* const first = GetChild(1, 0);
-    if (first == node) {
-        m_firstChild = node->GetNext(1);
-    } else {
-        RVOpenNode* before = first;
-        while (before && before->GetNext(1) != node)
-            before = before->m_next;
-        if (before)
-            before->m_next = node->GetNext(1);
-    }
-    node->m_next = nullptr;
+    unlinkHere(node);
     Q_ASSERT(!m_node.isNull());
     Q_ASSERT(!node->GetDomNode().isNull());
     node->SetDomNode(m_node.removeChild(node->m_node));

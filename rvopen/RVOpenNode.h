@@ -7,8 +7,10 @@
 #include <rvopen/ParamHelper.h>
 
 #include <QDomDocument>
+#include <QDomElement>
 #include <QDomNode>
 #include <QString>
+#include <QtGlobal>
 
 namespace rvopen {
 
@@ -221,6 +223,8 @@ private:
 
     struct ArchiveReference;
 
+    void bind(const QDomNode& node, const QDomElement& element);
+    void placeUnder(RVOpenNode* parent);
     QString attribute(const QString& name) const;
     void setAttribute(const QString& name, const QString& value);
     int flag(const QString& name, int valueWhenAbsent) const;
@@ -229,6 +233,13 @@ private:
     RVOpenNode* materialiseNext();
     bool canTake(const RVOpenNode* child) const;
     bool standsOutside(const RVOpenNode* parent) const;
+    bool hasNote() const;
+    void note(RVOpenNode* previous);
+    void noteChain();
+    RVOpenNode* endOfChain();
+    void linkBehind(RVOpenNode* last, RVOpenNode* child);
+    RVOpenNode* before(RVOpenNode* first, const RVOpenNode* node) const;
+    void unlinkHere(RVOpenNode* node);
     void insertHere(RVOpenNode* child, int index);
     void placeElement(RVOpenNode* child, RVOpenNode* parent, int index);
     void detachHere(RVOpenNode* node);
@@ -239,11 +250,17 @@ private:
     void removeElement();
 
     QDomNode m_node;
+    QDomElement m_element; ///< The node as an element, null for another kind of node.
     RVOpenNode* m_next = nullptr;
     RVOpenNode* m_firstChild = nullptr;
     RVOpenNode* m_parent = nullptr;
     ParamHelper m_paramHelper;
     QDomDocument m_document; ///< Keeps the document alive; a QDomNode alone does not.
+    /// A note about the chain, good as long as the epoch lasts: the node before this one; for the
+    /// first one a node from which the end is near.
+    RVOpenNode* m_noted = nullptr;
+    quint32 m_notedIn : 31; ///< The epoch of the note.
+    quint32 m_isNoted : 1;  ///< Another node may have a note about this one.
 };
 
 } // namespace rvopen

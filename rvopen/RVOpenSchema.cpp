@@ -18,6 +18,7 @@
 #include <rvopen/Names.h>
 #include <rvopen/NaturalLightStudio.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RenderTarget.h>
@@ -39,62 +40,58 @@ namespace rvopen {
 
 namespace {
 
-RVOpenNode* bound(RVOpenNode* object, const QDomNode& node)
+RVOpenNode* bound(RVOpenNode* object, const QDomElement& element)
 {
     if (object)
-        object->SetDomNode(node);
+        NodeAccess::bind(object, element);
     return object;
 }
 
-RVOpenNode* boundWithParams(RVOpenNode* object, const QDomNode& node)
+RVOpenNode* boundWithParams(RVOpenNode* object, const QDomElement& element)
 {
-    if (bound(object, node))
+    if (bound(object, element))
         object->GetParamHelper()->Populate();
     return object;
 }
 
 /// For the classes whose constructors take a source to clone.
 template <typename Class>
-RVOpenNode* make(const QDomNode& node)
+RVOpenNode* make(const QDomElement& element)
 {
-    return bound(new Class(nullptr), node);
+    return bound(new Class(nullptr), element);
 }
 
 template <typename Class>
-RVOpenNode* makeWithParams(const QDomNode& node)
+RVOpenNode* makeWithParams(const QDomElement& element)
 {
-    return boundWithParams(new Class(nullptr), node);
+    return boundWithParams(new Class(nullptr), element);
 }
 
 template <typename Class>
-RVOpenNode* makeShader(const QDomNode& node)
+RVOpenNode* makeShader(const QDomElement& element)
 {
-    return boundWithParams(new Class(), node);
+    return boundWithParams(new Class(), element);
 }
 
 /// For the classes that read their element themselves.
 template <typename Class>
-RVOpenNode* makeFrom(const QDomNode& node)
+RVOpenNode* makeFrom(const QDomElement& element)
 {
-    return new Class(node);
+    return new Class(element);
 }
 
-RVOpenNode* makeParam(const QDomNode& node)
+RVOpenNode* makeParam(const QDomElement& element)
 {
-    const QDomElement element = node.toElement();
-    Param* param = nullptr;
     if (element.attribute(names::attribute::type()) != names::paramType::shader())
-        param = new Param();
-    else if (element.attribute(names::attribute::val()) == names::paramType::colour())
-        param = new ShaderColour();
-    if (param)
-        param->SetDomNode(node);
-    return param;
+        return bound(new Param(), element);
+    if (element.attribute(names::attribute::val()) == names::paramType::colour())
+        return bound(new ShaderColour(), element);
+    return nullptr;
 }
 
 struct Maker {
     names::Name name;
-    RVOpenNode* (*make)(const QDomNode& node);
+    RVOpenNode* (*make)(const QDomElement& element);
 };
 
 constexpr Maker s_makers[] = {
@@ -132,7 +129,7 @@ RVOpenNode* asKind(RVOpenNode* node, names::Name name)
 template <typename Class>
 Class* asClass(RVOpenNode* node, names::Name name)
 {
-    return isNamed(node, name) ? dynamic_cast<Class*>(node) : nullptr;
+    return isNamed(node, name) ? nodeCast<Class>(node) : nullptr;
 }
 
 /// A group element and the kind of preset that it holds.
@@ -161,16 +158,26 @@ constexpr Group s_groups[] = {
 
 } // namespace
 
-RVOpenNode* RVOpenSchema::createNode(QDomNode node)
+RVOpenNode* NodeAccess::make(const QDomNode& node)
 {
-    if (node.isElement()) {
-        const QString name = node.nodeName();
+    const QDomElement element = node.toElement();
+    if (!element.isNull()) {
+        const QString name = element.tagName();
         for (const Maker& maker : s_makers) {
-            if (name == maker.name())
-                return maker.make(node);
+            const QString itsName = maker.name();
+            if (name.size() == itsName.size() && name == itsName)
+                return maker.make(element);
         }
     }
-    return bound(new RVOpenNode(), node);
+    auto* const object = new RVOpenNode();
+    if (object)
+        object->SetDomNode(node);
+    return object;
+}
+
+RVOpenNode* RVOpenSchema::createNode(QDomNode node)
+{
+    return NodeAccess::make(node);
 }
 
 RVOpenNode* RVOpenSchema::isNodeSchemes(RVOpenNode* node)
@@ -255,10 +262,10 @@ Colour* RVOpenSchema::isNodeColour(RVOpenNode* node)
 
 ShaderColour* RVOpenSchema::isNodeShaderColour(RVOpenNode* node)
 {
-    const Param* const param = isNodeParam(node);
-    if (!param || param->GetValShaderType() != names::paramType::colour())
-        return nullptr;
-    return dynamic_cast<ShaderColour*>(node);
+    ShaderColour* const colour = nodeCast<ShaderColour>(node);
+    return isNodeParam(colour) && colour->GetValShaderType() == names::paramType::colour()
+               ? colour
+               : nullptr;
 }
 
 ShaderPlainColour* RVOpenSchema::isNodeShaderPlainColour(RVOpenNode* node)

@@ -6,6 +6,7 @@
 #include <rvopen/AllocationWatch.h>
 #include <rvopen/ChildPopulation.h>
 #include <rvopen/Names.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/RenderTarget.h>
 
 #include <QDomDocument>
@@ -31,7 +32,7 @@ void RenderTargets::Populate()
 
 RenderTarget* RenderTargets::GetFirstRenderTarget()
 {
-    return dynamic_cast<RenderTarget*>(GetChild(0, 1));
+    return nodeCast<RenderTarget>(GetChild(0, 1));
 }
 
 RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)

@@ -15,6 +15,7 @@
 #include <rvopen/Names.h>
 #include <rvopen/NaturalLightStudio.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/RenderTarget.h>
 #include <rvopen/RenderTargets.h>
@@ -233,7 +234,7 @@ SnapShot::~SnapShot()
 
 SnapShot* SnapShot::GetNext()
 {
-    return dynamic_cast<SnapShot*>(GetNext(1));
+    return nodeCast<SnapShot>(GetNext(1));
 }
 
 void SnapShot::Populate()

@@ -9,6 +9,7 @@
 #include <rvopen/ChildPopulation.h>
 #include <rvopen/MaterialRepository.h>
 #include <rvopen/Names.h>
+#include <rvopen/NodeCast.h>
 #include <rvopen/SnapShot.h>
 
 #include <QDomDocument>
@@ -44,12 +45,12 @@ void SnapShots::Populate()
 
 SnapShot* SnapShots::GetFirstSnapShot()
 {
-    return dynamic_cast<SnapShot*>(GetChild(0, 1));
+    return nodeCast<SnapShot>(GetChild(0, 1));
 }
 
 void SnapShots::Clear()
 {
-    while (auto* const snapShot = dynamic_cast<SnapShot*>(GetChild(1, 1)))
+    while (auto* const snapShot = nodeCast<SnapShot>(GetChild(1, 1)))
         DeleteNode(snapShot);
 }
 

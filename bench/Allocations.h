@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace rvopen::bench {
+
+/// Whether this machine's C library lets allocations be counted.
+bool canCountAllocations();
+/// Calls of malloc, calloc and realloc since the process started.
+long allocations();
+/// Bytes of the heap in use, with what the allocator adds to each block.
+double bytesInUse();
+/// Gives the heap the same state again: how long freeing takes depends on what was freed before.
+void tidyHeap();
+
+} // namespace rvopen::bench

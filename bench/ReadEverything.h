@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/SnapShots.h>
+
+#include <QDomNode>
+#include <QString>
+
+namespace rvopen::bench {
+
+/// What reading a document adds up to, so that nothing of it can be left out.
+struct Sum {
+    double numbers = 0.0;
+    long characters = 0;
+    long values = 0;
+
+    void add(double number)
+    {
+        numbers += number;
+        ++values;
+    }
+    void add(const float* triple)
+    {
+        numbers += static_cast<double>(triple[0] + triple[1] + triple[2]);
+        ++values;
+    }
+    void add(const QString& text)
+    {
+        characters += static_cast<long>(text.size());
+        ++values;
+    }
+};
+
+/// Makes every object of the collection's snapshots and reads every typed value once, through the
+/// accessors of the classes.
+Sum readByAccessors(SnapShots* collection);
+/// The same, but parameter after parameter, as in a list that shows them all.
+Sum readParameters(SnapShots* collection);
+/// Reads the same attributes by hand, in one walk over the collection's element.
+Sum readByHand(const QDomNode& collection);
+
+/// Makes the objects of all that is below the node.
+long materialise(RVOpenNode* node);
+
+} // namespace rvopen::bench

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Report.h"
+
+#include "Allocations.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace rvopen::bench {
+
+namespace {
+
+/// Keeps the time of an iteration instead of printing it.
+class Collector : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context&) override
+    {
+        return true;
+    }
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs)
+            m_seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+    }
+    double seconds() const
+    {
+        return m_seconds;
+    }
+
+private:
+    double m_seconds = 0.0;
+};
+
+double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+std::string format(const char* pattern, double value)
+{
+    char text[64];
+    std::snprintf(text, sizeof text, pattern, value);
+    return text;
+}
+
+} // namespace
+
+std::string timeText(double seconds)
+{
+    if (seconds < 1e-6)
+        return format("%.1f ns", seconds * 1e9);
+    if (seconds < 1e-3)
+        return format("%.1f µs", seconds * 1e6);
+    return seconds < 1.0 ? format("%.1f ms", seconds * 1e3) : format("%.2f s", seconds);
+}
+
+std::string countText(long count)
+{
+    if (count >= 1000000)
+        return std::to_string(count / 1000000) + " M";
+    return count >= 1000 ? std::to_string(count / 1000) + " k" : std::to_string(count);
+}
+
+Report::Report(const Options& options)
+    : m_options(options)
+{
+}
+
+void Report::section(const std::string& title, const std::vector<std::string>& columns)
+{
+    std::printf("\n%s\n\n", title.c_str());
+    std::vector<std::string> headings{"operation"};
+    headings.insert(headings.end(), columns.begin(), columns.end());
+    line(headings);
+    line(std::vector<std::string>(headings.size(), "---"));
+}
+
+std::vector<long> Report::sizes() const
+{
+    std::vector<long> sizes;
+    for (const long size : {1000L, 10000L, 100000L, 1000000L}) {
+        if (sizes.empty() || (!m_options.quick && size <= m_options.maxElements))
+            sizes.push_back(size);
+    }
+    return sizes;
+}
+
+void Report::compare(const std::string& operation, const std::string& size,
+                     std::optional<double> target, const MakeCases& make)
+{
+    if (!isWanted(operation))
+        return;
+    const std::vector<Case> cases = make();
+    const auto times = measure(cases);
+    std::vector<double> ratios;
+    for (std::size_t i = 0; i < times[0].size(); ++i)
+        ratios.push_back((times[1][i] / cases[1].units) / (times[0][i] / cases[0].units));
+    const double ratio = median(ratios);
+    line({operation, size, cases[0].name, timeText(median(times[0]) / cases[0].units),
+          timeText(median(times[1]) / cases[1].units), format("%.2f", ratio),
+          target ? format("%.2f", *target) : "", verdict(target, ratio)});
+}
+
+void Report::grow(const std::string& operation, const std::function<Case(long)>& make,
+                  std::optional<double> target, long limit)
+{
+    if (!isWanted(operation))
+        return;
+    std::vector<Case> cases;
+    for (const long size : {10000L, 100000L, 1000000L}) {
+        if (cases.empty() || (!m_options.quick && size <= std::min(limit, m_options.maxElements)))
+            cases.push_back(make(m_options.quick ? 1000L : size));
+    }
+    const auto times = measure(cases);
+    std::vector<std::string> cells{operation};
+    double worst = 0.0;
+    for (std::size_t i = 0; i < 3; ++i) {
+        if (i >= cases.size()) {
+            cells.push_back("");
+            continue;
+        }
+        std::vector<double> ratios;
+        for (std::size_t j = 0; j < times[i].size(); ++j)
+            ratios.push_back((times[i][j] / cases[i].units) / (times[0][j] / cases[0].units));
+        worst = std::max(worst, median(ratios));
+        cells.push_back(timeText(median(times[i]) / cases[i].units));
+    }
+    cells.push_back(format("%.2f", worst));
+    cells.push_back(target ? format("%.2f", *target) : "");
+    cells.push_back(verdict(target, worst));
+    line(cells);
+}
+
+void Report::value(const std::string& operation, const std::string& size, const std::string& unit,
+                   std::optional<double> target,
+                   const std::function<std::pair<double, double>()>& get)
+{
+    if (!isWanted(operation))
+        return;
+    const auto values = get();
+    const double ratio = values.first > 0.0 ? values.second / values.first : 1.0 + values.second;
+    line({operation, size, unit, format("%.1f", values.first), format("%.1f", values.second),
+          format("%.2f", ratio), target ? format("%.2f", *target) : "", verdict(target, ratio)});
+}
+
+bool Report::isWanted(const std::string& operation) const
+{
+    return std::regex_search(operation, m_options.filter);
+}
+
+/// The times of each case, run after run in turns.
+std::vector<std::vector<double>> Report::measure(const std::vector<Case>& cases) const
+{
+    benchmark::ClearRegisteredBenchmarks();
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        auto* const registered = benchmark::RegisterBenchmark(
+            std::to_string(i).c_str(), [&cases, i](benchmark::State& state) {
+                for (auto _ : state) {
+                    Clock clock;
+                    cases[i].run(clock);
+                    state.SetIterationTime(clock.seconds());
+                }
+            });
+        registered->UseManualTime();
+        registered->Iterations(1);
+    }
+    Collector collector;
+    const auto runOnce = [&](std::size_t i) {
+        tidyHeap();
+        benchmark::RunSpecifiedBenchmarks(&collector, '^' + std::to_string(i) + '/');
+        return collector.seconds();
+    };
+
+    // What is over in a moment is run more often: a quarter of a second for each case.
+    double longest = 0.0;
+    for (std::size_t i = 0; i < cases.size(); ++i)
+        longest = std::max(longest, m_options.quick ? 1.0 : runOnce(i));
+    int repetitions = 1;
+    if (!m_options.quick) {
+        repetitions = longest > 0.5 ? std::min(5, m_options.repetitions) : m_options.repetitions;
+        if (longest * repetitions < 0.25)
+            repetitions = std::min(101, static_cast<int>(0.25 / longest));
+    }
+    std::vector<std::vector<double>> times(cases.size());
+    for (int repetition = 0; repetition < repetitions; ++repetition) {
+        for (std::size_t i = 0; i < cases.size(); ++i)
+            times[i].push_back(runOnce(i));
+    }
+    return times;
+}
+
+void Report::line(const std::vector<std::string>& cells) const
+{
+    for (const std::string& cell : cells)
+        std::printf("| %s ", cell.c_str());
+    std::printf("|\n");
+    std::fflush(stdout);
+}
+
+std::string Report::verdict(std::optional<double> target, double value)
+{
+    if (!target)
+        return "";
+    if (m_options.quick)
+        return "ran";
+    // As printed.
+    const bool met = value < *target + 0.005;
+    m_missed += met ? 0 : 1;
+    return met ? "met" : "not met";
+}
+
+} // namespace rvopen::bench

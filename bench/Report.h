@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <ctime>
+#include <functional>
+#include <optional>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace rvopen::bench {
+
+/// Counts the CPU time of the process between start() and stop().
+class Clock {
+public:
+    void start()
+    {
+        m_ticks -= now();
+    }
+    void stop()
+    {
+        m_ticks += now();
+    }
+    double seconds() const
+    {
+        return m_ticks;
+    }
+
+private:
+    static double now()
+    {
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    }
+
+    double m_ticks = 0.0;
+};
+
+/// What is timed. It starts and stops the clock itself, so that preparing and cleaning up do not
+/// count.
+struct Case {
+    std::string name;
+    std::function<void(Clock&)> run;
+    /// Elements or calls in one run, which its time is divided by where times are per element.
+    double units = 1.0;
+};
+
+using MakeCases = std::function<std::vector<Case>()>;
+
+struct Options {
+    /// Everything once, at the smallest size.
+    bool quick = false;
+    long maxElements = 1000000;
+    int repetitions = 9;
+    std::regex filter = std::regex("");
+};
+
+/// Runs the cases that belong together in turns and prints a line of a Markdown table for them.
+class Report {
+public:
+    explicit Report(const Options& options);
+
+    /// Starts a table. \p columns are the headings after "operation".
+    void section(const std::string& title, const std::vector<std::string>& columns);
+
+    /// The sizes of documents to compare at: 1 k, 10 k, 100 k and 1 M elements.
+    std::vector<long> sizes() const;
+
+    /// The second case against the first, the baseline. The ratio is the median of the ratios of
+    /// neighbouring runs. Without \p target the row is there for orientation.
+    void compare(const std::string& operation, const std::string& size,
+                 std::optional<double> target, const MakeCases& make);
+
+    /// The time per unit of an operation at 10 k, 100 k and 1 M elements, against the first.
+    /// \p make is called with the number of elements and gives one case. \p limit: no more than so
+    /// many elements, for operations that cannot be linear.
+    void grow(const std::string& operation, const std::function<Case(long)>& make,
+              std::optional<double> target, long limit = 1000000);
+
+    /// Two numbers, the first one being the baseline.
+    void value(const std::string& operation, const std::string& size, const std::string& unit,
+               std::optional<double> target, const std::function<std::pair<double, double>()>& get);
+
+    int missed() const
+    {
+        return m_missed;
+    }
+
+private:
+    bool isWanted(const std::string& operation) const;
+    std::vector<std::vector<double>> measure(const std::vector<Case>& cases) const;
+    void line(const std::vector<std::string>& cells) const;
+    std::string verdict(std::optional<double> target, double value);
+
+    Options m_options;
+    int m_missed = 0;
+};
+
+std::string timeText(double seconds);
+std::string countText(long count);
+
+} // namespace rvopen::bench
