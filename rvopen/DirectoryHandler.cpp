@@ -132,9 +132,8 @@ void DirectoryHandler::RemoveArchive(QString filename)
     if (index < 0)
         return;
     const QString path = pathToOpen(filename);
-    if (QFile::exists(path))
-        QFile::remove(path);
-    forget(index);
+    if (QFile::remove(path) || !QFile::exists(path))
+        forget(index);
 }
 
 void DirectoryHandler::CloseArchive(QString filename)

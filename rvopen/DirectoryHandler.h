@@ -48,15 +48,17 @@ public:
 
     /// The root node of the archive, read on first request; null if it cannot be read.
     RVOpenNode* LoadArchive(QString filename);
-    /// Writes an open archive back to its file. False if it is not open or cannot be written; the
-    /// file is as it was then.
+    /// Writes an open archive back to its file as RVOpenManager::SaveArchive() does: in UTF-8,
+    /// indented by 3, attributes by name, U+FFFD for forbidden characters. False if it is not open
+    /// or cannot be written; the file is as it was then.
     bool SaveArchive(QString filename);
     /// Saves the archive that \p node or its nearest ancestor names; false if none does.
     bool SaveArchive(RVOpenNode* node);
     /// Whether the file of the archive that \p node or its nearest ancestor names may be written
     /// by its owner; false if none names one.
     bool ArchiveWritable(RVOpenNode* node);
-    /// Deletes the file of an open archive and forgets the archive with its nodes.
+    /// Deletes the file of an open archive and forgets the archive with its nodes. A file that
+    /// cannot be deleted stays, and its archive open.
     void RemoveArchive(QString filename);
     /// Forgets an open archive with its nodes and leaves its file.
     void CloseArchive(QString filename);

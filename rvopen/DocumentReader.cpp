@@ -101,7 +101,7 @@ void removeMark(QDomNode& node)
     if (!data.endsWith(QChar(xml::SpacesMark)))
         return;
     data.chop(1);
-    if (std::all_of(data.cbegin(), data.cend(), [](QChar c) { return c.isSpace(); }))
+    if (std::all_of(data.cbegin(), data.cend(), xml::isMarkable))
         node.setNodeValue(data);
 }
 

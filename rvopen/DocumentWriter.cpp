@@ -6,33 +6,27 @@
 #include <rvopen/DocumentReader.h>
 #include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
+#include <rvopen/RVOpenLimits.h>
 #include <rvopen/XmlCharacters.h>
 #include <rvopen/XmlGuard.h>
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
+#include <QStringList>
 #include <QVector>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace rvopen {
 
 namespace {
 
+const QLatin1String s_xml("xml");
 const QLatin1String s_xmlns("xmlns");
-const QLatin1String s_xmlnsColon("xmlns:");
-
-/// By code point: a surrogate pair comes after each single unit.
-bool precedes(const QString& a, const QString& b)
-{
-    const auto at = std::mismatch(a.cbegin(), a.cend(), b.cbegin(), b.cend());
-    if (at.first == a.cend() || at.second == b.cend())
-        return at.first == a.cend() && at.second != b.cend();
-    const bool aIsHalf = at.first->isSurrogate();
-    const bool bIsHalf = at.second->isSurrogate();
-    return aIsHalf != bIsHalf ? bIsHalf : *at.first < *at.second;
-}
+const QLatin1String s_xmlNamespace("http://www.w3.org/XML/1998/namespace");
 
 const char16_t* beginOf(const QString& text)
 {
@@ -101,9 +95,25 @@ QString prefixOf(const QString& name)
     return colon < 0 ? QString() : name.left(colon);
 }
 
-bool isDeclaration(const QDomNode& node)
+/// The name of the attribute that declares the prefix; empty stands for no prefix.
+QString declarationOf(const QString& prefix)
 {
-    return node.isProcessingInstruction() && node.nodeName() == QLatin1String("xml");
+    return prefix.isEmpty() ? s_xmlns : s_xmlns + QLatin1Char(':') + prefix;
+}
+
+/// Whether there is something to be declared, and it may be. \p uri is null for no namespace.
+bool canDeclare(const QString& prefix, const QString& uri)
+{
+    if (prefix.isEmpty())
+        return !uri.isNull();
+    if (prefix == s_xml)
+        return uri == s_xmlNamespace;
+    return prefix != s_xmlns && !uri.isEmpty();
+}
+
+bool isXmlDeclaration(const QDomNode& node)
+{
+    return node.isProcessingInstruction() && node.nodeName() == s_xml;
 }
 
 QVector<QDomNode> sortedByName(const QDomNamedNodeMap& map)
@@ -111,9 +121,8 @@ QVector<QDomNode> sortedByName(const QDomNamedNodeMap& map)
     QVector<QDomNode> nodes;
     for (int i = 0; i < map.count(); ++i)
         nodes.append(map.item(i));
-    std::sort(nodes.begin(), nodes.end(), [](const QDomNode& a, const QDomNode& b) {
-        return precedes(a.nodeName(), b.nodeName());
-    });
+    std::sort(nodes.begin(), nodes.end(),
+              [](const QDomNode& a, const QDomNode& b) { return a.nodeName() < b.nodeName(); });
     return nodes;
 }
 
@@ -148,6 +157,12 @@ QString systemLiteral(QString id)
     return id;
 }
 
+bool isPredefined(const QString& entity)
+{
+    const QStringList names{"lt", "gt", "amp", "quot", "apos"};
+    return names.contains(entity);
+}
+
 /// Where no text follows. toString() ends the line of a processing instruction even there, which
 /// would put a line feed more before the text each time that the document is saved.
 bool endsLine(const QDomNode& node)
@@ -155,24 +170,25 @@ bool endsLine(const QDomNode& node)
     return node.isElement() || node.isComment() || node.isProcessingInstruction();
 }
 
-enum class Prefixes { AsTheyAre, Declared };
-
 class Writer {
 public:
-    Writer(const QDomDocument& document, int indent, Prefixes prefixes);
+    Writer(const QDomDocument& document, int indent);
 
     QString text();
-    /// Whether there are prefixes in the text that the document does not know as such.
-    bool hasRawPrefixes() const;
+    /// Whether namespace processing makes a difference to the text.
+    bool usesNamespaces() const;
 
 private:
     struct Attribute {
         QString name;
-        /// Empty without.
-        QString prefix;
         QString value;
-        /// Null when the attribute is in no namespace.
+        /// Null when it is in no namespace as far as the document knows.
         QString uri;
+    };
+    struct Open {
+        QString name;
+        /// Those of m_declaredPrefixes that it is the outermost to declare.
+        QVector<QString> prefixes;
     };
 
     void documentType();
@@ -181,17 +197,18 @@ private:
     void externalId(const QString& publicId, const QString& systemId);
 
     void nodes(QDomNode node);
+    bool isText(const QDomNode& node) const;
     void leaf(const QDomNode& node, int depth, bool followsText);
     void startTag(const QDomNode& element);
-    void attributes(const QDomNode& element);
-    void collectAttributes(const QDomNode& element);
+    void collectAttributes(const QDomNode& element, const QString& name);
     bool collectSameAttributes(const QDomNamedNodeMap& map);
     void sortAttributes();
-    void removeRepeatedDeclarations();
     void makeNamesUnique();
-    void namespaceDeclaration(const QString& prefix, const QString& uri);
-    void declareRawPrefix(const QDomNode& element, const QString& prefix);
-    bool isDeclared(const QDomNode& element, const QString& prefix) const;
+    void declareNamespaces(const QString& prefix, const QString& uri);
+    void declareRawPrefixes(const QString& prefix);
+    void declareRawPrefix(const QString& prefix);
+    bool noteDeclared(const QString& prefix);
+    QString close();
 
     QString writtenName(const QString& name);
     void attributeValue(const QString& value);
@@ -200,6 +217,7 @@ private:
     void comment(QString text);
     void instruction(const QString& target, const QString& data);
     void entityReference(const QString& name);
+    bool isExternal(const QString& entity) const;
 
     template <typename Replace>
     void write(const QString& text, Replace replace);
@@ -209,34 +227,34 @@ private:
 
     QDomDocument m_document;
     int m_indent;
-    Prefixes m_prefixes;
-    bool m_hasRawPrefixes = false;
+    bool m_usesNamespaces = false;
+    bool m_isStandalone = false;
 
     QString m_text;
     QString m_blanks;
-    QVector<QString> m_open;
+    QVector<Open> m_open;
+    /// By the open elements.
+    QSet<QString> m_declaredPrefixes;
     /// Of the current tag, in the order in which they are written.
     QVector<Attribute> m_attributes;
-    /// Whether they have the names that the document knows, and no namespaces.
+    /// Whether they have nothing to do with namespaces.
     bool m_canRepeat = false;
-    /// Prefixes that have a declaration in the current tag.
-    QVector<QString> m_declared;
     QHash<QString, QString> m_writtenNames;
 };
 
-Writer::Writer(const QDomDocument& document, int indent, Prefixes prefixes)
+Writer::Writer(const QDomDocument& document, int indent)
     : m_document(document)
     , m_indent(indent)
-    , m_prefixes(prefixes)
 {
 }
 
 QString Writer::text()
 {
     QDomNode node = m_document.firstChild();
-    if (isDeclaration(node)) {
-        m_text += QLatin1String("<?xml ") + xml::normalDeclaration(node.nodeValue()) +
-                  QLatin1String("?>\n");
+    if (isXmlDeclaration(node)) {
+        const QString data = xml::normalDeclaration(node.nodeValue());
+        m_isStandalone = data.endsWith(QLatin1String("standalone=\"yes\""));
+        m_text += QLatin1String("<?xml ") + data + QLatin1String("?>\n");
         node = node.nextSibling();
     }
     if (!node.isNull())
@@ -245,9 +263,9 @@ QString Writer::text()
     return m_text;
 }
 
-bool Writer::hasRawPrefixes() const
+bool Writer::usesNamespaces() const
 {
-    return m_hasRawPrefixes;
+    return m_usesNamespaces;
 }
 
 void Writer::documentType()
@@ -256,9 +274,8 @@ void Writer::documentType()
     if (type.name().isEmpty())
         return;
     m_text += QLatin1String("<!DOCTYPE ") + encodedQualifiedName(type.name());
-    if (!type.publicId().isNull() || !type.systemId().isNull()) {
+    if (!type.publicId().isNull() || !type.systemId().isNull())
         externalId(type.publicId(), type.systemId());
-    }
     const QVector<QDomNode> notations = sortedByName(type.notations());
     const QVector<QDomNode> entities = sortedByName(type.entities());
     if (!notations.isEmpty() || !entities.isEmpty()) {
@@ -282,11 +299,9 @@ void Writer::notation(const QDomNotation& notation)
     m_text += QLatin1String(">\n");
 }
 
-/// References to internal entities are replaced in reading, so that none is left to be written.
+/// An external one: those that have their text in the document are in no DOM.
 void Writer::entity(const QDomEntity& entity)
 {
-    if (entity.publicId().isNull() && entity.systemId().isNull())
-        return;
     m_text += QLatin1String("<!ENTITY ") + encodedName(entity.nodeName());
     externalId(entity.publicId(), entity.systemId());
     if (!entity.notationName().isNull())
@@ -317,23 +332,23 @@ void Writer::nodes(QDomNode node)
             const QDomNode child = node.firstChild();
             if (!child.isNull()) {
                 m_text += QLatin1Char('>');
-                if (!child.isText())
+                if (!isText(child))
                     m_text += QLatin1Char('\n');
                 node = child;
                 followsText = false;
                 ++depth;
                 continue;
             }
-            m_open.removeLast();
+            close();
             m_text += QLatin1String("/>");
         } else {
             leaf(node, depth, followsText);
         }
         for (;;) {
             const QDomNode next = node.nextSibling();
-            if (!next.isText() && endsLine(node))
+            if (endsLine(node) && !isText(next))
                 m_text += QLatin1Char('\n');
-            followsText = node.isText();
+            followsText = isText(node);
             if (!next.isNull() || depth == 0) {
                 node = next;
                 break;
@@ -341,10 +356,16 @@ void Writer::nodes(QDomNode node)
             --depth;
             if (!followsText)
                 indent(depth);
-            m_text += QLatin1String("</") + m_open.takeLast() + QLatin1Char('>');
+            m_text += QLatin1String("</") + close() + QLatin1Char('>');
             node = node.parentNode();
         }
     }
+}
+
+/// Whether the reader takes it for text, of which white space beside it would become a part.
+bool Writer::isText(const QDomNode& node) const
+{
+    return node.isText() || (node.isEntityReference() && !isExternal(node.nodeName()));
 }
 
 void Writer::leaf(const QDomNode& node, int depth, bool followsText)
@@ -375,69 +396,54 @@ void Writer::leaf(const QDomNode& node, int depth, bool followsText)
 void Writer::startTag(const QDomNode& element)
 {
     const QString name = writtenName(element.nodeName());
-    const QString uri = element.namespaceURI();
-    m_open.append(name);
-    m_declared.clear();
+    m_open.append({name, {}});
+    collectAttributes(element, name);
     m_text += QLatin1Char('<');
     m_text += name;
-    const QString prefix = prefixOf(name);
-    if (!uri.isNull())
-        namespaceDeclaration(prefix, uri);
-    else if (!prefix.isEmpty())
-        declareRawPrefix(element, prefix);
-    attributes(element);
-}
-
-void Writer::attributes(const QDomNode& element)
-{
-    collectAttributes(element);
     for (const Attribute& attribute : std::as_const(m_attributes)) {
         m_text += QLatin1Char(' ');
         m_text += attribute.name;
         m_text += QLatin1String("=\"");
         attributeValue(attribute.value);
         m_text += QLatin1Char('"');
-        if (attribute.prefix.isEmpty())
-            continue;
-        if (attribute.uri.isNull())
-            declareRawPrefix(element, attribute.prefix);
-        else if (!m_declared.contains(attribute.prefix))
-            namespaceDeclaration(attribute.prefix, attribute.uri);
     }
 }
 
-void Writer::collectAttributes(const QDomNode& element)
+/// Declarations of namespaces included: they are attributes like others to whoever reads the text
+/// without namespace processing.
+void Writer::collectAttributes(const QDomNode& element, const QString& name)
 {
     const QDomNamedNodeMap map = element.attributes();
-    if (collectSameAttributes(map))
+    const QString uri = element.namespaceURI();
+    bool usesNamespaces = !uri.isNull() || !prefixOf(name).isEmpty();
+    if (!usesNamespaces && collectSameAttributes(map))
         return;
-    bool hasNamespaces = !m_declared.isEmpty();
-    bool areNamesKept = true;
     m_attributes.resize(map.count());
     for (int i = 0; i < map.count(); ++i) {
         const QDomNode node = map.item(i);
-        const QString name = node.nodeName();
         Attribute& attribute = m_attributes[i];
-        attribute.name = writtenName(name);
-        attribute.prefix = prefixOf(attribute.name);
+        attribute.name = writtenName(node.nodeName());
         attribute.value = node.nodeValue();
         attribute.uri = node.namespaceURI();
-        areNamesKept = areNamesKept && attribute.name == name;
-        hasNamespaces = hasNamespaces || !attribute.uri.isNull();
+        usesNamespaces =
+            usesNamespaces || attribute.name == s_xmlns || !prefixOf(attribute.name).isEmpty();
     }
     sortAttributes();
-    if (hasNamespaces)
-        removeRepeatedDeclarations();
-    if (!areNamesKept)
-        makeNamesUnique();
-    m_canRepeat = areNamesKept && !hasNamespaces;
+    makeNamesUnique();
+    if (usesNamespaces) {
+        m_usesNamespaces = true;
+        declareNamespaces(prefixOf(name), uri);
+        declareRawPrefixes(prefixOf(name));
+        sortAttributes();
+    }
+    m_canRepeat = !usesNamespaces;
 }
 
 /// Neighbours often have attributes of the same names, which are found faster by name than one
 /// after the other, and are in order already. False when that is not so.
 bool Writer::collectSameAttributes(const QDomNamedNodeMap& map)
 {
-    if (!m_canRepeat || !m_declared.isEmpty() || map.count() != m_attributes.size())
+    if (!m_canRepeat || map.count() != m_attributes.size())
         return false;
     for (Attribute& attribute : m_attributes) {
         const QDomNode node = map.namedItem(attribute.name);
@@ -451,30 +457,20 @@ bool Writer::collectSameAttributes(const QDomNamedNodeMap& map)
 void Writer::sortAttributes()
 {
     std::sort(m_attributes.begin(), m_attributes.end(), [](const Attribute& a, const Attribute& b) {
-        return a.name == b.name ? a.value < b.value : precedes(a.name, b.name);
+        return std::tie(a.name, a.value, a.uri) < std::tie(b.name, b.value, b.uri);
     });
 }
 
-/// An attribute "xmlns" does not stand beside the declaration that the element's namespace needs.
-void Writer::removeRepeatedDeclarations()
-{
-    QVector<QString> declarations;
-    for (const QString& prefix : std::as_const(m_declared))
-        declarations.append(prefix.isEmpty() ? s_xmlns : s_xmlnsColon + prefix);
-    for (const Attribute& attribute : std::as_const(m_attributes)) {
-        if (!attribute.uri.isNull())
-            declarations.append(s_xmlnsColon + prefixOf(attribute.name));
-    }
-    const auto isRepeated = [&declarations](const Attribute& attribute) {
-        return attribute.uri.isNull() && declarations.contains(attribute.name);
-    };
-    m_attributes.erase(std::remove_if(m_attributes.begin(), m_attributes.end(), isRepeated),
-                       m_attributes.end());
-}
-
-/// Two names may become the same by what takes the place of their characters.
+/// Names may become the same by what takes the place of their characters, and the DOM allows two of
+/// the same name in different namespaces.
 void Writer::makeNamesUnique()
 {
+    const auto haveSameName = [](const Attribute& a, const Attribute& b) {
+        return a.name == b.name;
+    };
+    if (std::adjacent_find(m_attributes.cbegin(), m_attributes.cend(), haveSameName) ==
+        m_attributes.cend())
+        return;
     QSet<QString> names;
     for (Attribute& attribute : m_attributes) {
         while (names.contains(attribute.name))
@@ -484,40 +480,68 @@ void Writer::makeNamesUnique()
     sortAttributes();
 }
 
-void Writer::namespaceDeclaration(const QString& prefix, const QString& uri)
+/// For the namespaces that the tag's names are in. An attribute that declares the same prefix gives
+/// way.
+void Writer::declareNamespaces(const QString& prefix, const QString& uri)
 {
-    m_declared.append(prefix);
-    m_text += QLatin1String(" xmlns");
-    if (!prefix.isEmpty())
-        m_text += QLatin1Char(':') + prefix;
-    m_text += QLatin1String("=\"");
-    attributeValue(uri);
-    m_text += QLatin1Char('"');
-}
-
-/// For the prefix of a name that is in no namespace as far as the document knows.
-void Writer::declareRawPrefix(const QDomNode& element, const QString& prefix)
-{
-    m_hasRawPrefixes = true;
-    if (m_prefixes == Prefixes::Declared && prefix != QLatin1String("xml") && prefix != s_xmlns &&
-        !m_declared.contains(prefix) && !isDeclared(element, prefix))
-        namespaceDeclaration(prefix, QLatin1String("urn:rvopen:undeclared:") + prefix);
-}
-
-bool Writer::isDeclared(const QDomNode& element, const QString& prefix) const
-{
-    for (QDomNode node = element; node.isElement(); node = node.parentNode()) {
-        const QDomNamedNodeMap map = node.attributes();
-        if (map.contains(s_xmlnsColon + prefix) ||
-            (node.prefix() == prefix && !node.namespaceURI().isNull()))
-            return true;
-        for (int i = 0; i < map.count(); ++i) {
-            const QDomNode attribute = map.item(i);
-            if (attribute.prefix() == prefix && !attribute.namespaceURI().isNull())
-                return true;
-        }
+    QMap<QString, QString> declarations;
+    const auto declare = [&declarations](const QString& nextPrefix, const QString& nextUri) {
+        const QString name = declarationOf(nextPrefix);
+        if (canDeclare(nextPrefix, nextUri) && !declarations.contains(name))
+            declarations.insert(name, nextUri);
+    };
+    declare(prefix, uri);
+    for (const Attribute& attribute : std::as_const(m_attributes)) {
+        if (const QString ownPrefix = prefixOf(attribute.name); !ownPrefix.isEmpty())
+            declare(ownPrefix, attribute.uri);
     }
-    return false;
+    const auto givesWay = [&declarations](const Attribute& attribute) {
+        return declarations.contains(attribute.name);
+    };
+    m_attributes.erase(std::remove_if(m_attributes.begin(), m_attributes.end(), givesWay),
+                       m_attributes.end());
+    for (auto it = declarations.cbegin(); it != declarations.cend(); ++it)
+        m_attributes.append({it.key(), it.value(), QString()});
+}
+
+/// For the prefixes that nothing declares, neither here nor around.
+void Writer::declareRawPrefixes(const QString& prefix)
+{
+    for (const Attribute& attribute : std::as_const(m_attributes)) {
+        if (prefixOf(attribute.name) == s_xmlns)
+            noteDeclared(attribute.name.mid(s_xmlns.size() + 1));
+    }
+    declareRawPrefix(prefix);
+    // They grow meanwhile, by declarations only.
+    for (int i = 0; i < m_attributes.size(); ++i)
+        declareRawPrefix(prefixOf(m_attributes[i].name));
+}
+
+void Writer::declareRawPrefix(const QString& prefix)
+{
+    if (!prefix.isEmpty() && prefix != s_xml && prefix != s_xmlns && noteDeclared(prefix)) {
+        m_attributes.append(
+            {declarationOf(prefix), QLatin1String("urn:rvopen:undeclared:") + prefix, QString()});
+    }
+}
+
+/// Whether it was not declared yet.
+bool Writer::noteDeclared(const QString& prefix)
+{
+    if (m_declaredPrefixes.contains(prefix))
+        return false;
+    m_declaredPrefixes.insert(prefix);
+    m_open.last().prefixes.append(prefix);
+    return true;
+}
+
+/// Gives the name of the element that was open.
+QString Writer::close()
+{
+    const Open open = m_open.takeLast();
+    for (const QString& prefix : open.prefixes)
+        m_declaredPrefixes.remove(prefix);
+    return open.name;
 }
 
 QString Writer::writtenName(const QString& name)
@@ -605,12 +629,26 @@ void Writer::instruction(const QString& target, const QString& data)
     m_text += QLatin1String("?>");
 }
 
+/// As text when the reader would not know what it refers to.
 void Writer::entityReference(const QString& name)
 {
+    const QString reference = QLatin1Char('&') + name + QLatin1Char(';');
+    if (isPredefined(name) || isExternal(name))
+        m_text += reference;
+    else
+        characters(reference);
+}
+
+/// Whether the reader makes a reference of a reference to this entity.
+bool Writer::isExternal(const QString& entity) const
+{
+    if (isPredefined(entity) || !xml::isName(entity))
+        return false;
     const QDomDocumentType type = m_document.doctype();
-    const bool isDeclared = !type.systemId().isNull() || type.entities().contains(name);
-    m_text += isDeclared ? QLatin1String("&") : QLatin1String("&amp;");
-    m_text += encodedName(name) + QLatin1Char(';');
+    const QDomNode declared = type.entities().namedItem(entity);
+    if (declared.isNull())
+        return !type.systemId().isNull() && !m_isStandalone;
+    return declared.toEntity().notationName().isNull();
 }
 
 /// \p replace gives what is written for a character with a meaning of its own; null for the
@@ -663,16 +701,19 @@ void Writer::indent(int depth)
 
 QString documentText(const QDomDocument& document, int indent)
 {
-    return Writer(document, indent, Prefixes::AsTheyAre).text();
+    return Writer(document, indent).text();
 }
 
 SaveResult saveDocument(const QDomDocument& document, const QString& path)
 {
-    Writer writer(document, ArchiveIndent, Prefixes::Declared);
+    Writer writer(document, ArchiveIndent);
     const QString text = writer.text();
-    if (!isReadable(text, writer.hasRawPrefixes() ? Namespaces::Processed : Namespaces::Ignored))
+    if (!isReadable(text, writer.usesNamespaces() ? Namespaces::Processed : Namespaces::Ignored))
         return SaveResult::NotWritten;
-    return replaceFile(pathToOpen(path), text.toUtf8());
+    const QByteArray bytes = text.toUtf8();
+    if (bytes.size() > GetMaxInputSize())
+        return SaveResult::NotWritten;
+    return replaceFile(pathToOpen(path), bytes);
 }
 
 } // namespace rvopen

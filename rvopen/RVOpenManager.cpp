@@ -10,6 +10,7 @@
 #include <rvopen/DocumentReader.h>
 #include <rvopen/DocumentWriter.h>
 #include <rvopen/FilePaths.h>
+#include <rvopen/FileReplacement.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenSchema.h>
@@ -22,7 +23,6 @@
 #include <rvopen/XMLUtils.h>
 
 #include <QDir>
-#include <QFile>
 #include <QSet>
 
 #include <memory>
@@ -647,7 +647,7 @@ void RVOpenManager::copyImportedThumbnail(SnapShot* snapShot, const QString& fol
         return;
     const QString source = folder + QDir::separator() + QLatin1String("icon_") +
                            snapShot->GetName() + QLatin1String(".jpg");
-    if (!QFile::copy(pathToOpen(source), pathToOpen(target)))
+    if (!copyFile(pathToOpen(source), pathToOpen(target)))
         return;
     SnapShotSettings* const settings = snapShot->GetSnapShotSettings();
     SnapShotSettings* const current =

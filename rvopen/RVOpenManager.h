@@ -28,6 +28,13 @@ class SnapShot;
 /// Where a load, an import or a repeated Initialise() puts a new object in the place of an old one,
 /// the old one stays valid as long as that. The manager is used from one thread.
 ///
+/// Text: whatever writes a document, as a string or to a file, here and in the other classes,
+/// writes what QDomDocument::toString() gives, with two differences. The attributes of an element
+/// stand in the order of their names, so that the same document gives the same bytes each time. And
+/// the text loads again: a character that XML forbids is written as U+FFFD, one that XML allows in
+/// no name by its code as in "_x0020_"; what would end a CDATA section, comment or processing
+/// instruction early is broken up; a prefix that nothing declares gets a declaration.
+///
 /// A new manager holds an empty document, made before Initialise() can tell the version: call
 /// ClearSnapShotDoc() and InitialiseSnapShotDoc() after it for a document that carries it.
 class RVOPEN_EXPORT RVOpenManager {
@@ -64,7 +71,8 @@ public:
     /// Replaces the document by the one in the text. 1, or 0 with the document untouched when the
     /// text is not well-formed.
     int LoadSnapShotDocFromString(QString xml);
-    /// The document as text indented by 2; empty without a document.
+    /// The document as text indented by 2, attributes by name, U+FFFD for forbidden characters;
+    /// empty without a document.
     QString GetSnapShotDocumentAsString() const;
     /// Document units per scene unit, "unitsScale" of the root. Reaches only parameter objects that
     /// have not converted a value yet.
@@ -112,7 +120,9 @@ public:
     void ImportSnapShotDoc(QString path, bool useCurrentCamera, bool addSnapShots);
     /// Appends copies of the imported document's snapshots to the main collection, which is created
     /// if the document has none; with \p useCurrentCamera they get the current snapshot's camera.
-    /// Their thumbnails are copied from the imported document's folder to the snapshots folder.
+    /// Their thumbnails are copied from the imported document's folder to the snapshots folder,
+    /// whole or not at all, where there is no file of that name yet. Only with its thumbnail a
+    /// snapshot gets the current snapshot's session.
     void AddImportedSnapShot(bool useCurrentCamera);
     /// @}
 
@@ -134,8 +144,12 @@ public:
     /// that sub-category: in the chosen archive, else in the default archive; null if neither has
     /// it.
     RVOpenNode* FindRVOpenNodeFromType(QString type, QString subcat, QString refName);
-    /// Writes the document of \p rootNode to \p path, indented by 3. False when it cannot be
-    /// written; a file that was there is as it was then.
+    /// Writes the document of \p rootNode to \p path in UTF-8, indented by 3, attributes by name,
+    /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again
+    /// (two roots, nesting beyond MaxNestingDepth); a file that was there is as it was then. The
+    /// path gives the old content or the new one, whole, even if the process or the machine ends in
+    /// the middle. Only where the folder may not be written, so that the file itself has to be,
+    /// that may leave a mixture.
     bool SaveArchive(QString path, RVOpenNode* rootNode);
     /// A node over the root of the archive in the file, outside of the archive registry; the caller
     /// owns the node. Null when the file cannot be read.

@@ -142,7 +142,7 @@ public:
     /// @}
 
     /// A document of its own with this snapshot alone in a "Model SnapShots" collection, as text
-    /// indented by 2.
+    /// indented by 2, attributes by name, U+FFFD for forbidden characters.
     QString CreateSnapShotDocumentAsString() const;
 
 private:

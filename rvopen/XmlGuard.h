@@ -17,6 +17,13 @@ namespace rvopen::xml {
 /// space and leave out.
 inline constexpr char16_t SpacesMark = 0xFDD0;
 
+/// Whether a text of such characters alone gets the mark: the parser would leave it out, or what it
+/// ends with would be taken for the mark.
+inline bool isMarkable(QChar c)
+{
+    return c.isSpace() || c == QChar(SpacesMark);
+}
+
 /// Target of the processing instruction that stands for a reference to an external entity, with
 /// the name of the entity as its data.
 inline constexpr char ReferenceMark[] = "rvopen-external-entity-reference";

@@ -446,7 +446,7 @@ bool Scanner::cdata()
     const char16_t* const start = m_in.at;
     while (skipTo(u']')) {
         if (isAt(u"]]>")) {
-            if (std::all_of(start, m_in.at, [](QChar c) { return c.isSpace(); }))
+            if (std::all_of(start, m_in.at, isMarkable))
                 mark();
             m_in.at += 3;
             return true;
@@ -614,7 +614,7 @@ void Scanner::noteCharacters(const char16_t* start, const char16_t* end)
     for (; start != end && !m_hasInk; ++start) {
         if (isBlank(*start))
             continue;
-        m_hasOtherSpace = QChar(*start).isSpace();
+        m_hasOtherSpace = isMarkable(*start);
         m_hasInk = !m_hasOtherSpace;
     }
 }

@@ -520,6 +520,32 @@ TEST_F(ArchiveLookupTest, FindsAPresetInTheDefaultArchiveWhenNoneIsChosen)
     EXPECT_EQ(found("colours", QString(), "red"), "default");
 }
 
+TEST_F(ArchiveLookupTest, FindsAPresetInTheDefaultArchiveAloneAfterAnArchiveThatCannotBeRead)
+{
+    m_install.write("Default",
+                    archive("<colours><colour refname='red' desc='default'/></colours>"));
+    initialise();
+    writeCustom("A.rvx", archive("<colours><colour refname='red' desc='chosen'/>"
+                                 "<colour refname='blue' desc='chosen'/></colours>"));
+    m_manager.SetArchiveNode("A.rvx", "Custom");
+    m_manager.SetArchiveNode("Missing.rvx", "Custom");
+
+    EXPECT_EQ(found("colours", QString(), "red"), "default");
+    EXPECT_EQ(found("colours", QString(), "blue"), "(none)");
+}
+
+TEST_F(ArchiveLookupTest, FindsNoPresetThatNeitherArchiveHas)
+{
+    m_install.write("Default", archive(colours({"red"})));
+    initialise();
+    writeCustom("A.rvx", archive(colours({"blue"})));
+    m_manager.SetArchiveNode("A.rvx", "Custom");
+
+    EXPECT_EQ(m_manager.FindRVOpenNodeFromType("colours", QString(), "green"), nullptr);
+    EXPECT_EQ(m_manager.FindRVOpenNodeFromType("colours", "other", "red"), nullptr);
+    EXPECT_EQ(m_manager.FindRVOpenNodeFromType("bumps", QString(), "red"), nullptr);
+}
+
 TEST_F(ArchiveLookupTest, GivesATypedPreset)
 {
     writeCustom("A.rvx", archive("<colours><colour refname='red'/></colours>"));

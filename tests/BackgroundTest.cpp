@@ -108,7 +108,17 @@ INSTANTIATE_TEST_SUITE_P(
         different("SecondWithoutColour", "Plain", colour("Colour", "1 0 0"), QString()),
         different("BothWithoutColour", "Plain", QString(), QString()),
         different("BothWithEmptyColour", "Plain", colour("Colour", ""), colour("Colour", "")),
-        different("NotANumber", "Plain", colour("Colour", "nan 0 0"), colour("Colour", "nan 0 0"))),
+        different("NotANumber", "Plain", colour("Colour", "nan 0 0"), colour("Colour", "nan 0 0")),
+        alike("SameInfinite", "Plain", colour("Colour", "inf 0 -inf"),
+              colour("Colour", "inf 0 -inf")),
+        alike("InfiniteAndTooLargeForAFloat", "Plain", colour("Colour", "0 inf 0"),
+              colour("Colour", "0 1e39 0")),
+        different("InfiniteBothWays", "Plain", colour("Colour", "0 0 inf"),
+                  colour("Colour", "0 0 -inf")),
+        different("InfiniteOnOneSide", "Plain", colour("Colour", "inf 0 0"),
+                  colour("Colour", "3.4e38 0 0")),
+        alike("TooLargeForANumberIsZero", "Plain", colour("Colour", "1e999 0 1"),
+              colour("Colour", "0 0 1"))),
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(
@@ -126,7 +136,13 @@ INSTANTIATE_TEST_SUITE_P(
         different("WithoutPrimary", "Graduated", colour("Secondary Colour", "0 1 0"),
                   colour("Secondary Colour", "0 1 0")),
         different("WithoutSecondary", "Graduated", colour("Primary Colour", "1 0 0"),
-                  colour("Primary Colour", "1 0 0"))),
+                  colour("Primary Colour", "1 0 0")),
+        alike("SameInfinite", "Graduated",
+              colour("Primary Colour", "inf 0 0") + colour("Secondary Colour", "0 -inf 0"),
+              colour("Primary Colour", "inf 0 0") + colour("Secondary Colour", "0 -inf 0")),
+        different("InfiniteBothWays", "Graduated",
+                  colour("Primary Colour", "inf 0 0") + colour("Secondary Colour", "0 -inf 0"),
+                  colour("Primary Colour", "inf 0 0") + colour("Secondary Colour", "0 inf 0"))),
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(
@@ -155,7 +171,13 @@ INSTANTIATE_TEST_SUITE_P(
         alike("HorizonGroundsThatHaveNoSkyToMeet", "Horizon",
               horizonGround("1 1 0") + ground("0 1 0"), horizonGround("0 1 1") + ground("0 1 0")),
         alike("HorizonGroundMissingInTheFirst", "Horizon", sky("0 0 1") + ground("0 1 0"),
-              sky("0 0 1") + horizonGround("1 1 0") + ground("0 1 0"))),
+              sky("0 0 1") + horizonGround("1 1 0") + ground("0 1 0")),
+        alike("SameInfinite", "Horizon",
+              sky("0 0 inf") + horizonGround("0 0 inf") + ground("inf 1 0"),
+              sky("0 0 inf") + ground("inf 1 0")),
+        different("InfiniteSkiesBothWays", "Horizon", sky("0 0 inf") + ground("0 1 0"),
+                  sky("0 0 -inf") + ground("0 1 0")),
+        different("InfiniteGroundsBothWays", "Horizon", ground("0 inf 0"), ground("0 -inf 0"))),
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(

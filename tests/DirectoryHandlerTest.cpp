@@ -3,6 +3,8 @@
 
 #include <rvopen/DirectoryHandler.h>
 
+#include "FileSupport.h"
+#include "LoggedMessages.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -93,16 +95,20 @@ TEST_P(DirectoryHandlerFolderTest, ReadsAsEmptyOnceItIsDeleted)
 
 TEST_P(DirectoryHandlerFolderTest, StaysEmptyWhenItIsCreatedAgain)
 {
+    ASSERT_TRUE(QDir().mkdir(m_folder));
     set(m_folder);
-    get();
+    ASSERT_TRUE(QDir().rmdir(m_folder));
+    ASSERT_EQ(get(), QString());
     ASSERT_TRUE(QDir().mkdir(m_folder));
     EXPECT_EQ(get(), QString());
 }
 
 TEST_P(DirectoryHandlerFolderTest, ReturnsWhenItIsSetAgain)
 {
+    ASSERT_TRUE(QDir().mkdir(m_folder));
     set(m_folder);
-    get();
+    ASSERT_TRUE(QDir().rmdir(m_folder));
+    ASSERT_EQ(get(), QString());
     ASSERT_TRUE(QDir().mkdir(m_folder));
     set(m_folder);
     EXPECT_EQ(get(), m_folder);
@@ -223,6 +229,19 @@ TEST_F(DirectoryHandlerTest, OpensASecondCopyForAnotherSpelling)
     EXPECT_NE(dotted->GetDomNode().ownerDocument(), root->GetDomNode().ownerDocument());
 }
 
+TEST_F(DirectoryHandlerTest, OpensASecondCopyForALetterOfTheOtherCase)
+{
+    // Two files or one, as the file system has it.
+    RVOpenNode* const lower = m_handler.LoadArchive(write("a.rvx", "<archive/>"));
+    RVOpenNode* const upper = m_handler.LoadArchive(write("A.rvx", "<archive/>"));
+
+    ASSERT_NE(upper, nullptr);
+    EXPECT_NE(upper, lower);
+    EXPECT_NE(upper->GetDomNode().ownerDocument(), lower->GetDomNode().ownerDocument());
+    EXPECT_EQ(m_handler.LoadArchive(path("A.rvx")), upper);
+    EXPECT_EQ(m_handler.LoadArchive(path("a.rvx")), lower);
+}
+
 TEST_F(DirectoryHandlerTest, KeepsSeveralArchivesOpen)
 {
     RVOpenNode* const a = m_handler.LoadArchive(write("a.rvx", "<archive name='a'/>"));
@@ -331,6 +350,22 @@ TEST_F(DirectoryHandlerTest, ReportsAFileThatCannotBeWritten)
     ASSERT_TRUE(QDir().mkdir(name));
 
     EXPECT_FALSE(m_handler.SaveArchive(name));
+}
+
+TEST_F(DirectoryHandlerTest, LogsNothingAboutAFileThatCannotBeReadOrWritten)
+{
+    const QString name = write("a.rvx", "<archive/>");
+    m_handler.LoadArchive(name);
+    ASSERT_TRUE(QFile::remove(name));
+    ASSERT_TRUE(QDir().mkdir(name));
+    const QString malformed = write("bad.rvx", "<archive>");
+    const test::LoggedMessages logged;
+
+    EXPECT_FALSE(m_handler.SaveArchive(name));
+    EXPECT_FALSE(m_handler.SaveArchive(path("unknown.rvx")));
+    EXPECT_EQ(m_handler.LoadArchive(malformed), nullptr);
+    EXPECT_EQ(m_handler.LoadArchive(path("missing.rvx")), nullptr);
+    EXPECT_EQ(logged.texts(), QStringList());
 }
 
 TEST_F(DirectoryHandlerTest, RequiresThatAnOpenArchiveHasADocument)
@@ -463,9 +498,9 @@ TEST_F(DirectoryHandlerNodeTest, IsWritableWithoutBeingOpen)
 
 TEST_F(DirectoryHandlerNodeTest, IsNotWritableWhenItsOwnerMayNotWriteTheFile)
 {
-    ASSERT_TRUE(QFile::setPermissions(m_fileName, QFile::ReadOwner | QFile::ReadUser));
-    if (QFile::permissions(m_fileName).testFlag(QFile::WriteUser))
-        GTEST_SKIP() << "this user may write every file";
+    test::setMode(m_folders.root(), 0755);
+    test::setMode(m_fileName, 0444);
+    const test::Unprivileged unprivileged;
 
     EXPECT_FALSE(GetDirectoryHandler()->ArchiveWritable(
         here("<here archiveFilename='Stone' archiveType='Custom'/>")));

@@ -5,6 +5,7 @@
 
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenReader.h>
+#include <rvopen/SnapShot.h>
 #include <rvopen/XMLUtils.h>
 
 #include <QThread>
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -480,6 +482,9 @@ INSTANTIATE_TEST_SUITE_P(
         Meaning{"WhiteSpaceIsLeftOut", "<a> <b> &#32;\n</b>\t</a>", "a{b{}}"},
         Meaning{"OtherSpacesAreNot", "<a>\xC2\xA0</a>", "a{[\xC2\xA0]}"},
         Meaning{"OtherSpacesFromReferencesAreNot", "<a> &#x3000;<b/></a>", "a{[ \xE3\x80\x80]b{}}"},
+        Meaning{"NoncharacterBesideOtherSpaces",
+                "<a>\xC2\xA0<b/>\xEF\xB7\x90<![CDATA[\xEF\xB7\x90]]></a>",
+                "a{[\xC2\xA0]b{}[\xEF\xB7\x90]#cdata-section[\xEF\xB7\x90]}"},
         Meaning{"LineEnds", "<a>1\r\n2\r3\n4\r\r\n5</a>", "a{[1\\102\\103\\104\\10\\105]}"},
         Meaning{"LineEndsFromReferences", "<a>1&#13;&#10;2&#xD;</a>", "a{[1\\13\\102\\13]}"},
         Meaning{"Cdata", "<a>x<![CDATA[<&>]]>y</a>", "a{[x]#cdata-section[<&>][y]}"},
@@ -749,32 +754,83 @@ TEST(ReadingBoundsTest, CannotBeSetBeyondWhatAStringHolds)
     EXPECT_EQ(GetMaxInputSize(), 1000000000);
 }
 
-class SmallStackTest : public QThread {
+/// What a host does with a document, on a stack of 512 KB.
+class SmallStack : public QThread {
+public:
+    explicit SmallStack(const QString& xml)
+        : m_xml(xml)
+    {
+        setStackSize(512 * 1024);
+        start();
+        wait();
+    }
+
 protected:
     void run() override
     {
+        RVOpenManager manager;
+        ASSERT_EQ(manager.LoadSnapShotDocFromString(m_xml), 1);
+        const Document document = parseText(m_xml);
+        RVOpenNode root;
+        root.SetDomNode(document->documentElement());
+        EXPECT_EQ(materialise(root), MaxNestingDepth);
+        QStringList textures;
+        manager.FindRVOpenNodeTextures(&root, textures);
+        manager.StripTexturePaths(&root);
+
+        const std::unique_ptr<SnapShot> clone(
+            manager.CreateInternalSnapShot(manager.GetCurrentSnapShot()));
+        EXPECT_FALSE(clone->CreateSnapShotDocumentAsString().isEmpty());
+        const QString text = manager.GetSnapShotDocumentAsString();
+        EXPECT_NE(parseText(text), nullptr);
+
         QTemporaryDir folder;
         const QString path = folder.filePath("a.xml");
-        const Document document = parseText(nested(MaxNestingDepth));
-        ASSERT_NE(document, nullptr);
-        const QDomDocument copy = document->cloneNode().toDocument();
-        QDomDocument other;
-        other.appendChild(other.importNode(copy.documentElement(), true));
-        RVOpenNode node;
-        node.SetDomNode(other.documentElement());
-        RVOpenManager manager;
-        EXPECT_TRUE(manager.SaveArchive(path, &node));
+        EXPECT_TRUE(manager.SaveArchive(path, &root));
         EXPECT_NE(Document(ReadXmlDocument(path)), nullptr);
     }
+
+private:
+    /// Makes every object. The number of levels.
+    static int materialise(RVOpenNode& root)
+    {
+        int levels = 1;
+        int deepest = 1;
+        RVOpenNode* node = &root;
+        while (node) {
+            if (RVOpenNode* const child = node->GetChild(1, 1)) {
+                node = child;
+                deepest = std::max(deepest, ++levels);
+                continue;
+            }
+            while (node != &root && !node->GetNext(1)) {
+                node = node->GetParent();
+                --levels;
+            }
+            node = node == &root ? nullptr : node->GetNext(1);
+        }
+        return deepest;
+    }
+
+    QString m_xml;
 };
 
-TEST(ReadingBoundsTest, KeepTheDeepestDocumentSafeOnASmallStack)
+class SmallStackTest : public ::testing::TestWithParam<const char*> {};
+
+TEST_P(SmallStackTest, HoldsTheDeepestDocument)
 {
-    SmallStackTest thread;
-    thread.setStackSize(512 * 1024);
-    thread.start();
-    thread.wait();
+    const QString name(GetParam());
+    const int levels = MaxNestingDepth - 2;
+    const QString xml = "<root><snapshot>" + ("<" + name + ">").repeated(levels) +
+                        ("</" + name + ">").repeated(levels) + "</snapshot></root>";
+    SmallStack host(xml);
 }
+
+INSTANTIATE_TEST_SUITE_P(Elements, SmallStackTest,
+                         ::testing::Values("x", "snapshot", "snapshots", "materialRepository",
+                                           "material", "colour", "diffuse", "dir", "background",
+                                           "camera", "renderTargets", "param"),
+                         [](const auto& test) { return std::string(test.param); });
 
 // Errors
 

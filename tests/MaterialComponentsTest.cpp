@@ -846,6 +846,14 @@ std::vector<Comparison> byParameter(const QString& name, const char* type,
         result.push_back(
             {title + "ALittleDifferent", value(type, "1.00001"), value(type, "1"), false});
         result.push_back({title + "NoNumber", value(type, "nan"), value(type, "nan"), false});
+        result.push_back({title + "Infinite", value(type, "inf"), value(type, "inf"), true});
+        result.push_back(
+            {title + "InfiniteBothWays", value(type, "inf"), value(type, "-inf"), false});
+        result.push_back(
+            {title + "InfiniteOnOneSide", value(type, "inf"), value(type, "3.4e38"), false});
+        result.push_back({title + "TooLarge", value(type, "1e999"), value(type, "1e999"), true});
+        result.push_back(
+            {title + "TooLargeIsInfinite", value(type, "1e39"), value(type, "inf"), true});
     }
     return result;
 }
@@ -914,6 +922,16 @@ INSTANTIATE_TEST_SUITE_P(
         Comparison{"DifferentBlue", plainColourXml("1 2 3"), plainColourXml("1 2 0"), false},
         Comparison{"ALittleDifferent", plainColourXml("1 2 3"), plainColourXml("1 2 3.00001"),
                    false},
+        Comparison{"NoNumber", plainColourXml("nan 2 3"), plainColourXml("nan 2 3"), false},
+        Comparison{"Infinite", plainColourXml("inf 2 -inf"), plainColourXml("inf 2 -inf"), true},
+        Comparison{"InfiniteBothWays", plainColourXml("1 inf 3"), plainColourXml("1 -inf 3"),
+                   false},
+        Comparison{"InfiniteOnOneSide", plainColourXml("1 2 inf"), plainColourXml("1 2 3.4e38"),
+                   false},
+        Comparison{"TooLargeForAFloatIsInfinite", plainColourXml("1e39 2 3"),
+                   plainColourXml("inf 2 3"), true},
+        Comparison{"TooLargeForANumberIsZero", plainColourXml("1e999 2 3"), plainColourXml("0 2 3"),
+                   true},
         Comparison{"MissingOnOneSide", plainColourXml("1 2 3"), "<plainColour/>", true},
         Comparison{"EmptyOnOneSide", plainColourXml("1 2 3"), plainColourXml(""), true},
         Comparison{"OfAnotherTypeOnOneSide", plainColourXml("1 2 3"),
@@ -980,6 +998,8 @@ INSTANTIATE_TEST_SUITE_P(
             {"OffsetMissingSecondIsNotOne", offset("1", s_none), offset("0", "0"), false},
             {"OffsetMissingFirstIsZero", offset(s_none, "0"), offset("0", "0"), true},
             {"OffsetMissingFirstIsNotOne", offset(s_none, "1"), offset("0", "0"), false},
+            {"OffsetInfiniteButEven", offset("inf", "1e999"), offset("-inf", "-inf"), true},
+            {"OffsetInfiniteBothWays", offset("inf", "-inf"), offset("0", "0"), false},
             {"OffsetUnreadableFirstIsNotOne", offset("", "1"), offset("0", "0"), false},
         }),
     comparisonName);

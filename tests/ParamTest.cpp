@@ -3,6 +3,7 @@
 
 #include <rvopen/Param.h>
 
+#include "LoggedMessages.h"
 #include "TestSupport.h"
 
 #include <rvopen/RVOpenStatus.h>
@@ -552,6 +553,19 @@ INSTANTIATE_TEST_SUITE_P(Param, NumberOf, ::testing::ValuesIn(numbers(typedValue
                          [](const auto& instance) {
                              return std::string(instance.param.description);
                          });
+
+TEST_P(ValueOf, IsNeverLogged)
+{
+    const Single missing(QString("<param type='%1'/>").arg(GetParam().type));
+    const Single malformed(GetParam().type, "no value");
+    const Single ofNoType("other", GetParam().value);
+    const LoggedMessages logged;
+    for (const Single* single : {&missing, &malformed, &ofNoType}) {
+        GetParam().get(single->param.get(), &m_out);
+        GetParam().set(single->param.get());
+    }
+    EXPECT_EQ(logged.texts(), QStringList());
+}
 
 TEST(Param, BoolIsTrueFromOneOn)
 {

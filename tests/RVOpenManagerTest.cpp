@@ -11,6 +11,7 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/TemporaryItems.h>
 
+#include "LoggedMessages.h"
 #include "ManagerSupport.h"
 
 #include <gtest/gtest.h>
@@ -222,6 +223,17 @@ TEST(RVOpenManagerTest, InitialisePassesOverAMalformedDefaultArchive)
 
     EXPECT_EQ(manager.Initialise(3, 1, folder.path()), StatusOk);
     EXPECT_EQ(manager.GetRVOpenNodeFromType("colours", true), nullptr);
+}
+
+TEST(RVOpenManagerTest, InitialiseLogsNothingAboutArchivesThatCannotBeRead)
+{
+    InstallFolder folder;
+    folder.write("Product_extra", "<archive>");
+    RVOpenManager manager;
+    const test::LoggedMessages logged;
+
+    EXPECT_EQ(manager.Initialise(3, 1, folder.path()), StatusOk);
+    EXPECT_EQ(logged.texts(), QStringList());
 }
 
 TEST(RVOpenManagerTest, InitialiseChangesNoArchiveFile)

@@ -20,6 +20,7 @@ namespace {
 
 constexpr float UntouchedFloat = -77.5f;
 constexpr int UntouchedInt = -77;
+constexpr float Infinite = std::numeric_limits<float>::infinity();
 
 std::string nameOf(const char* text)
 {
@@ -181,6 +182,9 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberCase{"Hexadecimal", "0x10", 0.0f, 0, 0},
                       NumberCase{"DecimalComma", "1,5", 0.0f, 0, 0},
                       NumberCase{"BeyondInt", "4294967296", 4294967296.0f, 0, 0},
+                      NumberCase{"BeyondFloat", "1e39", Infinite, 0, 0},
+                      NumberCase{"BeyondEveryNumber", "-1e999", -Infinite, 0, 0},
+                      NumberCase{"Infinite", "inf", Infinite, 0, 0},
                       NumberCase{"Word", "yes", 0.0f, 0, 0}, NumberCase{"True", "true", 0.0f, 0, 0},
                       NumberCase{"Blank", " ", 0.0f, 0, 0}),
     [](const auto& instance) { return nameOf(instance.param.description); });
@@ -268,7 +272,8 @@ INSTANTIATE_TEST_SUITE_P(RVOpenNode, WrittenFloat,
                                            FloatText{"SevenDigits", 1234567.0f, "1.23457e+06"},
                                            FloatText{"Million", 1000000.0f, "1e+06"},
                                            FloatText{"Small", 0.0001f, "0.0001"},
-                                           FloatText{"Smaller", 0.00001f, "1e-05"}),
+                                           FloatText{"Smaller", 0.00001f, "1e-05"},
+                                           FloatText{"Infinite", -Infinite, "-inf"}),
                          [](const auto& instance) { return nameOf(instance.param.description); });
 
 TEST(RVOpenNode, WrittenIntIsPlainDecimal)
@@ -589,6 +594,8 @@ INSTANTIATE_TEST_SUITE_P(
                       TripleText{"Four", "1 2 3 4", 1.0f, 2.0f, 3.0f},
                       TripleText{"AnyWhiteSpace", " 1\t2 \n 3 ", 1.0f, 2.0f, 3.0f},
                       TripleText{"Exponents", "1e2 2E-1 +3", 100.0f, 0.2f, 3.0f},
+                      TripleText{"Infinite", "inf -inf 1e39", Infinite, -Infinite, Infinite},
+                      TripleText{"BeyondEveryNumber", "1e999 2 3", 0.0f, 2.0f, 3.0f},
                       TripleText{"WordLast", "1 2 x", 1.0f, 2.0f, 0.0f},
                       TripleText{"WordSecond", "1 x 3", 1.0f, 0.0f, 0.0f},
                       TripleText{"WordFirst", "x 2 3", 0.0f, 0.0f, 0.0f},
@@ -648,6 +655,9 @@ INSTANTIATE_TEST_SUITE_P(
                         "<item archiveFilename='Studio' archiveType='custom' path='Sub'/>",
                         "/Sub/Studio.rvx", "/Sub"},
         ArchiveNameCase{"WithoutType", "<item archiveFilename='Studio'/>", "/Studio.rvx", ""},
+        ArchiveNameCase{"WithEmptyType",
+                        "<item archiveFilename='Studio' archiveType='' path='Sub'/>",
+                        "/Sub/Studio.rvx", "/Sub"},
         ArchiveNameCase{"WithoutFileName", "<item archiveType='Custom' path='Sub'/>", "", "C/Sub"},
         ArchiveNameCase{"WithEmptyFileName",
                         "<item archiveFilename='' archiveType='Custom' path='Sub'/>", "", "C/Sub"}),

@@ -130,6 +130,27 @@ TEST(SnapShotsTest, EveryChildNodeBecomesASnapShot)
     EXPECT_TRUE(mirrorsWholeDom(&collection.object));
 }
 
+TEST(SnapShotsTest, TextAndCommentsBecomeSnapShotsWithoutComponents)
+{
+    Collection collection("text<!-- note -->");
+    collection->Populate();
+
+    ASSERT_EQ(domChildNames(collection->GetDomNode()), QStringList({"#text", "#comment"}));
+    int number = 0;
+    for (SnapShot* snapShot = collection->GetFirstSnapShot(); snapShot;
+         snapShot = snapShot->GetNext()) {
+        ++number;
+        EXPECT_EQ(snapShot->GetScheme(), nullptr);
+        EXPECT_EQ(snapShot->GetBackground(), nullptr);
+        EXPECT_EQ(snapShot->GetForeground(), nullptr);
+        EXPECT_EQ(snapShot->GetNaturalLightStudio(), nullptr);
+        EXPECT_EQ(snapShot->GetCamera(), nullptr);
+        EXPECT_EQ(snapShot->GetSnapShotSettings(), nullptr);
+        EXPECT_EQ(snapShot->GetScenery(), nullptr);
+    }
+    EXPECT_EQ(number, 2);
+}
+
 TEST(SnapShotsTest, PopulateTwiceKeepsTheObjects)
 {
     Collection collection(s_three);

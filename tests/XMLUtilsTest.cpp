@@ -6,6 +6,7 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShots.h>
 
+#include "LoggedMessages.h"
 #include "TestSupport.h"
 
 #include <QBuffer>
@@ -67,18 +68,20 @@ TEST_F(ReadXmlDocumentTest, GivesNullForAMissingFile)
     EXPECT_EQ(XMLUtils().ReadXmlDocument(m_root.filePath("missing.xml")), nullptr);
 }
 
-int s_messages = 0;
-
-TEST_F(ReadXmlDocumentTest, GivesNullForAnEmptyPathWithoutALoggedMessage)
+TEST_F(ReadXmlDocumentTest, GivesNullForAnEmptyPath)
 {
-    s_messages = 0;
-    const QtMessageHandler former = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString&) { ++s_messages; });
-    const std::unique_ptr<QDomDocument> document(XMLUtils().ReadXmlDocument(QString()));
-    qInstallMessageHandler(former);
+    EXPECT_EQ(XMLUtils().ReadXmlDocument(QString()), nullptr);
+}
 
-    EXPECT_EQ(document, nullptr);
-    EXPECT_EQ(s_messages, 0);
+TEST_F(ReadXmlDocumentTest, LogsNothingAboutAFileThatCannotBeRead)
+{
+    const test::LoggedMessages logged;
+    XMLUtils().ReadXmlDocument(QString());
+    XMLUtils().ReadXmlDocument(m_path);
+    XMLUtils().ReadXmlDocument(m_root.path());
+    read("<a>");
+
+    EXPECT_EQ(logged.texts(), QStringList());
 }
 
 TEST_F(ReadXmlDocumentTest, GivesNullForAFolder)
@@ -367,6 +370,15 @@ INSTANTIATE_TEST_SUITE_P(
                       NameCase{"Sky", {"7Sky ("}, "Sky (8)"},
                       NameCase{"Sky (2)", {"Sky (2)"}, "Sky (2) (2)"}));
 
+TEST(XMLUtilsTest, AnEmptyNameIsGivenBackWithoutALookAtTheChildren)
+{
+    const QDomDocument document = parse("<parent><child name=''/><child name='Sky'/></parent>");
+    const auto parent = bind(document.documentElement());
+
+    EXPECT_EQ(XMLUtils().CheckNameDuplication(parent.get(), QString()), QString());
+    EXPECT_EQ(parent->GetChild(0, 0), nullptr);
+}
+
 // Preview images
 
 constexpr Qt::GlobalColor s_embeddedColour = Qt::red;
@@ -438,16 +450,29 @@ TEST_F(PreviewTest, IsTheEmbeddedImageEvenWhereThereIsAFile)
                       s_embeddedColour));
 }
 
-class CorruptPreviewTest : public PreviewTest, public ::testing::WithParamInterface<const char*> {};
+class CorruptPreviewTest : public PreviewTest, public ::testing::WithParamInterface<const char*> {
+protected:
+    static QString corrupt()
+    {
+        return GetParam() == QLatin1String("no image")
+                   ? embedded("no image")
+                   : QStringLiteral("xmlImage='%1'").arg(GetParam());
+    }
+};
 
 TEST_P(CorruptPreviewTest, IsNullEvenWhereThereIsAFile)
 {
     writeImage(m_folders.root() + "/sethumbs/n.jpg");
-    const QString corrupt = GetParam() == QLatin1String("no image")
-                                ? embedded("no image")
-                                : QStringLiteral("xmlImage='%1'").arg(GetParam());
 
-    EXPECT_TRUE(preview(NodeOf("name='n' " + corrupt).get(), m_folders.root()).isNull());
+    EXPECT_TRUE(preview(NodeOf("name='n' " + corrupt()).get(), m_folders.root()).isNull());
+}
+
+TEST_P(CorruptPreviewTest, IsNotLogged)
+{
+    const test::LoggedMessages logged;
+    preview(NodeOf("name='n' " + corrupt()).get(), m_folders.root());
+
+    EXPECT_EQ(logged.texts(), QStringList());
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CorruptPreviewTest,

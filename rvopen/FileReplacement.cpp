@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/FileReplacement.h>
+
+#include <rvopen/FileSubstitution.h>
+#include <rvopen/QtCompat.h>
+#include <rvopen/RVOpenLimits.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace rvopen {
+
+namespace {
+
+using compat::Size;
+
+bool readWhole(QFile& file, QByteArray& bytes)
+{
+    bytes = file.readAll();
+    return file.error() == QFileDevice::NoError && bytes.size() == file.size();
+}
+
+/// The part of \p bytes from \p begin to \p end, to the same place in the file.
+bool writePart(QFile& file, const QByteArray& bytes, Size begin, Size end)
+{
+    return file.seek(begin) && file.write(bytes.constData() + begin, end - begin) == end - begin;
+}
+
+bool setSize(QFile& file, Size size)
+{
+    return file.size() == size || file.resize(size);
+}
+
+/// What is longer than the old content is written first: if the disk is full, the old content has
+/// not been touched yet.
+bool overwrite(QFile& file, const QByteArray& bytes)
+{
+    QByteArray old;
+    if (!readWhole(file, old))
+        return false;
+    const Size common = std::min(old.size(), bytes.size());
+    const bool isExtended = writePart(file, bytes, common, bytes.size());
+    if (isExtended && writePart(file, bytes, 0, common) && setSize(file, bytes.size()) &&
+        flushToDisk(file) && holds(file, bytes))
+        return true;
+    if (isExtended)
+        writePart(file, old, 0, old.size());
+    setSize(file, old.size());
+    flushToDisk(file);
+    return false;
+}
+
+bool writeOnce(QFile& file, const QByteArray& bytes)
+{
+    return file.write(bytes) == bytes.size() && flushToDisk(file);
+}
+
+SaveResult writeThere(const QString& path, QIODevice::OpenMode mode, const QByteArray& bytes,
+                      bool (*write)(QFile&, const QByteArray&))
+{
+    QFile file(path);
+    if (!file.open(mode | QIODevice::ExistingOnly | QIODevice::Unbuffered))
+        return SaveResult::NotOpened;
+    return write(file, bytes) ? SaveResult::Saved : SaveResult::NotWritten;
+}
+
+} // namespace
+
+SaveResult replaceFile(const QString& path, const QByteArray& bytes)
+{
+    // A name up to a zero is another file's.
+    if (path.isEmpty() || path.contains(QChar(0)))
+        return SaveResult::NotOpened;
+    switch (substituteFile(path, bytes)) {
+    case Substitution::Done:
+        return SaveResult::Saved;
+    case Substitution::InPlace:
+        return writeThere(path, QIODevice::ReadWrite, bytes, overwrite);
+    case Substitution::NoFile:
+        return writeThere(path, QIODevice::WriteOnly, bytes, writeOnce);
+    case Substitution::NotOpened:
+        return SaveResult::NotOpened;
+    case Substitution::Failed:
+        break;
+    }
+    return SaveResult::NotWritten;
+}
+
+bool copyFile(const QString& source, const QString& target)
+{
+    const QFileInfo place(target);
+    QFile file(source);
+    QByteArray bytes;
+    if (place.exists() || place.isSymLink() || !QFileInfo(source).isFile() ||
+        !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        file.size() > GetMaxInputSize() || !readWhole(file, bytes) ||
+        replaceFile(target, bytes) != SaveResult::Saved)
+        return false;
+    QFile::setPermissions(target, file.permissions());
+    return true;
+}
+
+bool holds(QFile& file, const QByteArray& bytes)
+{
+    if (file.size() != bytes.size() || !file.seek(0))
+        return false;
+    std::array<char, 32768> chunk;
+    for (Size at = 0; at < bytes.size();) {
+        const auto count = static_cast<Size>(file.read(chunk.data(), chunk.size()));
+        if (count <= 0 || count > bytes.size() - at ||
+            std::memcmp(chunk.data(), bytes.constData() + at, static_cast<size_t>(count)) != 0)
+            return false;
+        at += count;
+    }
+    return true;
+}
+
+} // namespace rvopen
