@@ -60,11 +60,6 @@ double bytesInUse()
     return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-void tidyHeap()
-{
-    malloc_trim(0);
-}
-
 } // namespace rvopen::bench
 
 #else
@@ -85,8 +80,6 @@ double bytesInUse()
 {
     return 0.0;
 }
-
-void tidyHeap() {}
 
 } // namespace rvopen::bench
 

@@ -11,7 +11,5 @@ bool canCountAllocations();
 long allocations();
 /// Bytes of the heap in use, with what the allocator adds to each block.
 double bytesInUse();
-/// Gives the heap the same state again: how long freeing takes depends on what was freed before.
-void tidyHeap();
 
 } // namespace rvopen::bench

@@ -3,8 +3,6 @@
 
 #include "Report.h"
 
-#include "Allocations.h"
-
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -173,7 +171,6 @@ std::vector<std::vector<double>> Report::measure(const std::vector<Case>& cases)
     }
     Collector collector;
     const auto runOnce = [&](std::size_t i) {
-        tidyHeap();
         benchmark::RunSpecifiedBenchmarks(&collector, '^' + std::to_string(i) + '/');
         return collector.seconds();
     };

@@ -145,7 +145,7 @@ void DirectoryHandler::CloseArchive(QString filename)
 
 QString DirectoryHandler::existingFolder(QString& folder)
 {
-    if (!QDir(pathToOpen(folder)).exists())
+    if (!folder.isEmpty() && !QDir(pathToOpen(folder)).exists())
         folder.clear();
     return folder;
 }

@@ -18,6 +18,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <array>
 #include <tuple>
 #include <utility>
 
@@ -202,7 +203,7 @@ private:
     void leaf(const QDomNode& node, int depth, bool followsText);
     void startTag(const QDomNode& element);
     void collectAttributes(const QDomNode& element, const QString& name);
-    bool collectSameAttributes(const QDomNamedNodeMap& map);
+    bool collectUsualAttributes(const QDomNamedNodeMap& map, const QVector<QString>& names);
     void sortAttributes();
     void makeNamesUnique();
     void declareNamespaces(const QString& prefix, const QString& uri);
@@ -238,8 +239,11 @@ private:
     QSet<QString> m_declaredPrefixes;
     /// Of the current tag, in the order in which they are written.
     QVector<Attribute> m_attributes;
-    /// Whether they have nothing to do with namespaces.
-    bool m_canRepeat = false;
+    /// By their number: names that the attributes of a tag had, in order, which had nothing to do
+    /// with namespaces.
+    std::array<QVector<QString>, 12> m_usualNames;
+    /// The last name of an element that is written as it is and has no prefix.
+    QString m_plainName;
     QHash<QString, QString> m_writtenNames;
 };
 
@@ -396,7 +400,13 @@ void Writer::leaf(const QDomNode& node, int depth, bool followsText)
 
 void Writer::startTag(const QDomNode& element)
 {
-    const QString name = writtenName(element.nodeName());
+    QString name = element.nodeName();
+    if (name != m_plainName || name.isEmpty()) {
+        const QString written = writtenName(name);
+        if (written == name && prefixOf(name).isEmpty())
+            m_plainName = name;
+        name = written;
+    }
     m_open.append({name, {}});
     collectAttributes(element, name);
     m_text += QLatin1Char('<');
@@ -416,8 +426,10 @@ void Writer::collectAttributes(const QDomNode& element, const QString& name)
 {
     const QDomNamedNodeMap map = element.attributes();
     const QString uri = element.namespaceURI();
-    bool usesNamespaces = !uri.isNull() || !prefixOf(name).isEmpty();
-    if (!usesNamespaces && collectSameAttributes(map))
+    bool usesNamespaces = !uri.isNull() || (name != m_plainName && !prefixOf(name).isEmpty());
+    const auto count = static_cast<std::size_t>(map.count());
+    if (!usesNamespaces && count < m_usualNames.size() &&
+        collectUsualAttributes(map, m_usualNames[count]))
         return;
     m_attributes.resize(map.count());
     for (int i = 0; i < map.count(); ++i) {
@@ -437,20 +449,30 @@ void Writer::collectAttributes(const QDomNode& element, const QString& name)
         declareRawPrefixes(prefixOf(name));
         sortAttributes();
     }
-    m_canRepeat = !usesNamespaces;
+    if (usesNamespaces || count >= m_usualNames.size())
+        return;
+    QVector<QString>& names = m_usualNames[count];
+    names.clear();
+    for (const Attribute& attribute : std::as_const(m_attributes))
+        names.append(attribute.name);
 }
 
-/// Neighbours often have attributes of the same names, which are found faster by name than one
-/// after the other, and are in order already. False when that is not so.
-bool Writer::collectSameAttributes(const QDomNamedNodeMap& map)
+/// Most tags have attributes of the same few names, which are found faster by name than one after
+/// the other, and are in order already. False when these are others.
+bool Writer::collectUsualAttributes(const QDomNamedNodeMap& map, const QVector<QString>& names)
 {
-    if (!m_canRepeat || map.count() != m_attributes.size())
+    if (map.count() != names.size())
         return false;
-    for (Attribute& attribute : m_attributes) {
-        const QDomNode node = map.namedItem(attribute.name);
+    m_attributes.resize(names.size());
+    auto attribute = m_attributes.begin();
+    for (const QString& name : names) {
+        const QDomNode node = map.namedItem(name);
         if (node.isNull() || !node.namespaceURI().isNull())
             return false;
-        attribute.value = node.nodeValue();
+        attribute->name = name;
+        attribute->value = node.nodeValue();
+        attribute->uri = QString();
+        ++attribute;
     }
     return true;
 }

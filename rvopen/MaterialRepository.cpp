@@ -70,6 +70,34 @@ void resetTransparency(Material* target)
     transparency->SetInvertMask(0);
 }
 
+Colour* addColour(Material* target, Colour* colour, int* alreadyPresent)
+{
+    return addComponent(target, colour, target->GetColour(0), alreadyPresent,
+                        [target](Colour* copy) { target->SetColour(copy); });
+}
+
+Finish* addFinish(Material* target, Finish* finish, int* alreadyPresent)
+{
+    return addComponent(target, finish, target->GetFinish(), alreadyPresent,
+                        [target, finish](Finish* copy) {
+                            if (finish && finish->IsReset())
+                                resetTransparency(target);
+                            target->SetFinish(copy);
+                        });
+}
+
+Transparency* addTransparency(Material* target, Transparency* transparency, int* alreadyPresent)
+{
+    return addComponent(target, transparency, target->GetTransparency(0), alreadyPresent,
+                        [target](Transparency* copy) { target->SetTransparency(copy); });
+}
+
+Bump* addBump(Material* target, Bump* bump, int* alreadyPresent)
+{
+    return addComponent(target, bump, target->GetBump(0), alreadyPresent,
+                        [target](Bump* copy) { target->SetBump(copy); });
+}
+
 } // namespace
 
 MaterialRepository::MaterialRepository(RVOpenNode* source)
@@ -145,8 +173,11 @@ unsigned int MaterialRepository::GetNumMaterials()
 Material* MaterialRepository::GetMaterial(QString linkName)
 {
     Material* material = GetFirstMaterial();
-    while (material && material->GetLinkName() != linkName)
-        material = material->GetNext();
+    for (; material; material = material->GetNext()) {
+        const QString itsName = NodeAccess::attribute(material, names::attribute::linkName());
+        if (itsName.size() == linkName.size() && itsName == linkName)
+            break;
+    }
     return material;
 }
 
@@ -163,24 +194,14 @@ Material* MaterialRepository::AddBaseMaterial(Material* material, QString linkNa
 Colour* MaterialRepository::AddColour(Colour* colour, QString linkName, int* alreadyPresent)
 {
     Material* const target = GetMaterial(linkName);
-    if (!target)
-        return nullptr;
-    return addComponent(target, colour, target->GetColour(0), alreadyPresent,
-                        [target](Colour* copy) { target->SetColour(copy); });
+    return target ? addColour(target, colour, alreadyPresent) : nullptr;
 }
 
 Finish* MaterialRepository::AddFinish(Finish* finish, QString linkName, int* alreadyPresent)
 {
     setFlag(alreadyPresent, 0);
     Material* const target = GetMaterial(linkName);
-    if (!target)
-        return nullptr;
-    return addComponent(target, finish, target->GetFinish(), alreadyPresent,
-                        [target, finish](Finish* copy) {
-                            if (finish && finish->IsReset())
-                                resetTransparency(target);
-                            target->SetFinish(copy);
-                        });
+    return target ? addFinish(target, finish, alreadyPresent) : nullptr;
 }
 
 Transparency* MaterialRepository::AddTransparency(Transparency* transparency, QString linkName,
@@ -188,20 +209,14 @@ Transparency* MaterialRepository::AddTransparency(Transparency* transparency, QS
 {
     setFlag(alreadyPresent, 0);
     Material* const target = GetMaterial(linkName);
-    if (!target)
-        return nullptr;
-    return addComponent(target, transparency, target->GetTransparency(0), alreadyPresent,
-                        [target](Transparency* copy) { target->SetTransparency(copy); });
+    return target ? addTransparency(target, transparency, alreadyPresent) : nullptr;
 }
 
 Bump* MaterialRepository::AddBump(Bump* bump, QString linkName, int* alreadyPresent)
 {
     setFlag(alreadyPresent, 0);
     Material* const target = GetMaterial(linkName);
-    if (!target)
-        return nullptr;
-    return addComponent(target, bump, target->GetBump(0), alreadyPresent,
-                        [target](Bump* copy) { target->SetBump(copy); });
+    return target ? addBump(target, bump, alreadyPresent) : nullptr;
 }
 
 Material* MaterialRepository::ApplyMaterial(Material* material, QString linkName,
@@ -223,13 +238,13 @@ Material* MaterialRepository::ApplyMaterial(Material* material, QString linkName
     target->SetTransparency(nullptr);
     target->SetBump(nullptr);
     if (Colour* const colour = material->GetColour(0))
-        AddColour(colour, linkName, nullptr);
+        addColour(target, colour, nullptr);
     if (Finish* const finish = material->GetFinish())
-        AddFinish(finish, linkName, nullptr);
+        addFinish(target, finish, nullptr);
     if (Transparency* const transparency = material->GetTransparency(0))
-        AddTransparency(transparency, linkName, nullptr);
+        addTransparency(target, transparency, nullptr);
     if (Bump* const bump = material->GetBump(0))
-        AddBump(bump, linkName, nullptr);
+        addBump(target, bump, nullptr);
     target->SetRefName(material->GetRefName());
     target->SetSubCat(material->GetSubCat());
     return target;

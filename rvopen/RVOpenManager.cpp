@@ -39,19 +39,12 @@ void destroy(Object*& object)
     object = nullptr;
 }
 
-/// For objects whose document goes with them: takes their element and its children out as destroy()
-/// does, since the manager has handles to elements, but not each element below those.
+/// For objects whose document goes with them: taking each element out first would be for nothing.
 template <typename Object>
-void destroyWithDocument(Object*& object)
+void dropWithDocument(Object*& object)
 {
-    if (!object)
-        return;
-    QDomNode element = object->GetDomNode();
     NodeAccess::dropView(object);
     object = nullptr;
-    for (QDomNode child = element.firstChild(); !child.isNull(); child = element.firstChild())
-        element.removeChild(child);
-    element.parentNode().removeChild(element);
 }
 
 void dropViews(QVector<RVOpenNode*>& views)
@@ -114,12 +107,17 @@ QString folderOf(const QString& path)
     return end < 0 ? native : native.left(end);
 }
 
-bool hasSnapShotNamed(SnapShots* collection, const QString& name)
+/// The names of the collection's snapshots that start with \p base.
+QSet<QString> namesStartingWith(const QString& base, SnapShots* collection)
 {
+    QSet<QString> names;
     SnapShot* snapShot = collection ? collection->GetFirstSnapShot() : nullptr;
-    while (snapShot && snapShot->GetName() != name)
-        snapShot = snapShot->GetNext();
-    return snapShot != nullptr;
+    for (; snapShot; snapShot = snapShot->GetNext()) {
+        const QString name = snapShot->GetName();
+        if (name.startsWith(base))
+            names.insert(name);
+    }
+    return names;
 }
 
 } // namespace
@@ -137,15 +135,15 @@ RVOpenManager::~RVOpenManager()
 {
     destroy(m_defaultArchiveRoot);
     destroy(m_defaultArchiveDocument);
-    destroyWithDocument(m_snapShots);
-    destroyWithDocument(m_backgrounds);
-    destroyWithDocument(m_cameras);
-    destroyWithDocument(m_materialPalettes);
-    destroyWithDocument(m_tempSnapShots);
+    dropWithDocument(m_snapShots);
+    dropWithDocument(m_backgrounds);
+    dropWithDocument(m_cameras);
+    dropWithDocument(m_materialPalettes);
+    dropWithDocument(m_tempSnapShots);
     destroy(m_resetSnapShot);
-    destroyWithDocument(m_currentSnapShot);
-    destroyWithDocument(m_originalBackground);
-    destroy(m_snapShotDocument);
+    dropWithDocument(m_currentSnapShot);
+    dropWithDocument(m_originalBackground);
+    dropDocument();
     destroy(m_importDocument);
     destroy(m_importCurrentSnapShot);
     destroy(m_productArchiveRoot);
@@ -218,16 +216,16 @@ void RVOpenManager::InitialiseSnapShotDoc()
 
 void RVOpenManager::ClearSnapShotDoc()
 {
-    destroyWithDocument(m_snapShots);
-    destroyWithDocument(m_cameras);
-    destroyWithDocument(m_backgrounds);
-    destroyWithDocument(m_materialPalettes);
-    destroyWithDocument(m_tempSnapShots);
+    dropWithDocument(m_snapShots);
+    dropWithDocument(m_cameras);
+    dropWithDocument(m_backgrounds);
+    dropWithDocument(m_materialPalettes);
+    dropWithDocument(m_tempSnapShots);
     destroy(m_resetSnapShot);
-    destroyWithDocument(m_currentSnapShot);
-    destroyWithDocument(m_originalBackground);
+    dropWithDocument(m_currentSnapShot);
+    dropWithDocument(m_originalBackground);
     dropViews(m_retiredViews);
-    destroy(m_snapShotDocument);
+    dropDocument();
 }
 
 int RVOpenManager::LoadSnapShotDocFromFile(QString path)
@@ -316,10 +314,11 @@ QString RVOpenManager::GetNextSnapShotName(QString base, SnapShots::SnapShotType
         counter = &m_cameraCounter;
         collection = m_cameras;
     }
+    const QSet<QString> names = namesStartingWith(base, collection);
     QString candidate;
     do {
         candidate = base + QString::number(++*counter);
-    } while (hasSnapShotNamed(collection, candidate));
+    } while (names.contains(candidate));
     return candidate;
 }
 
@@ -587,6 +586,14 @@ void RVOpenManager::retireNode(Object*& held, Object* fresh)
     if (held && held != fresh)
         m_retiredNodes.append(held);
     held = fresh;
+}
+
+void RVOpenManager::dropDocument()
+{
+    // A handle to an element would keep all that is in it.
+    m_rootElement = QDomElement();
+    m_snapShotsElement = QDomNode();
+    destroy(m_snapShotDocument);
 }
 
 void RVOpenManager::retireDocument()

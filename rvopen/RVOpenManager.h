@@ -179,6 +179,7 @@ private:
     void replaceView(Object*& held, Object* fresh);
     template <typename Object>
     void retireNode(Object*& held, Object* fresh);
+    void dropDocument();
     void retireDocument();
     SnapShots* appendCollection(const QString& name);
     void appendMainCollection();
