@@ -63,7 +63,9 @@ public:
         arguments.description("Sorted by kind and name. Without files, all archives in the folders "
                               "of the host. Exit code 1 when nothing is found.");
         arguments.positional("files", m_files, "Archives, folders, or \"-\"", false);
-        arguments.option("--type", m_type, "KIND", "Presets of one kind: material, camera, ...");
+        arguments.option("--type", m_type, "KIND",
+                         "Presets of one kind: material, camera, ..., or of a "
+                         "section: materials, ...");
         arguments.option("--subcat", m_subCategory, "NAME", "Presets of one sub-category");
         arguments.option("--category", m_category, "NAME", "Presets of one category");
         arguments.option("--text", m_text, "WORDS",
@@ -87,7 +89,7 @@ public:
         std::vector<Entry> entries;
         forEachDocument(files, session, [&](Document& document) {
             forEachPreset(document.root(), [&](const Preset& preset) {
-                if (isWanted(preset.element))
+                if (isWanted(preset))
                     entries.push_back(entry(document, preset));
             });
         });
@@ -100,9 +102,11 @@ public:
     }
 
 private:
-    bool isWanted(const QDomElement& element) const
+    bool isWanted(const Preset& preset) const
     {
-        if (!m_type.isEmpty() && element.tagName().compare(m_type, Qt::CaseInsensitive) != 0)
+        const QDomElement& element = preset.element;
+        if (!m_type.isEmpty() && element.tagName().compare(m_type, Qt::CaseInsensitive) != 0 &&
+            preset.section.compare(m_type, Qt::CaseInsensitive) != 0)
             return false;
         if (!m_subCategory.isEmpty() && value(element, "subcat") != m_subCategory)
             return false;

@@ -78,9 +78,12 @@ int run(int argc, char** argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        const bool isFine = error.get_exit_code() == 0;
-        app.exit(error);
-        return isFine ? ExitFine : ExitFailed;
+        if (error.get_exit_code() == 0) {
+            app.exit(error);
+            return ExitFine;
+        }
+        return complain(QString::fromLocal8Bit(error.what()) +
+                        QStringLiteral("; --help tells what there is"));
     }
     if (!options.generated.isEmpty())
         return generate(app, options.generated, session.out);

@@ -36,6 +36,12 @@ TEST(List, SelectsByType)
               QStringList(QStringLiteral("c.above")));
 }
 
+TEST(List, SelectsBySection)
+{
+    EXPECT_EQ(listed({QStringLiteral("--type"), QStringLiteral("cameras")}),
+              QStringList(QStringLiteral("c.above")));
+}
+
 TEST(List, SelectsBySubCategory)
 {
     EXPECT_EQ(listed({QStringLiteral("--subcat"), QStringLiteral("Transparent")}),
