@@ -626,10 +626,10 @@ int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const
 
 RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
 {
-    const QString fileName = GetArchiveFilename();
-    if (fileName.isEmpty())
+    if (attribute(names::attribute::archiveFilename()).isEmpty())
         return {};
-    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(fileName) : nullptr};
+    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(GetArchiveFilename())
+                                     : nullptr};
 }
 
 bool RVOpenNode::isArchiveInPlace() const
