@@ -67,7 +67,7 @@ RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
 /// notes about its neighbours in order, and whatever could leave a wrong one ends the epoch, and
 /// with it all notes: SetNext() and assignment, which change links in any way, and the death of a
 /// node that a note may lead to.
-constexpr int s_longWalk = 32;
+constexpr int s_longWalk = 16;
 constexpr quint32 s_lastEpoch = 0x7FFFFFFF; ///< Has no notes.
 std::atomic<quint32> s_epoch{1};
 std::atomic<bool> s_epochHasNotes{false};
