@@ -113,9 +113,10 @@ TEST(LongChain, NodeIsAppendedWhereSetNextCutTheChain)
 {
     LongChain chain;
     chain.nodes[50]->SetNext(nullptr);
+    RVOpenNode* const added = chain.made(QStringLiteral("new"));
+    chain.parent->AddNode(added, false);
+    EXPECT_EQ(chain.parent->GetChildPos(added), Length);
     delete chain.nodes[51];
-    chain.append(QStringLiteral("new"));
-    EXPECT_EQ(chain.objects(), numbers(0, 51) << QStringLiteral("new"));
 }
 
 TEST(LongChain, NodeIsAppendedBehindAnAssignedOne)
@@ -123,10 +124,10 @@ TEST(LongChain, NodeIsAppendedBehindAnAssignedOne)
     LongChain chain;
     const RVOpenNode blank;
     *chain.nodes[50] = blank;
-    delete chain.nodes[51];
     RVOpenNode* const added = chain.made(QStringLiteral("new"));
     chain.parent->AddNode(added, false);
     EXPECT_EQ(chain.nodes[50]->GetNext(0), added);
+    delete chain.nodes[51];
 }
 
 TEST(LongChain, NodeIsAppendedAfterAShallowCopyTookTheLastAway)
