@@ -181,7 +181,7 @@ std::vector<std::vector<double>> Report::measure(const std::vector<Case>& cases)
         longest = std::max(longest, m_options.quick ? 1.0 : runOnce(i));
     int repetitions = 1;
     if (!m_options.quick) {
-        repetitions = longest > 0.5 ? std::min(5, m_options.repetitions) : m_options.repetitions;
+        repetitions = longest > 0.5 ? std::min(3, m_options.repetitions) : m_options.repetitions;
         if (longest * repetitions < 0.25)
             repetitions = std::min(101, static_cast<int>(0.25 / longest));
     }

@@ -76,14 +76,18 @@ RVOpenNode* firstChildNamed(RVOpenNode* parent, const QString& name)
 RVOpenNode* findPreset(RVOpenNode* node, const QString& subcat, const QString& refName,
                        QSet<const RVOpenNode*>& archives)
 {
-    RVOpenNode* child = node->GetChild(1, 1);
+    RVOpenNode* child = NodeAccess::firstChild(node);
+    if (!child)
+        child = node->GetChild(1, 1);
     if (child && child->GetParent() != node) {
         if (archives.contains(child))
             return nullptr;
         archives.insert(child);
     }
     for (; child; child = child->GetNext(1)) {
-        if (child->GetRefName() == refName && (subcat.isEmpty() || child->GetSubCat() == subcat))
+        const QString itsName = NodeAccess::attribute(child, names::attribute::refName());
+        if (itsName.size() == refName.size() && itsName == refName &&
+            (subcat.isEmpty() || child->GetSubCat() == subcat))
             return child;
         if (RVOpenNode* const found = findPreset(child, subcat, refName, archives))
             return found;

@@ -67,7 +67,7 @@ RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
 /// notes about its neighbours in order, and whatever could leave a wrong one ends the epoch, and
 /// with it all notes: SetNext() and assignment, which change links in any way, and the death of a
 /// node that a note may lead to.
-constexpr int s_longWalk = 32;
+constexpr int s_longWalk = 16;
 constexpr quint32 s_lastEpoch = 0x7FFFFFFF; ///< Has no notes.
 std::atomic<quint32> s_epoch{1};
 std::atomic<bool> s_epochHasNotes{false};
@@ -626,10 +626,10 @@ int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const
 
 RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
 {
-    const QString fileName = GetArchiveFilename();
-    if (fileName.isEmpty())
+    if (attribute(names::attribute::archiveFilename()).isEmpty())
         return {};
-    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(fileName) : nullptr};
+    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(GetArchiveFilename())
+                                     : nullptr};
 }
 
 bool RVOpenNode::isArchiveInPlace() const
