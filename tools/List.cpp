@@ -32,14 +32,15 @@ struct Entry {
     QString folder;
     QString path;
     QString description;
+    /// The name without regard to the case of letters.
+    QString order;
 };
 
 bool precedes(const Entry& a, const Entry& b)
 {
-    for (const auto part : {&Entry::kind, &Entry::name, &Entry::refName, &Entry::file}) {
-        int order = QString::compare(a.*part, b.*part, Qt::CaseInsensitive);
-        if (order == 0)
-            order = QString::compare(a.*part, b.*part);
+    for (const auto part :
+         {&Entry::kind, &Entry::order, &Entry::name, &Entry::refName, &Entry::file}) {
+        const int order = QString::compare(a.*part, b.*part);
         if (order != 0)
             return order < 0;
     }
@@ -125,7 +126,7 @@ private:
                 value(element, "name"), value(element, "refname"),
                 value(element, "cat"),  value(element, "subcat"),
                 preset.folder,          preset.path,
-                value(element, "desc")};
+                value(element, "desc"), value(element, "name").toCaseFolded()};
     }
 
     static void print(const std::vector<Entry>& entries, Output& out)

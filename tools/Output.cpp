@@ -189,7 +189,14 @@ void Output::flush()
 
 void Table::row(const QVector<Cell>& cells)
 {
-    m_rows.append(cells);
+    QVector<Cell> row = cells;
+    for (int i = 0; i < int(row.size()); ++i) {
+        row[i].text = visible(row[i].text);
+        if (int(m_widths.size()) <= i)
+            m_widths.append(0);
+        m_widths[i] = std::max(m_widths[i], displayWidth(row[i].text));
+    }
+    m_rows.append(row);
 }
 
 bool Table::isEmpty() const
@@ -199,24 +206,15 @@ bool Table::isEmpty() const
 
 void Table::print(Output& out, int indent) const
 {
-    QVector<int> widths;
-    for (const QVector<Cell>& row : m_rows) {
-        for (int i = 0; i < int(row.size()); ++i) {
-            if (int(widths.size()) <= i)
-                widths.append(0);
-            widths[i] = std::max(widths[i], displayWidth(visible(row[i].text)));
-        }
-    }
     for (const QVector<Cell>& row : m_rows) {
         int last = int(row.size()) - 1;
         while (last > 0 && row[last].text.isEmpty())
             --last;
         QString line(indent, QLatin1Char(' '));
         for (int i = 0; i <= last; ++i) {
-            const QString text = visible(row[i].text);
-            line += out.styled(text, row[i].style);
+            line += out.styled(row[i].text, row[i].style);
             if (i < last)
-                line += QString(widths[i] - displayWidth(text) + 2, QLatin1Char(' '));
+                line += QString(m_widths[i] - displayWidth(row[i].text) + 2, QLatin1Char(' '));
         }
         out.line(line);
     }

@@ -63,7 +63,9 @@ public:
     void print(Output& out, int indent = 0) const;
 
 private:
+    /// As they are printed.
     QVector<QVector<Cell>> m_rows;
+    QVector<int> m_widths;
 };
 
 } // namespace rvopen::tools
