@@ -122,6 +122,17 @@ Case walkCase(const SharedInput& input)
             }};
 }
 
+Case setContentAndWalkCase(const SharedInput& input)
+{
+    return {"setContent and walk", [input](Clock& clock) {
+                QDomDocument document;
+                clock.start();
+                setContentOfFile(*input, document);
+                benchmark::DoNotOptimize(readByHand(collectionOf(document)));
+                clock.stop();
+            }};
+}
+
 std::shared_ptr<RVOpenManager> loaded(const Input& input)
 {
     auto manager = std::make_shared<RVOpenManager>();
@@ -288,6 +299,8 @@ void compareDocuments(Report& report)
     compare("save an archive to its file", {}, presets, toStringFileCase, saveFileCase);
     compare("teardown of snapshots", 1.3, snapShots, bareTeardownCase, teardown);
     compare("teardown of a palette", 1.3, palette, bareTeardownCase, teardown);
+    compare("for orientation: setContent, read by hand", {}, snapShots, setContentCase,
+            setContentAndWalkCase);
     compare("for orientation: expat, no tree", {}, snapShots, setContentCase, expatCase);
     compare("for orientation: pugixml", {}, snapShots, setContentCase, pugixmlCase);
 }
