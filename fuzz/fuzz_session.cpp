@@ -749,6 +749,11 @@ private:
             break;
         case 1:
             if (SnapShot* const snapShot = takeOwned<SnapShot>()) {
+                // A walk from it went along the elements beside its own.
+                if (snapShot->GetNext(0)) {
+                    own(snapShot);
+                    break;
+                }
                 collection->InsertNode(snapShot, m_input.integer());
                 ownUnlessChild(snapShot, collection);
             }

@@ -97,8 +97,9 @@ public:
 
     /// \name Changing the tree
     /// @{
-    /// A node that is added must not be in a tree: detach it there first. Null, and a node that is
-    /// this node or one of its ancestors, are ignored.
+    /// A node that is added must not be in a tree, nor have siblings behind it that a walk made:
+    /// detach it there first. Null, and a node that is this node or one of its ancestors, are
+    /// ignored.
 
     /// Appends \p child as the last child and takes ownership. A child whose element stands in
     /// another document leaves a copy here and keeps its own element there; one that stands nowhere
