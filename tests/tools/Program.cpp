@@ -126,8 +126,10 @@ Outcome Workspace::start(const QString& program, const QStringList& arguments,
     file.close();
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
+    // The one whose packages come from the system.
+    const QString python = QStringLiteral("/usr/bin/python3");
     process.start(
-        QStringLiteral("python3"),
+        QFile::exists(python) ? python : QStringLiteral("python3"),
         {QStringLiteral("-W"), QStringLiteral("ignore"), QStringLiteral("-m"),
          QStringLiteral("jsonschema"), QStringLiteral("-i"), file.fileName(),
          QStringLiteral(RVOPEN_SCHEMA_DIR "/") + schema + QStringLiteral(".schema.json")});
