@@ -81,7 +81,9 @@ protected:
     {
         QDir(m_folders.snapshots()).mkpath("icon_");
         QDir(m_folders.root()).mkpath("archive/sethumbs");
-        EXPECT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(m_folders.root() + "/stray.jpg"));
+        QImage image(2, 2, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        EXPECT_TRUE(image.save(m_folders.root() + "/stray.jpg"));
     }
 
     bool hasPreview(const QString& xml)
