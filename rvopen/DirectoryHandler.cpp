@@ -5,9 +5,9 @@
 
 #include <rvopen/DocumentReader.h>
 #include <rvopen/DocumentWriter.h>
-#include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/RVOpenPaths.h>
 
 #include <QDir>
 #include <QFile>
@@ -121,7 +121,7 @@ bool DirectoryHandler::ArchiveWritable(RVOpenNode* node)
     for (; node; node = node->GetParent()) {
         const QString filename = node->GetArchiveFilename();
         if (!filename.isEmpty())
-            return QFile::permissions(pathToOpen(filename)).testFlag(QFile::WriteUser);
+            return QFile::permissions(PathToOpen(filename)).testFlag(QFile::WriteUser);
     }
     return false;
 }
@@ -131,7 +131,7 @@ void DirectoryHandler::RemoveArchive(QString filename)
     const int index = indexOf(filename);
     if (index < 0)
         return;
-    const QString path = pathToOpen(filename);
+    const QString path = PathToOpen(filename);
     if (QFile::remove(path) || !QFile::exists(path))
         forget(index);
 }
@@ -145,7 +145,7 @@ void DirectoryHandler::CloseArchive(QString filename)
 
 QString DirectoryHandler::existingFolder(QString& folder)
 {
-    if (!folder.isEmpty() && !QDir(pathToOpen(folder)).exists())
+    if (!folder.isEmpty() && !QDir(PathToOpen(folder)).exists())
         folder.clear();
     return folder;
 }

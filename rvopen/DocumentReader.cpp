@@ -3,9 +3,9 @@
 
 #include <rvopen/DocumentReader.h>
 
-#include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/TextDecoding.h>
 #include <rvopen/XmlGuard.h>
 
@@ -45,7 +45,7 @@ bool readBytes(const QString& path, QByteArray& bytes, QString& message)
     }
     // Not in text mode: that drops each byte 13, also where it belongs to a character of UTF-16
     // or ends a line by itself.
-    QFile file(pathToOpen(path));
+    QFile file(PathToOpen(path));
     if (!file.open(QIODevice::ReadOnly)) {
         message = file.errorString();
         return false;

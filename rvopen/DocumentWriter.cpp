@@ -4,9 +4,9 @@
 #include <rvopen/DocumentWriter.h>
 
 #include <rvopen/DocumentReader.h>
-#include <rvopen/FilePaths.h>
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/XmlCharacters.h>
 #include <rvopen/XmlGuard.h>
@@ -743,7 +743,7 @@ SaveResult saveDocument(const QDomDocument& document, const QString& path, int i
         return SaveResult::NotWritten;
     const QByteArray bytes = text.toUtf8();
     return bytes.size() > GetMaxInputSize() ? SaveResult::NotWritten
-                                            : replaceFile(pathToOpen(path), bytes);
+                                            : replaceFile(PathToOpen(path), bytes);
 }
 
 QString XmlText(const QDomDocument& document, int indent)
@@ -758,7 +758,7 @@ bool WriteXmlDocument(const QDomDocument& document, const QString& path, int ind
 
 bool WriteFile(const QByteArray& bytes, const QString& path)
 {
-    return replaceFile(pathToOpen(path), bytes) == SaveResult::Saved;
+    return replaceFile(PathToOpen(path), bytes) == SaveResult::Saved;
 }
 
 } // namespace rvopen

@@ -4,15 +4,12 @@
 #pragma once
 
 #include <rvopen/FileReplacement.h>
+#include <rvopen/RVOpenWriter.h>
 
 #include <QDomDocument>
 #include <QString>
 
 namespace rvopen {
-
-/// Indentation of archives and of the snapshot document handed out as text.
-inline constexpr int ArchiveIndent = 3;
-inline constexpr int SnapShotIndent = 2;
 
 /// All text that the library writes comes from here: what QDomDocument::toString() gives with this
 /// indentation, but the same in every process and with every version of Qt, and such that it loads
@@ -41,6 +38,6 @@ QString fileText(const QDomDocument& document, int indent);
 /// Writes fileText() to \p path as UTF-8. A document without such a text, or with one that is too
 /// large to be read, is not written. On any result but Saved the file is as it was.
 SaveResult saveDocument(const QDomDocument& document, const QString& path,
-                        int indent = ArchiveIndent);
+                        int indent = ArchiveFileIndent);
 
 } // namespace rvopen

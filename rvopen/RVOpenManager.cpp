@@ -9,10 +9,10 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/DocumentReader.h>
 #include <rvopen/DocumentWriter.h>
-#include <rvopen/FilePaths.h>
 #include <rvopen/FileReplacement.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/Scenery.h>
@@ -106,7 +106,7 @@ bool isMainCollection(const QDomElement& element)
 /// counts as a folder.
 QString folderOf(const QString& path)
 {
-    const QString native = QDir::toNativeSeparators(pathToOpen(path));
+    const QString native = QDir::toNativeSeparators(PathToOpen(path));
     const auto end = native.lastIndexOf(QDir::separator());
     return end < 0 ? native : native.left(end);
 }
@@ -246,7 +246,7 @@ int RVOpenManager::LoadSnapShotDocFromString(QString xml)
 
 QString RVOpenManager::GetSnapShotDocumentAsString() const
 {
-    return m_snapShotDocument ? documentText(*m_snapShotDocument, SnapShotIndent) : QString();
+    return m_snapShotDocument ? documentText(*m_snapShotDocument, SnapShotFileIndent) : QString();
 }
 
 void RVOpenManager::SetUnitsScale(float scale)
@@ -646,12 +646,12 @@ void RVOpenManager::copyImportedThumbnail(SnapShot* snapShot, const QString& fol
         return;
     }
     QString safeName = snapShot->GetName();
-    if (folder.isEmpty() || !staysInside(safeName) ||
-        !staysInside(XMLUtils::ReplaceIllegalCharacters(safeName)))
+    if (folder.isEmpty() || !StaysInside(safeName) ||
+        !StaysInside(XMLUtils::ReplaceIllegalCharacters(safeName)))
         return;
     const QString source = folder + QDir::separator() + QLatin1String("icon_") +
                            snapShot->GetName() + QLatin1String(".jpg");
-    if (!copyFile(pathToOpen(source), pathToOpen(target)))
+    if (!copyFile(PathToOpen(source), PathToOpen(target)))
         return;
     SnapShotSettings* const settings = snapShot->GetSnapShotSettings();
     SnapShotSettings* const current =
@@ -692,7 +692,7 @@ RVOpenNode* RVOpenManager::RecursiveFindRVOpenNode(RVOpenNode* node, QString sub
 
 QString RVOpenManager::StripPath(QString path)
 {
-    return lastPathComponent(path);
+    return LastPathComponent(path);
 }
 
 } // namespace rvopen

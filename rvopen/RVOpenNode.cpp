@@ -5,9 +5,9 @@
 
 #include <rvopen/AllocationWatch.h>
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/ValueText.h>
 
@@ -637,7 +637,7 @@ bool RVOpenNode::isArchiveInPlace() const
     return !GetDirectoryHandler()
                 ->GetFolder(attribute(names::attribute::archiveType()))
                 .isEmpty() &&
-           staysInside(GetPath()) && staysInside(GetShortArchiveFilename());
+           StaysInside(GetPath()) && StaysInside(GetShortArchiveFilename());
 }
 
 RVOpenNode* RVOpenNode::materialiseNext()

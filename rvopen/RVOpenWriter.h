@@ -12,7 +12,7 @@ class QDomDocument;
 
 namespace rvopen {
 
-/// \name Indentation of documents in files
+/// \name Indentation of archives, and of snapshot documents as text or in files
 /// @{
 inline constexpr int ArchiveFileIndent = 3;
 inline constexpr int SnapShotFileIndent = 2;

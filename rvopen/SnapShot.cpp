@@ -459,7 +459,7 @@ QString SnapShot::CreateSnapShotDocumentAsString() const
     collection.setAttribute(names::attribute::name(), names::value::modelSnapShots());
     root.appendChild(collection);
     collection.appendChild(document.importNode(GetDomNode(), true));
-    return documentText(document, SnapShotIndent);
+    return documentText(document, SnapShotFileIndent);
 }
 
 void SnapShot::ClearForeground()

@@ -6,10 +6,10 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/DocumentReader.h>
 #include <rvopen/EmbeddedImage.h>
-#include <rvopen/FilePaths.h>
 #include <rvopen/Names.h>
 #include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShots.h>
@@ -69,15 +69,15 @@ QString memberImageFile(RVOpenNode* node, const SnapShots* collection)
 {
     if (auto* const snapShot = dynamic_cast<SnapShot*>(node)) {
         QString name = node->GetName();
-        return staysInside(XMLUtils::ReplaceIllegalCharacters(name)) ? snapShot->GetThumbFilename()
+        return StaysInside(XMLUtils::ReplaceIllegalCharacters(name)) ? snapShot->GetThumbFilename()
                                                                      : QString();
     }
     QString folder = GetDirectoryHandler()->GetSnapshotsFolder();
     const QString collectionName = collection->GetName();
-    if (folder.isEmpty() || !staysInside(collectionName) || !staysInside(node->GetName()))
+    if (folder.isEmpty() || !StaysInside(collectionName) || !StaysInside(node->GetName()))
         return QString();
     folder += QDir::separator() + collectionName;
-    QDir().mkpath(pathToOpen(folder));
+    QDir().mkpath(PathToOpen(folder));
     return jpegIn(folder, node->GetName());
 }
 
@@ -86,7 +86,7 @@ QString presetImageFile(RVOpenNode* node, const QString& archiveFolder)
 {
     XMLUtils utils;
     const QString name = utils.GetImageName(node);
-    if (!staysInside(utils.ThumbPathFromRVOpenNode(node)) || !staysInside(name))
+    if (!StaysInside(utils.ThumbPathFromRVOpenNode(node)) || !StaysInside(name))
         return QString();
     return utils.ImagePathFromRVOpenNode(node, archiveFolder) + s_backslash + name +
            QLatin1String(".jpg");
@@ -153,7 +153,7 @@ QPixmap XMLUtils::QPixmapFromRVOpenNode(RVOpenNode* node, const QString& archive
     const QString path =
         collection ? memberImageFile(node, collection) : presetImageFile(node, archiveFolder);
     if (!path.isEmpty())
-        pixmap.load(pathToOpen(path));
+        pixmap.load(PathToOpen(path));
     return pixmap;
 }
 

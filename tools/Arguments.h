@@ -28,7 +28,7 @@ public:
     /// @}
 
     /// \name Options
-    /// \p names as "-o,--output", \p value the placeholder of the value.
+    /// \p names as "-o,--output", \p value what help calls the value, as "FILE".
     /// @{
     void flag(const char* names, bool& target, const char* help);
     void option(const char* names, QString& target, const char* value, const char* help);

@@ -8,6 +8,7 @@
 #include "Interrupts.h"
 #include "Session.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QFile>
@@ -62,7 +63,7 @@ public:
                 session.error(document.name(), QStringLiteral("it could not be read again"));
                 return;
             }
-            QFile file(existingPath(document.path()));
+            QFile file(PathToOpen(document.path()));
             const bool isCanonical =
                 file.open(QIODevice::ReadOnly) && file.readAll() == text.toUtf8();
             file.close();

@@ -15,6 +15,7 @@
 #include "Values.h"
 #include "Vocabulary.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/XMLUtils.h>
 
@@ -457,12 +458,12 @@ private:
     {
         const QString name = item.source.attribute(s_name);
         const QString folder = session.folders.snapshots.isEmpty()
-                                   ? QFileInfo(existingPath(output)).absolutePath()
+                                   ? QFileInfo(PathToOpen(output)).absolutePath()
                                    : session.folders.snapshots;
         const QString fileName = pictureName(item.result.attribute(s_name));
         const QString from = source.folder() + QLatin1Char('/') + pictureName(name);
         const QString to = folder + QLatin1Char('/') + fileName;
-        if (leadsOut(fileName) || leadsOut(pictureName(name)) || !QFileInfo(from).isFile())
+        if (!StaysInside(fileName) || !StaysInside(pictureName(name)) || !QFileInfo(from).isFile())
             return;
         if (QFileInfo::exists(to) && haveSameBytes(from, to))
             return;

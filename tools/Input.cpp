@@ -6,6 +6,7 @@
 #include "Failure.h"
 #include "Vocabulary.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QDir>
@@ -125,12 +126,12 @@ bool Document::isStandardInput() const
 
 QString Document::folder() const
 {
-    return isStandardInput() ? QDir::currentPath() : QFileInfo(existingPath(m_path)).absolutePath();
+    return isStandardInput() ? QDir::currentPath() : QFileInfo(PathToOpen(m_path)).absolutePath();
 }
 
 qint64 Document::size() const
 {
-    return QFileInfo(existingPath(m_path)).size();
+    return QFileInfo(PathToOpen(m_path)).size();
 }
 
 QDomDocument Document::dom() const
@@ -152,13 +153,13 @@ QStringList expandedInputs(const QStringList& arguments, Session& session)
 {
     QStringList files;
     for (const QString& argument : arguments) {
-        const QFileInfo file(existingPath(argument));
+        const QFileInfo file(PathToOpen(argument));
         if (argument == QLatin1String("-") || !file.isDir()) {
             files << argument;
         } else if (!file.isReadable()) {
             session.error(argument, QStringLiteral("The folder cannot be listed"));
         } else {
-            files << documentsBelow(existingPath(argument));
+            files << documentsBelow(PathToOpen(argument));
         }
     }
     return files;
@@ -188,7 +189,7 @@ std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)
 {
     ReadError error;
     std::unique_ptr<Document> document;
-    if (QFileInfo(existingPath(argument)).isDir()) {
+    if (QFileInfo(PathToOpen(argument)).isDir()) {
         error.file = argument;
         error.message = QStringLiteral("This is a folder; the command takes one file");
     } else {
@@ -201,33 +202,10 @@ std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)
     return document;
 }
 
-QString existingPath(const QString& path)
-{
-    const QLatin1Char backslash('\\');
-    if (QDir::separator() == backslash || !path.contains(backslash) || QFileInfo::exists(path))
-        return path;
-    QString mapped = path;
-    return mapped.replace(backslash, QLatin1Char('/'));
-}
-
-QString fileNameOf(const QString& path)
-{
-    return path.mid(
-        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\'))) + 1);
-}
-
-bool leadsOut(const QString& path)
-{
-    QString slashes = path;
-    slashes.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    return slashes.split(QLatin1Char('/')).contains(QLatin1String("..")) ||
-           slashes.contains(QChar(0));
-}
-
 bool isSameFile(const QString& a, const QString& b)
 {
-    const QString first = QFileInfo(existingPath(a)).canonicalFilePath();
-    return !first.isEmpty() && first == QFileInfo(existingPath(b)).canonicalFilePath();
+    const QString first = QFileInfo(PathToOpen(a)).canonicalFilePath();
+    return !first.isEmpty() && first == QFileInfo(PathToOpen(b)).canonicalFilePath();
 }
 
 } // namespace rvopen::tools

@@ -68,14 +68,6 @@ void forEachDocument(const QStringList& arguments, Session& session,
 /// Reads the one document of a command; throws a Failure without message after printing the error.
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session);
 
-/// The path with the separators of this platform if that is how there is such a file.
-QString existingPath(const QString& path);
-/// What follows the last separator of either kind.
-QString fileNameOf(const QString& path);
-
-/// Whether a name or path out of a document has a component "..", with separators of either kind.
-bool leadsOut(const QString& path);
-
 /// Whether both name the same existing file.
 bool isSameFile(const QString& a, const QString& b);
 

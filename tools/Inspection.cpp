@@ -12,6 +12,7 @@
 #include "Vocabulary.h"
 
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/XMLUtils.h>
 
 #include <QDir>
@@ -531,7 +532,7 @@ private:
         const QString file = node.GetArchiveFilename();
         node.SetDomNode(QDomNode());
         const QString inside = element.attribute(QStringLiteral("path")) + QLatin1Char('/') + name;
-        if (leadsOut(inside) || !QFileInfo(existingPath(file)).isFile())
+        if (!StaysInside(inside) || !QFileInfo(PathToOpen(file)).isFile())
             report(rules::missingArchive, element, ordinal,
                    QStringLiteral("The archive \"%1\" is not there").arg(name));
     }
@@ -567,7 +568,7 @@ private:
 
     void inspectPicture(const QString& path, const QDomElement& element, int ordinal)
     {
-        const QString file = existingPath(path);
+        const QString file = PathToOpen(path);
         if (!QFileInfo(file).isFile())
             report(rules::missingThumbnail, element, ordinal,
                    QStringLiteral("The thumbnail \"%1\" is not there").arg(file));

@@ -10,6 +10,7 @@
 #include "Session.h"
 
 #include <rvopen/RVOpenManager.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QDomDocument>
@@ -61,12 +62,18 @@ public:
             session.out.text(XmlText(document, indent));
             return ExitFine;
         }
-        const QFileInfo file(existingPath(m_file));
+        const QFileInfo file(PathToOpen(m_file));
         if (file.exists() || file.isSymLink())
             throw Failure(QStringLiteral("\"%1\" is there already").arg(m_file));
         const Uninterrupted writing;
         if (!WriteXmlDocument(document, m_file, indent))
             throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_file));
+        if (session.json) {
+            QJsonObject result = Session::envelope(name());
+            result.insert(QStringLiteral("kind"), m_kind);
+            result.insert(QStringLiteral("written"), m_file);
+            session.out.json(result);
+        }
         return ExitFine;
     }
 
@@ -105,7 +112,7 @@ private:
         QDomElement root = document.createElement(QStringLiteral("presets"));
         const QString base = m_file == QLatin1String("-")
                                  ? QString()
-                                 : QFileInfo(fileNameOf(m_file)).completeBaseName();
+                                 : QFileInfo(LastPathComponent(m_file)).completeBaseName();
         root.setAttribute(QStringLiteral("type"), QStringLiteral("UserArchives"));
         root.setAttribute(QStringLiteral("zorvane_version"), m_version);
         root.setAttribute(QStringLiteral("name"), m_name.isEmpty() ? base : m_name);

@@ -100,11 +100,6 @@ int displayWidth(const QString& text)
     return width;
 }
 
-QString padded(const QString& text, int width)
-{
-    return text + QString(std::max(0, width - displayWidth(text)), QLatin1Char(' '));
-}
-
 QString counted(qint64 number, const QString& singular, const QString& plural)
 {
     const QString many = plural.isEmpty() ? singular + QLatin1Char('s') : plural;

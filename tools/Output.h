@@ -18,7 +18,6 @@ enum class Style { Plain, Bold, Dim, Red, Green, Yellow, Cyan };
 QString visible(const QString& text);
 /// Columns that the text takes on a terminal.
 int displayWidth(const QString& text);
-QString padded(const QString& text, int width);
 /// "1 file", "2 files".
 QString counted(qint64 number, const QString& singular, const QString& plural = QString());
 /// 1234567 as "1.2 MB".

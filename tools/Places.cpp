@@ -7,6 +7,8 @@
 #include "Inspection.h"
 #include "NodePath.h"
 
+#include <rvopen/RVOpenPaths.h>
+
 #include <QFile>
 
 #include <cstring>
@@ -202,7 +204,7 @@ void givePlaces(QVector<Finding>& findings, const Document& document)
 {
     if (findings.isEmpty())
         return;
-    QFile file(existingPath(document.path()));
+    QFile file(PathToOpen(document.path()));
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();

@@ -85,6 +85,15 @@ public:
         const Uninterrupted writing;
         if (!WriteFile(bytes, m_output))
             throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
+        if (session.json) {
+            QJsonObject result = Session::envelope(name());
+            result.insert(QStringLiteral("file"), document->name());
+            result.insert(QStringLiteral("path"), matches.first().path);
+            result.insert(QStringLiteral("written"), m_output);
+            result.insert(QStringLiteral("width"), picture.width());
+            result.insert(QStringLiteral("height"), picture.height());
+            session.out.json(result);
+        }
         return ExitFine;
     }
 

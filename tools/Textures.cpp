@@ -12,6 +12,7 @@
 #include "Session.h"
 #include "Target.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QDir>
@@ -72,12 +73,12 @@ public:
     explicit FileIndex(const QStringList& folders)
     {
         for (const QString& folder : folders) {
-            if (!QFileInfo(existingPath(folder)).isDir())
+            if (!QFileInfo(PathToOpen(folder)).isDir())
                 throw Failure(QStringLiteral("\"%1\" is no folder").arg(folder));
-            QDirIterator it(existingPath(folder), QDir::Files, QDirIterator::Subdirectories);
+            QDirIterator it(PathToOpen(folder), QDir::Files, QDirIterator::Subdirectories);
             while (it.hasNext()) {
                 const QString file = QFileInfo(it.next()).absoluteFilePath();
-                m_files[fileNameOf(file).toLower()] << file;
+                m_files[LastPathComponent(file).toLower()] << file;
             }
         }
         for (QStringList& files : m_files)
@@ -90,7 +91,7 @@ public:
     {
         QStringList best;
         int bestCount = -1;
-        for (const QString& file : m_files.value(fileNameOf(reference).toLower())) {
+        for (const QString& file : m_files.value(LastPathComponent(reference).toLower())) {
             const int count = commonEnd(reference, file);
             if (count > bestCount)
                 best.clear();
@@ -276,8 +277,8 @@ private:
             throw Failure(QStringLiteral("--collect needs a document with a name"));
         const Uninterrupted writing;
         NewFiles files;
-        const QString folder = QFileInfo(existingPath(m_collect)).absoluteFilePath();
-        const QString copy = folder + QLatin1Char('/') + fileNameOf(document->path());
+        const QString folder = QFileInfo(PathToOpen(m_collect)).absoluteFilePath();
+        const QString copy = folder + QLatin1Char('/') + LastPathComponent(document->path());
         if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
             throw Failure(QStringLiteral("\"%1\" is there already").arg(copy));
         if (!files.makeFolder(folder))
@@ -286,7 +287,7 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        m_taken = {{fileNameOf(copy).toLower(), QString()}};
+        m_taken = {{LastPathComponent(copy).toLower(), QString()}};
         for (const Texture& texture : texturesOf(*document)) {
             if (texture.file.isEmpty()) {
                 isIncomplete = true;
@@ -313,7 +314,7 @@ private:
     /// another file. Names that differ in the case of letters only are one name elsewhere.
     QString collectOne(const QString& file, const QString& folder, NewFiles& files)
     {
-        const QString own = fileNameOf(file);
+        const QString own = LastPathComponent(file);
         const QString base = QFileInfo(own).completeBaseName();
         const QString suffix = QFileInfo(own).suffix();
         for (int number = 1;; ++number) {
@@ -326,7 +327,7 @@ private:
             const auto taken = m_taken.constFind(name.toLower());
             if (taken != m_taken.cend()) {
                 if (!taken->isEmpty() && haveSameBytes(file, *taken))
-                    return fileNameOf(*taken);
+                    return LastPathComponent(*taken);
                 continue;
             }
             const QFileInfo there(target);

@@ -34,6 +34,16 @@ TEST(New, TakesVersionAndUnitsScale)
                 ::testing::HasSubstr("unitsScale=\"1000\" zorvane_version=\"2.7\""));
 }
 
+TEST(New, TellsProgramsWhatItWrote)
+{
+    const Workspace workspace;
+    const Outcome run = workspace.run({QStringLiteral("new"), QStringLiteral("--json"),
+                                       QStringLiteral("archive"), QStringLiteral("b.rvx")});
+    EXPECT_TRUE(isOfSchema(run, QStringLiteral("new")));
+    EXPECT_EQ(run.json().value(QStringLiteral("kind")).toString(), QStringLiteral("archive"));
+    EXPECT_EQ(run.json().value(QStringLiteral("written")).toString(), QStringLiteral("b.rvx"));
+}
+
 TEST(New, OverwritesNothing)
 {
     const Workspace workspace;

@@ -41,13 +41,28 @@ TEST(Preview, FindsTheThumbnailOfAPresetBelowTheInstallation)
     workspace.write(QStringLiteral("a.rvx"),
                     "<presets><colours><colour name=\"Red\" cat=\"C\"/></colours></presets>");
     workspace.write(QStringLiteral("sethumbs/C/x"), "");
-    QImage(4, 3, QImage::Format_RGB32).save(workspace.path(QStringLiteral("sethumbs/C/Red.jpg")));
+    QImage image(4, 3, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    EXPECT_TRUE(image.save(workspace.path(QStringLiteral("sethumbs/C/Red.jpg"))));
     const Outcome run =
         workspace.run({QStringLiteral("preview"), QStringLiteral("--install"), QStringLiteral("."),
                        QStringLiteral("a.rvx"), QStringLiteral("colour[Red]"), QStringLiteral("-o"),
                        QStringLiteral("a.bmp")});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.bmp"))).size(), QSize(4, 3));
+}
+
+TEST(Preview, TellsProgramsWhatItWrote)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    const Outcome run = workspace.run({QStringLiteral("preview"), QStringLiteral("--json"),
+                                       QStringLiteral("archives/Custom/MyPresets.rvx"),
+                                       QStringLiteral("colour[Our orange]"), QStringLiteral("-o"),
+                                       QStringLiteral("a.png")});
+    EXPECT_TRUE(isOfSchema(run, QStringLiteral("preview")));
+    EXPECT_EQ(run.json().value(QStringLiteral("written")).toString(), QStringLiteral("a.png"));
+    EXPECT_EQ(run.json().value(QStringLiteral("width")).toInt(), 32);
 }
 
 TEST(Preview, WithoutPictureAnswersOne)

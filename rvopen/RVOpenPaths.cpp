@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/FilePaths.h>
+#include <rvopen/RVOpenPaths.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,7 +10,7 @@
 
 namespace rvopen {
 
-QString pathToOpen(const QString& path)
+QString PathToOpen(const QString& path)
 {
     const QLatin1Char backslash('\\');
     if (QDir::separator() == backslash || !path.contains(backslash) || QFileInfo::exists(path))
@@ -19,13 +19,13 @@ QString pathToOpen(const QString& path)
     return mapped.replace(backslash, QLatin1Char('/'));
 }
 
-QString lastPathComponent(const QString& path)
+QString LastPathComponent(const QString& path)
 {
     return path.mid(
         std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\'))) + 1);
 }
 
-bool staysInside(const QString& relative)
+bool StaysInside(const QString& relative)
 {
     QString path = relative;
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
