@@ -23,6 +23,10 @@ public:
     {
         m_ticks += now();
     }
+    void add(double seconds)
+    {
+        m_ticks += seconds;
+    }
     double seconds() const
     {
         return m_ticks;
