@@ -36,7 +36,7 @@ QDomElement freeCopy(const QDomElement& element)
 QImage surfacePicture(const Surface& surface, const Wish& wish)
 {
     Raster raster(wish.size, wish.size);
-    Scene scene = studio();
+    Scene scene = studio(surface);
     const Ball ball = studioBall(surface);
     if (wish.isFlat)
         scene.drawFlat(raster, surface, ball.scale);

@@ -3,6 +3,8 @@
 
 #include "Scene.h"
 
+#include <array>
+
 namespace rvopen::drawing {
 
 namespace {
@@ -33,12 +35,27 @@ double radicalInverse(unsigned int i)
 
 /// A half vector around z as often as the microfacets of a surface face that way: B. Walter and
 /// others, "Microfacet models for refraction through rough surfaces", 2007 (GGX).
-Vec facet(double alpha, double u, double v)
+Vec facet(double alpha, int sample, int ray)
 {
-    const double tangent2 = alpha * alpha * u / (1 - u);
-    const double c = 1 / std::sqrt(1 + tangent2);
-    const double s = std::sqrt(std::max(0.0, 1 - c * c));
-    return {s * std::cos(2 * Pi * v), s * std::sin(2 * Pi * v), c};
+    struct Turn {
+        double c;
+        double s;
+    };
+    constexpr int count = s_lobeSamples * s_rays;
+    static const std::array<Turn, count> turns = [] {
+        std::array<Turn, count> values{};
+        for (unsigned int i = 0; i < values.size(); ++i) {
+            const double angle = 2 * Pi * radicalInverse(i);
+            values[i] = {std::cos(angle), std::sin(angle)};
+        }
+        return values;
+    }();
+    const int index = sample * s_rays + ray;
+    const double u = (index + 0.5) / count;
+    const Turn& turn = turns[std::size_t(index)];
+    const double c = 1 / std::sqrt(1 + alpha * alpha * u / (1 - u));
+    const double sine = std::sqrt(std::max(0.0, 1 - c * c));
+    return {sine * turn.c, sine * turn.s, c};
 }
 
 /// How much of the microfacets is not hidden by others, after B. Smith, in the form of the same
@@ -207,11 +224,13 @@ void Scene::prepare()
 {
     m_lightFrames.clear();
     m_lightSamples.clear();
+    m_onGround.clear();
     for (const AreaLight& light : lights) {
         const Frame frame(light.towards);
         m_lightFrames.push_back(frame);
         // The samples of the rays of a pixel together make a fine square.
         for (int ray = 0; ray < s_rays; ++ray) {
+            Rgb onGround;
             for (int i = 0; i < s_lightSamples; ++i) {
                 const double a =
                     (i % s_lightSide + (ray % s_raysPerSide + 0.5) / s_raysPerSide) / s_lightSide;
@@ -220,7 +239,10 @@ void Scene::prepare()
                 m_lightSamples.push_back(normalised(frame.w +
                                                     frame.u * ((2 * a - 1) * light.halfWidth) +
                                                     frame.v * ((2 * b - 1) * light.halfHeight)));
+                onGround += light.radiance * (std::max(m_lightSamples.back().z, 0.0) * 4 *
+                                              light.halfWidth * light.halfHeight / s_lightSamples);
             }
+            m_onGround.push_back(onGround);
         }
     }
     // The light of the sky on a level ground, by the midpoint rule.
@@ -322,20 +344,36 @@ Rgb Scene::groundLight(const Vec& point, bool isExact) const
     Rgb direct;
     for (std::size_t n = 0; n < lights.size(); ++n) {
         const AreaLight& light = lights[n];
-        if (light.towards.z <= 0)
+        const Rgb& whole = m_onGround[n * s_rays + std::size_t(m_ray)];
+        if (light.towards.z <= 0 || !mayBeShadowed(point, light)) {
+            direct += whole;
             continue;
+        }
         const double angle = 4 * light.halfWidth * light.halfHeight;
         const int samples = isExact ? s_lightSamples : 1;
+        Rgb rest;
         for (int i = 0; i < samples; ++i) {
             const Vec towards = isExact ? lightSample(n, i) : light.towards;
             Rgb share = light.radiance * (std::max(towards.z, 0.0) * angle / samples);
-            const Rgb whole = share;
             for (const Ball& ball : balls)
                 share = share * passing(ball, point, towards);
-            direct += mixed(whole, share, shadowContrast);
+            rest += share;
         }
+        direct += mixed(whole, rest, shadowContrast);
     }
     return ambient + direct + emitted;
+}
+
+/// Whether a ball comes near the cone from the point to the light.
+bool Scene::mayBeShadowed(const Vec& point, const AreaLight& light) const
+{
+    const double spread = light.halfWidth + light.halfHeight;
+    return std::any_of(balls.begin(), balls.end(), [&](const Ball& ball) {
+        const Vec to = ball.centre - point;
+        const double along = dot(to, light.towards);
+        const double reach = ball.radius + std::max(along + ball.radius, 0.0) * spread;
+        return along > -ball.radius && dot(to, to) - along * along < reach * reach;
+    });
 }
 
 Rgb Scene::groundSeen(const Vec& from, const Vec& direction, double distance, bool isExact) const
@@ -401,7 +439,9 @@ Rgb Scene::ballSeen(const Ball& ball, const Vec& from, const Vec& direction, dou
 
 Rgb Scene::shaded(const Hit& hit, int depth) const
 {
-    Rgb light = diffuse(hit) + mirrored(hit, depth) + emission(*hit.surface);
+    Rgb light = diffuse(hit) + mirrored(hit, depth);
+    // The glass of a lamp is brighter in the middle.
+    light += emission(*hit.surface) * (0.35 + 0.65 * clamped(-dot(hit.direction, hit.flat)));
     if (hit.surface->factors.transmission > 0)
         light += transmitted(hit, depth);
     return light;
@@ -441,7 +481,7 @@ Rgb Scene::mirrored(const Hit& hit, int depth) const
     if (metal > 0) {
         // The diffuse share of a metal is its reflection by coarser facets.
         const double sharp = std::max(factors.mirror, 0.0);
-        const double blurred = std::max(factors.diffuse, 0.0) * 0.9;
+        const double blurred = std::max(factors.diffuse, 0.0) * 1.1;
         const double bright = std::max(factors.specular, factors.mirror);
         light += lobe(hit, alpha, hit.colour * std::max(sharp, 0.5 * bright), hit.colour * sharp,
                       grey(sharp), depth) *
@@ -453,7 +493,8 @@ Rgb Scene::mirrored(const Hit& hit, int depth) const
     }
     if (metal < 1 && (factors.specular > 0 || factors.mirror > 0)) {
         const double normal = hit.surface->dielectricReflectance();
-        const double bright = std::max(factors.specular * normal, factors.mirror * 0.3);
+        // Lights are brighter than what can be shown: twice the share makes gloss visible.
+        const double bright = std::max(factors.specular * normal * 2, factors.mirror * 0.4);
         const double sharp = std::max(factors.specular * normal, factors.mirror * 0.4);
         const double edge = std::max(factors.specular, factors.mirror) * (1 - factors.roughness);
         light += lobe(hit, alpha, grey(bright), grey(sharp), grey(std::max(edge, sharp)), depth) *
@@ -471,11 +512,9 @@ Rgb Scene::lobe(const Hit& hit, double alpha, const Rgb& ofLights, const Rgb& of
     const Frame frame(hit.normal);
     Rgb sum;
     for (int i = 0; i < samples; ++i) {
-        const auto index = unsigned(i * s_rays + m_ray);
-        const Vec half = samples == 1
-                             ? hit.normal
-                             : frame.toWorld(facet(alpha, (index + 0.5) / (samples * s_rays),
-                                                   radicalInverse(index)));
+        // Few samples are spread over all that there are.
+        const int sample = i * (s_lobeSamples / samples);
+        const Vec half = samples == 1 ? hit.normal : frame.toWorld(facet(alpha, sample, m_ray));
         Vec towards = reflected(hit.direction, half);
         double c = dot(hit.normal, towards);
         if (c <= 0.001) {
@@ -517,11 +556,7 @@ Rgb Scene::transmitted(const Hit& hit, int depth) const
     const Frame frame(hit.normal);
     Rgb sum;
     for (int i = 0; i < samples; ++i) {
-        const auto number = unsigned(i * s_rays + m_ray);
-        const Vec normal = samples == 1
-                               ? hit.normal
-                               : frame.toWorld(facet(alpha, (number + 0.5) / (samples * s_rays),
-                                                     radicalInverse(number)));
+        const Vec normal = samples == 1 ? hit.normal : frame.toWorld(facet(alpha, i, m_ray));
         Vec direction;
         if (!refracted(hit.direction, normal, 1 / index, direction))
             continue;
@@ -588,6 +623,8 @@ const Vec& Scene::lightSample(std::size_t light, int i) const
 /// Distances from the point that faces the camera are kept (the azimuthal equidistant projection).
 Point Scene::placeOn(const Ball& ball, const Vec& normal) const
 {
+    if (ball.surface->largestImage() <= 0)
+        return {0, 0};
     const double x = dot(normal, m_facing.u);
     const double y = dot(normal, m_facing.v);
     const double s = std::sqrt(x * x + y * y);
@@ -602,7 +639,7 @@ Rgb Scene::emission(const Surface& surface)
 {
     const double light = surface.factors.light;
     // However strong a lamp is, its ball stays within what a picture can show.
-    return light > 0 ? surface.factors.lightColour * (1.8 * light / (light + 0.5)) : Rgb();
+    return light > 0 ? surface.factors.lightColour * (1.3 * light / (light + 0.3)) : Rgb();
 }
 
 } // namespace rvopen::drawing

@@ -83,6 +83,7 @@ private:
                         double& distance) const;
     Rgb farAway(const Vec& direction, double blur) const;
     Rgb groundLight(const Vec& point, bool isExact) const;
+    bool mayBeShadowed(const Vec& point, const AreaLight& light) const;
     Rgb groundSeen(const Vec& from, const Vec& direction, double distance, bool isExact) const;
     Rgb ballSeen(const Ball& ball, const Vec& from, const Vec& direction, double distance,
                  int depth) const;
@@ -104,6 +105,8 @@ private:
     std::vector<Frame> m_lightFrames;
     /// Directions, by light, ray and sample.
     std::vector<Vec> m_lightSamples;
+    /// Light on level ground without shadows, by light and ray.
+    std::vector<Rgb> m_onGround;
     Rgb m_skyLight;
     Rgb m_groundLight;
     double m_pixel = 0;

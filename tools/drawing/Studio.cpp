@@ -34,17 +34,19 @@ Rgb room(const Vec& direction)
 
 } // namespace
 
-Scene studio()
+Scene studio(const Surface& surface)
 {
     Scene scene;
     scene.lights = {softBox(-48, 48, 17, 21, 7.2), softBox(62, 28, 5, 24, 3.6),
                     softBox(150, 55, 22, 10, 2.4)};
     scene.surroundings = room;
-    scene.ground = [](const Vec& point) {
+    // What shines through shows best before strong chequers.
+    const bool isClear = surface.isGlass() || surface.hasOpacity;
+    scene.ground = [isClear](const Vec& point) {
         constexpr double side = 0.75;
         const bool isLight =
             (int(std::floor(point.x / side)) + int(std::floor(point.y / side))) % 2;
-        const double value = isLight ? 0.56 : 0.47;
+        const double value = isLight ? 0.56 : isClear ? 0.27 : 0.48;
         return Rgb{value, value, value * 0.99};
     };
     scene.groundFadesFrom = 2.5;

@@ -176,7 +176,8 @@ double Surface::dielectricReflectance() const
 double Surface::opacityAt(double x, double y, double footprint) const
 {
     double result = 1;
-    if (hasOpacity) {
+    // An even transparency beside a transmission says the same once more.
+    if (hasOpacity && (opacity.texture || !isGlass())) {
         const Texel texel = opacity.at(x, y, footprint);
         // Masks are made by eye: half opaque is what looks half grey.
         result = opacity.usesAlpha ? texel.alpha : toEncoded(luminance(texel.colour));
@@ -224,6 +225,11 @@ Vec Surface::normalAt(double x, double y, double footprint) const
     const double depth = bumpHeight * tile / 20;
     const Point slope = onSurface(ds / mapping.width, dt / mapping.height);
     return normalised({-slope.x * depth, -slope.y * depth, 1});
+}
+
+bool Surface::isGlass() const
+{
+    return factors.transmission > 0.3;
 }
 
 double Surface::largestImage() const

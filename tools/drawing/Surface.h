@@ -104,6 +104,8 @@ struct Surface {
     double opacityAt(double x, double y, double footprint) const;
     /// The normal in the frame of the surface: x to the right, y upwards, z out of it.
     Vec normalAt(double x, double y, double footprint) const;
+    /// Whether light goes through it bent, as through glass.
+    bool isGlass() const;
     /// The longest side of its images, 0 without.
     double largestImage() const;
 };
