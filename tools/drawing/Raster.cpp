@@ -196,8 +196,11 @@ std::vector<double> Raster::coverage(const Polygon& polygon, int& left, int& top
             const Point& b = polygon[(i + 1) % polygon.size()];
             const double ay = a.y * m_height;
             const double by = b.y * m_height;
-            if ((ay <= y) != (by <= y))
-                crossings.push_back((a.x + (b.x - a.x) * (y - ay) / (by - ay)) * m_height);
+            if ((ay <= y) == (by <= y))
+                continue;
+            const double x = (a.x + (b.x - a.x) * (y - ay) / (by - ay)) * m_height;
+            if (std::isfinite(x))
+                crossings.push_back(x);
         }
         std::sort(crossings.begin(), crossings.end());
         double* const row = covered.data() + std::size_t(line / s_linesPerRow - top) * columns;
