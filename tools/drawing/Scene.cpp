@@ -554,18 +554,21 @@ Rgb Scene::transmitted(const Hit& hit, int depth) const
     const Surface& surface = *hit.surface;
     const double index = std::max(surface.factors.refraction, 1.0);
     const double alpha = surface.factors.roughness * surface.factors.roughness;
-    const int samples = alpha < 0.004 ? 1 : depth == 0 ? s_lobeSamples : 1;
+    // Behind rough glass nothing is sharp: half the samples, and fewer ways through the ball, do.
+    const bool isRough = alpha >= 0.004;
+    const int samples = isRough && depth == 0 ? s_lobeSamples / 2 : 1;
+    const int bounces = isRough ? 2 : 4;
     const Frame frame(hit.normal);
     Rgb sum;
     for (int i = 0; i < samples; ++i) {
-        const Vec normal = samples == 1 ? hit.normal : frame.toWorld(facet(alpha, i, m_ray));
+        const Vec normal = samples == 1 ? hit.normal : frame.toWorld(facet(alpha, 2 * i, m_ray));
         Vec direction;
         if (!refracted(hit.direction, normal, 1 / index, direction))
             continue;
         double share = 1 - fresnel(clamped(-dot(hit.direction, normal)), 1 / index);
         Vec point = hit.point;
         double way = 0;
-        for (int bounce = 0; bounce < 4; ++bounce) {
+        for (int bounce = 0; bounce < bounces; ++bounce) {
             double enter = 0;
             double leave = 0;
             if (!meets(point, direction, *hit.ball, enter, leave))
