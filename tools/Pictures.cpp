@@ -3,14 +3,36 @@
 
 #include "Pictures.h"
 
+#include "Failure.h"
+
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/XMLUtils.h>
 
+#include <QDomDocument>
 #include <QGuiApplication>
 #include <QImageReader>
+#include <QPainter>
 #include <QVector>
 
 namespace rvopen::tools {
+
+namespace {
+
+/// Without any font all letters are the same box.
+bool haveFonts()
+{
+    const auto written = [](QChar letter) {
+        QImage image(48, 48, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.drawText(image.rect(), int(Qt::AlignCenter), QString(letter));
+        painter.end();
+        return image;
+    };
+    return written(QLatin1Char('A')) != written(QLatin1Char('H'));
+}
+
+} // namespace
 
 void preparePictures()
 {
@@ -24,6 +46,18 @@ void preparePictures()
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     static const QGuiApplication application(argc, argv);
     qInstallMessageHandler(handler);
+}
+
+void prepareTexts()
+{
+    // The plugin for no screen has fonts only when that is asked for.
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (platform.isEmpty() || platform == "minimal")
+        qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
+    preparePictures();
+    if (!haveFonts())
+        throw Failure(QStringLiteral("there is no font to write names with: install one, such as "
+                                     "the package fonts-dejavu-core"));
 }
 
 QPixmap pictureOf(const QDomElement& element, const QString& installFolder)
@@ -45,6 +79,18 @@ QPixmap pictureOf(const QDomElement& element, const QString& installFolder)
     const QPixmap picture = node ? utils.QPixmapFromRVOpenNode(node, installFolder) : QPixmap();
     delete root;
     return picture;
+}
+
+QImage embeddedPicture(const QString& text)
+{
+    preparePictures();
+    QDomDocument document;
+    QDomElement element = document.createElement(QStringLiteral("material"));
+    element.setAttribute(QStringLiteral("xmlImage"), text);
+    RVOpenNode node;
+    node.SetDomNode(element);
+    XMLUtils utils;
+    return utils.QPixmapFromRVOpenNode(&node, QString()).toImage();
 }
 
 bool hasPicture(const QDomElement& element)

@@ -28,7 +28,7 @@ void declareProgram(CLI::App& app, const std::vector<std::unique_ptr<Command>>& 
 {
     app.name("rvopen");
     app.description("Works on snapshot documents and preset archives: looks into them, checks, "
-                    "changes and compares them.\n\n"
+                    "changes, compares and draws them.\n\n"
                     "Exit codes: 0 fine, 1 findings or differences, 2 it could not be done.");
     app.formatter(std::make_shared<HelpFormatter>());
     app.set_help_flag("-h,--help", "Print this help");
