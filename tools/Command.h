@@ -43,6 +43,7 @@ std::unique_ptr<Command> makeImport();
 std::unique_ptr<Command> makeDiff();
 std::unique_ptr<Command> makeFormat();
 std::unique_ptr<Command> makePreview();
+std::unique_ptr<Command> makeRender();
 std::unique_ptr<Command> makeNew();
 /// @}
 

@@ -40,7 +40,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
     for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures,
-                            makeImport, makeDiff, makeFormat, makePreview, makeNew})
+                            makeImport, makeDiff, makeFormat, makePreview, makeRender, makeNew})
         commands.push_back(make());
     return commands;
 }
