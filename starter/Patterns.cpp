@@ -427,7 +427,8 @@ double noise(double u, double v, int columns, int rows, int octaves, unsigned in
         rows *= 2;
     }
     // Sums of several octaves crowd around the middle.
-    return clamped((sum / total - 0.5) * 1.7 + 0.5);
+    const double contrast = octaves > 1 ? 1.7 : 1.1;
+    return clamped((sum / total - 0.5) * contrast + 0.5);
 }
 
 } // namespace rvopen::starter

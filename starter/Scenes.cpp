@@ -80,6 +80,27 @@ QRgb town(const Scene& scene, double u, double v)
     return land(scene, v, horizon);
 }
 
+/// Low houses side by side, their gables to the street.
+QRgb village(const Scene& scene, double u, double v)
+{
+    const double horizon = 0.54;
+    const int houses = 10;
+    const int house = int(u * houses) % houses;
+    const double x = u * houses - std::floor(u * houses);
+    const double eaves = horizon - 0.07 - 0.04 * hashed(house, 0, scene.seed);
+    const double ridge = eaves - 0.16 * (0.5 - std::abs(x - 0.5));
+    const QColor roof(132, 74, 52);
+    if (v >= ridge && v < eaves)
+        return between(roof, scene.colours[2], 0.3 * hashed(house, 1, scene.seed));
+    if (v < eaves || v >= horizon)
+        return land(scene, v, horizon);
+    const double across = x * 4 - std::floor(x * 4);
+    const bool isWindow = across > 0.3 && across < 0.7 && v > eaves + 0.025 && v < eaves + 0.05;
+    return isWindow
+               ? between(scene.colours[3], scene.colours[0], 0.3)
+               : between(scene.colours[4], scene.colours[2], 0.8 * hashed(house, 2, scene.seed));
+}
+
 QRgb sea(const Scene& scene, double u, double v)
 {
     const double horizon = 0.5;
@@ -131,8 +152,9 @@ struct Known {
     int colours;
 };
 
-const Known s_scenes[] = {{"trees", trees, 5}, {"town", town, 5},   {"sea", sea, 5},
-                          {"hills", hills, 5}, {"table", table, 5}, {"boxes", boxes, 3}};
+const Known s_scenes[] = {{"village", village, 5}, {"trees", trees, 5}, {"town", town, 5},
+                          {"sea", sea, 5},         {"hills", hills, 5}, {"table", table, 5},
+                          {"boxes", boxes, 3}};
 
 } // namespace
 
