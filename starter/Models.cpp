@@ -199,6 +199,8 @@ private:
         Camera* const made = snapShot->CreateCamera();
         Camera* const camera = snapShot->AddCamera(made);
         delete made;
+        if (row.has("camera"))
+            camera->SetName(row.text("camera"));
         float from[3];
         float to[3];
         float up[3];
