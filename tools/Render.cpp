@@ -24,15 +24,13 @@
 #include <QJsonArray>
 #include <QSet>
 
-#include <algorithm>
-#include <future>
-#include <thread>
-
 namespace rvopen::tools {
 
 namespace {
 
 const int s_jpegQuality = 92;
+/// Pictures that are drawn together.
+const int s_batch = 16;
 /// Bytes of a name that every file system takes, with room for a number and the extension.
 const int s_maxNameBytes = 200;
 
@@ -44,20 +42,14 @@ struct Job {
     QString file;
 };
 
-struct Bytes {
-    QByteArray data;
-    QSize size;
-};
-
-Bytes drawn(const drawing::Draw& draw, const char* format)
+QByteArray encoded(const QImage& image, const char* format)
 {
-    const QImage image = draw();
-    Bytes bytes;
-    bytes.size = image.size();
-    QBuffer buffer(&bytes.data);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (!image.save(&buffer, format, qstrcmp(format, "jpg") == 0 ? s_jpegQuality : -1))
-        bytes.data.clear();
+        throw Failure(
+            QStringLiteral("pictures cannot be written as \"%1\"").arg(QLatin1String(format)));
     return bytes;
 }
 
@@ -144,10 +136,9 @@ private:
         int kept = 0;
         int written = 0;
         bool isChanged = false;
-        const int batch = int(std::clamp(std::thread::hardware_concurrency(), 1U, 16U));
         for (int i = 0; i < int(subjects.size());) {
             QVector<Job> jobs;
-            for (; i < int(subjects.size()) && int(jobs.size()) < batch; ++i) {
+            for (; i < int(subjects.size()) && int(jobs.size()) < s_batch; ++i) {
                 Job job;
                 job.subject = subjects[i];
                 if (!decide(job, document, session, kept))
@@ -224,24 +215,21 @@ private:
                bool& isChanged)
     {
         const char* const format = m_output.isEmpty() ? "jpg" : "png";
-        std::vector<std::future<Bytes>> results;
+        std::vector<drawing::Draw> draws;
         for (const Job& job : jobs)
-            results.push_back(
-                std::async(jobs.size() > 1 ? std::launch::async : std::launch::deferred, drawn,
-                           job.draw, format));
+            draws.push_back(job.draw);
+        const std::vector<QImage> images = drawing::drawnTogether(draws);
         int count = 0;
         for (int i = 0; i < int(jobs.size()); ++i) {
-            const Bytes bytes = results[std::size_t(i)].get();
+            const QImage& image = images[std::size_t(i)];
+            const QByteArray bytes = encoded(image, format);
             const Job& job = jobs[i];
-            if (bytes.data.isEmpty())
-                throw Failure(QStringLiteral("pictures cannot be written as \"%1\"")
-                                  .arg(QLatin1String(format)));
             if (job.file.isEmpty()) {
-                const QString text = QString::fromLatin1(qCompress(bytes.data).toHex());
+                const QString text = QString::fromLatin1(qCompress(bytes).toHex());
                 QDomElement element = job.subject.element;
                 isChanged = isChanged || element.attribute(QStringLiteral("xmlImage")) != text;
                 element.setAttribute(QStringLiteral("xmlImage"), text);
-            } else if (!write(bytes.data, job.file)) {
+            } else if (!write(bytes, job.file)) {
                 session.error(job.file, QStringLiteral("it could not be written"));
                 continue;
             }
@@ -252,8 +240,8 @@ private:
                                 {QStringLiteral("path"), job.subject.path},
                                 {QStringLiteral("written"),
                                  job.file.isEmpty() ? QJsonValue() : QJsonValue(job.file)},
-                                {QStringLiteral("width"), bytes.size.width()},
-                                {QStringLiteral("height"), bytes.size.height()}});
+                                {QStringLiteral("width"), image.width()},
+                                {QStringLiteral("height"), image.height()}});
         }
         return count;
     }

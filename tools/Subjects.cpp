@@ -46,6 +46,27 @@ QVector<Subject> subjectsOf(const Document& document)
     return subjects;
 }
 
+QVector<Subject> paletteSubjects(const Document& document)
+{
+    QVector<Subject> subjects;
+    walk(document.root(), QString(), [&](const QDomElement& element, const QString& path) {
+        const QString tag = element.tagName();
+        if (tag == QLatin1String("snapshots"))
+            return element.attribute(QStringLiteral("name")) ==
+                   QLatin1String("Model Material Palettes");
+        if (tag == QLatin1String("snapshot") || tag == QLatin1String("materialRepository"))
+            return true;
+        if (tag == QLatin1String("material") &&
+            element.parentNode().nodeName() == QLatin1String("materialRepository")) {
+            const QDomElement owner = element.parentNode().parentNode().toElement();
+            subjects.append({element, path, identityOf(element),
+                             QStringLiteral("Palette of ") + identityOf(owner)});
+        }
+        return false;
+    });
+    return subjects;
+}
+
 QString findTexture(const QString& reference, const Document& document, const Session& session)
 {
     for (const QString& folder : {document.folder(), session.folders.install,

@@ -25,6 +25,9 @@ struct Subject {
 /// Those that there are pictures for, in document order.
 QVector<Subject> subjectsOf(const Document& document);
 
+/// The materials of the current snapshot's palette and of those in the collection of palettes.
+QVector<Subject> paletteSubjects(const Document& document);
+
 /// The image file that a document refers to: where it says, beside the document, or in one of the
 /// host's folders. Empty when it is nowhere.
 QString findTexture(const QString& reference, const Document& document, const Session& session);

@@ -29,7 +29,7 @@ Rgb decoded(const Vec& colour)
 Rgb strips(const Vec& direction)
 {
     const double around = std::atan2(direction.x, -direction.y);
-    Rgb light{0.05, 0.055, 0.065};
+    Rgb light{0.20, 0.21, 0.23};
     for (const double centre : {-1.1, 0.1, 1.3}) {
         const double off = std::fabs(around - centre);
         light += Rgb{1.1, 1.1, 1.1} * ((1 - smoothStep(0.16, 0.22, off)) *
@@ -51,8 +51,9 @@ Rgb Backdrop::at(double height) const
         // Most of the change is near the horizon, as outdoors.
         return decoded(height >= 0 ? mixed(colours[1], colours[0], std::sqrt(clamped(height)))
                                    : mixed(colours[2], colours[3], std::sqrt(clamped(-height))));
-    case Kind::Image:
     case Kind::Reflection:
+        return mixed(fromHex(0x4c4f54), fromHex(0x8b8f95), clamped((height + 1) / 2));
+    case Kind::Image:
         if (image)
             return image->at(0.5, clamped(horizon + height / 2, 0.002, 0.998), 0.5).colour;
         return landscape({0.5, clamped(0.6 - height / 2)}, 1);
@@ -60,6 +61,18 @@ Rgb Backdrop::at(double height) const
         break;
     }
     return fromHex(0xe8e8e6);
+}
+
+Rgb Backdrop::reflectedFrom(const Vec& direction) const
+{
+    if (kind != Kind::Reflection)
+        return at(direction.z);
+    if (!image)
+        return strips(direction);
+    // All around, with the middle of the image behind the camera.
+    const double s = 0.5 + std::atan2(direction.x, -direction.y) / (2 * Pi);
+    const double t = 0.5 + std::asin(clamped(direction.z, -1, 1)) / Pi;
+    return image->at(s, clamped(t, 0.002, 0.998), 1.0 / 512).colour;
 }
 
 Rgb Backdrop::onPlate(const Point& point, double aspect) const
@@ -142,15 +155,10 @@ void drawBackdrop(Raster& raster, const Backdrop& backdrop)
         return room(direction);
     };
     scene.lights.clear();
-    scene.surroundings = strips;
-    if (backdrop.image)
-        // All around, with the middle of the image behind the camera.
-        scene.surroundings = [image = backdrop.image](const Vec& direction) {
-            const double s = 0.5 + std::atan2(direction.x, -direction.y) / (2 * Pi);
-            const double t = 0.5 + std::asin(clamped(direction.z, -1, 1)) / Pi;
-            return image->at(s, clamped(t, 0.002, 0.998), 1.0 / 512).colour;
-        };
-    scene.groundFadesFrom = 1e9;
+    scene.surroundings = [&backdrop](const Vec& direction) {
+        return backdrop.reflectedFrom(direction);
+    };
+    scene.groundFadesInto = scene.backdrop({0, 1, 0}, {});
     scene.balls.push_back(studioBall(chromium));
     scene.draw(raster);
 }

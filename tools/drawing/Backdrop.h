@@ -29,6 +29,8 @@ struct Backdrop {
 
     /// By height, from -1 straight down to 1 straight up.
     Rgb at(double height) const;
+    /// What a mirror shows of it.
+    Rgb reflectedFrom(const Vec& direction) const;
     /// On a plate that fills the picture.
     Rgb onPlate(const Point& point, double aspect) const;
     bool isPlate() const;

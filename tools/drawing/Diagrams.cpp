@@ -84,35 +84,33 @@ void drawFrames(Raster& raster, double width, double height)
     const Polygon frame = rectangleOf(centre, w, h);
     raster.fill(rectangleOf({centre.x + 0.012, centre.y + 0.016}, w, h), faint());
     raster.fill(frame, [&](const Point& point) {
-        // The same landscape in every frame, at the scale of its shorter side.
-        const double side = std::min(w, h);
-        return landscape(
-            {(point.x - centre.x) / side + w / side / 2, (point.y - centre.y + h / 2) / h},
-            w / side);
+        return landscape({(point.x - centre.x + w / 2) / h, (point.y - centre.y + h / 2) / h},
+                         w / h);
     });
     raster.line(frame, 0.014, ink(), true);
     if (w != h)
         raster.line(rectangleOf(centre, h, w), 0.007, ink(), true, 0.45);
 }
 
-void drawHouse(Raster& raster, double aspect)
+void drawHouse(Raster& raster, double aspect, bool isNight)
 {
     const double middle = aspect / 2;
     const auto x = [middle](double offset) { return middle + offset; };
-    raster.fill({{0, 0.74}, {aspect, 0.70}, {aspect, 1}, {0, 1}}, fromHex(0x8fa372));
-    raster.fill({{x(-0.02), 0.77}, {x(0.10), 0.77}, {x(0.26), 1}, {x(-0.06), 1}},
-                fromHex(0xd8cdb8));
-    raster.rectangle(x(0.335), 0.56, x(0.36), 0.78, fromHex(0x6b5440));
-    raster.disc({x(0.348), 0.47}, 0.12, fromHex(0x5e8450));
-    raster.rectangle(x(-0.30), 0.46, x(0.22), 0.79, fromHex(0xf1ebe0));
-    raster.rectangle(x(0.10), 0.46, x(0.22), 0.79, fromHex(0xdcd3c4));
-    raster.rectangle(x(-0.23), 0.24, x(-0.17), 0.40, fromHex(0xa4583f));
+    const auto lit = [isNight](unsigned int rgb) { return fromHex(rgb) * (isNight ? 0.22 : 1); };
+    raster.fill({{0, 0.74}, {aspect, 0.70}, {aspect, 1}, {0, 1}}, lit(0x8fa372));
+    raster.fill({{x(-0.02), 0.77}, {x(0.10), 0.77}, {x(0.26), 1}, {x(-0.06), 1}}, lit(0xd8cdb8));
+    raster.rectangle(x(0.335), 0.56, x(0.36), 0.78, lit(0x6b5440));
+    raster.disc({x(0.348), 0.47}, 0.12, lit(0x5e8450));
+    raster.rectangle(x(-0.30), 0.46, x(0.22), 0.79, lit(0xf1ebe0));
+    raster.rectangle(x(0.10), 0.46, x(0.22), 0.79, lit(0xdcd3c4));
+    raster.rectangle(x(-0.23), 0.24, x(-0.17), 0.40, lit(0xa4583f));
     raster.fill({{x(-0.36), 0.475}, {x(-0.10), 0.24}, {x(0.14), 0.24}, {x(0.28), 0.475}},
-                fromHex(0xb5533c));
-    raster.rectangle(x(0.0), 0.58, x(0.075), 0.79, fromHex(0x5f4a3a));
+                lit(0xb5533c));
+    raster.rectangle(x(0.0), 0.58, x(0.075), 0.79, lit(0x5f4a3a));
     for (const double left : {-0.25, -0.125}) {
-        raster.rectangle(x(left), 0.55, x(left + 0.09), 0.68, fromHex(0x6f93b0));
-        raster.line(rectangleOf({x(left + 0.045), 0.615}, 0.09, 0.13), 0.010, {1, 1, 1}, true);
+        raster.rectangle(x(left), 0.55, x(left + 0.09), 0.68,
+                         isNight ? fromHex(0xf4c768) : fromHex(0x6f93b0));
+        raster.line(rectangleOf({x(left + 0.045), 0.615}, 0.09, 0.13), 0.010, lit(0xffffff), true);
     }
 }
 
@@ -375,7 +373,8 @@ void drawScheme(Raster& raster, SchemeKind kind, const Backdrop& backdrop)
     });
     switch (kind) {
     case SchemeKind::Exterior:
-        drawHouse(raster, aspect);
+        drawHouse(raster, aspect,
+                  backdrop.kind != Backdrop::Kind::None && luminance(backdrop.at(0.3)) < 0.04);
         break;
     case SchemeKind::Interior:
         drawRoom(raster, aspect, backdrop);
@@ -398,9 +397,9 @@ void drawMist(Raster& raster, const Mist& mist)
         const double depth = std::max(mist.farDistance - mist.nearDistance, 1e-9);
         return mixed(colour, mist.colour, clamped((distance - mist.nearDistance) / depth));
     };
-    // Eyes at a height of 1.6: distance and height in the picture belong together.
+    // The first row of the picture is 4 away, the horizon is endlessly far.
     const auto distanceOf = [&](double y) {
-        return 3 * (1 - horizon) / std::max(y - horizon, 1e-4);
+        return 4 * (1 - horizon) / std::max(y - horizon, 1e-4);
     };
     raster.fill([&](const Point& point) {
         if (point.y > horizon)
@@ -408,17 +407,20 @@ void drawMist(Raster& raster, const Mist& mist)
         return mixed(fromHex(0x6f9fce), through(fromHex(0xe3edf2), 1e9),
                      smoothStep(0, horizon, point.y));
     });
-    const double distances[] = {500, 150, 50, 16, 5};
-    for (int i = 0; i < 5; ++i) {
-        const double y = horizon + 3 * (1 - horizon) / distances[i];
-        // Smaller with the distance, but not so fast that the last could not be seen.
-        const double height = 0.86 / std::pow(distances[i] / 5, 0.42);
-        const double x = aspect * (i % 2 ? 0.5 + 0.34 / std::pow(distances[i] / 5, 0.22)
-                                         : 0.5 - 0.30 / std::pow(distances[i] / 5, 0.22));
-        drawTree(raster, {x, std::max(y, horizon + 0.012)}, height,
-                 through(fromHex(0x3f6a3a), distances[i]),
-                 through(fromHex(0x5b4634), distances[i]));
-    }
+    // Smaller with the distance, but not so fast that the last could not be seen.
+    struct Tree {
+        double distance;
+        double x;
+        double foot;
+        double height;
+    };
+    for (const Tree& tree :
+         {Tree{500, 0.90, horizon + 0.015, 0.15}, Tree{150, 0.76, horizon + 0.04, 0.21},
+          Tree{50, 0.59, horizon + 0.09, 0.31}, Tree{16, 0.385, horizon + 0.20, 0.47},
+          Tree{5, 0.15, horizon + 0.46, 0.74}})
+        drawTree(raster, {tree.x * aspect, tree.foot}, tree.height,
+                 through(fromHex(0x3f6a3a), tree.distance),
+                 through(fromHex(0x5b4634), tree.distance));
 }
 
 } // namespace rvopen::drawing

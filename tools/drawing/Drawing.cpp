@@ -24,6 +24,10 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/Transparency.h>
 
+#include <atomic>
+#include <future>
+#include <thread>
+
 namespace rvopen::drawing {
 
 namespace {
@@ -211,6 +215,25 @@ Draw drawingOf(const QDomElement& element, const Wish& wish, TextureReader& text
 {
     const Prepare prepare = prepareFor(element.tagName());
     return prepare ? prepare(element, wish, textures) : Draw();
+}
+
+std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)
+{
+    std::vector<QImage> images(drawings.size());
+    std::atomic<std::size_t> next{0};
+    const auto work = [&] {
+        for (std::size_t i = next++; i < drawings.size(); i = next++)
+            images[i] = drawings[i]();
+    };
+    const std::size_t threads =
+        std::min<std::size_t>(std::max(std::thread::hardware_concurrency(), 1U), drawings.size());
+    std::vector<std::future<void>> others;
+    for (std::size_t i = 1; i < threads; ++i)
+        others.push_back(std::async(std::launch::async, work));
+    work();
+    for (std::future<void>& other : others)
+        other.get();
+    return images;
 }
 
 } // namespace rvopen::drawing

@@ -10,6 +10,7 @@
 #include <QSize>
 
 #include <functional>
+#include <vector>
 
 namespace rvopen::drawing {
 
@@ -30,5 +31,8 @@ bool isDrawable(const QDomElement& element);
 /// thread. The document is not changed. Null for an element that has no picture.
 using Draw = std::function<QImage()>;
 Draw drawingOf(const QDomElement& element, const Wish& wish, TextureReader& textures);
+
+/// Draws pictures on all processors, each by its drawing.
+std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings);
 
 } // namespace rvopen::drawing

@@ -129,6 +129,18 @@ Mapping mappingOf(ShaderMap* map)
 
 } // namespace
 
+QImage readImage(const QString& path)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    // A format that does not tell its size before it is decoded cannot be bounded.
+    const QSize size = reader.size();
+    if (size.isEmpty() || size.width() > s_maxSide || size.height() > s_maxSide ||
+        qint64(size.width()) * size.height() > s_maxPixels)
+        return QImage();
+    return reader.read();
+}
+
 TextureReader::TextureReader(FindFile find)
     : m_find(std::move(find))
 {
@@ -142,7 +154,7 @@ std::shared_ptr<const Texture> TextureReader::texture(const QString& reference)
     const auto known = m_known.constFind(path);
     if (known != m_known.constEnd())
         return *known;
-    const QImage image = this->image(reference);
+    const QImage image = readImage(path);
     if (m_known.size() >= s_maxKnown)
         m_known.clear();
     const auto result = image.isNull() ? nullptr : std::make_shared<const Texture>(image);
@@ -153,16 +165,7 @@ std::shared_ptr<const Texture> TextureReader::texture(const QString& reference)
 QImage TextureReader::image(const QString& reference) const
 {
     const QString path = reference.isEmpty() || !m_find ? QString() : m_find(reference);
-    if (path.isEmpty())
-        return QImage();
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    // A format that does not tell its size before it is decoded cannot be bounded.
-    const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > s_maxSide || size.height() > s_maxSide ||
-        qint64(size.width()) * size.height() > s_maxPixels)
-        return QImage();
-    return reader.read();
+    return path.isEmpty() ? QImage() : readImage(path);
 }
 
 SurfaceReader::SurfaceReader(TextureReader& textures)

@@ -25,8 +25,11 @@ namespace rvopen::drawing {
 /// The file that a document's reference means; empty when it is not there.
 using FindFile = std::function<QString(const QString& reference)>;
 
-/// Reads images for textures. They come from anywhere: beyond 8192 pixels a side or 16 million
-/// pixels they are not decoded.
+/// The image in a file, which comes from anywhere: beyond 8192 pixels a side or 16 million pixels
+/// it is not decoded. Null then.
+QImage readImage(const QString& path);
+
+/// Images that documents refer to.
 class TextureReader {
 public:
     explicit TextureReader(FindFile find);

@@ -383,8 +383,7 @@ Rgb Scene::groundSeen(const Vec& from, const Vec& direction, double distance, bo
     const double away = std::sqrt(point.x * point.x + point.y * point.y);
     if (away <= groundFadesFrom)
         return lit;
-    return mixed(lit, surroundings(normalised({direction.x, direction.y, 0.0})),
-                 smoothStep(groundFadesFrom, groundFadesTo, away));
+    return mixed(lit, groundFadesInto, smoothStep(groundFadesFrom, groundFadesTo, away));
 }
 
 Rgb Scene::ballSeen(const Ball& ball, const Vec& from, const Vec& direction, double distance,
@@ -542,7 +541,10 @@ Rgb Scene::lobe(const Hit& hit, double alpha, const Rgb& ofLights, const Rgb& of
             const Rgb dim = surroundings(towards);
             seen = dim * base + (farAway(towards, alpha) - dim) * strong;
         }
-        sum += seen * weight;
+        // A small light in few samples would be specks.
+        const double most = samples > 1 ? 3 : 12;
+        const Rgb light = seen * weight;
+        sum += {std::min(light.x, most), std::min(light.y, most), std::min(light.z, most)};
     }
     return sum * (1.0 / samples);
 }

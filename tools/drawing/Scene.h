@@ -62,9 +62,10 @@ public:
     bool hasGround = true;
     /// What part of the light the ground reflects.
     std::function<Rgb(const Vec&)> ground;
-    /// From where on the ground fades into the surroundings.
+    /// From where on the ground fades into what is behind it.
     double groundFadesFrom = 1e9;
     double groundFadesTo = 2e9;
+    Rgb groundFadesInto;
     /// 1 for shadows as dark as they are, 0 for none.
     double shadowContrast = 1;
     Mist mist;

@@ -113,10 +113,13 @@ Rgb clearSky(const Vec& direction, const Sun& sun)
     const double shown = std::max(sun.altitude, 1.0);
     const Rgb relative = daySky(direction, radians(90 - shown), towards(sun.azimuth, shown));
     // The zenith is darker the lower the sun; the exposure follows only in part, as eyes do.
-    const double exposure = mixed(0.10, 0.17, smoothStep(0, 50, sun.altitude));
-    Rgb light{1 - std::exp(-relative.x * exposure * 1.6),
-              1 - std::exp(-relative.y * exposure * 1.6),
-              1 - std::exp(-relative.z * exposure * 1.6)};
+    const double exposure = mixed(0.16, 0.34, smoothStep(-2, 45, sun.altitude));
+    const auto exposed = [exposure](double light) { return 1 - std::exp(-light * exposure); };
+    Rgb light{exposed(relative.x), exposed(relative.y), exposed(relative.z)};
+    // What the exposure takes of the colour it gets back.
+    const double grey = luminance(light);
+    light = mixed({grey, grey, grey}, light, 1.45);
+    light = {std::max(light.x, 0.0), std::max(light.y, 0.0), std::max(light.z, 0.0)};
     const double night = 1 - smoothStep(-14, 3, sun.altitude);
     const Rgb dark = mixed(fromHex(0x24304e), fromHex(0x070b1a), std::sqrt(clamped(direction.z)));
     return mixed(light, dark, night);
@@ -137,17 +140,14 @@ void drawSky(Raster& raster, const Sun& sun)
         const Vec direction = towards(point.x / aspect * 360, altitude);
         if (!sun.isOn)
             return mixed(fromHex(0xd3d6d8), fromHex(0x9ba3aa), std::sqrt(direction.z));
-        return clearSky(direction, sun);
+        Rgb light = clearSky(direction, sun);
+        // Larger than life, with a glow; over the edge it goes on at the other side.
+        double across = std::fabs(point.x - at.x);
+        across = std::min(across, aspect - across);
+        const double off = std::sqrt(across * across + (point.y - at.y) * (point.y - at.y));
+        return mixed(light, mixed(sun.colour(), {3, 3, 2.8}, 0.5),
+                     1 - smoothStep(0.036, 0.042, off));
     });
-    if (sun.isOn && sun.altitude > -8) {
-        const Rgb colour = sun.colour();
-        for (const double across : {-aspect, 0.0, aspect}) {
-            const Point centre{at.x + across, at.y};
-            for (const double glow : {0.16, 0.12, 0.085, 0.06})
-                raster.disc(centre, glow, colour, 0.14);
-            raster.disc(centre, 0.036, mixed(colour, {1.5, 1.5, 1.4}, 0.6));
-        }
-    }
     const double light = sun.isOn ? smoothStep(-10, 40, sun.altitude) : 0.55;
     const Rgb ground = mixed(fromHex(0x1b2126), fromHex(0x6f7a5c), light);
     raster.rectangle(0, horizon, aspect, 1, ground);

@@ -19,6 +19,8 @@ namespace rvopen::drawing {
 namespace {
 
 constexpr std::size_t s_maxBalls = 7;
+constexpr double s_radius = 0.68;
+constexpr double s_spacing = 1.55;
 
 /// Where there is no background: what the scheme suggests.
 Backdrop backdropFor(SchemeKind kind)
@@ -55,7 +57,7 @@ std::vector<Vec> places(std::size_t count)
         const std::size_t inRow = isFront ? front : count - front;
         const double at = double(isFront ? i : i - front) - (double(inRow) - 1) / 2;
         const double row = isFront ? 0 : 2.1;
-        result.push_back({at * 1.55, row, 0.68});
+        result.push_back({at * s_spacing, row, s_radius});
     }
     return result;
 }
@@ -115,7 +117,7 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
         const Surface& surface = values.surfaces.empty() ? plain : values.surfaces[i];
         Ball ball = studioBall(surface);
         ball.centre = place;
-        ball.radius = 0.68;
+        ball.radius = s_radius;
         ball.scale /= ball.radius;
         scene.balls.push_back(ball);
     }
@@ -127,7 +129,10 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
             ? clamped(std::asin(clamped(-sight.z / length(sight), -1, 1)) * 180 / Pi, 7, 50)
             : 12;
     const double angle = mixed(20, 34, clamped((values.camera.angle - 20) / 60));
-    const double away = values.surfaces.size() > 4 ? 9.6 : 8.2;
+    // As far away as shows the whole first row.
+    const double row = double(count <= 4 ? count : (count + 1) / 2);
+    const double half = std::max((row - 1) / 2 * s_spacing + s_radius + 0.5, 2.1);
+    const double away = half / (std::tan(radians(angle) / 2) * raster.aspect()) + s_radius;
     scene.view.to = {0, count > 4 ? 0.8 : 0.0, 0.95};
     scene.view.from =
         scene.view.to + Vec{0, -std::cos(radians(pitch)), std::sin(radians(pitch))} * away;
@@ -144,7 +149,7 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
         const bool isDark = !isDay && !values.hasLamps;
         const double level = isDark ? 0.55 : 1;
         scene.surroundings = [backdrop, level](const Vec& direction) {
-            return backdrop.at(direction.z) * level;
+            return backdrop.reflectedFrom(direction) * level;
         };
         const Rgb soil =
             backdrop.kind == Backdrop::Kind::Image ? fromHex(0x8f8d84) : backdrop.at(-0.35);
@@ -156,13 +161,15 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
         };
         scene.groundFadesFrom = 6;
         scene.groundFadesTo = 26;
+        scene.groundFadesInto = values.mist.isOn ? values.mist.colour : backdrop.at(-0.001) * level;
         if (isDay) {
             const double a = radians(sun.azimuth);
             const double h = radians(std::max(sun.altitude, 3.0));
             AreaLight light;
             light.towards = {std::sin(a) * std::cos(h), std::cos(a) * std::cos(h), std::sin(h)};
-            light.halfWidth = light.halfHeight = 0.06;
-            const double strength = 1.9 / (4 * light.halfWidth * light.halfHeight) *
+            light.halfWidth = light.halfHeight = 0.07;
+            light.softness = 0.4;
+            const double strength = 3.6 / (4 * light.halfWidth * light.halfHeight) *
                                     mixed(0.45, 1, smoothStep(0, 35, sun.altitude));
             light.radiance = sun.colour() * strength;
             scene.lights = {light};
@@ -185,7 +192,7 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
                          (1.6 * (1 - smoothStep(0.035, 0.05, off)) + 0.5 * std::exp(-off * 9));
             }
             if (mist.isOn)
-                light = mixed(light, mist.colour, 0.85 * (1 - smoothStep(0.0, 0.16, direction.z)));
+                light = mixed(light, mist.colour, 1 - smoothStep(0.0, 0.18, direction.z));
             return light;
         };
     }
