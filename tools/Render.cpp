@@ -29,6 +29,7 @@ namespace rvopen::tools {
 namespace {
 
 const int s_jpegQuality = 92;
+const int s_dotsPerMetre = 3780;
 /// Pictures that are drawn together.
 const int s_batch = 16;
 /// Bytes of a name that every file system takes, with room for a number and the extension.
@@ -42,8 +43,11 @@ struct Job {
     QString file;
 };
 
-QByteArray encoded(const QImage& image, const char* format)
+QByteArray encoded(QImage image, const char* format)
 {
+    // The file tells it, and each version of Qt has another default: 96 dots per inch.
+    image.setDotsPerMeterX(s_dotsPerMetre);
+    image.setDotsPerMeterY(s_dotsPerMetre);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
