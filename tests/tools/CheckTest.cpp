@@ -381,7 +381,7 @@ TEST(Check, SarifIsOfItsSchema)
 TEST(Check, SampleDocumentsAreCleanButForTheOlderForm)
 {
     Workspace workspace;
-    workspace.copySamples();
+    workspace.copySamples(Workspace::Pictures::Copied);
     const Found checked = check(
         workspace, {QStringLiteral("."), QStringLiteral("--install"), QStringLiteral("install"),
                     QStringLiteral("--archives"), QStringLiteral("archives/Zorvane"),
