@@ -29,7 +29,6 @@ namespace rvopen::tools {
 namespace {
 
 const int s_jpegQuality = 92;
-const int s_dotsPerMetre = 3780;
 /// Pictures that are drawn together.
 const int s_batch = 16;
 /// Bytes of a name that every file system takes, with room for a number and the extension.
@@ -43,11 +42,8 @@ struct Job {
     QString file;
 };
 
-QByteArray encoded(QImage image, const char* format)
+QByteArray encoded(const QImage& image, const char* format)
 {
-    // The file tells it, and each version of Qt has another default: 96 dots per inch.
-    image.setDotsPerMeterX(s_dotsPerMetre);
-    image.setDotsPerMeterY(s_dotsPerMetre);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -134,8 +130,7 @@ private:
     {
         if (m_embed && document.isStandardInput())
             throw Failure(QStringLiteral("standard input cannot be written over: use --output"));
-        drawing::TextureReader textures(
-            [&](const QString& reference) { return findTexture(reference, document, session); });
+        drawing::TextureReader textures(textureFinder(document, session.folders));
         QVector<Subject> subjects = subjectsOf(document);
         int kept = 0;
         int written = 0;
