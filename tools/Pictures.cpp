@@ -9,13 +9,30 @@
 #include <rvopen/XMLUtils.h>
 
 #include <QDomDocument>
-#include <QFont>
 #include <QGuiApplication>
 #include <QImageReader>
-#include <QRawFont>
+#include <QPainter>
 #include <QVector>
 
 namespace rvopen::tools {
+
+namespace {
+
+/// Without any font all letters are the same box.
+bool haveFonts()
+{
+    const auto written = [](QChar letter) {
+        QImage image(48, 48, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.drawText(image.rect(), int(Qt::AlignCenter), QString(letter));
+        painter.end();
+        return image;
+    };
+    return written(QLatin1Char('A')) != written(QLatin1Char('H'));
+}
+
+} // namespace
 
 void preparePictures()
 {
@@ -38,7 +55,7 @@ void prepareTexts()
     if (platform.isEmpty() || platform == "minimal")
         qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
     preparePictures();
-    if (!QRawFont::fromFont(QFont()).supportsCharacter(QLatin1Char('A')))
+    if (!haveFonts())
         throw Failure(QStringLiteral("there is no font to write names with: install one, such as "
                                      "the package fonts-dejavu-core"));
 }

@@ -10,6 +10,9 @@ namespace {
 /// Lines that each row of pixels is cut into; across a line coverage is exact.
 constexpr int s_linesPerRow = 8;
 
+/// 72 per inch.
+constexpr int s_dotsPerMetre = 2835;
+
 /// Light up to there is shown as it is; what is above approaches white.
 constexpr double s_shoulder = 0.8;
 
@@ -154,6 +157,9 @@ void Raster::rectangle(double left, double top, double right, double bottom, con
 QImage Raster::toImage() const
 {
     QImage image(m_width, m_height, QImage::Format_RGB32);
+    // What is not said would be taken from the screen.
+    image.setDotsPerMeterX(s_dotsPerMetre);
+    image.setDotsPerMeterY(s_dotsPerMetre);
     std::size_t i = 0;
     for (int y = 0; y < m_height; ++y) {
         auto* const row = reinterpret_cast<QRgb*>(image.scanLine(y));
@@ -190,8 +196,11 @@ std::vector<double> Raster::coverage(const Polygon& polygon, int& left, int& top
             const Point& b = polygon[(i + 1) % polygon.size()];
             const double ay = a.y * m_height;
             const double by = b.y * m_height;
-            if ((ay <= y) != (by <= y))
-                crossings.push_back((a.x + (b.x - a.x) * (y - ay) / (by - ay)) * m_height);
+            if ((ay <= y) == (by <= y))
+                continue;
+            const double x = (a.x + (b.x - a.x) * (y - ay) / (by - ay)) * m_height;
+            if (std::isfinite(x))
+                crossings.push_back(x);
         }
         std::sort(crossings.begin(), crossings.end());
         double* const row = covered.data() + std::size_t(line / s_linesPerRow - top) * columns;

@@ -207,7 +207,7 @@ void Scene::drawFlat(Raster& raster, const Surface& surface, double scale)
                 const Vec local = surface.normalAt(at[0], at[1], footprint);
                 hit.normal = normalised(Vec{1, 0, 0} * local.x + Vec{0, 0, 1} * local.y +
                                         hit.flat * local.z);
-                const bool isLight = (int(std::floor(px * 4)) + int(std::floor(py * 4))) % 2 == 0;
+                const bool isLight = isLightField({px, py, 0}, 0.25);
                 const Rgb behind = isLight ? grey(0.75) : grey(0.35);
                 const double opacity = surface.opacityAt(at[0], at[1], footprint);
                 const double through = surface.factors.transmission;

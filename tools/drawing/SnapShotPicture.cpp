@@ -155,8 +155,7 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
             backdrop.kind == Backdrop::Kind::Image ? fromHex(0x8f8d84) : backdrop.at(-0.35);
         scene.ground = [soil](const Vec& point) {
             constexpr double side = 1.2;
-            const bool isLight =
-                (int(std::floor(point.x / side)) + int(std::floor(point.y / side))) % 2;
+            const bool isLight = isLightField(point, side);
             return soil * (isLight ? 0.92 : 0.84);
         };
         scene.groundFadesFrom = 6;

@@ -44,8 +44,7 @@ Scene studio(const Surface& surface)
     const bool isClear = surface.isGlass() || surface.hasOpacity;
     scene.ground = [isClear](const Vec& point) {
         constexpr double side = 0.75;
-        const bool isLight =
-            (int(std::floor(point.x / side)) + int(std::floor(point.y / side))) % 2;
+        const bool isLight = isLightField(point, side);
         const double value = isLight ? 0.56 : isClear ? 0.27 : 0.48;
         return Rgb{value, value, value * 0.99};
     };

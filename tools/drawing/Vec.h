@@ -72,9 +72,10 @@ inline Vec reflected(const Vec& direction, const Vec& normal)
     return direction - normal * (2 * dot(direction, normal));
 }
 
+/// What is not a number becomes \p low.
 inline double clamped(double value, double low = 0, double high = 1)
 {
-    return std::min(std::max(value, low), high);
+    return value > low ? (value < high ? value : high) : low;
 }
 
 inline double mixed(double a, double b, double t)
@@ -85,6 +86,13 @@ inline double mixed(double a, double b, double t)
 inline Vec mixed(const Vec& a, const Vec& b, double t)
 {
     return a + (b - a) * t;
+}
+
+/// Whether a point on the ground is on a light field of chequers.
+inline bool isLightField(const Vec& point, double side)
+{
+    const double sum = std::floor(point.x / side) + std::floor(point.y / side);
+    return std::fmod(std::fabs(sum), 2) > 0.5;
 }
 
 /// The cubic step 3t^2 - 2t^3 between two edges.

@@ -1,0 +1,390 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <QDir>
+#include <QImage>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace rvopen::test {
+
+namespace {
+
+QString golden(const QString& name)
+{
+    return QStringLiteral(RVOPEN_GOLDEN_DIR "/") + name;
+}
+
+/// How far two pictures are apart: the mean difference of a channel, of 255.
+double distance(const QImage& a, const QImage& b)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            sum += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) +
+                   std::abs(qBlue(p) - qBlue(q));
+        }
+    }
+    return double(sum) / (3.0 * a.width() * a.height());
+}
+
+/// The mean colour of the middle of a picture.
+QColor middle(const QImage& image)
+{
+    const QImage one = image.copy(image.width() * 3 / 8, image.height() * 3 / 8, image.width() / 4,
+                                  image.height() / 4);
+    qint64 sums[3] = {0, 0, 0};
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            sums[0] += qRed(one.pixel(x, y));
+            sums[1] += qGreen(one.pixel(x, y));
+            sums[2] += qBlue(one.pixel(x, y));
+        }
+    }
+    const int count = one.width() * one.height();
+    return QColor(int(sums[0] / count), int(sums[1] / count), int(sums[2] / count));
+}
+
+QStringList arguments(std::initializer_list<const char*> texts)
+{
+    QStringList list{QStringLiteral("render")};
+    for (const char* const text : texts)
+        list << QString::fromUtf8(text);
+    return list;
+}
+
+const char s_colours[] = R"(<presets><colours name="Colours">
+<colour name="Red" cat="House" path="Warm"><diffuse enabled="1"><param name="Colour" type="shader" val="colour"><plainColour enabled="1"><param name="Colour" type="colour" val="0.9 0.1 0.1"/></plainColour></param></diffuse></colour>
+<colour name="Blue"><diffuse enabled="1"><param name="Colour" type="shader" val="colour"><plainColour enabled="1"><param name="Colour" type="colour" val="0.1 0.1 0.9"/></plainColour></param></diffuse></colour>
+</colours></presets>)";
+
+} // namespace
+
+class Golden : public ::testing::TestWithParam<const char*> {};
+
+/// The pictures were made by: rvopen render --all --size 64 -o . presets.rvx snapshots.xml
+TEST_P(Golden, PictureIsAsItWas)
+{
+    const QString name = QString::fromLatin1(GetParam());
+    static const Workspace workspace;
+    static const Outcome run = workspace.run(
+        {QStringLiteral("render"), QStringLiteral("--all"), QStringLiteral("--size"),
+         QStringLiteral("64"), QStringLiteral("-o"), QStringLiteral("."),
+         golden(QStringLiteral("presets.rvx")), golden(QStringLiteral("snapshots.xml"))});
+    ASSERT_EQ(run.code, 0) << run.err.toStdString();
+    const QImage is(workspace.path(name + QLatin1String(".png")));
+    const QImage was(golden(name + QLatin1String(".png")));
+    ASSERT_EQ(is.size(), was.size());
+    EXPECT_LT(distance(is, was), 1.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pictures, Golden,
+    ::testing::Values(
+        "material Matt paint", "material Red plastic", "material Brushed steel",
+        "material Chromium", "material Gold", "material Glass", "material Frosted green glass",
+        "material Planks", "material Planks turned and mirrored", "material Lamp",
+        "material Varnished", "colour Orange", "finish Gloss", "transparency Half",
+        "transparency Perforated", "bump Dots", "background Graduated", "background Horizon",
+        "background Image", "background Absent image", "background Reflection", "foreground Mist",
+        "naturalLightStudio Morning", "camera From above", "camera Elevation", "lens Wide",
+        "aspectratio Screen", "aspectratioorient Portrait", "scheme Outside", "scheme Inside",
+        "scheme On a table", "snapshot Outside", "snapshot In mist", "snapshot Palette"));
+
+TEST(Render, DrawsTheSameBytesEveryTime)
+{
+    const Workspace workspace;
+    for (const char* const folder : {"a", "b"}) {
+        EXPECT_EQ(workspace
+                      .run({QStringLiteral("render"), QStringLiteral("--all"),
+                            QStringLiteral("--size"), QStringLiteral("48"), QStringLiteral("-o"),
+                            QLatin1String(folder), golden(QStringLiteral("presets.rvx"))})
+                      .code,
+                  0);
+    }
+    const QStringList names = QDir(workspace.path(QStringLiteral("a"))).entryList(QDir::Files);
+    EXPECT_EQ(names.size(), 31);
+    for (const QString& name : names)
+        EXPECT_EQ(workspace.read(QStringLiteral("a/") + name),
+                  workspace.read(QStringLiteral("b/") + name))
+            << name.toStdString();
+}
+
+TEST(Render, WritesWhereTheHostLooks)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("host/x"), "");
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    const Outcome run =
+        workspace.run(arguments({"--all", "--size", "32", "--install", "host", "a.rvx"}));
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(workspace.files(),
+              (QStringList{QStringLiteral("a.rvx"), QStringLiteral("host/sethumbs/Blue.jpg"),
+                           QStringLiteral("host/sethumbs/House/Warm/Red.jpg"),
+                           QStringLiteral("host/x")}));
+    const Outcome found = workspace.run({QStringLiteral("preview"), QStringLiteral("--install"),
+                                         QStringLiteral("host"), QStringLiteral("a.rvx"),
+                                         QStringLiteral("colour[Red]"), QStringLiteral("-o"),
+                                         QStringLiteral("red.png")});
+    EXPECT_EQ(found.code, 0) << found.err.toStdString();
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("red.png"))));
+    EXPECT_GT(colour.red(), 2 * colour.blue());
+}
+
+TEST(Render, WritesAUsersPicturesBelowTheCustomFolder)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("mine/a.rvx"), smallArchive());
+    EXPECT_EQ(
+        workspace.run(arguments({"--all", "--size", "16", "--custom", "mine", "mine/a.rvx"})).code,
+        0);
+    EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Metals/thumbs/Brass.jpg")));
+    EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Cameras/thumbs/Above.jpg")));
+}
+
+TEST(Render, WritesPicturesOfSnapShotsBesideTheDocument)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("in/a.xml"), smallDocument());
+    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "32", "in/a.xml"})).code, 0);
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("in/icon_Front %2f left.jpg"))).size(),
+              QSize(32, 24));
+}
+
+TEST(Render, WritesPicturesOfSnapShotsIntoTheirFolder)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    workspace.write(QStringLiteral("pictures/x"), "");
+    EXPECT_EQ(
+        workspace.run(arguments({"--all", "--size", "16", "--snapshots", "pictures", "a.xml"}))
+            .code,
+        0);
+    EXPECT_TRUE(workspace.exists(QStringLiteral("pictures/icon_Größe.jpg")));
+}
+
+TEST(Render, MissingLeavesPicturesThatAreThere)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("host/x"), "");
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    const QStringList missing =
+        arguments({"--missing", "--json", "--size", "16", "--install", "host", "a.rvx"});
+    EXPECT_EQ(workspace.run(missing).json().value(QStringLiteral("pictures")).toArray().size(), 2);
+    const QByteArray blue = workspace.read(QStringLiteral("host/sethumbs/Blue.jpg"));
+    workspace.write(QStringLiteral("host/sethumbs/House/Warm/Red.jpg"), blue);
+    const Outcome again = workspace.run(missing);
+    EXPECT_EQ(again.json().value(QStringLiteral("pictures")).toArray().size(), 0);
+    EXPECT_EQ(again.json().value(QStringLiteral("kept")).toInt(), 2);
+    EXPECT_EQ(workspace.read(QStringLiteral("host/sethumbs/House/Warm/Red.jpg")), blue);
+}
+
+TEST(Render, MissingDrawsWhatCannotBeDecoded)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    workspace.write(QStringLiteral("host/sethumbs/Blue.jpg"), "no picture");
+    EXPECT_EQ(
+        workspace.run(arguments({"--missing", "--size", "16", "--install", "host", "a.rvx"})).code,
+        0);
+    EXPECT_FALSE(QImage(workspace.path(QStringLiteral("host/sethumbs/Blue.jpg"))).isNull());
+}
+
+TEST(Render, EmbedsPicturesThatTheLibraryDecodes)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    EXPECT_EQ(workspace.run(arguments({"--all", "--embed", "--size", "24", "a.rvx"})).code, 0);
+    EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
+    EXPECT_EQ(
+        workspace
+            .run({QStringLiteral("preview"), QStringLiteral("a.rvx"),
+                  QStringLiteral("colour[Blue]"), QStringLiteral("-o"), QStringLiteral("b.png")})
+            .code,
+        0);
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("b.png"))).size(), QSize(24, 24));
+}
+
+TEST(Render, ChangesNoDocumentWithoutEmbed)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    const QString file = QStringLiteral("archives/Custom/MyPresets.rvx");
+    const QByteArray before = workspace.read(file);
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("render"), QStringLiteral("--all"), QStringLiteral("--size"),
+                        QStringLiteral("16"), QStringLiteral("--custom"),
+                        QStringLiteral("archives/Custom"), file})
+                  .code,
+              0);
+    EXPECT_EQ(workspace.read(file), before);
+}
+
+TEST(Render, WritesADocumentOnlyWhenItChanged)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    const QStringList embed = arguments({"--all", "--embed", "--size", "16", "a.rvx"});
+    EXPECT_EQ(workspace.run(embed).code, 0);
+    const QByteArray once = workspace.read(QStringLiteral("a.rvx")) + "\n<!-- kept -->\n";
+    workspace.write(QStringLiteral("a.rvx"), once);
+    EXPECT_EQ(workspace.run(embed).code, 0);
+    EXPECT_EQ(workspace.read(QStringLiteral("a.rvx")), once);
+}
+
+TEST(Render, TellsProgramsWhatItDrew)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    const Outcome run =
+        workspace.run(arguments({"--json", "--all", "--size", "20", "-o", "out", "a.rvx"}));
+    EXPECT_TRUE(isOfSchema(run, QStringLiteral("render")));
+    const QJsonObject first =
+        run.json().value(QStringLiteral("pictures")).toArray().at(0).toObject();
+    EXPECT_EQ(first.value(QStringLiteral("path")).toString(),
+              QStringLiteral("colours[Colours]/colour[Red]"));
+    EXPECT_EQ(first.value(QStringLiteral("written")).toString(),
+              QStringLiteral("out/colour Red.png"));
+    EXPECT_EQ(first.value(QStringLiteral("width")).toInt(), 20);
+}
+
+TEST(Render, NamesTheSecondOfANameApart)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    workspace.write(QStringLiteral("b.rvx"), QByteArray(s_colours).replace("Red", "RED"));
+    EXPECT_EQ(
+        workspace.run(arguments({"--all", "--size", "16", "-o", "out", "a.rvx", "b.rvx"})).code, 0);
+    EXPECT_EQ(QDir(workspace.path(QStringLiteral("out"))).entryList(QDir::Files).size(), 4);
+}
+
+TEST(Render, FlatColoursAreThemselves)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    EXPECT_EQ(
+        workspace.run(arguments({"--all", "--flat", "--size", "32", "-o", ".", "a.rvx"})).code, 0);
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Red.png"))));
+    EXPECT_NEAR(colour.red(), 230, 26);
+    EXPECT_LT(colour.green(), 90);
+}
+
+TEST(Render, FindsTexturesInTheHostsFolders)
+{
+    const Workspace workspace;
+    QImage green(4, 4, QImage::Format_RGB32);
+    green.fill(QColor(20, 200, 20));
+    workspace.write(QStringLiteral("host/textures/x"), "");
+    EXPECT_TRUE(green.save(workspace.path(QStringLiteral("host/textures/green.png"))));
+    workspace.write(QStringLiteral("in/a.rvx"), R"(<presets><colours><colour name="Green"><diffuse>
+<param name="Colour" type="shader" val="colour"><map enabled="1">
+<param name="Texture" type="string" val="textures\green.png"/></map></param></diffuse></colour>
+</colours></presets>)");
+    EXPECT_EQ(
+        workspace
+            .run(arguments({"--all", "--size", "32", "--install", "host", "-o", ".", "in/a.rvx"}))
+            .code,
+        0);
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
+    EXPECT_GT(colour.green(), 2 * colour.red());
+}
+
+TEST(Render, ATextureThatIsTooLargeIsNotDecoded)
+{
+    const Workspace workspace;
+    // The head of a picture of 60000 by 60000 pixels.
+    workspace.write(QStringLiteral("huge.bmp"),
+                    QByteArray::fromHex("424d00000000000000003600000028000000"
+                                        "60ea000060ea0000010020000000000000000000"
+                                        "00000000000000000000000000000000"));
+    workspace.write(QStringLiteral("a.rvx"), R"(<presets><colours><colour name="Huge"><diffuse>
+<param name="Colour" type="shader" val="colour"><map enabled="1">
+<param name="Texture" type="string" val="huge.bmp"/></map></param></diffuse></colour>
+</colours></presets>)");
+    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "16", "-o", ".", "a.rvx"})).code, 0);
+    EXPECT_TRUE(workspace.exists(QStringLiteral("colour Huge.png")));
+}
+
+TEST(Render, NamesLeadOutOfNoFolder)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("in/host/x"), "");
+    workspace.write(QStringLiteral("in/a.rvx"),
+                    "<presets><colours><colour name=\"..\\..\\up\"/><colour cat=\"..\" "
+                    "path=\"..\\..\" name=\"b\"/><colour imgname=\"..\\..\\c\" name=\"c\"/>"
+                    "</colours></presets>");
+    const Outcome run =
+        workspace.run(arguments({"--all", "--size", "16", "--install", "in/host", "in/a.rvx"}));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.err.count(QLatin1String("give no place")), 3);
+    EXPECT_EQ(workspace.files(),
+              (QStringList{QStringLiteral("in/a.rvx"), QStringLiteral("in/host/x")}));
+    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "16", "-o", "in/out", "in/a.rvx"})).code,
+              0);
+    for (const QString& file : workspace.files())
+        EXPECT_TRUE(file.startsWith(QLatin1String("in/"))) << file.toStdString();
+}
+
+TEST(Render, ValuesThatAreNoNumbersAreDrawnToo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), R"(<presets><materials><material name="a"><colour>
+<diffuse><param name="Colour" type="shader" val="colour"><plainColour enabled="1">
+<param name="Colour" type="colour" val="nan -inf 1e38"/></plainColour></param></diffuse></colour>
+<finish shaderClass="lit appearance"><param name="roughness" type="float" val="nan"/>
+<param name="refraction" type="float" val="-1e30"/><param name="mirror factor" type="float" val="inf"/>
+</finish></material></materials><lenses><lens name="b"><param name="Angle" type="float" val="inf"/>
+</lens></lenses><aspectratios><aspectratio name="c"><param name="Aspect Ratio" type="float" val="0"/>
+</aspectratio></aspectratios><cameras><camera name="d"><param name="From" type="point" val="nan 1e38 0"/>
+<param name="To" type="point" val="0 -1e38 inf"/><param name="Field Of View" type="float" val="-5"/>
+</camera></cameras><naturalLights><naturalLightStudio name="e">
+<param name="Sun Azimuth" type="float" val="1e30"/><param name="Sun Altitude" type="float" val="nan"/>
+</naturalLightStudio></naturalLights></presets>)");
+    const Outcome run =
+        workspace.run(arguments({"--json", "--all", "--size", "16", "-o", "out", "a.rvx"}));
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toArray().size(), 5);
+}
+
+TEST(Render, WithoutTheHostsFolderAnswersTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    const Outcome run = workspace.run(arguments({"--all", "a.rvx"}));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("--install"));
+    EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
+}
+
+TEST(Render, RefusesSizesThatNobodyNeeds)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    for (const char* const size : {"15", "2049", "100000"})
+        EXPECT_EQ(workspace.run(arguments({"--all", "--size", size, "-o", "out", "a.rvx"})).code, 2)
+            << size;
+}
+
+TEST(Render, AsksForMissingOrAll)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    EXPECT_EQ(workspace.run(arguments({"-o", "out", "a.rvx"})).code, 2);
+    EXPECT_EQ(workspace.run(arguments({"--all", "--missing", "-o", "out", "a.rvx"})).code, 2);
+}
+
+TEST(Render, AFileThatCannotBeWrittenAnswersTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), s_colours);
+    workspace.write(QStringLiteral("host/sethumbs"), "a file where a folder should be");
+    EXPECT_EQ(
+        workspace.run(arguments({"--all", "--size", "16", "--install", "host", "a.rvx"})).code, 2);
+}
+
+} // namespace rvopen::test

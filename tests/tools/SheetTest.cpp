@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <QImage>
+
+namespace rvopen::test {
+
+namespace {
+
+QStringList arguments(std::initializer_list<const char*> texts)
+{
+    QStringList list{QStringLiteral("sheet")};
+    for (const char* const text : texts)
+        list << QString::fromUtf8(text);
+    return list;
+}
+
+/// Pixels that are darker than any picture's frame or ground.
+int inkIn(const QImage& image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += qGray(image.pixel(x, y)) < 80 ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(Sheet, IsAsWideAsItsColumns)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(5));
+    EXPECT_EQ(
+        workspace.run(arguments({"a.rvx", "-o", "a.png", "--size", "64", "--columns", "4"})).code,
+        0);
+    EXPECT_EQ(
+        workspace.run(arguments({"a.rvx", "-o", "b.png", "--size", "64", "--columns", "2"})).code,
+        0);
+    const QSize wide = QImage(workspace.path(QStringLiteral("a.png"))).size();
+    const QSize narrow = QImage(workspace.path(QStringLiteral("b.png"))).size();
+    EXPECT_GE(wide.width(), 4 * 64);
+    EXPECT_LT(wide.width(), 5 * 64 + 64);
+    EXPECT_EQ(wide.width() - narrow.width(), 2 * (64 + 8));
+    EXPECT_GE(narrow.height() - wide.height(), 64);
+}
+
+TEST(Sheet, WritesNames)
+{
+    const Workspace workspace;
+    const QByteArray one = "<presets><lenses><lens name=\"\"/></lenses></presets>";
+    workspace.write(QStringLiteral("a.rvx"), one);
+    workspace.write(QStringLiteral("b.rvx"),
+                    QByteArray(one).replace("name=\"\"", "name=\"MMMMMMMM\""));
+    for (const char* const name : {"a", "b"}) {
+        const QString file = QLatin1String(name);
+        EXPECT_EQ(workspace
+                      .run({QStringLiteral("sheet"), file + QLatin1String(".rvx"),
+                            QStringLiteral("-o"), file + QLatin1String(".png")})
+                      .code,
+                  0);
+    }
+    EXPECT_GT(inkIn(QImage(workspace.path(QStringLiteral("b.png")))),
+              inkIn(QImage(workspace.path(QStringLiteral("a.png")))) + 100);
+}
+
+TEST(Sheet, ShowsPicturesThatAreThere)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    EXPECT_TRUE(image.save(workspace.path(QStringLiteral("icon_Größe.jpg"))));
+    const Outcome run =
+        workspace.run(arguments({"--json", "a.xml", "-o", "a.png", "--size", "40"}));
+    EXPECT_TRUE(isOfSchema(run, QStringLiteral("sheet")));
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 2);
+    EXPECT_EQ(run.json().value(QStringLiteral("drawn")).toInt(), 1);
+    const QImage sheet(workspace.path(QStringLiteral("a.png")));
+    int magenta = 0;
+    for (int y = 0; y < sheet.height(); ++y) {
+        for (int x = 0; x < sheet.width(); ++x) {
+            const QColor colour(sheet.pixel(x, y));
+            magenta += colour.red() > 240 && colour.green() < 20 && colour.blue() > 240 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(magenta, 900);
+}
+
+TEST(Sheet, HasAPaletteForEachSnapShotThatIsOne)
+{
+    const Workspace workspace;
+    const Outcome run =
+        workspace.run({QStringLiteral("sheet"), QStringLiteral("--json"),
+                       QStringLiteral(RVOPEN_GOLDEN_DIR "/snapshots.xml"), QStringLiteral("--size"),
+                       QStringLiteral("32"), QStringLiteral("-o"), QStringLiteral("a.png")});
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 6) << run.err.toStdString();
+}
+
+TEST(Sheet, AsPdfHasThePagesThatItSays)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(30));
+    const Outcome run = workspace.run(
+        arguments({"--json", "a.rvx", "-o", "a.pdf", "--size", "32", "--columns", "3"}));
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    const QByteArray pdf = workspace.read(QStringLiteral("a.pdf"));
+    EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    const int pages = run.json().value(QStringLiteral("pages")).toInt();
+    EXPECT_GT(pages, 1);
+    QByteArray flat = pdf;
+    flat.replace("/Type /Pages", "");
+    EXPECT_EQ(int(flat.count("/Type /Page")), pages);
+}
+
+TEST(Sheet, OverwritesNothingUnlessForced)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(1));
+    workspace.write(QStringLiteral("a.png"), "old");
+    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png"})).code, 2);
+    EXPECT_EQ(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
+    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png", "--force", "--size", "16"})).code,
+              0);
+    EXPECT_NE(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
+}
+
+TEST(Sheet, RefusesFormatsThatItDoesNotWrite)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(1));
+    for (const char* const file : {"a.gif", "a", "a.svg"})
+        EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", file})).code, 2) << file;
+    EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
+}
+
+TEST(Sheet, TooLongForOnePictureAnswersTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(1000));
+    const Outcome run =
+        workspace.run(arguments({"a.rvx", "-o", "a.png", "--columns", "1", "--size", "100"}));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("PDF"));
+    EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
+}
+
+TEST(Sheet, OfNothingAnswersTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), "<presets/>");
+    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png"})).code, 2);
+}
+
+TEST(Sheet, WithoutAnyFontSaysSo)
+{
+    Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(1));
+    workspace.write(QStringLiteral("fonts.conf"),
+                    "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\">"
+                    "<fontconfig><dir>none</dir><cachedir>cache</cachedir></fontconfig>");
+    workspace.environment.insert(QStringLiteral("FONTCONFIG_FILE"),
+                                 workspace.path(QStringLiteral("fonts.conf")));
+    const Outcome run = workspace.run(arguments({"a.rvx", "-o", "a.png"}));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("font"));
+    EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
+}
+
+} // namespace rvopen::test
