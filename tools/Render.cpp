@@ -152,7 +152,7 @@ private:
         if (isChanged)
             save(document, session);
         m_kept += kept;
-        if (!session.json && !session.quiet)
+        if (!session.json)
             session.out.line(QStringLiteral("%1  %2%3")
                                  .arg(document.name(), counted(written, QStringLiteral("picture")),
                                       kept ? QStringLiteral(", %1 kept").arg(kept) : QString()));

@@ -623,6 +623,7 @@ const Vec& Scene::lightSample(std::size_t light, int i) const
 }
 
 /// Distances from the point that faces the camera are kept (the azimuthal equidistant projection).
+/// The back is as the front: seen through holes, the opposite point would be a star of lines.
 Point Scene::placeOn(const Ball& ball, const Vec& normal) const
 {
     if (ball.surface->largestImage() <= 0)
@@ -632,7 +633,7 @@ Point Scene::placeOn(const Ball& ball, const Vec& normal) const
     const double s = std::sqrt(x * x + y * y);
     if (s < 1e-9)
         return {0, 0};
-    const double angle = std::atan2(s, dot(normal, m_facing.w));
+    const double angle = std::atan2(s, std::fabs(dot(normal, m_facing.w)));
     const double k = angle * ball.radius * ball.scale / s;
     return {x * k, y * k};
 }

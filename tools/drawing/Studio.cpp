@@ -65,7 +65,7 @@ Ball studioBall(const Surface& surface)
     double diameter = 1;
     const double largest = surface.largestImage();
     if (largest > 0) {
-        while (largest < diameter / 6)
+        while (largest < diameter / 3)
             diameter /= 2;
         while (largest > diameter * 2)
             diameter *= 2;

@@ -222,8 +222,9 @@ Vec Surface::normalAt(double x, double y, double footprint) const
     if (isNormalMap) {
         const Vec coded = bump.texture->encodedAt(place.x, place.y, seen);
         const Point lean = onSurface(coded.x * 2 - 1, coded.y * 2 - 1);
-        return normalised(
-            {lean.x * bumpHeight, lean.y * bumpHeight, std::max(coded.z * 2 - 1, 0.05)});
+        // At a third of the height the map is as it was made.
+        const double strength = 3 * bumpHeight;
+        return normalised({lean.x * strength, lean.y * strength, std::max(coded.z * 2 - 1, 0.05)});
     }
     // J. F. Blinn, "Simulation of wrinkled surfaces", 1978: the normal leans against the slope of
     // the height.
