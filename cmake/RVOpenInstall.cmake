@@ -30,6 +30,9 @@ install(
         "${PROJECT_BINARY_DIR}/rvopenConfigVersion.cmake"
     DESTINATION "${package_dir}")
 
+# An installation folder for hosts to begin with.
+install(DIRECTORY data/install DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen" COMPONENT starter)
+
 # pkg-config: the prefix is found from where the .pc file lies. Some packages of Qt come without
 # .pc files; their flags are written out then.
 set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")

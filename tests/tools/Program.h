@@ -56,8 +56,10 @@ public:
     bool exists(const QString& name) const;
     /// Names of all files, with their folders, in the order of their names.
     QStringList files() const;
-    /// Puts a copy of the sample data here.
-    void copySamples() const;
+    enum class Pictures { LeftOut, Copied };
+    /// Puts a copy of the sample data here, with the pictures of the installation's presets or
+    /// without.
+    void copySamples(Pictures pictures = Pictures::LeftOut) const;
 
     /// Runs rvopen with these arguments.
     Outcome run(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
