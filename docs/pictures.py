@@ -5,6 +5,7 @@
 
 docs/pictures.py          makes layers.dot from the includes of the library, and every .svg from its
                           .dot; needs Graphviz
+docs/pictures.py --draw FOLDER  makes the .svg there, from the .dot as they are
 docs/pictures.py --check  says whether that was done after the last change, and whether the library
                           keeps to its layers; needs nothing
 """
@@ -140,15 +141,15 @@ def check():
             yield f"docs/{svg.name} is not made from {dot.name}: run docs/pictures.py"
 
 
-def make():
-    (DOCS / "layers.dot").write_text(layers_dot(), encoding="utf-8")
+def draw(folder):
     for dot in sorted(DOCS.glob("*.dot")):
         svg = subprocess.run(["dot", "-Tsvg", str(dot)], check=True, stdout=subprocess.PIPE,
                              text=True, encoding="utf-8").stdout
         start = svg.index("<svg")
         notice = ("<!-- SPDX-FileCopyrightText: 2026 The rvopen authors -->\n"
                   "<!-- SPDX-License-Identifier: MIT -->\n")
-        dot.with_suffix(".svg").write_text(notice + mark(dot) + svg[start:], encoding="utf-8")
+        (folder / dot.with_suffix(".svg").name).write_text(notice + mark(dot) + svg[start:],
+                                                           encoding="utf-8")
 
 
 if __name__ == "__main__":
@@ -156,5 +157,10 @@ if __name__ == "__main__":
         complaints = list(check())
         if complaints:
             sys.exit("\n".join(complaints))
+    elif sys.argv[1:2] == ["--draw"]:
+        draw(pathlib.Path(sys.argv[2]))
+    elif not sys.argv[1:]:
+        (DOCS / "layers.dot").write_text(layers_dot(), encoding="utf-8")
+        draw(DOCS)
     else:
-        make()
+        sys.exit(__doc__)

@@ -18,7 +18,9 @@ namespace rvopen {
 /// type. "prop" containing "R" marks a parameter as read-only; that is reported, not enforced.
 class RVOPEN_EXPORT Param : public RVOpenNode {
 public:
+    /// Bound to nothing.
     Param();
+    /// Shallow, as RVOpenNode's.
     Param(const Param&) = default;
     Param& operator=(const Param&) = default;
     ~Param() override;

@@ -112,7 +112,8 @@ public:
     NaturalLightStudio* CreateAndAddNaturalLightStudio();
     /// @}
 
-    /// \name Removing components with their elements
+    /// \name Removing components
+    /// The component is deleted, its element taken out of the document. Nothing without one.
     /// @{
     void ClearScheme();
     void ClearBackground();
