@@ -229,6 +229,28 @@ Case mergeExtra(long elements)
     return {"", run, static_cast<double>(document.elements)};
 }
 
+/// What merging asks of the DOM, done by hand.
+Case importBare(long elements)
+{
+    const Document document = materialArchive(elements);
+    const auto run = [document](Clock& clock) {
+        QDomDocument extra;
+        check(static_cast<bool>(extra.setContent(document.text)));
+        QDomDocument archive;
+        QDomElement target = archive.createElement(QStringLiteral("materials"));
+        archive.appendChild(target);
+        QDomElement root = extra.documentElement();
+        clock.start();
+        QDomElement section = root.firstChildElement();
+        for (QDomNode node = section.firstChild(); !node.isNull(); node = node.nextSibling())
+            target.appendChild(archive.importNode(node, true));
+        root.removeChild(section);
+        section.clear();
+        clock.stop();
+    };
+    return {"", run, static_cast<double>(document.elements)};
+}
+
 } // namespace
 
 void growTrees(Report& report)
@@ -245,6 +267,7 @@ void growTrees(Report& report)
     report.grow("CheckNameDuplication", checkName, target);
     report.grow("list textures", listTextures, target);
     report.grow("merge an extra archive", mergeExtra, target);
+    report.grow("for comparison: importNode of as much", importBare, std::nullopt);
 }
 
 } // namespace rvopen::bench

@@ -25,8 +25,11 @@
 #include <QDir>
 #include <QSet>
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace rvopen {
 
@@ -111,17 +114,42 @@ QString folderOf(const QString& path)
     return end < 0 ? native : native.left(end);
 }
 
-/// The names of the collection's snapshots that start with \p base.
-QSet<QString> namesStartingWith(const QString& base, SnapShots* collection)
+/// The number that follows \p base in \p name, written as QString::number writes it; 0 for any
+/// other name.
+int numberAfter(const QString& base, const QString& name)
 {
-    QSet<QString> names;
+    if (!name.startsWith(base) || name.size() == base.size() ||
+        name.at(base.size()) == QLatin1Char('0'))
+        return 0;
+    qint64 number = 0;
+    for (auto it = name.cbegin() + base.size(); it != name.cend(); ++it) {
+        if (*it < QLatin1Char('0') || *it > QLatin1Char('9'))
+            return 0;
+        number = 10 * number + (it->unicode() - u'0');
+        if (number > std::numeric_limits<int>::max())
+            return 0;
+    }
+    return int(number);
+}
+
+/// The first number above \p last that with \p base before it names none of \p collection.
+int firstFreeNumber(const QString& base, SnapShots* collection, int last)
+{
+    std::vector<int> numbers;
     SnapShot* snapShot = collection ? collection->GetFirstSnapShot() : nullptr;
     for (; snapShot; snapShot = snapShot->GetNext()) {
-        const QString name = snapShot->GetName();
-        if (name.startsWith(base))
-            names.insert(name);
+        const int number = numberAfter(base, snapShot->GetName());
+        if (number > last)
+            numbers.push_back(number);
     }
-    return names;
+    // Among one number more than there are, one is free.
+    std::vector<bool> isTaken(numbers.size() + 1);
+    for (const int number : numbers) {
+        const auto place = std::size_t(number - last - 1);
+        if (place < isTaken.size())
+            isTaken[place] = true;
+    }
+    return last + 1 + int(std::find(isTaken.begin(), isTaken.end(), false) - isTaken.begin());
 }
 
 } // namespace
@@ -318,12 +346,8 @@ QString RVOpenManager::GetNextSnapShotName(QString base, SnapShots::SnapShotType
         counter = &m_cameraCounter;
         collection = m_cameras;
     }
-    const QSet<QString> names = namesStartingWith(base, collection);
-    QString candidate;
-    do {
-        candidate = base + QString::number(++*counter);
-    } while (names.contains(candidate));
-    return candidate;
+    *counter = firstFreeNumber(base, collection, *counter);
+    return base + QString::number(*counter);
 }
 
 SnapShots* RVOpenManager::GetSnapShotsBackgrounds()

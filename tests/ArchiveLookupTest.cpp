@@ -732,6 +732,33 @@ TEST_P(NextNameTest, ComparesWholeNames)
     EXPECT_EQ(next(), "Shot1");
 }
 
+TEST_P(NextNameTest, TakesAFreeNameBetweenTakenOnes)
+{
+    loadWith("<snapshot name='Shot4'/><snapshot name='Shot1'/><snapshot name='Shot1'/>"
+             "<snapshot name='Shot2'/>");
+
+    EXPECT_EQ(next(), "Shot3");
+    EXPECT_EQ(next(), "Shot5");
+}
+
+TEST_P(NextNameTest, TakesNumbersWrittenOtherwiseForOtherNames)
+{
+    loadWith("<snapshot name='Shot01'/><snapshot name='Shot+1'/><snapshot name='Shot 1'/>"
+             "<snapshot name='Shot0'/><snapshot name='Shot'/><snapshot name='Shot-1'/>"
+             "<snapshot name='Shot4294967297'/><snapshot name='Shot18446744073709551617'/>"
+             "<snapshot name='Shot\u0661'/><snapshot name='Shot2147483647'/>");
+
+    EXPECT_EQ(next(), "Shot1");
+}
+
+TEST_P(NextNameTest, FindsNumbersBehindABaseThatEndsInOne)
+{
+    loadWith("<snapshot name='Take 21'/><snapshot name='1'/>");
+
+    EXPECT_EQ(m_manager.GetNextSnapShotName("Take 2", typeOf(GetParam().type)), "Take 22");
+    EXPECT_EQ(m_manager.GetNextSnapShotName("", typeOf(GetParam().type)), "3");
+}
+
 TEST_P(NextNameTest, KeepsRisingWithANewDocument)
 {
     next();
