@@ -89,7 +89,9 @@ def layers_dot():
     present = {module for _, module, _ in includes()}
     public = {path.name.split(".")[0] for path in LIBRARY.glob("*.h")
               if "RVOPEN_EXPORT" in path.read_text(encoding="utf-8")} | {"RVOpenStatus", "RVOpenVersion"}
-    lines = ["// Made by docs/pictures.py from the includes of the library.",
+    lines = ["// SPDX-FileCopyrightText: 2026 The rvopen authors",
+             "// SPDX-License-Identifier: MIT",
+             "// Made by docs/pictures.py from the includes of the library.",
              "digraph layers {",
              "    rankdir=BT; ranksep=0.45; nodesep=0.3;",
              '    node [shape=plain, fontname="Helvetica,sans-serif", fontsize=11];',
