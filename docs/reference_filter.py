@@ -3,9 +3,10 @@
 # SPDX-License-Identifier: MIT
 """Prints a header or a page as Doxygen should read it, line for line.
 
-Headers: a comment speaks for all declarations up to the next empty line, and the text of a named
-group for the members of the group that have none of their own. Doxygen gives either to the first
-one only. And each header belongs to the layer that pictures.py gives it.
+Headers: a comment speaks for a getter and its setter, for copying and assignment alike, and the
+text of a named group for the members of the group that have none of their own. Doxygen would give a
+comment to the one that follows it, and a group's text to nobody. And each header belongs to the
+layer that pictures.py gives it.
 
 Pages: links go to headings and files, as on a code host. Doxygen wants names that no two pages
 share, and knows nothing of files that are not pages.
@@ -24,10 +25,20 @@ def group_id(layer):
     return layer.lower().replace(" ", "_")
 
 
+def subject(declaration):
+    """What a declaration is about: the same for a getter and its setter."""
+    match = re.search(r"(operator *[a-z=]+|~?\w+)(?:\[\])? *\(", declaration)
+    name = match.group(1) if match else declaration
+    if re.search(r"\((const )?\w+&( \w+)?\)", declaration) and not name.startswith("~"):
+        return "copy"
+    return re.sub(r"^(Get|Set|Is)(?=[A-Z])", "", name)
+
+
 def header(path, lines):
     group = group_id(pictures.layers_of()[path.name.split(".")[0]])
     result = []
     comment, group_text, in_comment, in_declaration = [], [], False, False
+    of = None
     intro = None
     opened = False
     for line in lines:
@@ -53,7 +64,9 @@ def header(path, lines):
         elif re.match(r"(public|protected|private):", stripped):
             comment, in_comment = [], False
         elif is_member and not in_declaration:
-            text = comment or group_text
+            if in_comment:
+                of = subject(stripped)
+            text = comment if comment and subject(stripped) == of else group_text
             # What a destructor does needs no comment but its own.
             if text and not in_comment and not re.match(r"(virtual )?~|friend ", stripped):
                 line = f"/** {' '.join(text)} */ {stripped}\n"

@@ -70,11 +70,13 @@ public:
     /// Scene units. A dimensional output is divided by the units scale even when no value was read:
     /// initialise it with the default in document units.
     unsigned int GetValFloat(float* out);
+    /// Scene units; written with 6 significant digits.
     unsigned int SetValFloat(float newValue);
     unsigned int GetValInt(int* out) const;
     unsigned int SetValInt(int newValue);
     /// 1 when the stored integer is 1 or more, else 0.
     unsigned int GetValBool(int* out) const;
+    /// Writes "1" for any non-zero value, else "0".
     unsigned int SetValBool(int newValue);
     unsigned int GetValColour(float* const out) const;
     unsigned int SetValColour(float* const newValue);
