@@ -92,7 +92,8 @@ def first(folder):
     folder.mkdir(parents=True, exist_ok=True)
     files = {"cmake": "CMakeLists.txt", "cpp": "main.cpp", "text": "expected.txt"}
     for block in chapters()[0]:
-        (folder / files[block.kind]).write_text(block.text, encoding="utf-8")
+        if block.kind in files:
+            (folder / files[block.kind]).write_text(block.text, encoding="utf-8")
 
 
 def output_of(program, number, folder):
