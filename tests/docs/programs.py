@@ -106,6 +106,7 @@ def output_of(program, number, folder):
     run = subprocess.run([program, str(number)], cwd=folder, env=environment, text=True,
                          encoding="utf-8", stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                          check=False)
+    shutil.rmtree(folder)
     if run.returncode != 0 or run.stderr:
         sys.exit(f"chapter {number} ended with {run.returncode}: {run.stderr}")
     return run.stdout.removesuffix(SEPARATOR).split(SEPARATOR)
