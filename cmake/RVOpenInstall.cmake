@@ -67,3 +67,7 @@ string(APPEND pc_qt_cflags " -fPIC")
 configure_file(cmake/rvopen.pc.in rvopen.pc.configured @ONLY)
 file(GENERATE OUTPUT rvopen-$<CONFIG>.pc INPUT "${PROJECT_BINARY_DIR}/rvopen.pc.configured")
 install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc)
+
+# The schemas of the documents, in both forms.
+file(GLOB formats CONFIGURE_DEPENDS docs/formats/*.rnc docs/formats/*.rng)
+install(FILES ${formats} DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen/formats")

@@ -36,6 +36,7 @@ public:
     /// @}
 
     /// \name Plain colour
+    /// Parameter "Colour": red, green and blue, three floats.
     /// @{
     unsigned int GetPlainColour(float* const out);
     unsigned int SetPlainColour(float* const rgb);
@@ -43,20 +44,28 @@ public:
 
     /// \name Gradient of two colours
     /// @{
+
+    /// Parameter "Primary Colour": red, green and blue, three floats.
     unsigned int GetPrimaryColour(float* const out);
     unsigned int SetPrimaryColour(float* const rgb);
+    /// Parameter "Secondary Colour": red, green and blue, three floats.
     unsigned int GetSecondaryColour(float* const out);
     unsigned int SetSecondaryColour(float* const rgb);
     /// @}
 
     /// \name Horizon: four colours from the top down
     /// @{
+
+    /// Parameter "Sky Colour": overhead; red, green and blue, three floats.
     unsigned int GetSkyColour(float* const out);
     unsigned int SetSkyColour(float* const rgb);
+    /// Parameter "Horizon Sky Colour": the sky at the horizon, as above.
     unsigned int GetHorizonSkyColour(float* const out);
     unsigned int SetHorizonSkyColour(float* const rgb);
+    /// Parameter "Horizon Ground Colour": the ground at the horizon, as above.
     unsigned int GetHorizonGroundColour(float* const out);
     unsigned int SetHorizonGroundColour(float* const rgb);
+    /// Parameter "Ground Colour": underfoot, as above.
     unsigned int GetGroundColour(float* const out);
     unsigned int SetGroundColour(float* const rgb);
     /// @}

@@ -18,7 +18,9 @@ namespace rvopen {
 /// type. "prop" containing "R" marks a parameter as read-only; that is reported, not enforced.
 class RVOPEN_EXPORT Param : public RVOpenNode {
 public:
+    /// Bound to nothing.
     Param();
+    /// Shallow, as RVOpenNode's.
     Param(const Param&) = default;
     Param& operator=(const Param&) = default;
     ~Param() override;
@@ -68,11 +70,13 @@ public:
     /// Scene units. A dimensional output is divided by the units scale even when no value was read:
     /// initialise it with the default in document units.
     unsigned int GetValFloat(float* out);
+    /// Scene units; written with 6 significant digits.
     unsigned int SetValFloat(float newValue);
     unsigned int GetValInt(int* out) const;
     unsigned int SetValInt(int newValue);
     /// 1 when the stored integer is 1 or more, else 0.
     unsigned int GetValBool(int* out) const;
+    /// Writes "1" for any non-zero value, else "0".
     unsigned int SetValBool(int newValue);
     unsigned int GetValColour(float* const out) const;
     unsigned int SetValColour(float* const newValue);

@@ -24,6 +24,7 @@ public:
     /// Binds the list to \p owner, the node whose children are the parameters. Not owned.
     explicit ParamHelper(RVOpenNode* owner);
     virtual ~ParamHelper();
+    /// Shallow: both are lists of the same node.
     ParamHelper(const ParamHelper&) = default;
     ParamHelper& operator=(const ParamHelper&) = default;
 
@@ -67,12 +68,17 @@ public:
     /// As FindParam(), after making the children's objects if none exists yet.
     Param* GetParam(QString name);
 
-    /// Typed reads by name. StatusMissing when there is no such parameter or it has another type
-    /// or no value.
+    /// \name Typed reads by name
+    /// StatusMissing when there is no such parameter or it has another type or no value.
+    /// @{
+
+    /// Red, green and blue, three floats.
     unsigned int GetValColour(QString name, float* const out);
+    /// 0 or 1.
     unsigned int GetValBool(QString name, int* out);
     /// Dimensional values come back in scene units.
     unsigned int GetValFloat(QString name, float* out);
+    /// @}
 
 private:
     RVOpenNode* m_owner;

@@ -84,6 +84,7 @@ public:
 
     /// Null when the document has none.
     SnapShot* GetCurrentSnapShot() const;
+    /// The last one given to SetResetSnapShot(); null before that and in another document.
     SnapShot* GetResetSnapShot() const;
     /// Takes ownership. The previous reset snapshot stays valid until the manager is destroyed.
     void SetResetSnapShot(SnapShot* snapShot);
@@ -91,6 +92,7 @@ public:
     SnapShot* GetImportCurrentSnapShot() const;
     /// The "Model SnapShots" collection; null when the document has none.
     SnapShots* GetSnapShots() const;
+    /// Number of snapshots in that collection; 0 without one.
     int GetNumSnapShots() const;
     /// A free-standing deep copy of \p source, or for null a new snapshot "CurrSnapshot" under the
     /// document's root. The caller owns it. Null without a document or when memory is exhausted.
@@ -103,9 +105,14 @@ public:
     /// \name Collections created on demand
     /// Null only without a document.
     /// @{
+
+    /// "Model Backgrounds".
     SnapShots* GetSnapShotsBackgrounds();
+    /// "Model Cameras".
     SnapShots* GetSnapShotsCameras();
+    /// "Model Material Palettes".
     SnapShots* GetSnapShotsMaterialRepositories();
+    /// "Temp SnapShots", which a load does not read.
     SnapShots* GetTempSnapShots();
     /// The background as it was loaded, by default a "Horizon" one with its parameters.
     Background* GetOriginalBackground();

@@ -62,6 +62,8 @@ public:
 
     /// \name The wrapped DOM node
     /// @{
+
+    /// A handle to the node; null when this object is bound to nothing.
     QDomNode GetDomNode() const;
     /// Binds this object to \p node; links are not touched.
     void SetDomNode(QDomNode node);
@@ -96,10 +98,10 @@ public:
     /// @}
 
     /// \name Changing the tree
-    /// @{
     /// A node that is added must not be in a tree, nor have siblings behind it that a walk made:
     /// detach it there first. Null, and a node that is this node or one of its ancestors, are
     /// ignored.
+    /// @{
 
     /// Appends \p child as the last child and takes ownership. A child whose element stands in
     /// another document leaves a copy here and keeps its own element there; one that stands nowhere

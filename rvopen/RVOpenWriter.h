@@ -12,9 +12,13 @@ class QDomDocument;
 
 namespace rvopen {
 
-/// \name Indentation of archives, and of snapshot documents as text or in files
+/// \name Indentation
+/// Blanks for each level of elements.
 /// @{
+
+/// Of archives.
 inline constexpr int ArchiveFileIndent = 3;
+/// Of snapshot documents, as text or in files.
 inline constexpr int SnapShotFileIndent = 2;
 /// @}
 

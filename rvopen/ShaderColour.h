@@ -21,11 +21,14 @@ public:
     ShaderColour& operator=(const ShaderColour&) = default;
     ~ShaderColour() override;
 
+    /// \name Shaders
     /// The first of its kind, or null. With \p create non-zero a missing one is added, enabled;
     /// null then means that it could not be, and the document is unchanged. Valid until the shader
     /// colour is deleted.
+    /// @{
     ShaderPlainColour* GetPlainColour(int create);
     ShaderMap* GetMap(int create);
+    /// @}
 
     /// Both must have the same kinds of shaders, at least one of them, and these must be equal: two
     /// empty shader colours are different. False for null.

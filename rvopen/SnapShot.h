@@ -94,7 +94,8 @@ public:
     /// @}
 
     /// \name Replacing components
-    /// Each returns the new component.
+    /// A copy of the argument takes the component's place, as the class comment says; what is
+    /// returned is the new component.
     /// @{
 
     /// A new scheme also discards the background, the foreground and the natural light studio.
@@ -112,7 +113,8 @@ public:
     NaturalLightStudio* CreateAndAddNaturalLightStudio();
     /// @}
 
-    /// \name Removing components with their elements
+    /// \name Removing components
+    /// The component is deleted, its element taken out of the document. Nothing without one.
     /// @{
     void ClearScheme();
     void ClearBackground();

@@ -25,6 +25,7 @@ public:
 
     /// Binds to \p node without reading its children: call Populate().
     explicit SnapShots(QDomNode node);
+    /// Shallow: both objects wrap the same element and hold the same links.
     SnapShots(const SnapShots& other);
     SnapShots& operator=(const SnapShots& other);
     ~SnapShots() override;
@@ -48,7 +49,9 @@ public:
     SnapShot* CreateSnapShot(SnapShot* source);
     /// A deep copy; null for null.
     Background* CreateBackground(Background* source);
+    /// A deep copy; null for null.
     Camera* CreateCamera(Camera* source);
+    /// A deep copy; null for null.
     MaterialRepository* CreateMaterialRepository(MaterialRepository* source);
     /// @}
 };

@@ -62,6 +62,7 @@ public:
 
     /// Reference name of what was copied.
     QString GetRefname() const;
+    /// Of what is being copied.
     void SetRefName(QString refName);
     /// The host's tag; nothing here depends on it.
     ComponentType GetType() const;

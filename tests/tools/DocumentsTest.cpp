@@ -35,32 +35,6 @@ bool hasProgram(const char* name)
 
 } // namespace
 
-class ShownSession : public ::testing::TestWithParam<const char*> {};
-
-TEST_P(ShownSession, IsWhatTheProgramPrints)
-{
-    Workspace workspace;
-    workspace.copySamples();
-    const QStringList sessions = blocks(QLatin1String(GetParam()), QStringLiteral("console"));
-    EXPECT_GE(sessions.size(), 3);
-    for (const QString& session : sessions) {
-        const QStringList steps =
-            (QLatin1Char('\n') + session).split(QStringLiteral("\n$ "), Qt::SkipEmptyParts);
-        for (const QString& step : steps) {
-            static const QRegularExpression commandEnd(QStringLiteral("(?<!\\\\)(\n|$)"));
-            const int end = int(step.indexOf(commandEnd));
-            const QString command = step.left(end);
-            QString expected = step.mid(end + 1);
-            if (!expected.isEmpty() && !expected.endsWith(QLatin1Char('\n')))
-                expected += QLatin1Char('\n');
-            EXPECT_EQ(workspace.shell(command).out, expected) << command.toStdString();
-        }
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Documents, ShownSession,
-                         ::testing::Values("README.md", "docs/command.md"));
-
 TEST(Git, IsSetUpAsDocumented)
 {
     if (!hasProgram("git"))

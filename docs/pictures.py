@@ -1,0 +1,168 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The rvopen authors
+# SPDX-License-Identifier: MIT
+"""The pictures of the documents.
+
+docs/pictures.py          makes layers.dot from the includes of the library, and every .svg from its
+                          .dot; needs Graphviz
+docs/pictures.py --draw FOLDER  makes the .svg there, from the .dot as they are
+docs/pictures.py --check  says whether that was done after the last change, and whether the library
+                          keeps to its layers; needs nothing
+"""
+
+import hashlib
+import pathlib
+import re
+import subprocess
+import sys
+import textwrap
+
+DOCS = pathlib.Path(__file__).resolve().parent
+LIBRARY = DOCS.parent / "rvopen"
+
+# From the bottom up: a file includes what is of its own layer or of one before it.
+LAYERS = {
+    "Text and files": """
+        DocumentReader DocumentWriter EmbeddedImage FileReplacement FileSubstitution
+        FileSubstitutionQt FileSubstitutionUnix Names AllocationWatch ORVBase QtCompat RVOpenExport
+        RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion RVOpenWriter TextDecoding
+        ValueText XmlCharacters XmlGuard XmlScanner XmlScannerDocumentType""",
+    "Nodes": "RVOpenNode RVOpenSchema ParamHelper NodeAccess NodeCast ChildPopulation",
+    "Parameters": "Param ParamAccess ParamSequence",
+    "Archive registry": "DirectoryHandler",
+    "Materials": """
+        Material MaterialRepository Colour Finish Transparency Bump ShaderColour ShaderDiffuse
+        ShaderMap ShaderPlainColour TemporaryItems ChildComponents ComponentEquality""",
+    "Snapshots": """
+        SnapShot SnapShots SnapShotSettings Scenery Background Foreground Camera Lens AspectRatio
+        AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
+        RenderTarget RenderTargets""",
+    "Pictures and textures": "XMLUtils TextureReferences",
+    "Manager": "RVOpenManager",
+}
+
+# Where something has to know what is built on it. Only sources may, never headers.
+UPWARDS = {
+    ("RVOpenSchema", "Snapshots"): "the factory makes objects of every class",
+    ("RVOpenSchema", "Materials"): "the factory makes objects of every class",
+    ("RVOpenSchema", "Parameters"): "the factory makes objects of every class",
+    ("ParamHelper", "Parameters"): "the list makes the parameters that it holds",
+    ("RVOpenNode", "Archive registry"): "a node that stands for an archive opens it",
+    ("SnapShot", "Pictures and textures"): "the files of a snapshot have safe names",
+}
+
+
+def includes():
+    """(file, module, included module) for each include of the library's own."""
+    for path in sorted([*LIBRARY.glob("*.h"), *LIBRARY.glob("*.cpp"), *LIBRARY.glob("*.h.in")]):
+        module = path.name.split(".")[0]
+        for included in re.findall(r"^#include [<\"]rvopen/(\w+)\.h[>\"]",
+                                   path.read_text(encoding="utf-8"), re.MULTILINE):
+            yield path.name, module, included
+        yield path.name, module, module
+
+
+def layers_of():
+    return {module: layer for layer, modules in LAYERS.items() for module in modules.split()}
+
+
+def violations():
+    layer_of, order = layers_of(), list(LAYERS)
+    used = set()
+    for file, module, included in includes():
+        if module not in layer_of or included not in layer_of:
+            yield f"rvopen/{file}: {module if module not in layer_of else included} has no layer"
+            continue
+        upper = layer_of[included]
+        if order.index(upper) <= order.index(layer_of[module]):
+            continue
+        if (module, upper) in UPWARDS and file.endswith(".cpp"):
+            used.add((module, upper))
+        else:
+            yield f'rvopen/{file} includes {included}.h, which is above it, in "{upper}"'
+    for module, upper in sorted(set(UPWARDS) - used):
+        yield f'rvopen/{module}.cpp need not be allowed to know "{upper}": it does not'
+
+
+def layers_dot():
+    layer_of, order = layers_of(), list(LAYERS)
+    present = {module for _, module, _ in includes()}
+    public = {path.name.split(".")[0] for path in LIBRARY.glob("*.h")
+              if "RVOPEN_EXPORT" in path.read_text(encoding="utf-8")} | {"RVOpenStatus", "RVOpenVersion"}
+    lines = ["// SPDX-FileCopyrightText: 2026 The rvopen authors",
+             "// SPDX-License-Identifier: MIT",
+             "// Made by docs/pictures.py from the includes of the library.",
+             "digraph layers {",
+             "    rankdir=BT; ranksep=0.45; nodesep=0.3;",
+             '    node [shape=plain, fontname="Helvetica,sans-serif", fontsize=11];',
+             '    edge [color="#607080", arrowsize=0.7, fontname="Helvetica,sans-serif", fontsize=9];']
+    for number, layer in enumerate(order):
+        modules = [module for module in LAYERS[layer].split() if module in present]
+        text = [("Public classes and functions", [m for m in modules if m in public], "#203040"),
+                ("Inside", [m for m in modules if m not in public], "#708090")]
+        rows = "".join(
+            f'<tr><td align="left" balign="left"><font color="{colour}">'
+            + "<br/>".join(textwrap.wrap(", ".join(names), 76)) + "</font></td></tr>"
+            for _, names, colour in text if names)
+        lines.append(f'    l{number} [label=<<table border="1" cellborder="0" cellpadding="4" '
+                     f'color="#607080" bgcolor="#f4f7fa" style="rounded"><tr><td><b>{layer}</b>'
+                     f"</td></tr>{rows}</table>>];")
+    down, up = set(), {}
+    for _, module, included in includes():
+        lower, upper = order.index(layer_of[included]), order.index(layer_of[module])
+        if lower < upper:
+            down.add((upper, lower))
+        elif lower > upper:
+            up.setdefault((upper, lower), set()).add(module)
+    # What follows from others is not drawn.
+    reach = set(down)
+    for middle in range(len(order)):
+        reach |= {(a, c) for a, b in reach for d, c in reach if b == d == middle}
+    direct = {(a, c) for a, c in down
+              if not any((a, b) in reach and (b, c) in reach for b in range(len(order)))}
+    lines += [f"    l{lower} -> l{upper} [dir=back];" for upper, lower in sorted(direct)]
+    lines += [f'    l{lower} -> l{upper} [style=dashed, color="#b05020", constraint=false, '
+              f'fontcolor="#b05020", label="{", ".join(f"{n}.cpp" for n in sorted(names))}"];'
+              for (lower, upper), names in sorted(up.items())]
+    return "\n".join([*lines, "}", ""])
+
+
+def mark(dot):
+    digest = hashlib.sha256(dot.read_bytes()).hexdigest()
+    return f"<!-- Made by docs/pictures.py from {dot.name}, {digest[:16]} -->\n"
+
+
+def check():
+    for violation in violations():
+        yield violation
+    if (DOCS / "layers.dot").read_text(encoding="utf-8") != layers_dot():
+        yield "docs/layers.dot is not what the includes say: run docs/pictures.py"
+    for dot in sorted(DOCS.glob("*.dot")):
+        svg = dot.with_suffix(".svg")
+        if not svg.exists() or mark(dot) not in svg.read_text(encoding="utf-8"):
+            yield f"docs/{svg.name} is not made from {dot.name}: run docs/pictures.py"
+
+
+def draw(folder):
+    for dot in sorted(DOCS.glob("*.dot")):
+        svg = subprocess.run(["dot", "-Tsvg", str(dot)], check=True, stdout=subprocess.PIPE,
+                             text=True, encoding="utf-8").stdout
+        start = svg.index("<svg")
+        notice = ("<!-- SPDX-FileCopyrightText: 2026 The rvopen authors -->\n"
+                  "<!-- SPDX-License-Identifier: MIT -->\n")
+        (folder / dot.with_suffix(".svg").name).write_text(notice + mark(dot) + svg[start:],
+                                                           encoding="utf-8")
+
+
+if __name__ == "__main__":
+    if sys.argv[1:] == ["--check"]:
+        complaints = list(check())
+        if complaints:
+            sys.exit("\n".join(complaints))
+    elif sys.argv[1:2] == ["--draw"]:
+        draw(pathlib.Path(sys.argv[2]))
+    elif not sys.argv[1:]:
+        (DOCS / "layers.dot").write_text(layers_dot(), encoding="utf-8")
+        draw(DOCS)
+    else:
+        sys.exit(__doc__)
