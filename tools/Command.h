@@ -43,6 +43,9 @@ std::unique_ptr<Command> makeImport();
 std::unique_ptr<Command> makeDiff();
 std::unique_ptr<Command> makeFormat();
 std::unique_ptr<Command> makePreview();
+std::unique_ptr<Command> makeRender();
+std::unique_ptr<Command> makeSheet();
+std::unique_ptr<Command> makeThumbnail();
 std::unique_ptr<Command> makeNew();
 /// @}
 

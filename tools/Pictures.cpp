@@ -3,11 +3,16 @@
 
 #include "Pictures.h"
 
+#include "Failure.h"
+
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/XMLUtils.h>
 
+#include <QDomDocument>
+#include <QFont>
 #include <QGuiApplication>
 #include <QImageReader>
+#include <QRawFont>
 #include <QVector>
 
 namespace rvopen::tools {
@@ -24,6 +29,18 @@ void preparePictures()
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     static const QGuiApplication application(argc, argv);
     qInstallMessageHandler(handler);
+}
+
+void prepareTexts()
+{
+    // The plugin for no screen has fonts only when that is asked for.
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (platform.isEmpty() || platform == "minimal")
+        qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
+    preparePictures();
+    if (!QRawFont::fromFont(QFont()).supportsCharacter(QLatin1Char('A')))
+        throw Failure(QStringLiteral("there is no font to write names with: install one, such as "
+                                     "the package fonts-dejavu-core"));
 }
 
 QPixmap pictureOf(const QDomElement& element, const QString& installFolder)
@@ -45,6 +62,18 @@ QPixmap pictureOf(const QDomElement& element, const QString& installFolder)
     const QPixmap picture = node ? utils.QPixmapFromRVOpenNode(node, installFolder) : QPixmap();
     delete root;
     return picture;
+}
+
+QImage embeddedPicture(const QString& text)
+{
+    preparePictures();
+    QDomDocument document;
+    QDomElement element = document.createElement(QStringLiteral("material"));
+    element.setAttribute(QStringLiteral("xmlImage"), text);
+    RVOpenNode node;
+    node.SetDomNode(element);
+    XMLUtils utils;
+    return utils.QPixmapFromRVOpenNode(&node, QString()).toImage();
 }
 
 bool hasPicture(const QDomElement& element)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDomElement>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 
@@ -14,9 +15,15 @@ namespace rvopen::tools {
 /// @{
 void preparePictures();
 
+/// The same with fonts; throws a Failure when there are none. To be called before
+/// preparePictures().
+void prepareTexts();
+
 /// The preview of the element: the embedded one, else the one in the host's folders. The document
 /// is empty afterwards: its objects go, and with them their elements.
 QPixmap pictureOf(const QDomElement& element, const QString& installFolder);
+/// The picture in the text of an "xmlImage"; null when it cannot be decoded.
+QImage embeddedPicture(const QString& text);
 /// Whether an embedded preview can be decoded.
 bool hasPicture(const QDomElement& element);
 /// Whether the file begins like a picture of a format that can be read.

@@ -46,8 +46,9 @@ void useUtf8()
 std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
-    for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures,
-                            makeImport, makeDiff, makeFormat, makePreview, makeNew})
+    for (const auto make :
+         {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures, makeImport,
+          makeDiff, makeFormat, makePreview, makeRender, makeSheet, makeThumbnail, makeNew})
         commands.push_back(make());
     return commands;
 }

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDomElement>
+#include <QString>
+#include <QVector>
+
+namespace rvopen::tools {
+
+class Document;
+class Session;
+
+/// Something that a host shows in a list with a picture: a preset of an archive, or a member of a
+/// collection of snapshots.
+struct Subject {
+    QDomElement element;
+    QString path;
+    QString name;
+    /// What it stands under in a list, from outside inwards, joined by " / ".
+    QString heading;
+};
+
+/// Those that there are pictures for, in document order.
+QVector<Subject> subjectsOf(const Document& document);
+
+/// The materials of the current snapshot's palette and of those in the collection of palettes.
+QVector<Subject> paletteSubjects(const Document& document);
+
+/// The image file that a document refers to: where it says, beside the document, or in one of the
+/// host's folders. Empty when it is nowhere.
+QString findTexture(const QString& reference, const Document& document, const Session& session);
+
+} // namespace rvopen::tools

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Surface.h"
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace rvopen {
+class Bump;
+class Colour;
+class Finish;
+class Material;
+class ShaderColour;
+class Transparency;
+} // namespace rvopen
+
+namespace rvopen::drawing {
+
+/// The file that a document's reference means; empty when it is not there.
+using FindFile = std::function<QString(const QString& reference)>;
+
+/// The image in a file, which comes from anywhere: beyond 8192 pixels a side or 16 million pixels
+/// it is not decoded. Null then.
+QImage readImage(const QString& path);
+
+/// Images that documents refer to.
+class TextureReader {
+public:
+    explicit TextureReader(FindFile find);
+
+    /// Null when the file is not there or cannot be decoded.
+    std::shared_ptr<const Texture> texture(const QString& reference);
+    QImage image(const QString& reference) const;
+
+private:
+    FindFile m_find;
+    QHash<QString, std::shared_ptr<const Texture>> m_known;
+};
+
+/// Surfaces of the library's materials and their components. Where a component is absent the
+/// surface has a plain, fitting one; where an image is absent the plain colour or a stand-in.
+class SurfaceReader {
+public:
+    explicit SurfaceReader(TextureReader& textures);
+
+    /// \name One each
+    /// @{
+    Surface ofMaterial(Material* material);
+    Surface ofColour(Colour* colour);
+    Surface ofFinish(Finish* finish);
+    Surface ofTransparency(Transparency* transparency);
+    Surface ofBump(Bump* bump);
+    /// @}
+
+private:
+    void read(Material* material, Surface& surface);
+    void read(Colour* colour, Surface& surface);
+    void read(Finish* finish, Surface& surface);
+    void read(Transparency* transparency, Surface& surface);
+    void read(Bump* bump, Surface& surface);
+    /// \p standIn is taken for an image that is not there, unless there is a plain colour.
+    Paint paintOf(ShaderColour* shader, const std::shared_ptr<const Texture>& standIn);
+
+    TextureReader& m_textures;
+};
+
+} // namespace rvopen::drawing

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Raster.h"
+#include "Surface.h"
+#include "Vec.h"
+
+#include <functional>
+#include <vector>
+
+namespace rvopen::drawing {
+
+/// A ball with a material. Images are laid on it around the point that faces the camera, where they
+/// are not distorted.
+struct Ball {
+    Vec centre;
+    double radius = 1;
+    const Surface* surface = nullptr;
+    /// Scene units of the material for one unit of the picture.
+    double scale = 1;
+};
+
+/// A rectangle of light far away.
+struct AreaLight {
+    Vec towards{0, 0, 1};
+    /// Tangents of half its angles.
+    double halfWidth = 0.3;
+    double halfHeight = 0.3;
+    Rgb radiance{1, 1, 1};
+    /// Of its sides, blurred.
+    double softness = 0.05;
+};
+
+struct ViewPoint {
+    Vec from;
+    Vec to;
+    /// Vertical, in degrees.
+    double angle = 25;
+};
+
+/// Mist that thickens from one distance to another.
+struct Mist {
+    bool isOn = false;
+    Rgb colour;
+    double nearDistance = 0;
+    double farDistance = 1;
+};
+
+/// Balls on a ground under a sky; z is up. Drawn by tracing rays in a fixed pattern, so that the
+/// same scene is the same picture every time.
+class Scene {
+public:
+    std::vector<Ball> balls;
+    std::vector<AreaLight> lights;
+    /// Light from a direction, without the lights.
+    std::function<Rgb(const Vec&)> surroundings;
+    /// What the camera sees behind everything, by direction and place in the picture; the
+    /// surroundings when there is none.
+    std::function<Rgb(const Vec&, const Point&)> backdrop;
+    bool hasGround = true;
+    /// What part of the light the ground reflects.
+    std::function<Rgb(const Vec&)> ground;
+    /// From where on the ground fades into what is behind it.
+    double groundFadesFrom = 1e9;
+    double groundFadesTo = 2e9;
+    Rgb groundFadesInto;
+    /// 1 for shadows as dark as they are, 0 for none.
+    double shadowContrast = 1;
+    Mist mist;
+    ViewPoint view;
+
+    void draw(Raster& raster);
+    /// A square piece of the material in front of the camera instead of the scene.
+    void drawFlat(Raster& raster, const Surface& surface, double scale);
+
+private:
+    struct Hit;
+
+    void prepare();
+    Rgb trace(const Vec& from, const Vec& direction, int depth, const Ball* except) const;
+    const Ball* nearest(const Vec& from, const Vec& direction, const Ball* except,
+                        double& distance) const;
+    Rgb farAway(const Vec& direction, double blur) const;
+    Rgb groundLight(const Vec& point, bool isExact) const;
+    bool mayBeShadowed(const Vec& point, const AreaLight& light) const;
+    Rgb groundSeen(const Vec& from, const Vec& direction, double distance, bool isExact) const;
+    Rgb ballSeen(const Ball& ball, const Vec& from, const Vec& direction, double distance,
+                 int depth) const;
+    Rgb shaded(const Hit& hit, int depth) const;
+    Rgb diffuse(const Hit& hit) const;
+    Rgb mirrored(const Hit& hit, int depth) const;
+    Rgb lobe(const Hit& hit, double alpha, const Rgb& ofLights, const Rgb& ofSurroundings,
+             const Rgb& atGrazing, int depth) const;
+    Rgb transmitted(const Hit& hit, int depth) const;
+    Rgb passing(const Ball& ball, const Vec& from, const Vec& towards) const;
+    const Vec& lightSample(std::size_t light, int i) const;
+    Point placeOn(const Ball& ball, const Vec& normal) const;
+    static Rgb emission(const Surface& surface);
+
+    /// Which of the rays of a pixel is traced.
+    int m_ray = 0;
+    /// From the scene to the camera.
+    Frame m_facing{{0, -1, 0}};
+    std::vector<Frame> m_lightFrames;
+    /// Directions, by light, ray and sample.
+    std::vector<Vec> m_lightSamples;
+    /// Light on level ground without shadows, by light and ray.
+    std::vector<Rgb> m_onGround;
+    Rgb m_skyLight;
+    Rgb m_groundLight;
+    double m_pixel = 0;
+};
+
+} // namespace rvopen::drawing

@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Vec.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class QImage;
+
+namespace rvopen::drawing {
+
+/// One picture element of a texture.
+struct Texel {
+    Rgb colour;
+    double alpha = 1;
+};
+
+/// An image file with its reductions by halves, in linear light.
+class Texture {
+public:
+    explicit Texture(const QImage& image);
+
+    /// Repeats; \p s and \p t in repeats of the image with t upwards. \p footprint is the part of
+    /// the image's side that a pixel sees.
+    Texel at(double s, double t, double footprint) const;
+    /// As stored, for normal maps: encoded values, 0 to 1.
+    Vec encodedAt(double s, double t, double footprint) const;
+
+private:
+    struct Level {
+        int width = 0;
+        int height = 0;
+        std::vector<Texel> texels;
+    };
+
+    const Level& levelFor(double footprint) const;
+
+    std::vector<Level> m_levels;
+};
+
+/// Where an image lies on a surface.
+struct Mapping {
+    double width = 1;
+    double height = 1;
+    double sOffset = 0;
+    double tOffset = 0;
+    /// In degrees, counter-clockwise.
+    double rotation = 0;
+    /// The image is mirrored.
+    bool isReflectedS = false;
+    bool isReflectedT = false;
+};
+
+/// A plain colour, an image, or an image over the colour.
+struct Paint {
+    bool hasColour = false;
+    Rgb colour{0.5, 0.5, 0.5};
+    /// Null without.
+    std::shared_ptr<const Texture> texture;
+    Mapping mapping;
+    bool usesAlpha = false;
+
+    Texel at(double x, double y, double footprint) const;
+};
+
+/// The factors of a finish.
+struct Factors {
+    double diffuse = 0.85;
+    double specular = 0.2;
+    double transmission = 0;
+    double mirror = 0.02;
+    double roughness = 0.5;
+    double refraction = 1.45;
+    double light = 0;
+    Rgb lightColour{1, 1, 1};
+};
+
+/// What a material makes of a surface. Lengths are in scene units.
+struct Surface {
+    Paint paint;
+    Factors factors;
+
+    bool hasOpacity = false;
+    /// White is opaque.
+    Paint opacity;
+    bool isMaskInverted = false;
+
+    bool hasBump = false;
+    bool isNormalMap = false;
+    Paint bump;
+    double bumpHeight = 0;
+    double bumpSoftness = 0;
+
+    /// How much of a metal it is, 0 to 1: metals reflect in their own colour.
+    double metalness() const;
+    /// Reflectance of a clear coat or of glass at right angles.
+    double dielectricReflectance() const;
+    /// 0 where nothing is, 1 where nothing shines through.
+    double opacityAt(double x, double y, double footprint) const;
+    /// The normal in the frame of the surface: x to the right, y upwards, z out of it.
+    Vec normalAt(double x, double y, double footprint) const;
+    /// Whether light goes through it bent, as through glass.
+    bool isGlass() const;
+    /// The longest side of its images, 0 without.
+    double largestImage() const;
+};
+
+} // namespace rvopen::drawing
