@@ -72,6 +72,11 @@ void ContactSheet::paint(QPainter& painter, int pageHeight, const Pictures& pict
     }
 }
 
+bool ContactSheet::belongTogether(int a, int b) const
+{
+    return m_cells[a].heading == m_cells[b].heading && m_cells[a].document == m_cells[b].document;
+}
+
 QVector<ContactSheet::Row> ContactSheet::rows(int pageHeight) const
 {
     QVector<Row> result;
@@ -80,9 +85,8 @@ QVector<ContactSheet::Row> ContactSheet::rows(int pageHeight) const
     for (int i = 0; i < int(m_cells.size());) {
         Row row;
         row.first = i;
-        const bool isNew = i == 0 || m_cells[i].heading != m_cells[i - 1].heading;
-        while (i < int(m_cells.size()) && row.count < m_columns &&
-               m_cells[i].heading == m_cells[row.first].heading) {
+        const bool isNew = i == 0 || !belongTogether(i - 1, i);
+        while (i < int(m_cells.size()) && row.count < m_columns && belongTogether(row.first, i)) {
             ++row.count;
             ++i;
         }
@@ -193,7 +197,7 @@ int ContactSheet::headingHeight() const
 
 int ContactSheet::titleHeight() const
 {
-    return namePixels() * 5 / 2;
+    return namePixels() * 3;
 }
 
 int ContactSheet::margin() const

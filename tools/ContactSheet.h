@@ -20,6 +20,8 @@ public:
     struct Cell {
         QString heading;
         QString name;
+        /// Cells of different documents stand apart.
+        int document = 0;
     };
     /// The pictures of some neighbouring cells, which are all that is held at one time.
     using Pictures = std::function<QVector<QImage>(int first, int count)>;
@@ -45,6 +47,7 @@ private:
         int top = 0;
     };
 
+    bool belongTogether(int a, int b) const;
     QVector<Row> rows(int pageHeight) const;
     void paintPageTitle(QPainter& painter, int page, int of) const;
     void paintRow(QPainter& painter, const Row& row, const QVector<QImage>& images) const;

@@ -130,8 +130,7 @@ private:
     {
         if (m_embed && document.isStandardInput())
             throw Failure(QStringLiteral("standard input cannot be written over: use --output"));
-        drawing::TextureReader textures(
-            [&](const QString& reference) { return findTexture(reference, document, session); });
+        drawing::TextureReader textures(textureFinder(document, session.folders));
         QVector<Subject> subjects = subjectsOf(document);
         int kept = 0;
         int written = 0;

@@ -89,8 +89,13 @@ public:
             throw Failure(QStringLiteral("there is nothing to show"));
         if (session.hasFailed())
             return ExitFailed;
+        if (m_names.size() > 1) {
+            for (ContactSheet::Cell& cell : m_cells)
+                cell.heading = m_names[cell.document - 1] + QStringLiteral(": ") + cell.heading;
+        }
         const ContactSheet sheet(title(), m_cells, m_columns, m_size);
         m_session = &session;
+        m_wish.size = isPdf ? m_size * s_pdfFineness : m_size;
         int pages = 1;
         const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
         session.clearProgress();
@@ -114,7 +119,10 @@ private:
         /// Its bytes, as they are embedded.
         QString embedded;
         QString file;
-        drawing::Draw draw;
+        /// Kept for as long as its element.
+        QDomDocument document;
+        QDomElement element;
+        std::shared_ptr<drawing::TextureReader> textures;
     };
 
     bool isInput() const
@@ -130,10 +138,8 @@ private:
 
     void collect(Document& document, Session& session)
     {
-        drawing::TextureReader textures(
-            [&](const QString& reference) { return findTexture(reference, document, session); });
-        drawing::Wish wish;
-        wish.size = m_size * s_pdfFineness;
+        const auto textures =
+            std::make_shared<drawing::TextureReader>(textureFinder(document, session.folders));
         const QString name = document.root().attribute(QStringLiteral("name"));
         m_names << (document.kind() == DocumentKind::Archive && !name.isEmpty()
                         ? name
@@ -148,11 +154,13 @@ private:
                 item.embedded = subject.element.attribute(QStringLiteral("xmlImage"));
                 item.file = file;
             } else {
-                item.draw = drawing::drawingOf(subject.element, wish, textures);
+                item.document = document.dom();
+                item.element = subject.element;
+                item.textures = textures;
                 ++m_drawnCount;
             }
             m_items.append(item);
-            m_cells.append({subject.heading, subject.name});
+            m_cells.append({subject.heading, subject.name, int(m_names.size())});
         }
     }
 
@@ -164,8 +172,8 @@ private:
         QVector<int> places;
         for (int i = 0; i < count; ++i) {
             const Item& item = m_items[first + i];
-            if (item.draw) {
-                draws.push_back(item.draw);
+            if (item.textures) {
+                draws.push_back(drawing::drawingOf(item.element, m_wish, *item.textures));
                 places.append(i);
             } else {
                 images[i] = item.embedded.isEmpty() ? drawing::readImage(item.file)
@@ -227,6 +235,7 @@ private:
     bool m_drawn = false;
     bool m_force = false;
 
+    drawing::Wish m_wish;
     Session* m_session = nullptr;
     QStringList m_names;
     QVector<Item> m_items;

@@ -60,22 +60,26 @@ QVector<Subject> paletteSubjects(const Document& document)
             element.parentNode().nodeName() == QLatin1String("materialRepository")) {
             const QDomElement owner = element.parentNode().parentNode().toElement();
             subjects.append({element, path, identityOf(element),
-                             QStringLiteral("Palette of ") + identityOf(owner)});
+                             owner.parentNode().nodeName() == QLatin1String("snapshots")
+                                 ? QStringLiteral("Palette of ") + identityOf(owner)
+                                 : QStringLiteral("Current palette")});
         }
         return false;
     });
     return subjects;
 }
 
-QString findTexture(const QString& reference, const Document& document, const Session& session)
+drawing::FindFile textureFinder(const Document& document, const Folders& folders)
 {
-    for (const QString& folder : {document.folder(), session.folders.install,
-                                  session.folders.archives, session.folders.custom}) {
-        const QString file = folder.isEmpty() ? QString() : findReferenced(reference, folder);
-        if (!file.isEmpty())
-            return file;
-    }
-    return QString();
+    const QStringList places{document.folder(), folders.install, folders.archives, folders.custom};
+    return [places](const QString& reference) {
+        for (const QString& folder : places) {
+            const QString file = folder.isEmpty() ? QString() : findReferenced(reference, folder);
+            if (!file.isEmpty())
+                return file;
+        }
+        return QString();
+    };
 }
 
 } // namespace rvopen::tools

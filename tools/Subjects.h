@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "drawing/Reading.h"
+
 #include <QDomElement>
 #include <QString>
 #include <QVector>
@@ -10,7 +12,7 @@
 namespace rvopen::tools {
 
 class Document;
-class Session;
+struct Folders;
 
 /// Something that a host shows in a list with a picture: a preset of an archive, or a member of a
 /// collection of snapshots.
@@ -28,8 +30,8 @@ QVector<Subject> subjectsOf(const Document& document);
 /// The materials of the current snapshot's palette and of those in the collection of palettes.
 QVector<Subject> paletteSubjects(const Document& document);
 
-/// The image file that a document refers to: where it says, beside the document, or in one of the
-/// host's folders. Empty when it is nowhere.
-QString findTexture(const QString& reference, const Document& document, const Session& session);
+/// Finds the image files that a document refers to: where it says, beside the document, or in one
+/// of the host's folders.
+drawing::FindFile textureFinder(const Document& document, const Folders& folders);
 
 } // namespace rvopen::tools

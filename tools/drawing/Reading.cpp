@@ -28,7 +28,7 @@ namespace {
 constexpr int s_maxSide = 8192;
 constexpr qint64 s_maxPixels = 16 * 1024 * 1024;
 /// Textures that are kept for the next one that uses them.
-constexpr int s_maxKnown = 48;
+constexpr int s_maxKnown = 16;
 /// Base materials of base materials that are looked at.
 constexpr int s_maxBases = 8;
 

@@ -78,7 +78,7 @@ Texture::Texture(const QImage& image)
     level.height = std::max(source.height() / block, 1);
     for (int y = 0; y < level.height; ++y) {
         for (int x = 0; x < level.width; ++x)
-            level.texels.push_back(average(source, x * block, y * block, block));
+            level.add(average(source, x * block, y * block, block));
     }
     m_levels.push_back(std::move(level));
     while (m_levels.back().width > 1 || m_levels.back().height > 1) {
@@ -93,15 +93,29 @@ Texture::Texture(const QImage& image)
                 for (int i = 0; i < 4; ++i) {
                     const int fx = std::min(2 * x + i % 2, finer.width - 1);
                     const int fy = std::min(2 * y + i / 2, finer.height - 1);
-                    const Texel& texel = finer.texels[std::size_t(fy * finer.width + fx)];
+                    const Texel texel = finer.at(fx, fy);
                     sum.colour += texel.colour * 0.25;
                     sum.alpha += texel.alpha * 0.25;
                 }
-                coarser.texels.push_back(sum);
+                coarser.add(sum);
             }
         }
         m_levels.push_back(std::move(coarser));
     }
+}
+
+Texel Texture::Level::at(int x, int y) const
+{
+    const auto& c = texels[std::size_t(y) * std::size_t(width) + std::size_t(x)].channels;
+    constexpr double unit = 1.0 / 65535;
+    return {{c[0] * unit, c[1] * unit, c[2] * unit}, c[3] * unit};
+}
+
+void Texture::Level::add(const Texel& texel)
+{
+    const auto stored = [](double value) { return std::uint16_t(clamped(value) * 65535 + 0.5); };
+    texels.push_back({{stored(texel.colour.x), stored(texel.colour.y), stored(texel.colour.z),
+                       stored(texel.alpha)}});
 }
 
 const Texture::Level& Texture::levelFor(double footprint) const
@@ -128,7 +142,7 @@ Texel Texture::at(double s, double t, double footprint) const
         const int tx = (left + dx + level.width) % level.width;
         const int ty = (top + dy + level.height) % level.height;
         const double weight = (dx ? x - left : 1 - (x - left)) * (dy ? y - top : 1 - (y - top));
-        const Texel& texel = level.texels[std::size_t(ty * level.width + tx)];
+        const Texel texel = level.at(tx, ty);
         sum.colour += texel.colour * weight;
         sum.alpha += texel.alpha * weight;
     }

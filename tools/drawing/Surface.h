@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -32,10 +33,18 @@ public:
     Vec encodedAt(double s, double t, double footprint) const;
 
 private:
+    /// Linear, from 0 to 65535.
+    struct Stored {
+        std::uint16_t channels[4];
+    };
+
     struct Level {
         int width = 0;
         int height = 0;
-        std::vector<Texel> texels;
+        std::vector<Stored> texels;
+
+        Texel at(int x, int y) const;
+        void add(const Texel& texel);
     };
 
     const Level& levelFor(double footprint) const;
