@@ -23,14 +23,19 @@ add_custom_command(OUTPUT "${packaging_dir}/symbols"
     DEPENDS rvopen
     WORKING_DIRECTORY "${packaging_dir}"
     VERBATIM)
-add_custom_command(OUTPUT "${packaging_dir}/changelog.gz"
-    COMMAND "${CMAKE_COMMAND}" -E copy "${PROJECT_SOURCE_DIR}/CHANGELOG.md" changelog
-    COMMAND "${GZIP}" -9nf changelog
-    DEPENDS "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
-    WORKING_DIRECTORY "${packaging_dir}"
-    VERBATIM)
-add_custom_target(rvopen_packaging ALL
-    DEPENDS "${packaging_dir}/symbols" "${packaging_dir}/changelog.gz")
+set(prepared "${packaging_dir}/symbols")
+function(compress source name)
+    add_custom_command(OUTPUT "${packaging_dir}/${name}.gz"
+        COMMAND "${CMAKE_COMMAND}" -E copy "${source}" "${name}"
+        COMMAND "${GZIP}" -9nf "${name}"
+        DEPENDS "${source}"
+        WORKING_DIRECTORY "${packaging_dir}"
+        VERBATIM)
+    set(prepared ${prepared} "${packaging_dir}/${name}.gz" PARENT_SCOPE)
+endfunction()
+compress("${PROJECT_SOURCE_DIR}/CHANGELOG.md" changelog)
+compress("${PROJECT_SOURCE_DIR}/packaging/changelog.Debian" changelog.Debian)
+add_custom_target(rvopen_packaging ALL DEPENDS ${prepared})
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME rvopen)
@@ -41,6 +46,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # In the same folder as the symbols, since dpkg-shlibdeps finds a library that is not installed yet
@@ -58,32 +66,37 @@ function(package component name section summary text)
     set(documents "${CMAKE_INSTALL_DATADIR}/doc/${name}")
     install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${documents}" RENAME copyright
         COMPONENT ${component} EXCLUDE_FROM_ALL)
-    install(FILES "${packaging_dir}/changelog.gz" DESTINATION "${documents}"
-        COMPONENT ${component} EXCLUDE_FROM_ALL)
+    install(FILES "${packaging_dir}/changelog.gz" "${packaging_dir}/changelog.Debian.gz"
+        DESTINATION "${documents}" COMPONENT ${component} EXCLUDE_FROM_ALL)
 endfunction()
 
 package(runtime "${library_package}" libs
     "object model over snapshot documents and preset archives"
-    "A typed object model over XML for programs that render: snapshots of a rendered view with
-camera, background, light and materials, and archives of presets with pictures.")
+    "A typed object model over XML for programs that render: snapshots of a
+rendered view with camera, background, light and materials, and archives of
+presets with pictures.")
 package(development librvopen-dev libdevel
     "object model over snapshot documents, for development"
     "Headers, CMake package and pkg-config file of the library.")
 package(command rvopen utils
     "command over snapshot documents and preset archives"
-    "Lists, checks, changes, compares, draws and collects what is in snapshot documents and
-preset archives, with JSON for scripts, and makes thumbnails of them for file managers.")
+    "Lists, checks, changes, compares, draws and collects what is in snapshot
+documents and preset archives, with JSON for scripts, and makes thumbnails of
+them for file managers.")
 package(starter rvopen-data graphics
     "presets and models to start from"
-    "An installation folder with archives of cameras, backgrounds, lights, colours, finishes
-and materials with their textures and pictures, and snapshot documents of sample models.")
+    "An installation folder with archives of cameras, backgrounds, lights,
+colours, finishes and materials with their textures and pictures, and snapshot
+documents of sample models.")
 package(documentation rvopen-doc doc
     "object model over snapshot documents, documents"
-    "Guide, reference of the interface and of both file formats, cookbook, and examples.")
+    "Guide, reference of the interface and of both file formats, cookbook, and
+examples.")
 
-set(exactly "(= ${PROJECT_VERSION})")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${packaging_dir}/symbols")
+set(exactly "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+file(WRITE "${packaging_dir}/triggers" "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+    "${packaging_dir}/symbols" "${packaging_dir}/triggers")
 if(RVOPEN_QT_MAJOR EQUAL 6)
     set(qt_development "qt6-base-dev (>= ${RVOPEN_QT_MINIMUM})")
 else()
