@@ -11,14 +11,23 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(MSVC)
+    add_compile_options(/W4 /utf-8 /permissive- /Zc:__cplusplus)
+else()
+    add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+endif()
+if(WIN32)
+    add_compile_definitions(NOMINMAX UNICODE _UNICODE)
+endif()
 set(CMAKE_COMPILE_WARNING_AS_ERROR ${RVOPEN_WERROR})
 
 # __FILE__, and with it the text of an assertion, is relative to the repository: the same binary
 # from every folder, and no build machine's path in what is shipped.
-add_compile_options(
-    "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
-    "-fmacro-prefix-map=${PROJECT_BINARY_DIR}/=")
+if(NOT MSVC)
+    add_compile_options(
+        "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
+        "-fmacro-prefix-map=${PROJECT_BINARY_DIR}/=")
+endif()
 
 if(RVOPEN_SANITIZE)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all)

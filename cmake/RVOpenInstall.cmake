@@ -9,9 +9,12 @@ include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/rvopen")
 install(TARGETS rvopen
     EXPORT rvopenTargets
-    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}"
-    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-install(EXPORT rvopenTargets NAMESPACE rvopen:: DESTINATION "${package_dir}")
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
+    FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
+install(EXPORT rvopenTargets NAMESPACE rvopen:: DESTINATION "${package_dir}" COMPONENT development)
 
 list(JOIN RVOPEN_QT_MODULES " " rvopen_qt_components)
 configure_package_config_file(cmake/rvopenConfig.cmake.in rvopenConfig.cmake
@@ -28,7 +31,8 @@ install(
     FILES
         "${PROJECT_BINARY_DIR}/rvopenConfig.cmake"
         "${PROJECT_BINARY_DIR}/rvopenConfigVersion.cmake"
-    DESTINATION "${package_dir}")
+    DESTINATION "${package_dir}"
+    COMPONENT development)
 
 # An installation folder for hosts to begin with.
 install(DIRECTORY data/install DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen" COMPONENT starter)
@@ -66,8 +70,10 @@ string(APPEND pc_qt_cflags " -fPIC")
 
 configure_file(cmake/rvopen.pc.in rvopen.pc.configured @ONLY)
 file(GENERATE OUTPUT rvopen-$<CONFIG>.pc INPUT "${PROJECT_BINARY_DIR}/rvopen.pc.configured")
-install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc)
+install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc
+    COMPONENT development)
 
 # The schemas of the documents, in both forms.
 file(GLOB formats CONFIGURE_DEPENDS docs/formats/*.rnc docs/formats/*.rng)
-install(FILES ${formats} DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen/formats")
+install(FILES ${formats} DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen/formats"
+    COMPONENT command)

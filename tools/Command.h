@@ -45,6 +45,7 @@ std::unique_ptr<Command> makeFormat();
 std::unique_ptr<Command> makePreview();
 std::unique_ptr<Command> makeRender();
 std::unique_ptr<Command> makeSheet();
+std::unique_ptr<Command> makeThumbnail();
 std::unique_ptr<Command> makeNew();
 /// @}
 

@@ -16,7 +16,10 @@
 #include <cstring>
 #include <iostream>
 
-#if !defined(_WIN32)
+#if defined(_WIN32)
+#include <fcntl.h>
+#include <io.h>
+#else
 #include <langinfo.h>
 #endif
 
@@ -24,10 +27,14 @@ namespace {
 
 using namespace rvopen::tools;
 
-/// Names of files are UTF-8 whatever the locale, so that every file can be named.
+/// Names of files are UTF-8 whatever the locale, so that every file can be named; on Windows the
+/// program's manifest says so. Documents go through standard input and output byte by byte.
 void useUtf8()
 {
-#if !defined(_WIN32)
+#if defined(_WIN32)
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+#else
     std::setlocale(LC_CTYPE, "");
     if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
         qputenv("LC_ALL", "C.UTF-8");
@@ -41,7 +48,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     std::vector<std::unique_ptr<Command>> commands;
     for (const auto make :
          {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures, makeImport,
-          makeDiff, makeFormat, makePreview, makeRender, makeSheet, makeNew})
+          makeDiff, makeFormat, makePreview, makeRender, makeSheet, makeThumbnail, makeNew})
         commands.push_back(make());
     return commands;
 }
