@@ -34,8 +34,9 @@ install(
     DESTINATION "${package_dir}"
     COMPONENT development)
 
-# An installation folder for hosts to begin with.
-install(DIRECTORY data/install DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen" COMPONENT starter)
+# An installation folder for hosts to begin with, and documents to try things on.
+install(DIRECTORY data/install data/archives data/snapshots
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/rvopen" COMPONENT starter)
 
 # pkg-config: the prefix is found from where the .pc file lies. Some packages of Qt come without
 # .pc files; their flags are written out then.

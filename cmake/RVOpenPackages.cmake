@@ -111,12 +111,13 @@ foreach(component IN ITEMS STARTER DOCUMENTATION)
     set(CPACK_DEBIAN_${component}_PACKAGE_SHLIBDEPS OFF)
 endforeach()
 
-file(GLOB documents "${PROJECT_SOURCE_DIR}/docs/*.md")
-install(FILES "${PROJECT_SOURCE_DIR}/README.md" ${documents}
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/rvopen-doc"
-    COMPONENT documentation EXCLUDE_FROM_ALL)
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/rvopen-doc"
-    COMPONENT documentation EXCLUDE_FROM_ALL)
+set(doc_dir "${CMAKE_INSTALL_DATADIR}/doc/rvopen-doc")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md"
+    DESTINATION "${doc_dir}" COMPONENT documentation EXCLUDE_FROM_ALL)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" "${PROJECT_SOURCE_DIR}/examples"
+    DESTINATION "${doc_dir}" COMPONENT documentation EXCLUDE_FROM_ALL
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.rn[cg]"
+        PATTERN "*.cpp" PATTERN CMakeLists.txt
+        PATTERN docs/CMakeLists.txt EXCLUDE)
 
 include(CPack)

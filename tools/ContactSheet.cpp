@@ -68,7 +68,8 @@ void ContactSheet::paint(QPainter& painter, int pageHeight, const Pictures& pict
             newPage();
             paintPageTitle(painter, page, count);
         }
-        paintRow(painter, row, pictures(row.first, row.count));
+        for (const Group& group : row.groups)
+            paintGroup(painter, row.top, group, pictures(group.first, group.count));
     }
 }
 
@@ -77,19 +78,50 @@ bool ContactSheet::belongTogether(int a, int b) const
     return m_cells[a].heading == m_cells[b].heading && m_cells[a].document == m_cells[b].document;
 }
 
+int ContactSheet::groupEnd(int first) const
+{
+    int end = first;
+    while (end < int(m_cells.size()) && belongTogether(first, end))
+        ++end;
+    return end;
+}
+
+int ContactSheet::columnsOf(const QString& heading, int count) const
+{
+    const int text = QFontMetrics(headingFont()).horizontalAdvance(heading);
+    const int forHeading = (text + 2 * gap() + m_side - 1) / (m_side + gap());
+    return std::min(m_columns, std::max(count, forHeading));
+}
+
+bool ContactSheet::placeBeside(Row& row, const Group& group) const
+{
+    const Group& last = row.groups.last();
+    const int column = last.column + last.columns;
+    if (!row.isOpen || column + group.columns > m_columns ||
+        m_cells[last.first].document != m_cells[group.first].document)
+        return false;
+    row.groups.append(group);
+    row.groups.last().column = column;
+    return true;
+}
+
 QVector<ContactSheet::Row> ContactSheet::rows(int pageHeight) const
 {
     QVector<Row> result;
     int page = 0;
     int top = margin() + titleHeight();
     for (int i = 0; i < int(m_cells.size());) {
-        Row row;
-        row.first = i;
         const bool isNew = i == 0 || !belongTogether(i - 1, i);
-        while (i < int(m_cells.size()) && row.count < m_columns && belongTogether(row.first, i)) {
-            ++row.count;
-            ++i;
-        }
+        const int left = groupEnd(i) - i;
+        Group group;
+        group.heading = m_cells[i].heading;
+        group.first = i;
+        group.count = std::min(left, m_columns);
+        group.columns = columnsOf(group.heading, group.count);
+        i += group.count;
+        const bool isWhole = isNew && group.count == left;
+        if (isWhole && !result.isEmpty() && placeBeside(result.last(), group))
+            continue;
         const int height = rowHeight() + (isNew ? headingHeight() : 0);
         if (pageHeight > 0 && top + height > pageHeight - margin()) {
             ++page;
@@ -97,12 +129,15 @@ QVector<ContactSheet::Row> ContactSheet::rows(int pageHeight) const
         }
         // On a new page the heading stands again.
         const bool isFirst = result.isEmpty() || result.last().page != page;
-        if (isNew || isFirst) {
-            row.heading = m_cells[row.first].heading;
+        if (isNew || isFirst)
             top += headingHeight();
-        }
+        else
+            group.heading.clear();
+        Row row;
+        row.groups.append(group);
         row.page = page;
         row.top = top;
+        row.isOpen = isWhole;
         top += rowHeight();
         result.append(row);
     }
@@ -128,36 +163,42 @@ void ContactSheet::paintPageTitle(QPainter& painter, int page, int of) const
     }
 }
 
-void ContactSheet::paintRow(QPainter& painter, const Row& row, const QVector<QImage>& images) const
+void ContactSheet::paintGroup(QPainter& painter, int top, const Group& group,
+                              const QVector<QImage>& images) const
 {
-    if (!row.heading.isEmpty()) {
-        const int base = row.top - headingHeight() / 3;
-        painter.setFont(fontOf(namePixels() * 6 / 5, true));
-        painter.setPen(s_ink);
-        const int room = width() - 2 * margin();
-        const QString text = QFontMetrics(painter.font(), painter.device())
-                                 .elidedText(row.heading, Qt::ElideRight, room);
-        painter.drawText(QRect(margin(), row.top - headingHeight(), room,
-                               headingHeight() - headingHeight() / 3 - 2),
-                         int(Qt::AlignLeft) | int(Qt::AlignBottom), text);
-        painter.setPen(QPen(s_rule, 1));
-        painter.drawLine(margin(), base, width() - margin(), base);
-    }
-    for (int i = 0; i < row.count; ++i) {
-        const int left = margin() + i * (m_side + gap());
+    if (!group.heading.isEmpty())
+        paintHeading(painter, top, group);
+    for (int i = 0; i < group.count; ++i) {
+        const int left = columnLeft(group.column + i);
         const QImage image = images.value(i);
         if (!image.isNull()) {
             QSize size = image.size();
             size.scale(m_side, m_side, Qt::KeepAspectRatio);
             const QRect place(left + (m_side - size.width()) / 2,
-                              row.top + (m_side - size.height()) / 2, size.width(), size.height());
+                              top + (m_side - size.height()) / 2, size.width(), size.height());
             painter.drawImage(place, image);
             painter.setPen(QPen(s_rule, 1));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(place);
         }
-        paintName(painter, m_cells[row.first + i].name, left, row.top + m_side + gap() / 3);
+        paintName(painter, m_cells[group.first + i].name, left, top + m_side + gap() / 3);
     }
+}
+
+void ContactSheet::paintHeading(QPainter& painter, int top, const Group& group) const
+{
+    const int base = top - headingHeight() / 3;
+    const int left = columnLeft(group.column);
+    const int room = columnLeft(group.column + group.columns) - gap() - left;
+    painter.setFont(headingFont());
+    painter.setPen(s_ink);
+    const QString text = QFontMetrics(painter.font(), painter.device())
+                             .elidedText(group.heading, Qt::ElideRight, room);
+    painter.drawText(
+        QRect(left, top - headingHeight(), room, headingHeight() - headingHeight() / 3 - 2),
+        int(Qt::AlignLeft) | int(Qt::AlignBottom), text);
+    painter.setPen(QPen(s_rule, 1));
+    painter.drawLine(left, base, left + room, base);
 }
 
 void ContactSheet::paintName(QPainter& painter, const QString& name, int left, int top) const
@@ -183,6 +224,16 @@ void ContactSheet::paintName(QPainter& painter, const QString& name, int left, i
         used += metrics.lineSpacing();
     }
     layout.endLayout();
+}
+
+QFont ContactSheet::headingFont() const
+{
+    return fontOf(namePixels() * 6 / 5, true);
+}
+
+int ContactSheet::columnLeft(int column) const
+{
+    return margin() + column * (m_side + gap());
 }
 
 int ContactSheet::rowHeight() const

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QFont>
 #include <QImage>
 #include <QString>
 #include <QVector>
@@ -13,8 +14,8 @@ class QPainter;
 
 namespace rvopen::tools {
 
-/// Pictures with their names below each other's headings. Measures are in points of which a picture
-/// is `side` wide.
+/// Pictures with their names under headings; small groups stand side by side. Measures are in
+/// points of which a picture is `side` wide.
 class ContactSheet {
 public:
     struct Cell {
@@ -38,20 +39,35 @@ public:
                const std::function<void()>& newPage) const;
 
 private:
-    struct Row {
-        /// Empty unless a heading stands above.
+    /// What stands under one heading, or goes on from the row above without one.
+    struct Group {
         QString heading;
         int first = 0;
         int count = 0;
+        int column = 0;
+        /// Columns that it takes: its heading may need more than its pictures.
+        int columns = 0;
+    };
+    struct Row {
+        QVector<Group> groups;
         int page = 0;
         int top = 0;
+        /// Whether all of its groups begin and end in it, so that another may stand beside them.
+        bool isOpen = false;
     };
 
     bool belongTogether(int a, int b) const;
+    int groupEnd(int first) const;
+    int columnsOf(const QString& heading, int count) const;
+    bool placeBeside(Row& row, const Group& group) const;
     QVector<Row> rows(int pageHeight) const;
     void paintPageTitle(QPainter& painter, int page, int of) const;
-    void paintRow(QPainter& painter, const Row& row, const QVector<QImage>& images) const;
+    void paintGroup(QPainter& painter, int top, const Group& group,
+                    const QVector<QImage>& images) const;
+    void paintHeading(QPainter& painter, int top, const Group& group) const;
     void paintName(QPainter& painter, const QString& name, int left, int top) const;
+    QFont headingFont() const;
+    int columnLeft(int column) const;
     int rowHeight() const;
     int headingHeight() const;
     int titleHeight() const;
