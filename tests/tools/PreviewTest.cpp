@@ -27,7 +27,7 @@ TEST(Preview, FindsTheThumbnailOfASnapShotBesideTheDocument)
         {QStringLiteral("preview"), QStringLiteral("snapshots/import_me.xml"),
          QStringLiteral("snapshot[Winter noon]"), QStringLiteral("-o"), QStringLiteral("a.jpg")});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
-    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.jpg"))).size(), QSize(64, 48));
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.jpg"))).size(), QSize(128, 96));
     EXPECT_EQ(workspace.read(QStringLiteral("snapshots/import_me.xml")), [&] {
         QFile file(QStringLiteral(RVOPEN_DATA_DIR "/snapshots/import_me.xml"));
         file.open(QIODevice::ReadOnly);
