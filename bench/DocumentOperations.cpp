@@ -25,6 +25,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <thread>
 #include <utility>
 
 namespace rvopen::bench {
@@ -190,8 +191,8 @@ Case toStringFileCase(const SharedInput& input)
             }};
 }
 
-/// What freeing takes depends on how scattered the memory is that earlier runs left: a process of
-/// its own starts from the same every time.
+/// What freeing takes depends on how scattered the memory is that earlier runs left. A thread has a
+/// heap of its own, and in a process of its own that is gone afterwards.
 std::function<void(Clock&)> inOwnProcess(std::function<void(Clock&)> run)
 {
     return [run](Clock& clock) {
@@ -202,7 +203,7 @@ std::function<void(Clock&)> inOwnProcess(std::function<void(Clock&)> run)
         double seconds = 0.0;
         if (child == 0) {
             Clock own;
-            run(own);
+            std::thread([&] { run(own); }).join();
             seconds = own.seconds();
             _exit(write(ends[1], &seconds, sizeof seconds) == ssize_t(sizeof seconds) ? 0 : 1);
         }
