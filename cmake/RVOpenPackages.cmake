@@ -62,6 +62,7 @@ function(package component name section summary text)
     set(CPACK_COMPONENTS_ALL ${CPACK_COMPONENTS_ALL} ${component} PARENT_SCOPE)
     set(CPACK_DEBIAN_${key}_PACKAGE_NAME "${name}" PARENT_SCOPE)
     set(CPACK_DEBIAN_${key}_PACKAGE_SECTION "${section}" PARENT_SCOPE)
+    set(CPACK_DEBIAN_${key}_DESCRIPTION "${summary}\n${text}" PARENT_SCOPE)
     set(CPACK_COMPONENT_${key}_DESCRIPTION "${summary}\n${text}" PARENT_SCOPE)
     set(documents "${CMAKE_INSTALL_DATADIR}/doc/${name}")
     install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${documents}" RENAME copyright
@@ -112,8 +113,11 @@ foreach(component IN ITEMS STARTER DOCUMENTATION)
 endforeach()
 
 set(doc_dir "${CMAKE_INSTALL_DATADIR}/doc/rvopen-doc")
-install(FILES "${PROJECT_SOURCE_DIR}/README.md"
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/README.md.in" RENAME README.md
     DESTINATION "${doc_dir}" COMPONENT documentation EXCLUDE_FROM_ALL)
+install(FILES "${PROJECT_SOURCE_DIR}/data/README.md"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/rvopen-data"
+    COMPONENT starter EXCLUDE_FROM_ALL)
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" "${PROJECT_SOURCE_DIR}/examples"
     DESTINATION "${doc_dir}" COMPONENT documentation EXCLUDE_FROM_ALL
     FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.png" PATTERN "*.rn[cg]"

@@ -362,7 +362,15 @@ QString manualPage(const CLI::App& app)
     page += QLatin1String(".SH EXIT STATUS\n.TP\n.B 0\nFine.\n.TP\n.B 1\nFindings or "
                           "differences.\n.TP\n.B 2\nIt could not be done; standard error says "
                           "why, as file:line:column: message.\n.SH EXAMPLES\n");
-    return page + troffExamples(program);
+    page += troffExamples(program);
+    return page +
+           QLatin1String(".SH FILES\nBelow the prefix, in\n.IR share/rvopen :\n.TP\n"
+                         ".BR install \", \" archives \", \" snapshots\nWhat there is to start "
+                         "from. The examples run in a copy of these folders.\n.TP\n.B schemas\n"
+                         "JSON schemas of what --json prints.\n.TP\n.B formats\n"
+                         "RELAX NG schemas of the documents.\n"
+                         ".SH SEE ALSO\nThe guide, the cookbook and the formats, in\n"
+                         ".I share/doc/rvopen-doc\nof the documentation's package.\n");
 }
 
 QString bashCompletion(const CLI::App& app)

@@ -1,6 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
+// A tour through the library. With what the Debian package rvopen-data installs:
+// tour --install /usr/share/rvopen/install --documents /usr/share/rvopen/snapshots
+//     --archives /usr/share/rvopen/archives --out tour-output
+
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/Colour.h>
@@ -419,6 +423,9 @@ Folders parseArguments(const QCoreApplication& application)
 
 int main(int argc, char** argv)
 {
+    // Pictures are loaded, none is shown: no screen is needed.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "minimal");
     const QGuiApplication application(argc, argv);
     const Folders folders = parseArguments(application);
     try {
