@@ -367,7 +367,7 @@ QString manualPage(const CLI::App& app)
            QLatin1String(".SH FILES\nBelow the prefix, in\n.IR share/rvopen :\n.TP\n"
                          ".BR install \", \" archives \", \" snapshots\nWhat there is to start "
                          "from. The examples run in a copy of these folders.\n.TP\n.B schemas\n"
-                         "JSON schemas of what --json prints.\n.TP\n.B formats\n"
+                         "JSON schemas of what \\-\\-json prints.\n.TP\n.B formats\n"
                          "RELAX NG schemas of the documents.\n"
                          ".SH SEE ALSO\nThe guide, the cookbook and the formats, in\n"
                          ".I share/doc/rvopen-doc\nof the documentation's package.\n");
