@@ -3,6 +3,7 @@
 
 #include "Program.h"
 
+#include <QDirIterator>
 #include <QImage>
 
 namespace rvopen::test {
@@ -96,6 +97,21 @@ TEST(Thumbnail, IsNotMadeOfWhatIsNoDocument)
     workspace.write(QStringLiteral("a.rvx"), "<presets>&bomb;");
     EXPECT_EQ(thumbnail(workspace, "a.rvx").code, 2);
     EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
+}
+
+TEST(Thumbnail, OutlivesFilesMadeToHurt)
+{
+    const Workspace workspace;
+    QDirIterator files(QStringLiteral(RVOPEN_SOURCE_DIR "/fuzz/corpus"), QDir::Files,
+                       QDirIterator::Subdirectories);
+    int count = 0;
+    for (; files.hasNext(); ++count) {
+        const QString file = files.next();
+        const Outcome run = workspace.run(
+            {QStringLiteral("thumbnail"), file, QStringLiteral("a.png"), QStringLiteral("-s32")});
+        EXPECT_TRUE(run.code >= 0 && run.code <= 2) << file.toStdString() << run.err.toStdString();
+    }
+    EXPECT_GT(count, 50);
 }
 
 TEST(Thumbnail, IsNotWrittenOverTheDocument)
