@@ -8,6 +8,7 @@
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/XMLUtils.h>
 
+#include <QBuffer>
 #include <QDomDocument>
 #include <QGuiApplication>
 #include <QImageReader>
@@ -91,6 +92,17 @@ QImage embeddedPicture(const QString& text)
     node.SetDomNode(element);
     XMLUtils utils;
     return utils.QPixmapFromRVOpenNode(&node, QString()).toImage();
+}
+
+QByteArray encodedPicture(const QImage& image, const QByteArray& format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (format.isEmpty() || !image.save(&buffer, format.constData(), quality))
+        throw Failure(QStringLiteral("pictures cannot be written as \"%1\"; take png, jpg or bmp")
+                          .arg(QString::fromLatin1(format)));
+    return bytes;
 }
 
 bool hasPicture(const QDomElement& element)

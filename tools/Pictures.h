@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QDomElement>
 #include <QImage>
 #include <QPixmap>
@@ -24,6 +25,9 @@ void prepareTexts();
 QPixmap pictureOf(const QDomElement& element, const QString& installFolder);
 /// The picture in the text of an "xmlImage"; null when it cannot be decoded.
 QImage embeddedPicture(const QString& text);
+/// The picture in a format, named as QImage::save() takes it, as the quality is. Throws a Failure
+/// when it cannot be written like that.
+QByteArray encodedPicture(const QImage& image, const QByteArray& format, int quality = -1);
 /// Whether an embedded preview can be decoded.
 bool hasPicture(const QDomElement& element);
 /// Whether the file begins like a picture of a format that can be read.

@@ -13,7 +13,6 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenWriter.h>
 
-#include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
 #include <QPixmap>
@@ -75,7 +74,8 @@ public:
             return ExitFindings;
         }
         const bool isPiped = m_output == QLatin1String("-");
-        const QByteArray bytes = encoded(picture, isPiped ? QStringLiteral("png") : suffix());
+        const QByteArray bytes =
+            encodedPicture(picture.toImage(), isPiped ? QByteArray("png") : suffix());
         if (isPiped) {
             session.out.bytes(bytes);
             return ExitFine;
@@ -98,21 +98,9 @@ public:
     }
 
 private:
-    QString suffix() const
+    QByteArray suffix() const
     {
-        return QFileInfo(m_output).suffix().toLower();
-    }
-
-    static QByteArray encoded(const QPixmap& picture, const QString& format)
-    {
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        if (format.isEmpty() || !picture.toImage().save(&buffer, format.toLatin1().constData()))
-            throw Failure(
-                QStringLiteral("pictures cannot be written as \"%1\"; take png, jpg or bmp")
-                    .arg(format));
-        return bytes;
+        return QFileInfo(m_output).suffix().toLower().toLatin1();
     }
 
     QString m_file;

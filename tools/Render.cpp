@@ -17,7 +17,6 @@
 
 #include <rvopen/RVOpenWriter.h>
 
-#include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
@@ -41,17 +40,6 @@ struct Job {
     /// Empty when the picture is embedded.
     QString file;
 };
-
-QByteArray encoded(const QImage& image, const char* format)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format, qstrcmp(format, "jpg") == 0 ? s_jpegQuality : -1))
-        throw Failure(
-            QStringLiteral("pictures cannot be written as \"%1\"").arg(QLatin1String(format)));
-    return bytes;
-}
 
 /// Usable as the name of a file on every system.
 QString fileSafe(const QString& text)
@@ -213,7 +201,7 @@ private:
     int finish(const QVector<Job>& jobs, const Document& document, Session& session,
                bool& isChanged)
     {
-        const char* const format = m_output.isEmpty() ? "jpg" : "png";
+        const bool isJpeg = m_output.isEmpty();
         std::vector<drawing::Draw> draws;
         for (const Job& job : jobs)
             draws.push_back(job.draw);
@@ -221,7 +209,8 @@ private:
         int count = 0;
         for (int i = 0; i < int(jobs.size()); ++i) {
             const QImage& image = images[std::size_t(i)];
-            const QByteArray bytes = encoded(image, format);
+            const QByteArray bytes =
+                encodedPicture(image, isJpeg ? "jpg" : "png", isJpeg ? s_jpegQuality : -1);
             const Job& job = jobs[i];
             if (job.file.isEmpty()) {
                 const QString text = QString::fromLatin1(qCompress(bytes).toHex());

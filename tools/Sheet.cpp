@@ -198,11 +198,7 @@ private:
         sheet.paint(
             painter, 0, [this](int first, int count) { return pictures(first, count); }, [] {});
         painter.end();
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "png");
-        return bytes;
+        return encodedPicture(image, "png");
     }
 
     QByteArray asPdf(const ContactSheet& sheet, int& pages)

@@ -14,7 +14,6 @@
 
 #include <rvopen/RVOpenWriter.h>
 
-#include <QBuffer>
 #include <QImage>
 #include <QPainter>
 
@@ -72,10 +71,7 @@ public:
             return ExitFindings;
         }
         const QImage image = composed(subjects);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "png");
+        const QByteArray bytes = encodedPicture(image, "png");
         const Uninterrupted writing;
         if (!WriteFile(bytes, m_output))
             throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
