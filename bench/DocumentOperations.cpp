@@ -372,7 +372,10 @@ void growDocuments(Report& report)
         "load",
         [&](long size) {
             const SharedInput input = snapShots(size);
-            return loadCase(input, nullptr, units(input));
+            // Otherwise the small one clears up behind the large ones.
+            Case load = loadCase(input, nullptr, units(input));
+            load.run = inOwnProcess(load.run);
+            return load;
         },
         target);
     report.grow(
