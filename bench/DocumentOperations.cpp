@@ -9,7 +9,7 @@
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/SnapShots.h>
-#include <rvopen/XmlGuard.h>
+#include <rvopen/xml/XmlGuard.h>
 
 #include <benchmark/benchmark.h>
 #include <expat.h>

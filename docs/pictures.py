@@ -25,21 +25,23 @@ TERMINAL = DOCS / "images" / "terminal.svg"
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
     "Text and files": """
-        DocumentReader DocumentWriter EmbeddedImage FileReplacement FileSubstitution
-        FileSubstitutionQt FileSubstitutionUnix Names AllocationWatch ORVBase QtCompat RVOpenExport
-        RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion RVOpenWriter TextDecoding
-        ValueText XmlCharacters XmlGuard XmlScanner XmlScannerDocumentType""",
-    "Nodes": "RVOpenNode RVOpenSchema ParamHelper NodeAccess NodeCast ChildPopulation",
-    "Parameters": "Param ParamAccess ParamSequence",
+        xml/DomParser xml/DomWriter xml/TextDecoding xml/XmlCharacters xml/XmlGuard xml/XmlScanner
+        xml/XmlScannerDocumentType files/AtomicWrite files/PlatformRename files/PlatformRenameQt
+        files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
+        RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
+        RVOpenWriter""",
+    "Nodes": """
+        RVOpenNode RVOpenSchema ParamHelper model/NodeAccess model/NodeCast model/Population""",
+    "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",
     "Materials": """
         Material MaterialRepository Colour Finish Transparency Bump ShaderColour ShaderDiffuse
-        ShaderMap ShaderPlainColour TemporaryItems ChildComponents ComponentEquality""",
+        ShaderMap ShaderPlainColour TemporaryItems model/Components model/ComponentEquality""",
     "Snapshots": """
         SnapShot SnapShots SnapShotSettings Scenery Background Foreground Camera Lens AspectRatio
         AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
         RenderTarget RenderTargets""",
-    "Pictures and textures": "XMLUtils TextureReferences",
+    "Pictures and textures": "XMLUtils model/TextureReferences",
     "Manager": "RVOpenManager",
 }
 
@@ -56,12 +58,14 @@ UPWARDS = {
 
 def includes():
     """(file, module, included module) for each include of the library's own."""
-    for path in sorted([*LIBRARY.glob("*.h"), *LIBRARY.glob("*.cpp"), *LIBRARY.glob("*.h.in")]):
-        module = path.name.split(".")[0]
-        for included in re.findall(r"^#include [<\"]rvopen/(\w+)\.h[>\"]",
+    for path in sorted(path for pattern in ("*.h", "*.cpp", "*.h.in")
+                       for path in LIBRARY.rglob(pattern)):
+        file = path.relative_to(LIBRARY).as_posix()
+        module = file.split(".")[0]
+        for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]",
                                    path.read_text(encoding="utf-8"), re.MULTILINE):
-            yield path.name, module, included
-        yield path.name, module, module
+            yield file, module, included
+        yield file, module, module
 
 
 def layers_of():

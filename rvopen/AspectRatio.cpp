@@ -3,7 +3,7 @@
 
 #include <rvopen/AspectRatio.h>
 
-#include <rvopen/ParamAccess.h>
+#include <rvopen/model/ParamAccess.h>
 
 namespace rvopen {
 

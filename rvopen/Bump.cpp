@@ -3,11 +3,11 @@
 
 #include <rvopen/Bump.h>
 
-#include <rvopen/ChildComponents.h>
-#include <rvopen/ComponentEquality.h>
-#include <rvopen/Names.h>
-#include <rvopen/ParamAccess.h>
 #include <rvopen/ShaderColour.h>
+#include <rvopen/model/ComponentEquality.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/ParamAccess.h>
 
 namespace rvopen {
 

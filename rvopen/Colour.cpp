@@ -3,12 +3,12 @@
 
 #include <rvopen/Colour.h>
 
-#include <rvopen/ChildComponents.h>
-#include <rvopen/ComponentEquality.h>
-#include <rvopen/Names.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/ShaderDiffuse.h>
+#include <rvopen/model/ComponentEquality.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
 
 namespace rvopen {
 

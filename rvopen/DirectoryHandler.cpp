@@ -3,11 +3,11 @@
 
 #include <rvopen/DirectoryHandler.h>
 
-#include <rvopen/DocumentReader.h>
-#include <rvopen/DocumentWriter.h>
-#include <rvopen/Names.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/xml/DomParser.h>
+#include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
 #include <QFile>

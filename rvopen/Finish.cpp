@@ -3,10 +3,10 @@
 
 #include <rvopen/Finish.h>
 
-#include <rvopen/ComponentEquality.h>
-#include <rvopen/Names.h>
-#include <rvopen/ParamAccess.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/ComponentEquality.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/ParamAccess.h>
 
 namespace rvopen {
 

@@ -4,15 +4,15 @@
 #include <rvopen/Material.h>
 
 #include <rvopen/Bump.h>
-#include <rvopen/ChildComponents.h>
 #include <rvopen/Colour.h>
-#include <rvopen/ComponentEquality.h>
 #include <rvopen/Finish.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/ComponentEquality.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
 
 namespace rvopen {
 

@@ -4,16 +4,16 @@
 #include <rvopen/MaterialRepository.h>
 
 #include <rvopen/Bump.h>
-#include <rvopen/ChildComponents.h>
-#include <rvopen/ChildPopulation.h>
 #include <rvopen/Colour.h>
 #include <rvopen/Finish.h>
 #include <rvopen/Material.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/Population.h>
 
 namespace rvopen {
 

@@ -3,14 +3,10 @@
 
 #include <rvopen/ORVBase.h>
 
-#include <rvopen/AllocationWatch.h>
-
 #include <algorithm>
 #include <cstdlib>
 
 namespace rvopen {
-
-thread_local unsigned int AllocationWatch::s_failures = 0;
 
 namespace {
 
@@ -21,10 +17,7 @@ constexpr std::size_t s_smallestBlock = 121;
 
 void* allocate(std::size_t size)
 {
-    void* const memory = std::malloc(std::max(size, s_smallestBlock));
-    if (!memory)
-        AllocationWatch::countFailure();
-    return memory;
+    return std::malloc(std::max(size, s_smallestBlock));
 }
 
 } // namespace

@@ -3,11 +3,11 @@
 
 #include <rvopen/Param.h>
 
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenStatus.h>
-#include <rvopen/ValueText.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/ValueText.h>
 
 #include <QDomElement>
 

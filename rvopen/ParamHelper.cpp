@@ -3,12 +3,11 @@
 
 #include <rvopen/ParamHelper.h>
 
-#include <rvopen/AllocationWatch.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
 
 #include <QDomDocument>
 
@@ -27,9 +26,8 @@ Param* add(RVOpenNode* owner, Param* param, Setter setter, Value value)
         return nullptr;
     }
     (param->*setter)(value);
-    const AllocationWatch memory;
     owner->AddNode(param, true);
-    return memory.complete(param);
+    return param;
 }
 
 } // namespace

@@ -3,24 +3,23 @@
 
 #include <rvopen/RVOpenManager.h>
 
-#include <rvopen/AllocationWatch.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/DocumentReader.h>
-#include <rvopen/DocumentWriter.h>
-#include <rvopen/FileReplacement.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/Scenery.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
-#include <rvopen/TextureReferences.h>
-#include <rvopen/ValueText.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/files/AtomicWrite.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/TextureReferences.h>
+#include <rvopen/model/ValueText.h>
+#include <rvopen/xml/DomParser.h>
+#include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
 #include <QSet>
@@ -319,9 +318,8 @@ int RVOpenManager::GetNumSnapShots() const
 
 SnapShot* RVOpenManager::CreateInternalSnapShot(SnapShot* source)
 {
-    const AllocationWatch memory;
     if (source)
-        return memory.complete(new SnapShot(static_cast<RVOpenNode*>(source)));
+        return new SnapShot(static_cast<RVOpenNode*>(source));
     if (!m_snapShotDocument)
         return nullptr;
     QDomElement element = m_snapShotDocument->createElement(names::element::snapShot());
@@ -374,7 +372,6 @@ Background* RVOpenManager::GetOriginalBackground()
 {
     if (m_originalBackground || !m_snapShotDocument)
         return m_originalBackground;
-    const AllocationWatch memory;
     auto* const background = new Background(nullptr);
     if (!background)
         return nullptr;
@@ -382,9 +379,8 @@ Background* RVOpenManager::GetOriginalBackground()
     element.setAttribute(names::attribute::subCat(), names::subCategory::horizon());
     background->SetDomNode(element);
     background->PopulateParams();
-    m_originalBackground = memory.complete(background);
-    if (m_originalBackground)
-        m_rootElement.appendChild(element);
+    m_originalBackground = background;
+    m_rootElement.appendChild(element);
     return m_originalBackground;
 }
 

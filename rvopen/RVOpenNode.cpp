@@ -3,13 +3,12 @@
 
 #include <rvopen/RVOpenNode.h>
 
-#include <rvopen/AllocationWatch.h>
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
-#include <rvopen/ValueText.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/ValueText.h>
 
 #include <QDir>
 #include <QDomElement>
@@ -299,19 +298,14 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
 {
     if (!canTake(child))
         return;
-    const AllocationWatch memory;
     RVOpenNode* parent = this;
     if (RVOpenNode* const first = GetChild(1, 1)) {
         RVOpenNode* const last = first->endOfChain();
-        if (memory.failed())
-            return;
         first->linkBehind(last, child);
         if (first->m_parent)
             parent = first->m_parent;
     } else {
         const ArchiveReference archive = followArchive ? openArchive() : ArchiveReference{};
-        if (memory.failed())
-            return;
         if (archive.root) {
             archive.root->AddNode(child, false);
             return;

@@ -15,10 +15,7 @@
 #include <rvopen/Lens.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
-#include <rvopen/Names.h>
 #include <rvopen/NaturalLightStudio.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RenderTarget.h>
@@ -33,6 +30,9 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/SnapShots.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
 
 #include <QDomElement>
 

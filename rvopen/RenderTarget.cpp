@@ -3,8 +3,8 @@
 
 #include <rvopen/RenderTarget.h>
 
-#include <rvopen/NodeAccess.h>
-#include <rvopen/ParamAccess.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/ParamAccess.h>
 
 #include <limits>
 

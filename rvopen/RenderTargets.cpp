@@ -3,11 +3,10 @@
 
 #include <rvopen/RenderTargets.h>
 
-#include <rvopen/AllocationWatch.h>
-#include <rvopen/ChildPopulation.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/RenderTarget.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/Population.h>
 
 #include <QDomDocument>
 
@@ -39,12 +38,11 @@ RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 {
     if (source)
         return new RenderTarget(static_cast<RVOpenNode*>(source));
-    const AllocationWatch memory;
     QDomDocument document = GetDomNode().ownerDocument();
     auto* const target = new RenderTarget(document.createElement(names::element::renderTarget()));
     if (target)
         target->PopulateParams();
-    return memory.complete(target);
+    return target;
 }
 
 void RenderTargets::Clear()

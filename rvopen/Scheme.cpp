@@ -4,8 +4,8 @@
 #include <rvopen/Scheme.h>
 
 #include <rvopen/Background.h>
-#include <rvopen/Names.h>
 #include <rvopen/RVOpenSchema.h>
+#include <rvopen/model/Names.h>
 
 namespace rvopen {
 

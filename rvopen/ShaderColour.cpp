@@ -3,12 +3,12 @@
 
 #include <rvopen/ShaderColour.h>
 
-#include <rvopen/ChildComponents.h>
-#include <rvopen/ComponentEquality.h>
-#include <rvopen/Names.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/ShaderMap.h>
 #include <rvopen/ShaderPlainColour.h>
+#include <rvopen/model/ComponentEquality.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
 
 namespace rvopen {
 

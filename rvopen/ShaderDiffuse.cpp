@@ -3,8 +3,8 @@
 
 #include <rvopen/ShaderDiffuse.h>
 
-#include <rvopen/ChildComponents.h>
 #include <rvopen/ShaderColour.h>
+#include <rvopen/model/Components.h>
 
 namespace rvopen {
 

@@ -3,9 +3,9 @@
 
 #include <rvopen/ShaderPlainColour.h>
 
-#include <rvopen/Names.h>
-#include <rvopen/ParamAccess.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/ParamAccess.h>
 
 #include <algorithm>
 #include <iterator>

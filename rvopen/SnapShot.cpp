@@ -3,27 +3,26 @@
 
 #include <rvopen/SnapShot.h>
 
-#include <rvopen/AllocationWatch.h>
 #include <rvopen/ArtificialLightStudio.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/DocumentWriter.h>
 #include <rvopen/Foreground.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
-#include <rvopen/Names.h>
 #include <rvopen/NaturalLightStudio.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/RenderTarget.h>
 #include <rvopen/RenderTargets.h>
 #include <rvopen/Scenery.h>
 #include <rvopen/Scheme.h>
 #include <rvopen/SnapShotSettings.h>
-#include <rvopen/ValueText.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/ValueText.h>
+#include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
 #include <QDomDocument>
@@ -58,11 +57,10 @@ Component* create(const RVOpenNode* owner, names::Name name)
 template <typename Component>
 Component* createWithParams(const RVOpenNode* owner, names::Name name)
 {
-    const AllocationWatch memory;
     auto* const component = create<Component>(owner, name);
     if (component)
         component->PopulateParams();
-    return memory.complete(component);
+    return component;
 }
 
 template <typename Component>
@@ -139,12 +137,10 @@ struct SnapShot::Components {
                               Prepare prepare)
     {
         // The copy comes first: the source may be the component held.
-        const AllocationWatch memory;
         auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
         if (copy)
             prepare(*copy);
-        Component* const complete = memory.complete(copy);
-        return source && !complete ? nullptr : replace(snapShot, held, complete);
+        return source && !copy ? nullptr : replace(snapShot, held, copy);
     }
 
     template <typename Component>

@@ -3,8 +3,8 @@
 
 #include <rvopen/SnapShotSettings.h>
 
-#include <rvopen/ParamAccess.h>
-#include <rvopen/ParamSequence.h>
+#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/ParamSequence.h>
 
 namespace rvopen {
 

@@ -3,14 +3,13 @@
 
 #include <rvopen/SnapShots.h>
 
-#include <rvopen/AllocationWatch.h>
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
-#include <rvopen/ChildPopulation.h>
 #include <rvopen/MaterialRepository.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeCast.h>
 #include <rvopen/SnapShot.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/Population.h>
 
 #include <QDomDocument>
 
@@ -21,8 +20,7 @@ namespace {
 template <typename Component>
 Component* cloneOf(Component* source)
 {
-    const AllocationWatch memory;
-    return source ? memory.complete(new Component(static_cast<RVOpenNode*>(source))) : nullptr;
+    return source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
 }
 
 } // namespace

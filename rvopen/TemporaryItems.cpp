@@ -4,12 +4,12 @@
 #include <rvopen/TemporaryItems.h>
 
 #include <rvopen/Bump.h>
-#include <rvopen/ChildComponents.h>
 #include <rvopen/Colour.h>
 #include <rvopen/Finish.h>
 #include <rvopen/Material.h>
-#include <rvopen/Names.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/Names.h>
 
 namespace rvopen {
 

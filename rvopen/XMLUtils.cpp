@@ -4,15 +4,15 @@
 #include <rvopen/XMLUtils.h>
 
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/DocumentReader.h>
-#include <rvopen/EmbeddedImage.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShots.h>
+#include <rvopen/model/EmbeddedImage.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/xml/DomParser.h>
 
 #include <QDir>
 #include <QDomDocument>

@@ -5,12 +5,12 @@
 #include "ManagerSupport.h"
 
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/FileReplacement.h>
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/SnapShots.h>
+#include <rvopen/files/AtomicWrite.h>
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include <rvopen/FileReplacement.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/files/AtomicWrite.h>
 
 #include <QDomDocument>
 #include <QString>

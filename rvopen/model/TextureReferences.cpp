@@ -1,21 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/TextureReferences.h>
+#include <rvopen/model/TextureReferences.h>
 
 #include <rvopen/Background.h>
 #include <rvopen/Bump.h>
-#include <rvopen/ChildComponents.h>
 #include <rvopen/Colour.h>
 #include <rvopen/Material.h>
-#include <rvopen/NodeAccess.h>
-#include <rvopen/ParamAccess.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/ShaderColour.h>
 #include <rvopen/ShaderDiffuse.h>
 #include <rvopen/ShaderMap.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/ParamAccess.h>
 
 #include <QVector>
 

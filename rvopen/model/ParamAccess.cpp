@@ -1,12 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/ParamAccess.h>
+#include <rvopen/model/ParamAccess.h>
 
-#include <rvopen/NodeAccess.h>
-#include <rvopen/NodeCast.h>
-
-#include <QVarLengthArray>
+#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeCast.h>
 
 namespace rvopen {
 
@@ -58,19 +56,11 @@ Param* addParam(RVOpenNode* node, const ParamSpec& spec)
 
 void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count)
 {
-    const AllocationWatch memory;
     node->GetParamHelper()->Populate();
-    if (hasParam(node) || memory.failed())
+    if (hasParam(node))
         return;
-    QVarLengthArray<Param*, 32> added;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (Param* const param = addParam(node, specs[i]))
-            added.append(param);
-    }
-    if (!memory.failed())
-        return;
-    for (Param* const param : added)
-        node->DeleteNode(param);
+    for (std::size_t i = 0; i < count; ++i)
+        addParam(node, specs[i]);
 }
 
 } // namespace rvopen

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/DocumentReader.h>
+#include <rvopen/xml/DomParser.h>
 
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenPaths.h>
-#include <rvopen/TextDecoding.h>
-#include <rvopen/XmlGuard.h>
+#include <rvopen/xml/TextDecoding.h>
+#include <rvopen/xml/XmlGuard.h>
 
 #include <QByteArray>
 #include <QFile>

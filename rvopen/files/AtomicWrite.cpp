@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/FileReplacement.h>
+#include <rvopen/files/AtomicWrite.h>
 
-#include <rvopen/FileSubstitution.h>
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/files/PlatformRename.h>
 
 #include <QFile>
 #include <QFileInfo>

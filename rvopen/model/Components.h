@@ -3,12 +3,11 @@
 
 #pragma once
 
-#include <rvopen/AllocationWatch.h>
-#include <rvopen/Names.h>
-#include <rvopen/NodeAccess.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/ShaderColour.h>
+#include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
 
 #include <QDomDocument>
 #include <QDomElement>
@@ -75,10 +74,9 @@ template <typename Component, typename Prepare>
 Component* childOrNew(RVOpenNode* owner, KindTest<Component> isKind, names::Name elementName,
                       int create, Prepare prepare)
 {
-    const AllocationWatch memory;
     if (Component* const found = findChild(owner, isKind))
         return found;
-    if (!create || !NodeAccess::childOwner(owner) || memory.failed())
+    if (!create || !NodeAccess::childOwner(owner))
         return nullptr;
     Component* const made = newElement<Component>(owner, elementName);
     if (!made)

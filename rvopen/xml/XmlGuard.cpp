@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/XmlGuard.h>
+#include <rvopen/xml/XmlGuard.h>
 
-#include <rvopen/XmlCharacters.h>
-#include <rvopen/XmlScanner.h>
+#include <rvopen/xml/XmlCharacters.h>
+#include <rvopen/xml/XmlScanner.h>
 
 #include <algorithm>
 #include <utility>

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/DocumentWriter.h>
+#include <rvopen/xml/DomWriter.h>
 
-#include <rvopen/DocumentReader.h>
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
-#include <rvopen/XmlCharacters.h>
-#include <rvopen/XmlGuard.h>
+#include <rvopen/xml/DomParser.h>
+#include <rvopen/xml/XmlCharacters.h>
+#include <rvopen/xml/XmlGuard.h>
 
 #include <QHash>
 #include <QMap>

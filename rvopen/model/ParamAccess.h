@@ -3,10 +3,9 @@
 
 #pragma once
 
-#include <rvopen/AllocationWatch.h>
-#include <rvopen/Names.h>
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Names.h>
 
 #include <cstddef>
 #include <utility>
@@ -28,7 +27,6 @@ struct ParamSpec {
 Param* addParam(RVOpenNode* node, const ParamSpec& spec);
 
 /// Creates the \p count parameters at \p specs in order, on a node that has no parameter at all.
-/// All or, when memory is exhausted, none.
 void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count);
 
 template <std::size_t Count>
@@ -58,9 +56,8 @@ template <typename Operation, typename... Arguments>
 unsigned int onParamOrNew(RVOpenNode* node, const ParamSpec& spec, Operation operation,
                           Arguments&&... arguments)
 {
-    const AllocationWatch memory;
     Param* param = findParam(node, spec.name);
-    if (!param && !memory.failed())
+    if (!param)
         param = addParam(node, spec);
     return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
 }

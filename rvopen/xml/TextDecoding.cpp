@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/TextDecoding.h>
+#include <rvopen/xml/TextDecoding.h>
 
 #include <rvopen/QtCompat.h>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/XmlScanner.h>
+#include <rvopen/xml/XmlScanner.h>
 
-#include <rvopen/XmlCharacters.h>
+#include <rvopen/xml/XmlCharacters.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/FileSubstitution.h>
+#include <rvopen/files/PlatformRename.h>
 
 #include <rvopen/QtCompat.h>
 

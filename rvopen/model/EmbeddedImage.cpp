@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/EmbeddedImage.h>
+#include <rvopen/model/EmbeddedImage.h>
 
 #include <QBuffer>
 #include <QByteArray>

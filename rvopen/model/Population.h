@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <rvopen/NodeAccess.h>
+#include <rvopen/model/NodeAccess.h>
 
 #include <QDomNode>
 

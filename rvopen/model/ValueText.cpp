@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/ValueText.h>
+#include <rvopen/model/ValueText.h>
 
 #include <rvopen/RVOpenStatus.h>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <rvopen/ParamAccess.h>
+#include <rvopen/model/ParamAccess.h>
 
 namespace rvopen {
 
