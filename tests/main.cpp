@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
+#include "SkippedTests.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
@@ -32,6 +34,7 @@ extern "C" __attribute__((visibility("default"))) const char* __asan_default_opt
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
+    rvopen::test::SkippedTests::report();
     const QTemporaryDir home;
     setEnvironment(home);
     // Pixmaps need an application.

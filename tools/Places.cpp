@@ -10,6 +10,7 @@
 #include <rvopen/RVOpenPaths.h>
 
 #include <QFile>
+#include <QTextStream>
 
 #include <cstring>
 
@@ -24,11 +25,10 @@ public:
         : m_at(bytes.constData())
         , m_end(bytes.constData() + bytes.size())
         , m_counted(m_at)
-        , m_lineStart(m_at)
     {
         if (bytes.startsWith("\xef\xbb\xbf")) {
             m_at += 3;
-            m_counted = m_lineStart = m_at;
+            m_counted = m_at;
         }
     }
 
@@ -47,10 +47,10 @@ public:
                 skipPast("]]>");
             else if (startsWith("<?"))
                 skipPast("?>");
-            else if (startsWith("<!"))
-                skipDoctype();
             else if (startsWith("</"))
                 skipPast(">");
+            else if (startsWith("<!"))
+                skipTag();
             else {
                 count(open);
                 skipTag();
@@ -101,30 +101,7 @@ private:
         m_at = m_at < m_end ? m_at + 1 : m_end;
     }
 
-    void skipDoctype()
-    {
-        int depth = 0;
-        for (m_at += 2; m_at < m_end; ++m_at) {
-            if (startsWith("<!--")) {
-                skipPast("-->");
-                --m_at;
-            } else if (startsWith("<?")) {
-                skipPast("?>");
-                --m_at;
-            } else if (*m_at == '"' || *m_at == '\'') {
-                skipQuoted();
-            } else if (*m_at == '<') {
-                ++depth;
-            } else if (*m_at == '>' && depth-- == 0) {
-                ++m_at;
-                return;
-            } else if (*m_at == ']') {
-                depth = 0;
-            }
-        }
-    }
-
-    /// Lines and characters up to there.
+    /// Lines and characters up to there, on from where the last count ended.
     void count(const char* to)
     {
         for (; m_counted < to; ++m_counted) {
@@ -133,18 +110,16 @@ private:
                 (*m_counted == '\r' && (m_counted + 1 == m_end || m_counted[1] != '\n'));
             if (isEnd) {
                 ++m_line;
-                m_lineStart = m_counted + 1;
+                m_column = 1;
+            } else if ((static_cast<unsigned char>(*m_counted) & 0xc0) != 0x80) {
+                ++m_column;
             }
         }
-        m_column = 1;
-        for (const char* c = m_lineStart; c < to; ++c)
-            m_column += (static_cast<unsigned char>(*c) & 0xc0) != 0x80 ? 1 : 0;
     }
 
     const char* m_at;
     const char* m_end;
     const char* m_counted;
-    const char* m_lineStart;
     int m_line = 1;
     int m_column = 1;
 };
@@ -159,7 +134,7 @@ public:
 
     void run(const QDomElement& root)
     {
-        take(root, QString());
+        take(QString());
         descend(root, QString());
     }
 
@@ -169,14 +144,14 @@ private:
         return m_next == int(m_findings.size());
     }
 
-    void take(const QDomElement& element, const QString& path)
+    void take(const QString& path)
     {
-        const bool hasTag = m_tags.next();
+        m_tags.next();
         for (; !isDone() && m_findings[m_next].ordinal == m_ordinal; ++m_next) {
             Finding& finding = m_findings[m_next];
             finding.path = path;
-            finding.line = hasTag ? m_tags.line() : element.lineNumber();
-            finding.column = hasTag ? m_tags.column() : element.columnNumber();
+            finding.line = m_tags.line();
+            finding.column = m_tags.column();
         }
         ++m_ordinal;
     }
@@ -187,7 +162,7 @@ private:
         for (QDomElement child = parent.firstChildElement(); !child.isNull() && !isDone();
              child = child.nextSiblingElement()) {
             const QString childPath = joined(path, labels.next(child));
-            take(child, childPath);
+            take(childPath);
             descend(child, childPath);
         }
     }
@@ -197,6 +172,18 @@ private:
     int m_next = 0;
     int m_ordinal = 0;
 };
+
+/// What starts with the byte order mark of another encoding is decoded by it.
+QByteArray inUtf8(const QByteArray& bytes)
+{
+    const bool isMarked = bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff") ||
+                          bytes.startsWith(QByteArray("\0\0\xfe\xff", 4));
+    if (!isMarked)
+        return bytes;
+    QTextStream stream(bytes);
+    stream.setAutoDetectUnicode(true);
+    return stream.readAll().toUtf8();
+}
 
 } // namespace
 
@@ -208,11 +195,7 @@ void givePlaces(QVector<Finding>& findings, const Document& document)
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
-    // Internal entities may stand for elements: then the tags of the text are not those of the
-    // document. Nor are they found in UTF-16. The parser's places are those of the tags' ends.
-    const bool isPlain = !bytes.contains("<!ENTITY") && !bytes.startsWith("\xff\xfe") &&
-                         !bytes.startsWith("\xfe\xff") && !bytes.contains('\0');
-    Placing(findings, isPlain ? bytes : QByteArray()).run(document.root());
+    Placing(findings, inUtf8(bytes)).run(document.root());
 }
 
 } // namespace rvopen::tools

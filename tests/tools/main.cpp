@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
+#include "../SkippedTests.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -8,6 +10,7 @@
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
+    rvopen::test::SkippedTests::report();
     qputenv("LC_ALL", "C.UTF-8");
     const QCoreApplication application(argc, argv);
     return RUN_ALL_TESTS();
