@@ -120,7 +120,8 @@ public:
                     print(found, session.out);
                 findings += found;
                 return true;
-            });
+            },
+            m_fix && m_target.isInPlace() ? Access::Changing : Access::Reading);
         if (m_format == QLatin1String("json"))
             session.out.json(jsonOf(findings, int(files.size())));
         else if (m_format == QLatin1String("sarif"))

@@ -6,12 +6,12 @@
 #include "Failure.h"
 #include "Input.h"
 #include "Interrupts.h"
+#include "NewFiles.h"
 #include "Session.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 
@@ -57,27 +57,32 @@ public:
             throw Failure(QStringLiteral("standard input cannot be written over"));
         bool isFound = false;
         QJsonArray list;
-        forEachDocument(files, session, [&](Document& document) {
-            const QString text = XmlText(document.dom(), indentOf(document.kind()));
-            if (text.isNull()) {
-                session.error(document.name(), QStringLiteral("it could not be read again"));
-                return;
-            }
-            QFile file(PathToOpen(document.path()));
-            const bool isCanonical =
-                file.open(QIODevice::ReadOnly) && file.readAll() == text.toUtf8();
-            file.close();
-            if (!isCanonical)
-                isFound = true;
-            list.append(QJsonObject{{QStringLiteral("file"), document.name()},
-                                    {QStringLiteral("canonical"), isCanonical}});
-            if (!m_check && !m_inPlace)
-                write(text, document, session);
-            else if (!isCanonical && m_inPlace)
-                writeOver(text, document, session);
-            if (!isCanonical && (m_check || m_inPlace) && !session.json)
-                session.out.line(visible(document.name()));
-        });
+        forEachDocument(
+            files, session,
+            [&](Document& document) {
+                const QString text = XmlText(document.dom(), indentOf(document.kind()));
+                if (text.isNull()) {
+                    session.error(document.name(), QStringLiteral("it could not be read again"));
+                    return;
+                }
+                QByteArray bytes;
+                if (!readWhole(PathToOpen(document.path()), bytes)) {
+                    session.error(document.name(), QStringLiteral("it could not be read"));
+                    return;
+                }
+                const bool isCanonical = bytes == text.toUtf8();
+                if (!isCanonical)
+                    isFound = true;
+                list.append(QJsonObject{{QStringLiteral("file"), document.name()},
+                                        {QStringLiteral("canonical"), isCanonical}});
+                if (!m_check && !m_inPlace)
+                    write(text, document, session);
+                else if (!isCanonical && m_inPlace)
+                    writeOver(text, document, session);
+                if (!isCanonical && (m_check || m_inPlace) && !session.json)
+                    session.out.line(visible(document.name()));
+            },
+            {}, m_inPlace ? Access::Changing : Access::Reading);
         if (session.json && (m_check || m_inPlace || !m_output.isEmpty())) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("files"), list);
@@ -103,6 +108,10 @@ private:
 
     static void writeOver(const QString& text, const Document& document, Session& session)
     {
+        if (document.isStream()) {
+            session.error(document.name(), QStringLiteral("it is no file to write over"));
+            return;
+        }
         const Uninterrupted writing;
         if (!WriteFile(text.toUtf8(), document.path()))
             session.error(document.name(),

@@ -9,6 +9,8 @@
 #include "Interrupts.h"
 #include "NewFiles.h"
 #include "NodePath.h"
+#include "PictureFiles.h"
+#include "Pictures.h"
 #include "Presets.h"
 #include "Session.h"
 #include "Target.h"
@@ -20,11 +22,12 @@
 #include <rvopen/XMLUtils.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QSet>
+
+#include <filesystem>
 
 namespace rvopen::tools {
 
@@ -180,6 +183,8 @@ public:
         if (m_source == QLatin1String("-") && m_targetFile == m_source)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
         const std::unique_ptr<Document> source = readOrFail(m_source, session);
+        if (!m_dryRun)
+            m_target.lock(m_targetFile);
         const std::unique_ptr<Document> target = readOrFail(m_targetFile, session);
         if (!m_dryRun)
             m_target.check(*target);
@@ -439,8 +444,10 @@ private:
         m_target.write(target, target, session);
         pictures.keep();
         for (const auto& picture : replaced) {
-            QFile file(picture.first);
-            if (!file.open(QIODevice::ReadOnly) || !WriteFile(file.readAll(), picture.second))
+            QByteArray bytes;
+            if (!readWhole(picture.first, bytes))
+                session.error(picture.first, QStringLiteral("the thumbnail could not be read"));
+            else if (!WriteFile(bytes, picture.second))
                 session.error(picture.second, QStringLiteral("the thumbnail could not be written"));
         }
         readBack(target, output);
@@ -463,8 +470,16 @@ private:
         const QString fileName = pictureName(item.result.attribute(s_name));
         const QString from = source.folder() + QLatin1Char('/') + pictureName(name);
         const QString to = folder + QLatin1Char('/') + fileName;
-        if (!StaysInside(fileName) || !StaysInside(pictureName(name)) || !QFileInfo(from).isFile())
+        if (!StaysInside(fileName) || !StaysInside(pictureName(name)) || !isThere(from))
             return;
+        if (!QFileInfo(from).isFile() || !isBelow(from, source.folder()) || !isPictureFile(from)) {
+            session.error(from, QStringLiteral("it is no picture of the source, and stays there"));
+            return;
+        }
+        if (QFileInfo(to).isSymLink()) {
+            session.error(to, linkInTheWay(to, folder));
+            return;
+        }
         if (QFileInfo::exists(to) && haveSameBytes(from, to))
             return;
         if (QFileInfo::exists(to) && item.action == Action::Replaced)
@@ -474,6 +489,23 @@ private:
         else if (!pictures.copy(from, to))
             throw Failure(
                 QStringLiteral("\"%1\" could not be copied; nothing was imported").arg(from));
+    }
+
+    /// Whether something has the name. That this cannot be told is no answer: the picture would be
+    /// left behind unseen.
+    static bool isThere(const QString& path)
+    {
+        std::error_code failure;
+        const auto type =
+            std::filesystem::symlink_status(std::filesystem::u8path(path.toStdString()), failure)
+                .type();
+        if (type == std::filesystem::file_type::not_found)
+            return false;
+        if (failure) {
+            throw Failure(QStringLiteral("\"%1\": %2; nothing was imported")
+                              .arg(path, QString::fromStdString(failure.message())));
+        }
+        return true;
     }
 
     static void readBack(const Document& target, const QString& output)

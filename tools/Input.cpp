@@ -4,19 +4,21 @@
 #include "Input.h"
 
 #include "Failure.h"
+#include "FileLock.h"
 #include "Vocabulary.h"
 
+#include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
 namespace rvopen::tools {
 
@@ -28,15 +30,50 @@ bool isDocumentName(const QString& name)
            name.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
 }
 
-QStringList documentsBelow(const QString& folder)
+/// Names of files are bytes, and Qt shows those that are not UTF-8 with other characters: what it
+/// would open then is another file.
+QString nameOf(const std::filesystem::path& path)
+{
+    return QString::fromStdString(path.u8string());
+}
+
+bool isUtf8(const std::filesystem::path& path)
+{
+    const std::string bytes = path.u8string();
+    return nameOf(path).toUtf8() == QByteArray::fromStdString(bytes);
+}
+
+void findDocuments(const std::filesystem::path& folder, QStringList& files, Session& session)
+{
+    std::error_code failure;
+    std::filesystem::directory_iterator it(folder, failure);
+    const auto end = std::filesystem::directory_iterator();
+    for (; !failure && it != end; it.increment(failure)) {
+        const std::filesystem::path& path = it->path();
+        std::error_code unknown;
+        const auto type = it->symlink_status(unknown).type();
+        const QString name = nameOf(path);
+        if (type == std::filesystem::file_type::directory) {
+            findDocuments(path, files, session);
+        } else if (isDocumentName(name)) {
+            if (unknown)
+                session.error(name, QString::fromStdString(unknown.message()));
+            else if (!isUtf8(path))
+                session.error(name, QStringLiteral("Its name is not UTF-8; rename the file"));
+            else if (it->is_regular_file(unknown))
+                files << name;
+            else if (type == std::filesystem::file_type::symlink)
+                session.error(name, QStringLiteral("The link leads to no file"));
+        }
+    }
+    if (failure)
+        session.error(nameOf(folder), QString::fromStdString(failure.message()));
+}
+
+QStringList documentsBelow(const QString& folder, Session& session)
 {
     QStringList files;
-    QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString file = it.next();
-        if (isDocumentName(file))
-            files << file;
-    }
+    findDocuments(std::filesystem::u8path(folder.toStdString()), files, session);
     std::sort(files.begin(), files.end());
     return files;
 }
@@ -86,20 +123,22 @@ std::unique_ptr<Document> Document::read(const QString& argument, ReadError& err
     std::unique_ptr<Document> document(new Document());
     document->m_name = argument;
     document->m_path = argument;
-    if (argument == QLatin1String("-")) {
-        document->m_name = QStringLiteral("<stdin>");
-        document->m_copy = std::make_unique<QTemporaryFile>();
-        QFile input;
-        bool isCopied = document->m_copy->open() && input.open(stdin, QIODevice::ReadOnly);
-        for (QByteArray chunk; isCopied && !(chunk = input.read(1 << 20)).isEmpty();)
-            isCopied = document->m_copy->write(chunk) == chunk.size();
-        if (!isCopied || !document->m_copy->flush()) {
+    document->m_isStandardInput = argument == QLatin1String("-");
+    const QFileInfo file(PathToOpen(argument));
+    if (document->m_isStandardInput || (file.exists() && !file.isFile() && !file.isDir())) {
+        QFile input(PathToOpen(argument));
+        const bool isOpen = document->m_isStandardInput ? input.open(stdin, QIODevice::ReadOnly)
+                                                        : input.open(QIODevice::ReadOnly);
+        if (document->m_isStandardInput)
+            document->m_name = QStringLiteral("<stdin>");
+        if (!isOpen || !document->copyOf(input)) {
             error = ReadError();
             error.file = document->m_name;
-            error.message = QStringLiteral("Standard input cannot be read");
+            error.message = document->m_isStandardInput
+                                ? QStringLiteral("Standard input cannot be read")
+                                : input.errorString();
             return nullptr;
         }
-        document->m_path = document->m_copy->fileName();
     }
     document->m_dom.reset(ReadXmlDocument(document->m_path, &error));
     error.file = document->m_name;
@@ -120,6 +159,11 @@ QString Document::path() const
 }
 
 bool Document::isStandardInput() const
+{
+    return m_isStandardInput;
+}
+
+bool Document::isStream() const
 {
     return m_copy != nullptr;
 }
@@ -149,6 +193,22 @@ DocumentKind Document::kind() const
     return m_kind;
 }
 
+bool Document::copyOf(QFile& input)
+{
+    m_copy = std::make_unique<QTemporaryFile>();
+    bool isCopied = m_copy->open();
+    qint64 size = 0;
+    for (QByteArray chunk; isCopied && !(chunk = input.read(1 << 20)).isEmpty();) {
+        isCopied = m_copy->write(chunk) == chunk.size();
+        size += chunk.size();
+        // What is too large is told by whoever reads it.
+        if (size > GetMaxInputSize())
+            break;
+    }
+    m_path = m_copy->fileName();
+    return isCopied && input.error() == QFileDevice::NoError && m_copy->flush();
+}
+
 QStringList expandedInputs(const QStringList& arguments, Session& session)
 {
     QStringList files;
@@ -156,10 +216,8 @@ QStringList expandedInputs(const QStringList& arguments, Session& session)
         const QFileInfo file(PathToOpen(argument));
         if (argument == QLatin1String("-") || !file.isDir()) {
             files << argument;
-        } else if (!file.isReadable()) {
-            session.error(argument, QStringLiteral("The folder cannot be listed"));
         } else {
-            files << documentsBelow(PathToOpen(argument));
+            files << documentsBelow(PathToOpen(argument), session);
         }
     }
     return files;
@@ -167,12 +225,16 @@ QStringList expandedInputs(const QStringList& arguments, Session& session)
 
 void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<void(Document&)>& visit,
-                     const std::function<bool(const QString&, const ReadError&)>& failed)
+                     const std::function<bool(const QString&, const ReadError&)>& failed,
+                     Access access)
 {
     const QStringList files = expandedInputs(arguments, session);
     int at = 0;
     for (const QString& file : files) {
         session.progress(++at, int(files.size()), file);
+        FileLock lock;
+        if (access == Access::Changing)
+            lock.take(file);
         ReadError error;
         const std::unique_ptr<Document> document = Document::read(file, error);
         if (document) {

@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+class QFile;
 class QTemporaryFile;
 
 namespace rvopen::tools {
@@ -38,6 +39,8 @@ public:
     /// Where the bytes are.
     QString path() const;
     bool isStandardInput() const;
+    /// Whether the bytes came from a pipe or the like, which gives them once and takes none back.
+    bool isStream() const;
     /// The folder that it lies in, that of the process for standard input.
     QString folder() const;
     qint64 size() const;
@@ -48,22 +51,32 @@ public:
 private:
     Document();
 
+    bool copyOf(QFile& input);
+
     QString m_name;
     QString m_path;
+    bool m_isStandardInput = false;
     std::unique_ptr<QTemporaryFile> m_copy;
     std::unique_ptr<QDomDocument> m_dom;
     DocumentKind m_kind = DocumentKind::Unknown;
 };
 
 /// Files, with each folder replaced by the documents in it and below it in the order of their
-/// names. A folder counts as an error when it cannot be listed.
+/// names. What cannot be listed, and a file whose name is not UTF-8, counts as an error.
 QStringList expandedInputs(const QStringList& arguments, Session& session);
+
+enum class Access {
+    Reading,
+    /// Each document may be written over: nobody else changes it from before it is read.
+    Changing
+};
 
 /// Reads one document after the other and calls \p visit with each. One that cannot be read is
 /// given to \p failed, and an error of the session unless that answers true.
 void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<void(Document&)>& visit,
-                     const std::function<bool(const QString&, const ReadError&)>& failed = {});
+                     const std::function<bool(const QString&, const ReadError&)>& failed = {},
+                     Access access = Access::Reading);
 
 /// Reads the one document of a command; throws a Failure without message after printing the error.
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session);

@@ -38,14 +38,25 @@ void onSignal(int)
     }
 }
 
+/// What the caller wants to be ignored stays so, as the hang-up under nohup.
+void handle(int signal)
+{
+    if (std::signal(signal, onSignal) == SIG_IGN)
+        std::signal(signal, SIG_IGN);
+}
+
 } // namespace
 
 void handleInterrupts()
 {
-    std::signal(SIGINT, onSignal);
-    std::signal(SIGTERM, onSignal);
+    handle(SIGINT);
+    handle(SIGTERM);
 #if defined(SIGHUP)
-    std::signal(SIGHUP, onSignal);
+    handle(SIGHUP);
+#endif
+#if defined(SIGXFSZ)
+    // A file that grows beyond the limit is an error of writing like others.
+    std::signal(SIGXFSZ, SIG_IGN);
 #endif
 }
 

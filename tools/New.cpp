@@ -6,6 +6,7 @@
 #include "Failure.h"
 #include "Input.h"
 #include "Interrupts.h"
+#include "NewFiles.h"
 #include "NodePath.h"
 #include "Session.h"
 
@@ -15,6 +16,8 @@
 
 #include <QDomDocument>
 #include <QFileInfo>
+
+#include <cmath>
 
 namespace rvopen::tools {
 
@@ -62,12 +65,15 @@ public:
             session.out.text(XmlText(document, indent));
             return ExitFine;
         }
-        const QFileInfo file(PathToOpen(m_file));
-        if (file.exists() || file.isSymLink())
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_file));
+        const QString path = PathToOpen(m_file);
         const Uninterrupted writing;
-        if (!WriteXmlDocument(document, m_file, indent))
-            throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_file));
+        NewFiles files;
+        if (!files.create(XmlText(document, indent).toUtf8(), path)) {
+            const bool isTaken = QFileInfo::exists(path) || QFileInfo(path).isSymLink();
+            throw Failure(isTaken ? QStringLiteral("\"%1\" is there already").arg(m_file)
+                                  : QStringLiteral("\"%1\" could not be written").arg(m_file));
+        }
+        files.keep();
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("kind"), m_kind);
@@ -92,8 +98,9 @@ private:
     {
         if (!m_name.isEmpty())
             throw Failure(QStringLiteral("--name goes with archives"));
-        if (m_scale <= 0)
-            throw Failure(QStringLiteral("the units scale is above 0"));
+        // As the document will give it back.
+        if (!(float(m_scale) > 0) || !std::isfinite(float(m_scale)))
+            throw Failure(QStringLiteral("the units scale is a number above 0"));
         RVOpenManager manager;
         manager.Initialise(m_major, m_minor, QString());
         manager.ClearSnapShotDoc();

@@ -5,16 +5,39 @@
 
 #include "Interrupts.h"
 
+#include <rvopen/RVOpenWriter.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QTemporaryFile>
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <sys/stat.h>
+#endif
 
 namespace rvopen::tools {
 
 namespace {
 
 const qint64 s_chunk = 1 << 20;
+
+/// What the process gives to files that it makes; temporary files are for their owner alone.
+QFile::Permissions permissionsOfNewFiles()
+{
+    QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser |
+                                     QFile::WriteUser | QFile::ReadGroup | QFile::WriteGroup |
+                                     QFile::ReadOther | QFile::WriteOther;
+#if defined(__unix__) || defined(__APPLE__)
+    const mode_t mask = umask(0);
+    umask(mask);
+    permissions.setFlag(QFile::ReadGroup, !(mask & S_IRGRP));
+    permissions.setFlag(QFile::WriteGroup, !(mask & S_IWGRP));
+    permissions.setFlag(QFile::ReadOther, !(mask & S_IROTH));
+    permissions.setFlag(QFile::WriteOther, !(mask & S_IWOTH));
+#endif
+    return permissions;
+}
 
 } // namespace
 
@@ -37,37 +60,41 @@ bool NewFiles::makeFolder(const QString& path)
     return true;
 }
 
-bool NewFiles::copy(const QString& source, const QString& target)
+bool NewFiles::create(const QByteArray& bytes, const QString& target)
 {
-    QFile in(source);
-    QSaveFile out(target);
+    QTemporaryFile name(QFileInfo(target).absolutePath() + QLatin1String("/.rvopen-XXXXXX.tmp"));
     // A link that leads nowhere is a name that is taken, too.
-    if (QFileInfo::exists(target) || QFileInfo(target).isSymLink() ||
-        !in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly))
+    if (QFileInfo::exists(target) || QFileInfo(target).isSymLink() || !name.open())
         return false;
-    for (;;) {
-        const QByteArray chunk = in.read(s_chunk);
-        if (chunk.isEmpty())
-            break;
-        if (isInterrupted() || out.write(chunk) != chunk.size())
-            return false;
-    }
-    // Errors of writing what is still in the buffer are not among those that commit() knows.
-    if (in.error() != QFileDevice::NoError || !out.flush() || !out.commit())
+    name.close();
+    // Renaming takes no name that is taken.
+    if (!WriteFile(bytes, name.fileName()) || isInterrupted() || !name.rename(target))
         return false;
+    name.setAutoRemove(false);
+    QFile::setPermissions(target, permissionsOfNewFiles());
     m_files << target;
     return true;
 }
 
-void NewFiles::add(const QString& path)
+bool NewFiles::copy(const QString& source, const QString& target)
 {
-    m_files << path;
+    QByteArray bytes;
+    return readWhole(source, bytes) && create(bytes, target);
 }
 
 void NewFiles::keep()
 {
     m_files.clear();
     m_folders.clear();
+}
+
+bool readWhole(const QString& path, QByteArray& bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return false;
+    bytes = file.readAll();
+    return file.error() == QFileDevice::NoError && bytes.size() == file.size();
 }
 
 bool haveSameBytes(const QString& a, const QString& b)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -19,17 +20,20 @@ public:
 
     /// Makes the folder and those above it as far as they are missing. False when it cannot.
     bool makeFolder(const QString& path);
-    /// Copies a file to a name that is not taken. False when that cannot be done; nothing is there
-    /// then.
+    /// Makes a file under a name that nothing has, not even since it was looked for. False when
+    /// that cannot be done; what is there then is somebody else's.
+    bool create(const QByteArray& bytes, const QString& target);
+    /// Copies a file in the same way, whole.
     bool copy(const QString& source, const QString& target);
-    /// A file that something else made.
-    void add(const QString& path);
     void keep();
 
 private:
     QStringList m_files;
     QStringList m_folders;
 };
+
+/// All bytes of a file; false when it cannot be read to its end.
+bool readWhole(const QString& path, QByteArray& bytes);
 
 /// Whether both files have the same bytes.
 bool haveSameBytes(const QString& a, const QString& b);

@@ -38,6 +38,15 @@ bool isWide(uint c)
             (c >= 0x1f300 && c <= 0x1faff) || (c >= 0x20000 && c <= 0x3fffd));
 }
 
+/// Control characters, and those that turn the direction of text round.
+bool isControl(QChar c)
+{
+    return c.unicode() < 0x20 || (c.unicode() >= 0x7f && c.unicode() < 0xa0) ||
+           c.unicode() == 0x061c || c.unicode() == 0x200e || c.unicode() == 0x200f ||
+           (c.unicode() >= 0x202a && c.unicode() <= 0x202e) ||
+           (c.unicode() >= 0x2066 && c.unicode() <= 0x2069);
+}
+
 const char* code(Style style)
 {
     switch (style) {
@@ -59,15 +68,27 @@ const char* code(Style style)
     return "";
 }
 
+/// Of the characters that steer terminals and editors Qt escapes those below U+0020 only.
+QByteArray harmless(const QByteArray& json)
+{
+    const QString text = QString::fromUtf8(json);
+    const auto isEscaped = [](QChar c) { return c != QLatin1Char('\n') && isControl(c); };
+    if (std::none_of(text.cbegin(), text.cend(), isEscaped))
+        return json;
+    QString result;
+    for (const QChar c : text) {
+        if (isEscaped(c))
+            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            result += c;
+    }
+    return result.toUtf8();
+}
+
 } // namespace
 
 QString visible(const QString& text)
 {
-    const auto isControl = [](QChar c) {
-        return c.unicode() < 0x20 || (c.unicode() >= 0x7f && c.unicode() < 0xa0) ||
-               (c.unicode() >= 0x202a && c.unicode() <= 0x202e) ||
-               (c.unicode() >= 0x2066 && c.unicode() <= 0x2069);
-    };
     if (std::none_of(text.cbegin(), text.cend(), isControl))
         return text;
     QString result;
@@ -169,7 +190,7 @@ void Output::bytes(const QByteArray& bytes)
 
 void Output::json(const QJsonObject& object)
 {
-    bytes(QJsonDocument(object).toJson(QJsonDocument::Indented));
+    bytes(harmless(QJsonDocument(object).toJson(QJsonDocument::Indented)));
 }
 
 void Output::flush()

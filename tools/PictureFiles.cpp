@@ -14,6 +14,7 @@
 #include <rvopen/XMLUtils.h>
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace rvopen::tools {
 
@@ -51,31 +52,33 @@ QString presetFile(const QDomElement& element, const QString& install)
 
 } // namespace
 
-QString pictureFileOf(const QDomElement& element, const Document& document, const Folders& folders,
-                      QString& problem)
+PicturePlace pictureFileOf(const QDomElement& element, const Document& document,
+                           const Folders& folders)
 {
     const QDomElement parent = element.parentNode().toElement();
-    QString file;
+    PicturePlace place;
     if (parent.tagName() == QLatin1String("snapshots")) {
-        file = memberFile(element, parent,
-                          folders.snapshots.isEmpty() ? document.folder() : folders.snapshots);
+        place.folder = folders.snapshots.isEmpty() ? document.folder() : folders.snapshots;
+        place.file = memberFile(element, parent, place.folder);
     } else {
         const bool isCustom =
             document.root().attribute(QStringLiteral("type")) == QLatin1String("UserArchives");
-        if (isCustom ? folders.custom.isEmpty() : folders.install.isEmpty()) {
-            problem = isCustom
-                          ? QStringLiteral("pictures of a user's archive lie below --custom DIR")
-                          : QStringLiteral("pictures of presets lie below --install DIR");
-            return QString();
+        place.folder = isCustom ? folders.custom : folders.install;
+        if (place.folder.isEmpty()) {
+            place.problem =
+                isCustom ? QStringLiteral("pictures of a user's archive lie below --custom DIR")
+                         : QStringLiteral("pictures of presets lie below --install DIR");
+            return place;
         }
-        file = presetFile(element, folders.install);
+        place.file = presetFile(element, folders.install);
     }
     // Where such a file is not there yet the path is still as documents write it.
     if (QDir::separator() == QLatin1Char('/'))
-        file.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    if (file.isEmpty() || file.contains(QChar(0)))
-        problem = QStringLiteral("its names give no place for a picture");
-    return problem.isEmpty() ? QDir::cleanPath(file) : QString();
+        place.file.replace(QLatin1Char('\\'), QLatin1Char('/'));
+    if (place.file.isEmpty() || place.file.contains(QChar(0)))
+        return {QString(), QString(), QStringLiteral("its names give no place for a picture")};
+    place.file = QDir::cleanPath(place.file);
+    return place;
 }
 
 bool findsPicture(const QDomElement& element, const QString& file)
@@ -83,6 +86,28 @@ bool findsPicture(const QDomElement& element, const QString& file)
     if (!element.attribute(QStringLiteral("xmlImage")).isEmpty())
         return hasPicture(element);
     return !file.isEmpty() && isPictureFile(file);
+}
+
+bool isBelow(const QString& path, const QString& folder)
+{
+    const QString place = QFileInfo(path).canonicalFilePath();
+    const QString root = QFileInfo(PathToOpen(folder)).canonicalFilePath();
+    if (place.isEmpty() || root.isEmpty())
+        return false;
+    return place == root ||
+           place.startsWith(root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/'));
+}
+
+QString linkInTheWay(const QString& file, const QString& folder)
+{
+    if (QFileInfo(file).isSymLink())
+        return QStringLiteral("it is a link; pictures are not written through links");
+    QString place = QFileInfo(file).absolutePath();
+    while (!QFileInfo::exists(place) && !QFileInfo(place).isSymLink())
+        place = QFileInfo(place).absolutePath();
+    if (!isBelow(place, folder))
+        return QStringLiteral("a link leads out of \"%1\"").arg(folder);
+    return QString();
 }
 
 } // namespace rvopen::tools

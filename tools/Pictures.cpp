@@ -33,12 +33,19 @@ bool haveFonts()
     return written(QLatin1Char('A')) != written(QLatin1Char('H'));
 }
 
+/// Nothing is shown: whatever platform the environment names for programs with windows, and whether
+/// it is there, is no matter. The first one asked for counts.
+void usePlatform(const char* name)
+{
+    static const bool isChosen = qputenv("QT_QPA_PLATFORM", name);
+    static_cast<void>(isChosen);
+}
+
 } // namespace
 
 void preparePictures()
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "minimal");
+    usePlatform("minimal");
     static int argc = 1;
     static char name[] = "rvopen";
     static char* argv[] = {name, nullptr};
@@ -52,9 +59,7 @@ void preparePictures()
 void prepareTexts()
 {
     // The plugin for no screen has fonts only when that is asked for.
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    if (platform.isEmpty() || platform == "minimal")
-        qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
+    usePlatform("minimal:enable_fonts");
     preparePictures();
     if (!haveFonts())
         throw Failure(QStringLiteral("there is no font to write names with: install one, such as "
@@ -121,7 +126,7 @@ bool isPictureFile(const QString& path)
     preparePictures();
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
-    return reader.canRead() && reader.size().width() > 0;
+    return !reader.read().isNull();
 }
 
 } // namespace rvopen::tools

@@ -100,10 +100,12 @@ public:
             throw Failure(QStringLiteral("--size takes %1 to %2")
                               .arg(drawing::MinSize)
                               .arg(drawing::MaxSize));
-        if (!m_output.isEmpty() && !QDir().mkpath(m_output))
+        if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("the folder \"%1\" cannot be made").arg(m_output));
         preparePictures();
-        forEachDocument(m_files, session, [&](Document& document) { render(document, session); });
+        forEachDocument(
+            m_files, session, [&](Document& document) { render(document, session); }, {},
+            m_embed ? Access::Changing : Access::Reading);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("pictures"), m_pictures);
@@ -116,8 +118,10 @@ public:
 private:
     void render(Document& document, Session& session)
     {
-        if (m_embed && document.isStandardInput())
-            throw Failure(QStringLiteral("standard input cannot be written over: use --output"));
+        if (m_embed && document.isStream())
+            throw Failure(QStringLiteral("%1 cannot be written over: use --output")
+                              .arg(document.isStandardInput() ? QStringLiteral("standard input")
+                                                              : document.name()));
         drawing::TextureReader textures(textureFinder(document, session.folders));
         QVector<Subject> subjects = subjectsOf(document);
         int kept = 0;
@@ -142,7 +146,8 @@ private:
         m_kept += kept;
         if (!session.json)
             session.out.line(QStringLiteral("%1  %2%3")
-                                 .arg(document.name(), counted(written, QStringLiteral("picture")),
+                                 .arg(visible(document.name()),
+                                      counted(written, QStringLiteral("picture")),
                                       kept ? QStringLiteral(", %1 kept").arg(kept) : QString()));
     }
 
@@ -150,9 +155,8 @@ private:
     bool decide(Job& job, const Document& document, Session& session, int& kept)
     {
         const QDomElement& element = job.subject.element;
-        QString problem;
-        const QString place = pictureFileOf(element, document, session.folders, problem);
-        if (m_missing && findsPicture(element, place)) {
+        const PicturePlace place = pictureFileOf(element, document, session.folders);
+        if (m_missing && findsPicture(element, place.file)) {
             ++kept;
             return false;
         }
@@ -160,10 +164,10 @@ private:
             return true;
         if (!m_output.isEmpty()) {
             job.file = outputFile(job.subject);
-            return true;
+            return isFree(job.file, m_output, session);
         }
-        if (!problem.isEmpty()) {
-            session.error(document.name(), job.subject.path + QLatin1String(": ") + problem);
+        if (!place.problem.isEmpty()) {
+            session.error(document.name(), job.subject.path + QLatin1String(": ") + place.problem);
             return false;
         }
         if (!element.attribute(QStringLiteral("xmlImage")).isEmpty()) {
@@ -176,13 +180,21 @@ private:
                                                                "decoded; --embed replaces it"));
             return false;
         }
-        if (m_taken.contains(place)) {
+        if (m_taken.contains(place.file)) {
             ++kept;
             return false;
         }
-        m_taken.insert(place);
-        job.file = place;
-        return true;
+        m_taken.insert(place.file);
+        job.file = place.file;
+        return isFree(job.file, place.folder, session);
+    }
+
+    static bool isFree(const QString& file, const QString& folder, Session& session)
+    {
+        const QString problem = linkInTheWay(file, folder);
+        if (!problem.isEmpty())
+            session.error(file, problem);
+        return problem.isEmpty();
     }
 
     QString outputFile(const Subject& subject)
@@ -234,10 +246,10 @@ private:
         return count;
     }
 
-    static bool write(const QByteArray& bytes, const QString& file)
+    bool write(const QByteArray& bytes, const QString& file)
     {
         const Uninterrupted writing;
-        return QDir().mkpath(QFileInfo(file).path()) && WriteFile(bytes, file);
+        return m_folders.makeFolder(QFileInfo(file).path()) && WriteFile(bytes, file);
     }
 
     static void save(const Document& document, Session& session)
@@ -254,6 +266,8 @@ private:
     QString m_output;
     drawing::Wish m_wish;
 
+    /// Folders that were made go again at the end if they stayed empty.
+    NewFiles m_folders;
     /// Files of this run, so that none is written twice.
     QSet<QString> m_taken;
     QJsonArray m_pictures;

@@ -97,6 +97,7 @@ public:
 
     int run(Session& session) override
     {
+        m_target.lock(m_file);
         const std::unique_ptr<Document> document = readOrFail(m_file, session);
         m_target.check(*document);
         ParamValues values;

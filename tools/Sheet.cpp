@@ -148,8 +148,7 @@ private:
         subjects += paletteSubjects(document);
         for (const Subject& subject : subjects) {
             Item item;
-            QString problem;
-            const QString file = pictureFileOf(subject.element, document, session.folders, problem);
+            const QString file = pictureFileOf(subject.element, document, session.folders).file;
             if (!m_drawn && findsPicture(subject.element, file)) {
                 item.embedded = subject.element.attribute(QStringLiteral("xmlImage"));
                 item.file = file;

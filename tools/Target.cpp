@@ -22,6 +22,12 @@ void Target::declare(Arguments& arguments)
     arguments.onlyOne({QStringLiteral("--output"), QStringLiteral("--in-place")});
 }
 
+void Target::lock(const QString& input)
+{
+    if (m_inPlace)
+        m_lock.take(input);
+}
+
 bool Target::isGiven() const
 {
     return m_inPlace || !m_output.isEmpty();
@@ -43,6 +49,9 @@ void Target::check(const Document& input) const
         throw Failure(QStringLiteral("say where to write: --output FILE or --in-place"));
     if (m_inPlace && input.isStandardInput())
         throw Failure(QStringLiteral("standard input cannot be written over: use --output"));
+    if (m_inPlace && input.isStream())
+        throw Failure(QStringLiteral("\"%1\" is no file that could be written over: use --output")
+                          .arg(input.name()));
     if (!m_inPlace && isSameFile(m_output, input.path())) {
         throw Failure(
             QStringLiteral("\"%1\" is the input: say --in-place to write over it").arg(m_output));

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "FileLock.h"
+
 #include <QString>
 
 namespace rvopen::tools {
@@ -16,6 +18,8 @@ class Session;
 class Target {
 public:
     void declare(Arguments& arguments);
+    /// Before an input that may be written over is read: from now on nobody else changes it.
+    void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
     void check(const Document& input) const;
     /// Empty for standard output.
@@ -29,6 +33,7 @@ public:
 private:
     QString m_output;
     bool m_inPlace = false;
+    FileLock m_lock;
 };
 
 } // namespace rvopen::tools

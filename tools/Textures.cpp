@@ -9,17 +9,21 @@
 #include "Interrupts.h"
 #include "NewFiles.h"
 #include "NodePath.h"
+#include "PictureFiles.h"
+#include "Pictures.h"
 #include "Session.h"
 #include "Target.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
+#include <QSet>
 
 #include <algorithm>
 
@@ -87,7 +91,7 @@ public:
 
     /// The files that could be meant: of that name, and of these those whose folders agree furthest
     /// with the reference. Of files with the same bytes only the first.
-    QStringList find(const QString& reference) const
+    QStringList find(const QString& reference)
     {
         QStringList best;
         int bestCount = -1;
@@ -99,13 +103,15 @@ public:
                 best << file;
             bestCount = std::max(bestCount, count);
         }
+        if (best.size() < 2)
+            return best;
         QStringList different;
+        QSet<QByteArray> known;
         for (const QString& file : best) {
-            const bool isKnown =
-                std::any_of(different.cbegin(), different.cend(),
-                            [&file](const QString& other) { return haveSameBytes(file, other); });
-            if (!isKnown)
+            const QByteArray content = digestOf(file);
+            if (content.isEmpty() || !known.contains(content))
                 different << file;
+            known.insert(content);
         }
         return different;
     }
@@ -127,7 +133,23 @@ private:
         return count;
     }
 
+    /// What the bytes of the file are told by; empty when it cannot be read. Each file is read
+    /// once, however many references could mean it.
+    QByteArray digestOf(const QString& path)
+    {
+        const auto known = m_digests.constFind(path);
+        if (known != m_digests.cend())
+            return *known;
+        QFile file(path);
+        QCryptographicHash hash(QCryptographicHash::Sha256);
+        const bool isRead = file.open(QIODevice::ReadOnly) && hash.addData(&file);
+        const QByteArray digest = isRead ? hash.result() : QByteArray();
+        m_digests.insert(path, digest);
+        return digest;
+    }
+
     QHash<QString, QStringList> m_files;
+    QHash<QString, QByteArray> m_digests;
 };
 
 class Textures : public Command {
@@ -155,8 +177,11 @@ public:
                          "of letters, and write a document that refers to it; may be repeated");
         arguments.option(
             "--collect", m_collect, "DIR",
-            "Copy the document and all that it refers to into this folder, and refer to "
+            "Copy the document and the images that it refers to into this folder, and refer to "
             "bare file names there");
+        arguments.flag("--everywhere", m_isEverywhere,
+                       "Collect also images that lie outside of the document's folder and those "
+                       "of the host");
         arguments.onlyOne({QStringLiteral("--relink"), QStringLiteral("--collect")});
         m_target.declare(arguments);
         arguments.example("rvopen textures --missing snapshots/product.xml",
@@ -224,9 +249,10 @@ private:
 
     int relink(Session& session)
     {
+        m_target.lock(m_files.first());
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         m_target.check(*document);
-        const FileIndex index(m_relink);
+        FileIndex index(m_relink);
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
@@ -289,10 +315,10 @@ private:
         QStringList lines;
         m_taken = {{LastPathComponent(copy).toLower(), QString()}};
         for (const Texture& texture : texturesOf(*document)) {
-            if (texture.file.isEmpty()) {
+            const QString problem = problemOf(texture, *document, session.folders);
+            if (!problem.isEmpty()) {
                 isIncomplete = true;
-                session.warning(document->name(),
-                                QStringLiteral("\"%1\" is not there").arg(texture.reference));
+                session.warning(document->name(), problem);
                 list.append(object(*document, texture, QString()));
                 continue;
             }
@@ -301,13 +327,34 @@ private:
             list.append(object(*document, texture, name));
             lines << texture.reference + QLatin1String(" -> ") + name;
         }
-        files.add(copy);
-        if (isInterrupted() || !WriteXmlDocument(document->dom(), copy, indentOf(document->kind())))
+        const QString text = XmlText(document->dom(), indentOf(document->kind()));
+        if (text.isNull() || !files.create(text.toUtf8(), copy))
             throw Failure(
                 QStringLiteral("\"%1\" could not be written; nothing was collected").arg(copy));
         files.keep();
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    /// What speaks against handing the file on: a document may come from anybody and name any file
+    /// of the machine. Empty when nothing does.
+    QString problemOf(const Texture& texture, const Document& document,
+                      const Folders& folders) const
+    {
+        if (texture.file.isEmpty())
+            return QStringLiteral("\"%1\" is not there").arg(texture.reference);
+        if (!QFileInfo(texture.file).isFile() || !isPictureFile(texture.file))
+            return QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
+        if (m_isEverywhere)
+            return QString();
+        for (const QString& folder : {document.folder(), folders.install, folders.archives,
+                                      folders.custom, folders.snapshots}) {
+            if (!folder.isEmpty() && isBelow(texture.file, folder))
+                return QString();
+        }
+        return QStringLiteral("\"%1\" lies outside of the document's folder and those of the "
+                              "host; --everywhere collects it too")
+            .arg(texture.file);
     }
 
     /// The name that the file has in the folder: its own, or with a number where that is taken by
@@ -345,6 +392,7 @@ private:
     bool m_missing = false;
     QStringList m_relink;
     QString m_collect;
+    bool m_isEverywhere = false;
     Target m_target;
     /// Names in lower case and the files in the folder that have them.
     QHash<QString, QString> m_taken;

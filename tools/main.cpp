@@ -14,7 +14,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstring>
-#include <iostream>
+#include <sstream>
 
 #if defined(_WIN32)
 #include <fcntl.h>
@@ -76,8 +76,21 @@ int generate(const CLI::App& app, const QString& what, Output& out)
     return ExitFine;
 }
 
+/// Qt would open another file than the one whose name is meant.
+void refuseOtherEncodings(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray bytes(argv[i]);
+        if (QString::fromUtf8(bytes).toUtf8() != bytes) {
+            throw Failure(QStringLiteral("\"%1\" is not UTF-8; rename the file to use it here")
+                              .arg(QString::fromUtf8(bytes)));
+        }
+    }
+}
+
 int run(int argc, char** argv)
 {
+    refuseOtherEncodings(argc, argv);
     const std::vector<std::unique_ptr<Command>> commands = allCommands();
     Session session;
     GlobalOptions options;
@@ -87,7 +100,10 @@ int run(int argc, char** argv)
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) {
-            app.exit(error);
+            std::ostringstream text;
+            app.exit(error, text, text);
+            session.out.text(QString::fromStdString(text.str()));
+            session.out.flush();
             return ExitFine;
         }
         return complain(QString::fromLocal8Bit(error.what()) +
@@ -104,7 +120,8 @@ int run(int argc, char** argv)
         session.out.flush();
         return code;
     }
-    std::cout << app.help();
+    session.out.text(QString::fromStdString(app.help()));
+    session.out.flush();
     return ExitFine;
 }
 

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "FileLock.h"
+
+#include "Failure.h"
+
+#include <rvopen/RVOpenPaths.h>
+
+#include <QFileInfo>
+
+namespace rvopen::tools {
+
+namespace {
+
+/// Milliseconds. No command needs that long for one document.
+constexpr int s_longestWait = 60000;
+
+} // namespace
+
+void FileLock::take(const QString& path)
+{
+    // All names of the file, links included, have the one lock.
+    const QString file = QFileInfo(PathToOpen(path)).canonicalFilePath();
+    if (file.isEmpty())
+        return;
+    m_lock = std::make_unique<QLockFile>(file + QLatin1String(".lock"));
+    // Only the end of the run that has it frees it.
+    m_lock->setStaleLockTime(0);
+    if (m_lock->tryLock(s_longestWait))
+        return;
+    if (m_lock->error() == QLockFile::LockFailedError)
+        throw Failure(QStringLiteral("another rvopen is changing \"%1\"").arg(path));
+    m_lock.reset();
+}
+
+} // namespace rvopen::tools
