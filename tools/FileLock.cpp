@@ -4,9 +4,11 @@
 #include "FileLock.h"
 
 #include "Failure.h"
+#include "Interrupts.h"
 
 #include <rvopen/RVOpenPaths.h>
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace rvopen::tools {
@@ -18,6 +20,14 @@ constexpr int s_longestWait = 60000;
 
 } // namespace
 
+FileLock::FileLock() = default;
+
+FileLock::~FileLock()
+{
+    if (m_lock)
+        removeAtInterrupt(QByteArray());
+}
+
 void FileLock::take(const QString& path)
 {
     // All names of the file, links included, have the one lock.
@@ -27,8 +37,11 @@ void FileLock::take(const QString& path)
     m_lock = std::make_unique<QLockFile>(file + QLatin1String(".lock"));
     // Only the end of the run that has it frees it.
     m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(s_longestWait))
+    const Uninterrupted locking;
+    if (m_lock->tryLock(s_longestWait)) {
+        removeAtInterrupt(QFile::encodeName(file + QLatin1String(".lock")));
         return;
+    }
     if (m_lock->error() == QLockFile::LockFailedError)
         throw Failure(QStringLiteral("another rvopen is changing \"%1\"").arg(path));
     m_lock.reset();

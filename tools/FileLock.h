@@ -15,6 +15,9 @@ namespace rvopen::tools {
 /// from it.
 class FileLock {
 public:
+    FileLock();
+    ~FileLock();
+
     /// Waits while another run has it; throws a Failure when that takes too long.
     void take(const QString& path);
 

@@ -5,9 +5,11 @@
 
 #include "Command.h"
 
+#include <array>
 #include <atomic>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <unistd.h>
@@ -19,6 +21,8 @@ namespace {
 
 std::atomic<int> s_depth{0};
 std::atomic<bool> s_interrupted{false};
+/// A handler of signals may read no string that the program is changing.
+std::array<char, 4096> s_litter{};
 
 [[noreturn]] void endNow()
 {
@@ -30,6 +34,8 @@ void onSignal(int)
     s_interrupted = true;
     if (s_depth == 0) {
 #if defined(__unix__) || defined(__APPLE__)
+        if (s_litter[0])
+            unlink(s_litter.data());
         const char message[] = "\nrvopen: interrupted\n";
         const auto written = write(STDERR_FILENO, message, sizeof message - 1);
         static_cast<void>(written);
@@ -63,6 +69,14 @@ void handleInterrupts()
 bool isInterrupted()
 {
     return s_interrupted;
+}
+
+void removeAtInterrupt(const QByteArray& path)
+{
+    const Uninterrupted changing;
+    s_litter[0] = '\0';
+    if (std::size_t(path.size()) < s_litter.size())
+        std::memcpy(s_litter.data(), path.constData(), std::size_t(path.size()) + 1);
 }
 
 Uninterrupted::Uninterrupted()

@@ -103,14 +103,14 @@ TEST_P(Faults, ImportLeavesItsInputsWhole)
         QStringLiteral("rvopen import from/a.xml b.xml -o out.xml"),
         [&target](const Workspace& workspace) {
             workspace.write(QStringLiteral("from/a.xml"), smallDocument());
-            workspace.write(QStringLiteral("from/icon_Gr\u00f6\u00dfe.jpg"), "picture");
+            workspace.write(QStringLiteral("from/icon_Gr\u00f6\u00dfe.jpg"), pictureOf("picture"));
             workspace.write(QStringLiteral("b.xml"), target);
         },
         [&target](const Workspace& workspace, const Outcome& run) {
             EXPECT_EQ(workspace.read(QStringLiteral("from/a.xml")), smallDocument());
             EXPECT_EQ(workspace.read(QStringLiteral("b.xml")), target);
             EXPECT_EQ(workspace.read(QStringLiteral("from/icon_Gr\u00f6\u00dfe.jpg")),
-                      QByteArray("picture"));
+                      pictureOf("picture"));
             if (run.code == 0) {
                 EXPECT_TRUE(workspace.exists(QStringLiteral("icon_Gr\u00f6\u00dfe.jpg")));
             }
@@ -131,16 +131,16 @@ TEST_P(Faults, CollectLeavesItsInputsWhole)
         QStringLiteral("rvopen textures --collect out a.xml"),
         [&xml](const Workspace& workspace) {
             workspace.write(QStringLiteral("a.xml"), xml);
-            workspace.write(QStringLiteral("x.png"), "picture");
+            workspace.write(QStringLiteral("x.png"), pictureOf("picture"));
         },
         [&xml](const Workspace& workspace, const Outcome& run) {
             EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), xml);
-            EXPECT_EQ(workspace.read(QStringLiteral("x.png")), QByteArray("picture"));
+            EXPECT_EQ(workspace.read(QStringLiteral("x.png")), pictureOf("picture"));
             if (run.code == 0) {
                 EXPECT_EQ(workspace.files().size(), 4);
             }
             if (workspace.exists(QStringLiteral("out/a.xml"))) {
-                EXPECT_EQ(workspace.read(QStringLiteral("out/x.png")), QByteArray("picture"));
+                EXPECT_EQ(workspace.read(QStringLiteral("out/x.png")), pictureOf("picture"));
             } else if (!kills()) {
                 EXPECT_FALSE(workspace.exists(QStringLiteral("out")));
             }

@@ -139,33 +139,33 @@ TEST_F(Import, TakesSelectedOnesOnly)
 
 TEST_F(Import, CopiesThumbnailsBesideTheOutput)
 {
-    workspace.write(QStringLiteral("from/icon_New.jpg"), "picture");
+    workspace.write(QStringLiteral("from/icon_New.jpg"), pictureOf("picture"));
     import({QStringLiteral("--skip"), QStringLiteral("--in-place")});
-    EXPECT_EQ(workspace.read(QStringLiteral("icon_New.jpg")), QByteArray("picture"));
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_New.jpg")), pictureOf("picture"));
 }
 
 TEST_F(Import, CopiesThumbnailsIntoTheFolderOfTheHost)
 {
-    workspace.write(QStringLiteral("from/icon_Changed.jpg"), "picture");
-    workspace.write(QStringLiteral("pictures/icon_Changed.jpg"), "old");
+    workspace.write(QStringLiteral("from/icon_Changed.jpg"), pictureOf("picture"));
+    workspace.write(QStringLiteral("pictures/icon_Changed.jpg"), pictureOf("old"));
     import({QStringLiteral("--rename"), QStringLiteral("--snapshots"), QStringLiteral("pictures"),
             QStringLiteral("--in-place")});
     EXPECT_EQ(workspace.read(QStringLiteral("pictures/icon_Changed (2).jpg")),
-              QByteArray("picture"));
-    EXPECT_EQ(workspace.read(QStringLiteral("pictures/icon_Changed.jpg")), QByteArray("old"));
+              pictureOf("picture"));
+    EXPECT_EQ(workspace.read(QStringLiteral("pictures/icon_Changed.jpg")), pictureOf("old"));
 }
 
 TEST_F(Import, ReplacesTheThumbnailOfWhatIsReplaced)
 {
-    workspace.write(QStringLiteral("from/icon_Changed.jpg"), "picture");
-    workspace.write(QStringLiteral("icon_Changed.jpg"), "old");
+    workspace.write(QStringLiteral("from/icon_Changed.jpg"), pictureOf("picture"));
+    workspace.write(QStringLiteral("icon_Changed.jpg"), pictureOf("old"));
     import({QStringLiteral("--replace"), QStringLiteral("--in-place")});
-    EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg")), QByteArray("picture"));
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg")), pictureOf("picture"));
 }
 
 TEST_F(Import, ThatCannotBeWrittenLeavesEverythingAsItWas)
 {
-    workspace.write(QStringLiteral("from/icon_New.jpg"), "picture");
+    workspace.write(QStringLiteral("from/icon_New.jpg"), pictureOf("picture"));
     QByteArray large = snapShots(snapShot("New", "1") + snapShot(QByteArray(300000, 'x'), "1"));
     workspace.write(QStringLiteral("from/source.xml"), large);
     const QStringList before = workspace.files();

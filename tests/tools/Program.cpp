@@ -119,6 +119,11 @@ Outcome Workspace::start(const QString& program, const QStringList& arguments,
     return result;
 }
 
+QByteArray pictureOf(const QByteArray& pixels)
+{
+    return "P5\n" + QByteArray::number(int(pixels.size())) + " 1\n255\n" + pixels;
+}
+
 ::testing::AssertionResult isOfSchema(const Outcome& run, const QString& schema)
 {
     QTemporaryDir folder;

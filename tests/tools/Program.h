@@ -75,6 +75,10 @@ private:
     QTemporaryDir m_folder;
 };
 
+/// A picture file of one line of pixels, whose grey values are these bytes: short to write, and
+/// told apart from others at a look.
+QByteArray pictureOf(const QByteArray& pixels);
+
 /// Whether the text that a run printed is of the shape that is documented for it.
 ::testing::AssertionResult isOfSchema(const Outcome& run, const QString& schema);
 

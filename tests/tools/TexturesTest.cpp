@@ -124,16 +124,16 @@ TEST(Textures, RelinkDoesNotGuess)
 TEST(Textures, CollectCopiesTheDocumentAndAllOfIt)
 {
     const Workspace workspace;
-    workspace.write(QStringLiteral("maps/one.png"), "one");
-    workspace.write(QStringLiteral("maps/zwei größer.png"), "two");
+    workspace.write(QStringLiteral("maps/one.png"), pictureOf("one"));
+    workspace.write(QStringLiteral("maps/zwei größer.png"), pictureOf("two"));
     const QByteArray xml =
         referringTo({QStringLiteral("maps\\one.png"), QStringLiteral("maps/zwei größer.png")});
     workspace.write(QStringLiteral("a.xml"), xml);
     const Outcome run = textures(workspace, {QStringLiteral("--collect"),
                                              QStringLiteral("out/deep"), QStringLiteral("a.xml")});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
-    EXPECT_EQ(workspace.read(QStringLiteral("out/deep/one.png")), QByteArray("one"));
-    EXPECT_EQ(workspace.read(QStringLiteral("out/deep/zwei größer.png")), QByteArray("two"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/deep/one.png")), pictureOf("one"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/deep/zwei größer.png")), pictureOf("two"));
     EXPECT_EQ(references(workspace, QStringLiteral("out/deep/a.xml")),
               QStringList({QStringLiteral("one.png"), QStringLiteral("zwei größer.png")}));
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), xml);
@@ -142,9 +142,9 @@ TEST(Textures, CollectCopiesTheDocumentAndAllOfIt)
 TEST(Textures, CollectKeepsDifferentFilesOfOneNameApart)
 {
     const Workspace workspace;
-    workspace.write(QStringLiteral("x/a.png"), "x");
-    workspace.write(QStringLiteral("y/A.png"), "y");
-    workspace.write(QStringLiteral("z/a.png"), "x");
+    workspace.write(QStringLiteral("x/a.png"), pictureOf("x"));
+    workspace.write(QStringLiteral("y/A.png"), pictureOf("y"));
+    workspace.write(QStringLiteral("z/a.png"), pictureOf("x"));
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("x/a.png"), QStringLiteral("y/A.png"),
                                  QStringLiteral("z/a.png")}));
@@ -152,23 +152,23 @@ TEST(Textures, CollectKeepsDifferentFilesOfOneNameApart)
              {QStringLiteral("--collect"), QStringLiteral("out"), QStringLiteral("a.xml")});
     EXPECT_EQ(references(workspace, QStringLiteral("out/a.xml")),
               QStringList({QStringLiteral("a.png"), QStringLiteral("A (2).png")}));
-    EXPECT_EQ(workspace.read(QStringLiteral("out/A (2).png")), QByteArray("y"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/A (2).png")), pictureOf("y"));
 }
 
 TEST(Textures, CollectOverwritesNothing)
 {
     const Workspace workspace;
-    workspace.write(QStringLiteral("x/a.png"), "new");
-    workspace.write(QStringLiteral("out/a.png"), "old");
+    workspace.write(QStringLiteral("x/a.png"), pictureOf("new"));
+    workspace.write(QStringLiteral("out/a.png"), pictureOf("old"));
     workspace.write(QStringLiteral("secret"), "secret");
     QFile::link(workspace.path(QStringLiteral("secret")),
                 workspace.path(QStringLiteral("out/a (2).png")));
     workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("x/a.png")}));
     textures(workspace,
              {QStringLiteral("--collect"), QStringLiteral("out"), QStringLiteral("a.xml")});
-    EXPECT_EQ(workspace.read(QStringLiteral("out/a.png")), QByteArray("old"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a.png")), pictureOf("old"));
     EXPECT_EQ(workspace.read(QStringLiteral("secret")), QByteArray("secret"));
-    EXPECT_EQ(workspace.read(QStringLiteral("out/a (3).png")), QByteArray("new"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a (3).png")), pictureOf("new"));
 }
 
 TEST(Textures, CollectDoesNotTakeTheDocumentsOwnFolder)
@@ -197,8 +197,8 @@ TEST(Textures, CollectLeavesOutWhatIsMissing)
 TEST(Textures, CollectDoesAllOrNothing)
 {
     const Workspace workspace;
-    workspace.write(QStringLiteral("small.png"), "small");
-    workspace.write(QStringLiteral("large.png"), QByteArray(200000, 'x'));
+    workspace.write(QStringLiteral("small.png"), pictureOf("small"));
+    workspace.write(QStringLiteral("large.png"), "P5\n500 400\n255\n" + QByteArray(200000, 'x'));
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("small.png"), QStringLiteral("large.png")}));
     const QStringList before = workspace.files();
