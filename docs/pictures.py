@@ -26,12 +26,13 @@ TERMINAL = DOCS / "images" / "terminal.svg"
 LAYERS = {
     "Text and files": """
         xml/DomParser xml/DomWriter xml/TextDecoding xml/XmlCharacters xml/XmlGuard xml/XmlScanner
-        xml/XmlScannerDocumentType files/AtomicWrite files/PlatformRename files/PlatformRenameQt
+        xml/XmlScannerDocumentType files/AtomicWrite files/Containment files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",
     "Nodes": """
-        RVOpenNode RVOpenSchema ParamHelper model/NodeAccess model/NodeCast model/Population""",
+        RVOpenNode RVOpenSchema RVOpenView ParamHelper model/Binding model/NodeAccess model/NodeCast
+        model/Population model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -42,7 +43,9 @@ LAYERS = {
         AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
         RenderTarget RenderTargets""",
     "Pictures and textures": "XMLUtils model/TextureReferences",
-    "Manager": "RVOpenManager",
+    "Manager": """
+        RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
+        manager/SnapShotDocument manager/SnapShotNames""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

@@ -33,6 +33,24 @@ bool isInChain(const RVOpenNode* owner, const RVOpenNode* wanted)
     return node != nullptr;
 }
 
+/// The node whose chain of children the material is in, or null. A detached node keeps its parent
+/// link, but its element stands nowhere, and that parent may be gone.
+RVOpenNode* chainOwner(const Material* material)
+{
+    RVOpenNode* const parent =
+        material->GetDomNode().parentNode().isNull() ? nullptr : material->GetParent();
+    return parent && isInChain(parent, material) ? parent : nullptr;
+}
+
+/// Takes the material out of the chain that it is in, and from what a walk made behind it.
+void unlink(Material* material)
+{
+    if (RVOpenNode* const owner = chainOwner(material))
+        NodeAccess::unlink(owner, material);
+    else
+        material->SetNext(nullptr);
+}
+
 /// A copy for \p target to take over; null where the target can take none.
 template <typename Component>
 Component* cloneFor(Material* target, Component* source)
@@ -124,10 +142,12 @@ void MaterialRepository::AddMaterial(Material* material)
         return;
     if (!GetChild(0, 0))
         Populate();
+    if (RVOpenNode* const owner = chainOwner(material))
+        NodeAccess::unlink(owner, material);
+    // The end is looked for without the element, which would get a second object otherwise.
+    const QDomNode element = material->GetDomNode();
+    element.parentNode().removeChild(element);
     RVOpenNode* const last = NodeAccess::lastChild(this);
-    // What is in the chain is the last of it or has a next one.
-    if (material == last || (NodeAccess::next(material) && isInChain(this, material)))
-        return;
     material->SetParent(this);
     NodeAccess::linkLast(this, last, material);
 }
@@ -136,17 +156,14 @@ void MaterialRepository::RemoveMaterial(Material* material)
 {
     if (!material)
         return;
-    RVOpenNode* const first = GetChild(0, 0);
-    RVOpenNode* const rest =
-        first == material && !material->GetNext() ? material->GetNext(0) : nullptr;
-    if (first && !rest) {
-        NodeAccess::unlink(this, material);
-    } else {
+    const bool isFirst = GetChild(0, 0) == material;
+    RVOpenNode* const rest = isFirst && !material->GetNext() ? material->GetNext(0) : nullptr;
+    if (rest) {
         material->SetNext(nullptr);
-        if (rest) {
-            NodeAccess::setFirstChild(this, nullptr);
-            NodeAccess::dropView(rest);
-        }
+        NodeAccess::setFirstChild(this, nullptr);
+        NodeAccess::dropView(rest);
+    } else {
+        unlink(material);
     }
     delete material;
 }

@@ -6,6 +6,7 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
+#include <rvopen/files/Containment.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/ValueText.h>
@@ -43,6 +44,7 @@ struct Materialising {
 thread_local ChainTeardown* t_teardown = nullptr;
 thread_local const Materialising* t_materialising = nullptr;
 thread_local bool t_droppingView = false;
+thread_local bool t_archivesStayClosed = false;
 
 RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
 {
@@ -130,6 +132,17 @@ void NodeAccess::dropView(RVOpenNode* node)
 bool NodeAccess::isDroppingView()
 {
     return t_droppingView;
+}
+
+ArchivesStayClosed::ArchivesStayClosed()
+    : m_outer(t_archivesStayClosed)
+{
+    t_archivesStayClosed = true;
+}
+
+ArchivesStayClosed::~ArchivesStayClosed()
+{
+    t_archivesStayClosed = m_outer;
 }
 
 RVOpenNode::RVOpenNode()
@@ -349,7 +362,10 @@ void RVOpenNode::DeleteNode(RVOpenNode* child)
     if (!child)
         return;
     DetachNode(child, true);
-    disposeDetached(child);
+    const QString archive = child->GetArchiveFilename();
+    if (!archive.isEmpty() && child->isArchiveInPlace())
+        GetDirectoryHandler()->RemoveArchive(archive);
+    delete child;
 }
 
 void RVOpenNode::ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild)
@@ -622,16 +638,19 @@ RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
 {
     if (attribute(names::attribute::archiveFilename()).isEmpty())
         return {};
-    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(GetArchiveFilename())
-                                     : nullptr};
+    if (!isArchiveInPlace())
+        return {true, nullptr};
+    const QString file = GetArchiveFilename();
+    return {true, t_archivesStayClosed ? GetDirectoryHandler()->openArchive(file)
+                                       : GetDirectoryHandler()->LoadArchive(file)};
 }
 
 bool RVOpenNode::isArchiveInPlace() const
 {
-    return !GetDirectoryHandler()
-                ->GetFolder(attribute(names::attribute::archiveType()))
-                .isEmpty() &&
-           StaysInside(GetPath()) && StaysInside(GetShortArchiveFilename());
+    const QString folder =
+        GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
+    return !folder.isEmpty() && StaysInside(GetPath()) && StaysInside(GetShortArchiveFilename()) &&
+           liesBelow(GetArchiveFilename(), folder);
 }
 
 RVOpenNode* RVOpenNode::materialiseNext()
@@ -851,18 +870,9 @@ void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
             continue;
         detachHere(oldChild);
         insertHere(newChild, position);
-        // Last, since it may delete the archive that this node belongs to.
-        disposeDetached(oldChild);
+        delete oldChild;
         return;
     }
-}
-
-void RVOpenNode::disposeDetached(RVOpenNode* child)
-{
-    const QString archive = child->GetArchiveFilename();
-    if (!archive.isEmpty() && child->isArchiveInPlace())
-        GetDirectoryHandler()->RemoveArchive(archive);
-    delete child;
 }
 
 void RVOpenNode::rebindSubtree(const QDomNode& copy)

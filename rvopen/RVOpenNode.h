@@ -34,8 +34,10 @@ namespace rvopen {
 /// root of an archive file; asking for children, adding, inserting, detaching, deleting and
 /// replacing children act on the root node of that archive, which is opened on demand. A document
 /// reaches archives in the folder of their type only: a reference whose "path" or "archiveFilename"
-/// leads out of it with "..", or whose type has no folder, stands for an archive that cannot be
-/// opened, and deleting it deletes no file.
+/// leads out of it, with ".." or by a link on the way, or whose type has no folder, stands for an
+/// archive that cannot be opened, and deleting it deletes no file. The file of an archive is
+/// deleted by DeleteNode() on the reference and by DirectoryHandler::RemoveArchive(), and by
+/// nothing else: what a setter, a load or a clear removes or replaces leaves it.
 class RVOPEN_EXPORT RVOpenNode : public ORVBase {
 public:
     /// Border drawn around a preview; any other number is kept as it is.
@@ -116,11 +118,13 @@ public:
     /// link is cleared, its parent link stays. A node that is not a child ends up bound to nothing.
     /// The children of an archive reference are the archive's whatever \p followArchive says.
     void DetachNode(RVOpenNode* child, bool followArchive);
-    /// Detaches and deletes \p child. Where the child is an archive reference whose archive is
-    /// open, that archive's file is deleted from disk and its nodes with it.
+    /// Detaches and deletes \p child. Where the child itself is an archive reference whose archive
+    /// is open, that archive's file is deleted from disk and its nodes with it; what lies deeper in
+    /// the child keeps its files.
     void DeleteNode(RVOpenNode* child);
     /// Deletes \p oldChild and puts \p newChild, which it takes over, at its position. Nothing
-    /// happens when either is null or \p oldChild is not among the children already made.
+    /// happens when either is null or \p oldChild is not among the children already made. The
+    /// archive that \p oldChild stands for keeps its file and stays open.
     void ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild);
     /// @}
 
@@ -247,7 +251,6 @@ private:
     void placeElement(RVOpenNode* child, RVOpenNode* parent, int index);
     void detachHere(RVOpenNode* node);
     void replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild);
-    static void disposeDetached(RVOpenNode* child);
     void rebindSubtree(const QDomNode& copy);
     void holdDocument();
     void removeElement();

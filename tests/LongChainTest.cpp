@@ -242,11 +242,12 @@ struct LongPalette {
     }
 };
 
-TEST(LongChain, MaterialThatIsInThePaletteIsNotAddedAgain)
+TEST(LongChain, MaterialThatIsInThePaletteMovesToItsEnd)
 {
     LongPalette materials;
     materials.palette->AddMaterial(materials.palette->GetMaterial(numbered(50)));
-    EXPECT_EQ(materials.linkNames(), numbers(0, Length));
+    EXPECT_EQ(materials.linkNames(),
+              numbers(0, 50) + numbers(51, Length) + QStringList(numbered(50)));
 }
 
 TEST(LongChain, LastMaterialOfThePaletteIsNotAddedAgain)

@@ -1459,10 +1459,12 @@ TEST_F(OpenArchive, IsRemovedWithItsFileWhenTheReferenceIsDeleted)
     EXPECT_EQ(m_tree.names(), QStringList());
 }
 
-TEST_F(OpenArchive, IsRemovedWithItsFileWhenTheReferenceIsReplaced)
+TEST_F(OpenArchive, StaysOpenWithItsFileWhenTheReferenceIsReplaced)
 {
+    RVOpenNode* const before = archive();
     m_tree.root->ReplaceNode(m_item, m_tree.free().release());
-    EXPECT_FALSE(QFile::exists(m_fileName));
+    EXPECT_TRUE(QFile::exists(m_fileName));
+    EXPECT_EQ(archive(), before);
     EXPECT_EQ(m_tree.names(), QStringList("new"));
 }
 

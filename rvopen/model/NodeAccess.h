@@ -46,6 +46,13 @@ struct NodeAccess {
     {
         node->detachHere(child);
     }
+    /// Takes a child of the node, or of the archive that it stands for, out and deletes it with its
+    /// element. The file of an archive that the child itself stands for stays.
+    static void removeChild(RVOpenNode* node, RVOpenNode* child)
+    {
+        node->DetachNode(child, true);
+        delete child;
+    }
     /// The node whose chain holds the children: the node itself, or the root of the archive that it
     /// stands for; null when that archive cannot be opened.
     static RVOpenNode* childOwner(RVOpenNode* node);
@@ -57,9 +64,14 @@ struct NodeAccess {
 
     /// A new object of the class that stands for the node: RVOpenSchema::createNode().
     static RVOpenNode* make(const QDomNode& node);
+    /// What is known to be an element need not be asked whether it is one.
     static void bind(RVOpenNode* node, const QDomElement& element)
     {
         node->bind(element, element);
+    }
+    static void bind(RVOpenNode* object, const QDomNode& node)
+    {
+        object->SetDomNode(node);
     }
 
     /// Attributes by the names of Names.h.
@@ -79,27 +91,17 @@ struct NodeAccess {
     static bool isDroppingView();
 };
 
-/// A view for the time of a scope: dropped at its end, with every element left in place.
-class ScopedView {
+/// For as long as it lives, archive references reach the archives that are open already: none is
+/// opened on demand.
+class ArchivesStayClosed {
 public:
-    explicit ScopedView(RVOpenNode* node)
-        : m_node(node)
-    {
-    }
-    ~ScopedView()
-    {
-        NodeAccess::dropView(m_node);
-    }
-    ScopedView(const ScopedView&) = delete;
-    ScopedView& operator=(const ScopedView&) = delete;
-
-    RVOpenNode* get() const
-    {
-        return m_node;
-    }
+    ArchivesStayClosed();
+    ~ArchivesStayClosed();
+    ArchivesStayClosed(const ArchivesStayClosed&) = delete;
+    ArchivesStayClosed& operator=(const ArchivesStayClosed&) = delete;
 
 private:
-    RVOpenNode* m_node;
+    bool m_outer;
 };
 
 } // namespace rvopen

@@ -50,6 +50,18 @@ unsigned int onParam(RVOpenNode* node, names::Name name, Operation operation,
     return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
 }
 
+/// As onParam() with a typed getter, for parameters that older documents lack: where it cannot be
+/// read, the output, unless it is null, gets what its absence means.
+template <typename Getter, typename Value>
+unsigned int onParamOrDefault(RVOpenNode* node, names::Name name, Getter getter, Value* out,
+                              Value whenAbsent)
+{
+    const unsigned int status = onParam(node, name, getter, out);
+    if (status != StatusOk && out)
+        *out = whenAbsent;
+    return status;
+}
+
 /// As onParam(), creating the parameter first when there is none.
 /// StatusMissing when it cannot be created.
 template <typename Operation, typename... Arguments>
