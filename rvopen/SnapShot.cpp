@@ -18,6 +18,7 @@
 #include <rvopen/Scheme.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -35,29 +36,9 @@ namespace rvopen {
 namespace {
 
 template <typename Component>
-Component* bindTo(const QDomNode& node)
-{
-    if constexpr (std::is_constructible_v<Component, QDomNode>) {
-        return new Component(node);
-    } else {
-        auto* const component = new Component(nullptr);
-        if (component)
-            component->SetDomNode(node);
-        return component;
-    }
-}
-
-template <typename Component>
-Component* create(const RVOpenNode* owner, names::Name name)
-{
-    QDomDocument document = owner->GetDomNode().ownerDocument();
-    return bindTo<Component>(document.createElement(name()));
-}
-
-template <typename Component>
 Component* createWithParams(const RVOpenNode* owner, names::Name name)
 {
-    auto* const component = create<Component>(owner, name);
+    auto* const component = newElement<Component>(owner, name);
     if (component)
         component->PopulateParams();
     return component;
@@ -66,8 +47,7 @@ Component* createWithParams(const RVOpenNode* owner, names::Name name)
 template <typename Component>
 Component* cloneOrCreate(const RVOpenNode* owner, names::Name name, Component* source)
 {
-    return source ? new Component(static_cast<RVOpenNode*>(source))
-                  : createWithParams<Component>(owner, name);
+    return source ? cloneOf(source) : createWithParams<Component>(owner, name);
 }
 
 /// What a component needs after it was bound to an element of a document.
@@ -137,7 +117,7 @@ struct SnapShot::Components {
                               Prepare prepare)
     {
         // The copy comes first: the source may be the component held.
-        auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
+        auto* const copy = cloneOf(source);
         if (copy)
             prepare(*copy);
         return source && !copy ? nullptr : replace(snapShot, held, copy);
@@ -146,7 +126,7 @@ struct SnapShot::Components {
     template <typename Component>
     static Component* getOrCreate(SnapShot* snapShot, Component*& held, names::Name name)
     {
-        return held ? held : replace(snapShot, held, create<Component>(snapShot, name));
+        return held ? held : replace(snapShot, held, newElement<Component>(snapShot, name));
     }
 
     /// Makes the object of a component's element, unless the one held is that already.
@@ -155,7 +135,7 @@ struct SnapShot::Components {
     {
         Component*& held = snapShot->*member;
         if (!held || held->GetDomNode() != node) {
-            Component* const made = bindTo<Component>(node);
+            Component* const made = newBound<Component>(node);
             if (!made)
                 return;
             NodeAccess::dropView(held);
