@@ -31,7 +31,8 @@ LAYERS = {
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",
     "Nodes": """
-        RVOpenNode RVOpenSchema ParamHelper model/NodeAccess model/NodeCast model/Population""",
+        RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema ParamHelper model/LookUp
+        model/NodeAccess model/NodeCast model/Population""",
     "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -40,7 +41,7 @@ LAYERS = {
     "Snapshots": """
         SnapShot SnapShots SnapShotSettings Scenery Background Foreground Camera Lens AspectRatio
         AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
-        RenderTarget RenderTargets""",
+        RenderTarget RenderTargets model/SnapShotComponents""",
     "Pictures and textures": "XMLUtils model/TextureReferences",
     "Manager": "RVOpenManager",
 }

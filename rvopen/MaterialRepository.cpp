@@ -140,7 +140,7 @@ void MaterialRepository::RemoveMaterial(Material* material)
     RVOpenNode* const rest =
         first == material && !material->GetNext() ? material->GetNext(0) : nullptr;
     if (first && !rest) {
-        NodeAccess::unlink(this, material);
+        NodeAccess::unlink(material);
     } else {
         material->SetNext(nullptr);
         if (rest) {
