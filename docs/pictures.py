@@ -31,8 +31,9 @@ LAYERS = {
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",
     "Nodes": """
-        RVOpenNode RVOpenSchema RVOpenView ParamHelper model/Binding model/NodeAccess model/NodeCast
-        model/Population model/UnitsScale""",
+        RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
+        model/Binding model/LookUp model/NodeAccess model/NodeCast model/Population
+        model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -41,7 +42,7 @@ LAYERS = {
     "Snapshots": """
         SnapShot SnapShots SnapShotSettings Scenery Background Foreground Camera Lens AspectRatio
         AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
-        RenderTarget RenderTargets""",
+        RenderTarget RenderTargets model/SnapShotComponents""",
     "Pictures and textures": "XMLUtils model/TextureReferences",
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired

@@ -23,7 +23,7 @@ Material::Material(RVOpenNode* source)
 
 Material::~Material()
 {
-    if (!NodeAccess::isDroppingView())
+    if (!NodeAccess::leavesDocument(this))
         removeOwnChild(this, names::element::material);
 }
 

@@ -25,32 +25,6 @@ void setFlag(int* flag, int value)
         *flag = value;
 }
 
-bool isInChain(const RVOpenNode* owner, const RVOpenNode* wanted)
-{
-    const RVOpenNode* node = NodeAccess::firstChild(owner);
-    while (node && node != wanted)
-        node = NodeAccess::next(node);
-    return node != nullptr;
-}
-
-/// The node whose chain of children the material is in, or null. A detached node keeps its parent
-/// link, but its element stands nowhere, and that parent may be gone.
-RVOpenNode* chainOwner(const Material* material)
-{
-    RVOpenNode* const parent =
-        material->GetDomNode().parentNode().isNull() ? nullptr : material->GetParent();
-    return parent && isInChain(parent, material) ? parent : nullptr;
-}
-
-/// Takes the material out of the chain that it is in, and from what a walk made behind it.
-void unlink(Material* material)
-{
-    if (RVOpenNode* const owner = chainOwner(material))
-        NodeAccess::unlink(owner, material);
-    else
-        material->SetNext(nullptr);
-}
-
 /// A copy for \p target to take over; null where the target can take none.
 template <typename Component>
 Component* cloneFor(Material* target, Component* source)
@@ -138,15 +112,12 @@ Material* MaterialRepository::CreateMaterial()
 
 void MaterialRepository::AddMaterial(Material* material)
 {
-    if (!material)
+    if (!material || !NodeAccess::canTake(this, material))
         return;
     if (!GetChild(0, 0))
         Populate();
-    if (RVOpenNode* const owner = chainOwner(material))
-        NodeAccess::unlink(owner, material);
     // The end is looked for without the element, which would get a second object otherwise.
-    const QDomNode element = material->GetDomNode();
-    element.parentNode().removeChild(element);
+    NodeAccess::withdraw(material);
     RVOpenNode* const last = NodeAccess::lastChild(this);
     material->SetParent(this);
     NodeAccess::linkLast(this, last, material);
@@ -163,7 +134,7 @@ void MaterialRepository::RemoveMaterial(Material* material)
         NodeAccess::setFirstChild(this, nullptr);
         NodeAccess::dropView(rest);
     } else {
-        unlink(material);
+        NodeAccess::unlink(material);
     }
     delete material;
 }

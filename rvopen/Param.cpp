@@ -4,9 +4,9 @@
 #include <rvopen/Param.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/NodeCast.h>
 #include <rvopen/model/UnitsScale.h>
 #include <rvopen/model/ValueText.h>
 
@@ -37,7 +37,7 @@ void Param::SetDomNode(QDomNode node)
 
 Param* Param::GetNext()
 {
-    return nodeCast<Param>(GetNext(0));
+    return paramFrom<Param>(GetNext(0));
 }
 
 int Param::IsFloat() const

@@ -35,7 +35,8 @@ public:
     virtual void SetDomNode(QDomNode node);
 
     using RVOpenNode::GetNext;
-    /// The next sibling if its object exists already and is a parameter, else null.
+    /// The next sibling that no look-up of ParamHelper steps over, if its object exists already and
+    /// is a parameter, else null.
     Param* GetNext();
 
     /// \name Type and properties

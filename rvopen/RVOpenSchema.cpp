@@ -148,6 +148,24 @@ RVOpenNode* NodeAccess::make(const QDomNode& node)
     return newBound<RVOpenNode>(node);
 }
 
+void NodeAccess::restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* previous,
+                             const QDomNode& element)
+{
+    // Collections and snapshots make objects of classes of their own choice.
+    if (auto* const snapShot = owner ? nullptr : nodeCast<SnapShot>(holder))
+        snapShot->Populate();
+    else if (auto* const palette = nodeCast<MaterialRepository>(owner))
+        palette->Populate();
+    else if (auto* const targets = nodeCast<RenderTargets>(owner))
+        targets->Populate();
+    else if (auto* const snapShots = nodeCast<SnapShots>(owner))
+        snapShots->Populate();
+    else if (RVOpenNode* const made = owner || previous ? make(element) : nullptr) {
+        made->showParent(owner);
+        link(owner, previous, made);
+    }
+}
+
 RVOpenNode* RVOpenSchema::createNode(QDomNode node)
 {
     return NodeAccess::make(node);
