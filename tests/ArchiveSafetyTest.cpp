@@ -265,10 +265,10 @@ TEST_P(ArchiveSafetyTest, LeavesTheFileOfAnOpenArchiveAndTheArchiveOpen)
     ASSERT_NE(archive, nullptr);
     GetParam().run(parse(GetParam().xml));
 
-    EXPECT_EQ(readFile(m_file), s_mine);
+    ASSERT_EQ(readFile(m_file), s_mine);
     // A file of other content would be read now if the archive were not open.
     writeFile(m_file, "<other/>");
-    EXPECT_EQ(GetDirectoryHandler()->LoadArchive(m_file), archive);
+    ASSERT_EQ(GetDirectoryHandler()->LoadArchive(m_file), archive);
     EXPECT_EQ(archive->GetNodeName(), "presets");
 }
 
