@@ -25,8 +25,10 @@ TERMINAL = DOCS / "images" / "terminal.svg"
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
     "Text and files": """
-        xml/DomParser xml/DomWriter xml/TextDecoding xml/XmlCharacters xml/XmlGuard xml/XmlScanner
-        xml/XmlScannerDocumentType files/AtomicWrite files/PlatformRename files/PlatformRenameQt
+        xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText xml/NamespaceScope
+        xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences xml/XmlScanner
+        xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
+        files/AtomicWrite files/DocumentFiles files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",

@@ -14,11 +14,11 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/XMLUtils.h>
 #include <rvopen/files/AtomicWrite.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/TextureReferences.h>
 #include <rvopen/model/ValueText.h>
-#include <rvopen/xml/DomParser.h>
 #include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
