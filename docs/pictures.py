@@ -25,8 +25,10 @@ TERMINAL = DOCS / "images" / "terminal.svg"
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
     "Text and files": """
-        xml/DomParser xml/DomWriter xml/TextDecoding xml/XmlCharacters xml/XmlGuard xml/XmlScanner
-        xml/XmlScannerDocumentType files/AtomicWrite files/Containment files/PlatformRename files/PlatformRenameQt
+        xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText xml/NamespaceScope
+        xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences xml/XmlScanner
+        xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
+        files/AtomicWrite files/Containment files/DocumentFiles files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",
@@ -56,6 +58,7 @@ UPWARDS = {
     ("RVOpenSchema", "Parameters"): "the factory makes objects of every class",
     ("ParamHelper", "Parameters"): "the list makes the parameters that it holds",
     ("RVOpenNode", "Archive registry"): "a node that stands for an archive opens it",
+    ("RVOpenNodeAttributes", "Archive registry"): "a reference names the folder of its archive",
     ("SnapShot", "Pictures and textures"): "the files of a snapshot have safe names",
 }
 

@@ -5,10 +5,9 @@
 
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
-#include <rvopen/xml/DomParser.h>
-#include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
 #include <QFile>

@@ -7,13 +7,13 @@
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/SnapShot.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/manager/ImportedDocument.h>
 #include <rvopen/manager/PresetArchives.h>
 #include <rvopen/manager/SnapShotDocument.h>
 #include <rvopen/manager/SnapShotNames.h>
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/TextureReferences.h>
-#include <rvopen/xml/DomParser.h>
 #include <rvopen/xml/DomWriter.h>
 
 namespace rvopen {

@@ -34,9 +34,10 @@ class SnapShot;
 /// What is said here to go with the manager goes with the last of them.
 ///
 /// Text: whatever writes a document, as a string or to a file, here and in the other classes,
-/// writes what QDomDocument::toString() gives, with two differences. The attributes of an element
-/// stand in the order of their names, so that the same document gives the same bytes each time. And
-/// the text loads again: a character that XML forbids is written as U+FFFD, one that XML allows in
+/// writes what QDomDocument::toString() gives, with three differences. The attributes of an element
+/// stand in the order of their names, so that the same document gives the same bytes each time.
+/// Namespaces are declared once, and indentation is no part of any text. And the text loads again:
+/// a character that XML forbids is written as U+FFFD, one that XML allows in
 /// no name by its code as in "_x0020_"; what would end a CDATA section, comment or processing
 /// instruction early is broken up; a prefix that nothing declares gets a declaration.
 ///

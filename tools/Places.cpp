@@ -10,6 +10,7 @@
 #include <rvopen/RVOpenPaths.h>
 
 #include <QFile>
+#include <QTextStream>
 
 #include <cstring>
 
@@ -17,7 +18,7 @@ namespace rvopen::tools {
 
 namespace {
 
-/// The start tags of a well-formed text in UTF-8, one after the other.
+/// The start tags of a document's text in UTF-8, one after the other.
 class StartTags {
 public:
     explicit StartTags(const QByteArray& bytes)
@@ -32,8 +33,7 @@ public:
         }
     }
 
-    /// False at the end.
-    bool next()
+    void next()
     {
         while (m_at < m_end) {
             const auto* const open =
@@ -48,17 +48,16 @@ public:
             else if (startsWith("<?"))
                 skipPast("?>");
             else if (startsWith("<!"))
-                skipDoctype();
+                skipTag();
             else if (startsWith("</"))
                 skipPast(">");
             else {
                 count(open);
                 skipTag();
-                return true;
+                return;
             }
         }
         m_at = m_end;
-        return false;
     }
 
     int line() const
@@ -101,29 +100,6 @@ private:
         m_at = m_at < m_end ? m_at + 1 : m_end;
     }
 
-    void skipDoctype()
-    {
-        int depth = 0;
-        for (m_at += 2; m_at < m_end; ++m_at) {
-            if (startsWith("<!--")) {
-                skipPast("-->");
-                --m_at;
-            } else if (startsWith("<?")) {
-                skipPast("?>");
-                --m_at;
-            } else if (*m_at == '"' || *m_at == '\'') {
-                skipQuoted();
-            } else if (*m_at == '<') {
-                ++depth;
-            } else if (*m_at == '>' && depth-- == 0) {
-                ++m_at;
-                return;
-            } else if (*m_at == ']') {
-                depth = 0;
-            }
-        }
-    }
-
     /// Lines and characters up to there.
     void count(const char* to)
     {
@@ -159,7 +135,7 @@ public:
 
     void run(const QDomElement& root)
     {
-        take(root, QString());
+        take(QString());
         descend(root, QString());
     }
 
@@ -169,14 +145,14 @@ private:
         return m_next == int(m_findings.size());
     }
 
-    void take(const QDomElement& element, const QString& path)
+    void take(const QString& path)
     {
-        const bool hasTag = m_tags.next();
+        m_tags.next();
         for (; !isDone() && m_findings[m_next].ordinal == m_ordinal; ++m_next) {
             Finding& finding = m_findings[m_next];
             finding.path = path;
-            finding.line = hasTag ? m_tags.line() : element.lineNumber();
-            finding.column = hasTag ? m_tags.column() : element.columnNumber();
+            finding.line = m_tags.line();
+            finding.column = m_tags.column();
         }
         ++m_ordinal;
     }
@@ -187,7 +163,7 @@ private:
         for (QDomElement child = parent.firstChildElement(); !child.isNull() && !isDone();
              child = child.nextSiblingElement()) {
             const QString childPath = joined(path, labels.next(child));
-            take(child, childPath);
+            take(childPath);
             descend(child, childPath);
         }
     }
@@ -208,11 +184,10 @@ void givePlaces(QVector<Finding>& findings, const Document& document)
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
-    // Internal entities may stand for elements: then the tags of the text are not those of the
-    // document. Nor are they found in UTF-16. The parser's places are those of the tags' ends.
-    const bool isPlain = !bytes.contains("<!ENTITY") && !bytes.startsWith("\xff\xfe") &&
-                         !bytes.startsWith("\xfe\xff") && !bytes.contains('\0');
-    Placing(findings, isPlain ? bytes : QByteArray()).run(document.root());
+    // UTF-16 and UTF-32, whose byte order mark the stream knows.
+    if (bytes.contains('\0'))
+        bytes = QTextStream(bytes).readAll().toUtf8();
+    Placing(findings, bytes).run(document.root());
 }
 
 } // namespace rvopen::tools

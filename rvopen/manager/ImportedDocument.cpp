@@ -10,9 +10,9 @@
 #include <rvopen/SnapShots.h>
 #include <rvopen/XMLUtils.h>
 #include <rvopen/files/AtomicWrite.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/manager/SnapShotDocument.h>
 #include <rvopen/model/Binding.h>
-#include <rvopen/xml/DomParser.h>
 
 #include <QDir>
 

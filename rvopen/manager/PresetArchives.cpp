@@ -4,8 +4,8 @@
 #include <rvopen/manager/PresetArchives.h>
 
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Binding.h>
-#include <rvopen/xml/DomParser.h>
 
 #include <QDir>
 #include <QSet>

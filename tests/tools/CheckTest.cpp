@@ -199,6 +199,7 @@ TEST(Check, TellsThePlaceWhateverTheLineEndsAndTheEncoding)
     workspace.write(QStringLiteral("a.xml"), utf16);
     finding = check(workspace, arguments).findings.last().toObject();
     EXPECT_EQ(finding[QStringLiteral("line")], 4);
+    EXPECT_EQ(finding[QStringLiteral("column")], 3);
 }
 
 TEST(Check, APathLeadsToTheFinding)
