@@ -9,7 +9,7 @@
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/SnapShots.h>
-#include <rvopen/xml/XmlGuard.h>
+#include <rvopen/xml/XmlScanner.h>
 
 #include <benchmark/benchmark.h>
 #include <expat.h>
@@ -237,15 +237,21 @@ Case bareTeardownCase(const SharedInput& input)
             })};
 }
 
-Case guardCase(const SharedInput& input)
+Case scanCase(const SharedInput& input)
 {
-    return {"guard", [input](Clock& clock) {
-                QString text = input->text;
-                text.detach();
-                xml::GuardedText guarded;
-                ReadError error;
+    return {"scan", [input](Clock& clock) {
                 clock.start();
-                Input::check(xml::guard(std::move(text), guarded, error));
+                Input::check(xml::isAccepted(input->text));
+                clock.stop();
+            }};
+}
+
+Case loadFromStringCase(const SharedInput& input)
+{
+    return {"load", [input](Clock& clock) {
+                RVOpenManager manager;
+                clock.start();
+                Input::check(manager.LoadSnapShotDocFromString(input->text) == 1);
                 clock.stop();
             }};
 }
@@ -276,6 +282,11 @@ Case pugixmlCase(const SharedInput& input)
 SharedInput snapShots(long elements)
 {
     return std::make_shared<const Input>(snapShotDocument(elements));
+}
+
+SharedInput foreignNames(long elements)
+{
+    return std::make_shared<const Input>(foreignNamesDocument(elements));
 }
 
 SharedInput palette(long elements)
@@ -312,9 +323,11 @@ void compareDocuments(Report& report)
     const auto save = [](const SharedInput& input) { return saveCase(input); };
     const auto teardown = [](const SharedInput& input) { return teardownCase(input); };
 
-    compare("guard scan alone", {}, snapShots, setContentCase, guardCase);
+    compare("scan alone", {}, snapShots, setContentCase, scanCase);
     compare("load snapshots", 1.15, snapShots, setContentCase, load(nullptr));
     compare("load a palette", 1.15, palette, setContentCase, load(nullptr));
+    compare("load elements of as many names, none of them ASCII", 1.15, foreignNames,
+            setContentCase, loadFromStringCase);
     compare("load snapshots, read every value", 1.35, snapShots, setContentCase,
             load(readByAccessors));
     compare("load a palette, read every value", 1.35, palette, setContentCase,

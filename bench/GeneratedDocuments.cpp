@@ -390,6 +390,19 @@ Document namesDocument(long elements)
     });
 }
 
+Document foreignNamesDocument(long elements)
+{
+    return snapShotDocumentOf([elements](Text& text) {
+        for (long number = 0; number < elements; ++number) {
+            QString name;
+            for (long rest = number; name.size() < 4; rest /= 100)
+                name += QChar(static_cast<ushort>(0x4E00 + rest % 100));
+            text.empty(name);
+        }
+        return elements;
+    });
+}
+
 Document archive(long presets)
 {
     return archiveOf(

@@ -22,6 +22,8 @@ Document snapShotDocument(long elements);
 Document paletteDocument(long elements);
 /// Snapshots that have names only: Snapshot1, Snapshot2 and so on.
 Document namesDocument(long elements);
+/// As many elements, each of which has a name of its own without an ASCII character.
+Document foreignNamesDocument(long elements);
 /// Presets in folders of fifty, below one section of background presets. Their reference names are
 /// background.1, background.2 and so on.
 Document archive(long presets);

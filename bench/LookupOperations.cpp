@@ -8,6 +8,8 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/RVOpenReader.h>
+#include <rvopen/RVOpenView.h>
 
 #include <benchmark/benchmark.h>
 
@@ -117,10 +119,35 @@ Case laterCase(const SharedPresets& presets)
     return {"later look-up", run, lookups};
 }
 
+/// Every value of an archive of materials, read for the first time. \p root is the name of its root
+/// element.
+Case readAllCase(const char* name, const QString& root, long elements)
+{
+    const Document archive = materialArchive(elements);
+    QString text = archive.text;
+    text.replace(QLatin1String("presets"), root);
+    return {name,
+            [text](Clock& clock) {
+                const std::unique_ptr<QDomDocument> document(ParseXmlDocument(text));
+                const RVOpenView<> view(document->documentElement());
+                clock.start();
+                benchmark::DoNotOptimize(readTree(view.get()).values);
+                clock.stop();
+            },
+            double(archive.elements)};
+}
+
 } // namespace
 
 void compareLookups(Report& report)
 {
+    for (const long number : report.sizes()) {
+        report.compare(
+            "read every value of an archive", countText(number), 1.2, [&]() -> std::vector<Case> {
+                return {readAllCase("under a snapRoot", QStringLiteral("snapRoot"), number),
+                        readAllCase("archive", QStringLiteral("presets"), number)};
+            });
+    }
     for (const long number : report.sizes()) {
         if (number > 100000)
             break;
@@ -134,6 +161,13 @@ void compareLookups(Report& report)
             return {materialiseCase(presets), laterCase(presets)};
         });
     }
+}
+
+void growLookups(Report& report)
+{
+    report.grow(
+        "read every value of an archive",
+        [](long elements) { return readAllCase("", QStringLiteral("presets"), elements); }, 1.3);
 }
 
 } // namespace rvopen::bench

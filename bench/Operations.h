@@ -16,6 +16,7 @@ void compareLookups(Report& report);
 void compareMemory(Report& report);
 void growDocuments(Report& report);
 void growTrees(Report& report);
+void growLookups(Report& report);
 /// @}
 
 } // namespace rvopen::bench

@@ -400,6 +400,13 @@ Sum readParameters(SnapShots* collection)
     return sum;
 }
 
+Sum readTree(RVOpenNode* node)
+{
+    Sum sum;
+    readTree(node, sum);
+    return sum;
+}
+
 Sum readByHand(const QDomNode& collection)
 {
     Sum sum;

@@ -38,6 +38,8 @@ struct Sum {
 Sum readByAccessors(SnapShots* collection);
 /// The same, but parameter after parameter, as in a list that shows them all.
 Sum readParameters(SnapShots* collection);
+/// The same with all that is below a node.
+Sum readTree(RVOpenNode* node);
 /// Reads the same attributes by hand, in one walk over the collection's element.
 Sum readByHand(const QDomNode& collection);
 

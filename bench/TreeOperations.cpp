@@ -81,6 +81,24 @@ Case addNodes(long number)
     return {"", run, static_cast<double>(number)};
 }
 
+/// Before each node that is added, another tree of a few nodes comes and goes.
+Case addNodesBetweenOthers(long number)
+{
+    const auto run = [number](Clock& clock) {
+        Family family;
+        family.makeNodes(number);
+        clock.start();
+        for (RVOpenNode* const child : family.children) {
+            Family other;
+            other.makeNodes(20);
+            other.addAll();
+            family.parent->AddNode(child, false);
+        }
+        clock.stop();
+    };
+    return {"", run, static_cast<double>(number)};
+}
+
 Case addMaterials(long number)
 {
     const auto run = [number](Clock& clock) {
@@ -257,6 +275,7 @@ void growTrees(Report& report)
 {
     const double target = 1.3;
     report.grow("append by AddNode", addNodes, target);
+    report.grow("append by AddNode, other trees between", addNodesBetweenOthers, target, 100000);
     report.grow("append by AddMaterial", addMaterials, target);
     report.grow("append by AddFloatParam", addParams, target);
     report.grow("InsertNode at the front", insertInFront, target);

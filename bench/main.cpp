@@ -64,6 +64,7 @@ int main(int argc, char** argv)
                    {"10 k", "100 k", "1 M", "largest ratio", "target", ""});
     growDocuments(report);
     growTrees(report);
+    growLookups(report);
     if (report.missed() > 0)
         std::printf("\n%d targets not met\n", report.missed());
     return 0;

@@ -25,13 +25,17 @@ TERMINAL = DOCS / "images" / "terminal.svg"
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
     "Text and files": """
-        xml/DomParser xml/DomWriter xml/TextDecoding xml/XmlCharacters xml/XmlGuard xml/XmlScanner
-        xml/XmlScannerDocumentType files/AtomicWrite files/PlatformRename files/PlatformRenameQt
+        xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText xml/NamespaceScope
+        xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences xml/XmlScanner
+        xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
+        files/AtomicWrite files/Containment files/DocumentFiles files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
         RVOpenWriter""",
     "Nodes": """
-        RVOpenNode RVOpenSchema ParamHelper model/NodeAccess model/NodeCast model/Population""",
+        RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
+        model/Binding model/LookUp model/NodeAccess model/NodeCast model/Population
+        model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -40,9 +44,11 @@ LAYERS = {
     "Snapshots": """
         SnapShot SnapShots SnapShotSettings Scenery Background Foreground Camera Lens AspectRatio
         AspectRatioOrient Scheme NaturalLightStudio ArtificialLightStudio AlbumInfo Directory
-        RenderTarget RenderTargets""",
+        RenderTarget RenderTargets model/SnapShotComponents""",
     "Pictures and textures": "XMLUtils model/TextureReferences",
-    "Manager": "RVOpenManager",
+    "Manager": """
+        RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
+        manager/SnapShotDocument manager/SnapShotNames""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
@@ -52,6 +58,7 @@ UPWARDS = {
     ("RVOpenSchema", "Parameters"): "the factory makes objects of every class",
     ("ParamHelper", "Parameters"): "the list makes the parameters that it holds",
     ("RVOpenNode", "Archive registry"): "a node that stands for an archive opens it",
+    ("RVOpenNodeAttributes", "Archive registry"): "a reference names the folder of its archive",
     ("SnapShot", "Pictures and textures"): "the files of a snapshot have safe names",
 }
 

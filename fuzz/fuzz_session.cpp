@@ -75,12 +75,21 @@ QByteArray texture(const QByteArray& path)
     return colour("<map><param name=\"Texture\" type=\"string\" val=\"" + path + "\"/></map>");
 }
 
+/// An element that stands for an archive of the custom folder.
+QByteArray reference(const QByteArray& element, const QByteArray& archive)
+{
+    return "<" + element + " archiveType=\"Custom\" archiveFilename=\"" + archive + "\"/>";
+}
+
+/// Of materials with components of their own and in archives.
 QByteArray palette()
 {
     return "<materialRepository><material linkname=\"A\">" + plainColour("1 0 0") +
            "<finish reset=\"1\"/></material><material linkname=\"B\">" + texture("C:\\t\\oak.png") +
-           "<material>" + texture("/t/base.png") +
-           "<bump/></material></material></materialRepository>";
+           "<material>" + texture("/t/base.png") + "<bump/></material></material>" +
+           reference("material", "Mine") + "<material linkname=\"D\">" +
+           reference("colour", "Fuzz") + reference("bump", "Mine") +
+           "</material></materialRepository>";
 }
 
 QByteArray settings()
@@ -221,6 +230,7 @@ public:
         static constexpr Operation operations[] = {
             {"load", &Session::load},
             {"start afresh", &Session::startAfresh},
+            {"copy by value", &Session::copyByValue},
             {"write an object", &Session::writeObject},
             {"read an object", &Session::readObject},
             {"add a component", &Session::addComponent},
@@ -251,7 +261,13 @@ public:
         };
         const Operation& operation = operations[m_input.below(std::size(operations))];
         trace(QLatin1String("* ") + QLatin1String(operation.name));
+        const QStringList before = openableArchives();
+        m_deletesNode = false;
         (this->*operation.run)();
+        for (const QString& archive : before) {
+            require(m_deletesNode || QFile::exists(archive),
+                    "only deleting a node deletes an archive's file");
+        }
         verify();
     }
 
@@ -451,6 +467,25 @@ private:
         require(text().isEmpty(), "a cleared document has no text");
         if (m_input.flag())
             m_manager->InitialiseSnapShotDoc();
+    }
+
+    /// A copy by value shows the same, and which of the two goes first is all the same.
+    void copyByValue()
+    {
+        auto other = std::make_unique<RVOpenManager>(*m_manager);
+        require(other->GetCurrentSnapShot() == m_manager->GetCurrentSnapShot() &&
+                    other->GetSnapShots() == m_manager->GetSnapShots() &&
+                    other->GetRootNode() == m_manager->GetRootNode(),
+                "a copy shows the same objects");
+        if (m_input.flag() && other->LoadSnapShotDocFromString(QString::fromUtf8(otherDocument())))
+            forgetDocumentObjects();
+        if (m_input.flag())
+            m_manager.swap(other);
+        TemporaryItems items(*m_manager->GetTemporaryItems());
+        if (m_input.flag())
+            items.SetColour(nullptr);
+        const DirectoryHandler registry(*GetDirectoryHandler());
+        readEverything(m_manager->GetRootNode());
     }
 
     void setUnitsScale()
@@ -759,6 +794,7 @@ private:
             }
             break;
         case 2:
+            m_deletesNode = true;
             if (member)
                 collection->DeleteNode(member);
             break;
@@ -804,8 +840,18 @@ private:
     void setReset()
     {
         SnapShot* const earlier = m_manager->GetResetSnapShot();
-        m_manager->SetResetSnapShot(m_input.flag() ? takeOwned<SnapShot>() : earlier);
-        readEverything(earlier);
+        if (m_input.flag()) {
+            for (SnapShot* const owned : {earlier, m_manager->GetCurrentSnapShot(),
+                                          m_manager->GetImportCurrentSnapShot()}) {
+                require(!owned || (!m_manager->SetResetSnapShot(owned) &&
+                                   m_manager->GetResetSnapShot() == earlier),
+                        "what is owned is not owned twice");
+            }
+            return;
+        }
+        require(m_manager->SetResetSnapShot(takeOwned<SnapShot>()) == earlier,
+                "the earlier one is handed back");
+        own(earlier);
     }
 
     /// @}
@@ -818,7 +864,15 @@ private:
         MaterialRepository* const palette = pickPalette();
         if (!palette || isFull())
             return;
-        switch (m_input.below(6)) {
+        switch (m_input.below(7)) {
+        case 6: {
+            MaterialRepository* const other = pickPalette();
+            Material* const material = other ? other->GetFirstMaterial() : nullptr;
+            palette->AddMaterial(material);
+            require(!material || palette->GetChildPos(material) == palette->GetNumChildren() - 1,
+                    "a material moves to the end");
+            break;
+        }
         case 0: {
             Material* const material = palette->CreateMaterial();
             material->SetLinkName(m_input.text());
@@ -1106,6 +1160,7 @@ private:
     std::unique_ptr<RVOpenManager> m_manager;
     std::vector<SnapShots*> m_collections; ///< Asked for, so that asking again makes nothing.
     std::vector<RVOpenNode*> m_owned;
+    bool m_deletesNode = false;
     RVOpenNode* m_preset = nullptr;
     QStringList m_presetArchives;
 };

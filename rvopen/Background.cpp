@@ -3,6 +3,7 @@
 
 #include <rvopen/Background.h>
 
+#include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/ParamAccess.h>
 
 namespace rvopen {
@@ -38,8 +39,8 @@ constexpr ParamSpec s_image3DParams[] = {
 float floatParam(Background* background, names::Name name, float valueWhenMissing)
 {
     float value = 0.0f;
-    const unsigned int status = onParam(background, name, &Param::GetValFloat, &value);
-    return status == StatusOk ? value : valueWhenMissing;
+    onParamOrDefault(background, name, &Param::GetValFloat, &value, valueWhenMissing);
+    return value;
 }
 
 enum class Comparison { Equal, Different, Unreadable };
@@ -264,6 +265,9 @@ bool Background::Equal(Background* other)
 {
     if (!other || GetSubCat() != other->GetSubCat())
         return false;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByArchive(this, other))
+        return *decided;
     if (IsPlainColour())
         return haveEqualColour(this, other, names::parameter::colour);
     if (IsGraduated())

@@ -71,8 +71,9 @@ bool Bump::Equal(Bump* other)
 {
     if (!other)
         return false;
-    if (const auto byName = equalByRefName(this, other))
-        return *byName;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByReference(this, other))
+        return *decided;
     return equalWhereReadable(this, other, &Bump::GetHeight) &&
            equalWhereReadable(this, other, &Bump::GetSoftness) &&
            equalWhereReadable(this, other, &Bump::GetUseDiffuse) &&

@@ -39,7 +39,8 @@ public:
     ShaderColour* GetColour();
 
     /// By reference name where either bump has one, else by the parameters that both have and the
-    /// colours, which are added where they are missing. False for null.
+    /// colours, which are added where they are missing; archives as in Material::Equal(). False for
+    /// null.
     bool Equal(Bump* other);
 };
 

@@ -73,10 +73,7 @@ unsigned int Camera::SetViewFit(int viewFit)
 
 unsigned int Camera::GetViewFit(int* out)
 {
-    const unsigned int status = onParam(this, names::parameter::viewFit, &Param::GetValBool, out);
-    if (status != StatusOk && out)
-        *out = 0;
-    return status;
+    return onParamOrDefault(this, names::parameter::viewFit, &Param::GetValBool, out, 0);
 }
 
 int Camera::IsUpVector() const

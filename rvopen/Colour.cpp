@@ -34,8 +34,9 @@ bool Colour::Equal(Colour* other)
 {
     if (!other)
         return false;
-    if (const auto byName = equalByRefName(this, other))
-        return *byName;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByReference(this, other))
+        return *decided;
     ShaderDiffuse* const diffuse = GetDiffuse();
     ShaderDiffuse* const otherDiffuse = other->GetDiffuse();
     return diffuse && diffuse->Equal(otherDiffuse);

@@ -27,7 +27,7 @@ public:
     unsigned int SetDiffuse(ShaderDiffuse* diffuse);
 
     /// By reference name where either colour has one, else by the diffuse shaders, which are added
-    /// where they are missing. False for null.
+    /// where they are missing; archives as in Material::Equal(). False for null.
     bool Equal(Colour* other);
 };
 

@@ -5,9 +5,9 @@
 
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/files/DocumentFiles.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
-#include <rvopen/xml/DomParser.h>
-#include <rvopen/xml/DomWriter.h>
 
 #include <QDir>
 #include <QFile>
@@ -29,11 +29,7 @@ DirectoryHandler::DirectoryHandler(const DirectoryHandler& other) = default;
 
 DirectoryHandler& DirectoryHandler::operator=(const DirectoryHandler& other) = default;
 
-DirectoryHandler::~DirectoryHandler()
-{
-    for (const Entry& entry : std::as_const(m_registry))
-        delete entry.node;
-}
+DirectoryHandler::~DirectoryHandler() = default;
 
 QString DirectoryHandler::GetSnapshotsFolder()
 {
@@ -81,15 +77,10 @@ RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
     const std::unique_ptr<QDomDocument> document(readDocument(filename));
     if (!document || document->isNull())
         return nullptr;
-    auto* const node = new RVOpenNode();
-    if (!node)
-        return nullptr;
-    node->SetDomNode(document->documentElement());
-    Entry entry;
-    entry.node = node;
-    entry.filename = filename;
-    m_registry.append(entry);
-    return node;
+    const std::shared_ptr<RVOpenNode> node(newBound<RVOpenNode>(document->documentElement()));
+    if (node)
+        m_registry.append({node, filename});
+    return node.get();
 }
 
 bool DirectoryHandler::SaveArchive(QString filename)
@@ -97,7 +88,7 @@ bool DirectoryHandler::SaveArchive(QString filename)
     const RVOpenNode* node = nullptr;
     for (const Entry& entry : std::as_const(m_registry)) {
         if (entry.filename == filename)
-            node = entry.node;
+            node = entry.node.get();
     }
     if (!node)
         return false;
@@ -153,7 +144,7 @@ QString DirectoryHandler::existingFolder(QString& folder)
 RVOpenNode* DirectoryHandler::openArchive(const QString& filename) const
 {
     const int index = indexOf(filename);
-    return index < 0 ? nullptr : m_registry[index].node;
+    return index < 0 ? nullptr : m_registry[index].node.get();
 }
 
 int DirectoryHandler::indexOf(const QString& filename) const
@@ -168,9 +159,8 @@ int DirectoryHandler::indexOf(const QString& filename) const
 void DirectoryHandler::forget(int index)
 {
     // Out of the registry first, so that nobody finds a node that is being deleted.
-    RVOpenNode* const node = m_registry[index].node;
+    const std::shared_ptr<RVOpenNode> node = m_registry[index].node;
     m_registry.remove(index);
-    delete node;
 }
 
 DirectoryHandler* GetDirectoryHandler()

@@ -5,9 +5,10 @@
 
 #include <rvopen/ORVBase.h>
 
-#include <QDomDocument>
 #include <QString>
 #include <QVector>
+
+#include <memory>
 
 namespace rvopen {
 
@@ -17,12 +18,14 @@ class RVOpenNode;
 ///
 /// An archive is read once; later requests for the same file name, compared exactly, get the same
 /// root node. The registry owns the nodes: one that LoadArchive() handed out is valid until its
-/// archive is closed or removed, at the latest until the library is unloaded. There is one instance
-/// per process, without locks: use it from one thread.
+/// archive is closed or removed, in the copies of the registry too, at the latest until the library
+/// is unloaded. There is one instance per process, without locks: use it from one thread.
 class RVOPEN_EXPORT DirectoryHandler : public ORVBase {
 public:
     DirectoryHandler();
-    /// Shallow: the copy shares the nodes of the registry, which only one of the two may delete.
+    /// Shallow: the copy has the same folders and shares the nodes of the archives that are open.
+    /// An archive's nodes go with the last registry that has it open; what one opens or closes from
+    /// then on, the other does not see.
     DirectoryHandler(const DirectoryHandler& other);
     DirectoryHandler& operator=(const DirectoryHandler& other);
     virtual ~DirectoryHandler();
@@ -65,10 +68,11 @@ public:
     /// @}
 
 private:
-    friend class RVOpenManager;
+    friend class PresetArchives;
+    friend class RVOpenNode;
 
     struct Entry {
-        RVOpenNode* node = nullptr;
+        std::shared_ptr<RVOpenNode> node;
         QString filename;
     };
 
@@ -81,7 +85,6 @@ private:
     QString m_zorvaneArchivesFolder;
     QString m_customArchivesFolder;
     QVector<Entry> m_registry;
-    QDomDocument m_document;
 };
 
 /// The single instance of the process.

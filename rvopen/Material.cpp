@@ -23,7 +23,7 @@ Material::Material(RVOpenNode* source)
 
 Material::~Material()
 {
-    if (!NodeAccess::isDroppingView())
+    if (!NodeAccess::leavesDocument(this))
         removeOwnChild(this, names::element::material);
 }
 
@@ -100,8 +100,9 @@ bool Material::Equal(Material* other, bool compareBase)
 {
     if (!other)
         return false;
-    if (const auto byName = equalByRefName(this, other))
-        return *byName;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByReference(this, other))
+        return *decided;
     if (!equalOrBothAbsent(GetColour(0), other->GetColour(0)) ||
         !equalOrBothAbsent(GetFinish(), other->GetFinish()) ||
         !equalOrBothAbsent(GetBump(0), other->GetBump(0)) ||

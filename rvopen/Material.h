@@ -73,7 +73,9 @@ public:
     /// By reference name where either material has one, else by the four components: a kind that
     /// only one of them has makes them different. With \p compareBase the base materials must be
     /// equal or both absent as well; what those are based on is not compared. False for null.
-    /// May add shader nodes to the components of both.
+    /// May add shader nodes to the components of both. No archive is opened to compare, by this and
+    /// by the Equal() of all other classes: what stands for an archive that is not open is equal to
+    /// what stands for the same archive, and to nothing else.
     bool Equal(Material* other, bool compareBase);
 
     /// Copies every component that the material lacks and its base material has into it, whole,

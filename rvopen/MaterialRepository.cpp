@@ -25,14 +25,6 @@ void setFlag(int* flag, int value)
         *flag = value;
 }
 
-bool isInChain(const RVOpenNode* owner, const RVOpenNode* wanted)
-{
-    const RVOpenNode* node = NodeAccess::firstChild(owner);
-    while (node && node != wanted)
-        node = NodeAccess::next(node);
-    return node != nullptr;
-}
-
 /// A copy for \p target to take over; null where the target can take none.
 template <typename Component>
 Component* cloneFor(Material* target, Component* source)
@@ -120,14 +112,13 @@ Material* MaterialRepository::CreateMaterial()
 
 void MaterialRepository::AddMaterial(Material* material)
 {
-    if (!material)
+    if (!material || !NodeAccess::canTake(this, material))
         return;
     if (!GetChild(0, 0))
         Populate();
+    // The end is looked for without the element, which would get a second object otherwise.
+    NodeAccess::withdraw(material);
     RVOpenNode* const last = NodeAccess::lastChild(this);
-    // What is in the chain is the last of it or has a next one.
-    if (material == last || (NodeAccess::next(material) && isInChain(this, material)))
-        return;
     material->SetParent(this);
     NodeAccess::linkLast(this, last, material);
 }
@@ -136,17 +127,14 @@ void MaterialRepository::RemoveMaterial(Material* material)
 {
     if (!material)
         return;
-    RVOpenNode* const first = GetChild(0, 0);
-    RVOpenNode* const rest =
-        first == material && !material->GetNext() ? material->GetNext(0) : nullptr;
-    if (first && !rest) {
-        NodeAccess::unlink(this, material);
-    } else {
+    const bool isFirst = GetChild(0, 0) == material;
+    RVOpenNode* const rest = isFirst && !material->GetNext() ? material->GetNext(0) : nullptr;
+    if (rest) {
         material->SetNext(nullptr);
-        if (rest) {
-            NodeAccess::setFirstChild(this, nullptr);
-            NodeAccess::dropView(rest);
-        }
+        NodeAccess::setFirstChild(this, nullptr);
+        NodeAccess::dropView(rest);
+    } else {
+        NodeAccess::unlink(material);
     }
     delete material;
 }

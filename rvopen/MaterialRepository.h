@@ -39,12 +39,14 @@ public:
     /// A new empty material in the palette's document, not part of the palette; the caller owns it
     /// until AddMaterial(). Null when memory is exhausted.
     Material* CreateMaterial();
-    /// Appends \p material as the last one and takes ownership; its element moves here, also out of
-    /// another document. A null material and one that is in the palette already change nothing.
+    /// Appends \p material as the last one and takes ownership. It moves with its element: out of
+    /// another palette, tree or document, and from its place in this palette to the end. Null is
+    /// ignored.
     void AddMaterial(Material* material);
     /// Takes \p material out of the palette and deletes it with its element. One that is not in the
-    /// palette is deleted all the same. When the first material is removed and no material follows
-    /// it, the objects of whatever follows go too; their elements stay.
+    /// palette is deleted all the same, out of the tree that it is in. When the first material is
+    /// removed and no material follows it, the objects of whatever follows go too; their elements
+    /// stay.
     void RemoveMaterial(Material* material);
     /// Removes materials as long as the first child is one.
     void Clear();

@@ -4,9 +4,10 @@
 #include <rvopen/Param.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/NodeCast.h>
+#include <rvopen/model/UnitsScale.h>
 #include <rvopen/model/ValueText.h>
 
 #include <QDomElement>
@@ -17,25 +18,6 @@
 namespace rvopen {
 
 namespace {
-
-/// The document's first "snapRoot" in document order; the walk stops at it.
-QDomElement firstSnapRoot(const QDomDocument& document)
-{
-    const QString tag = names::element::snapRoot();
-    QDomNode node = document.documentElement();
-    while (!node.isNull()) {
-        if (node.isElement() && node.nodeName() == tag)
-            return node.toElement();
-        QDomNode next = node.firstChild();
-        while (next.isNull() && !node.isNull()) {
-            next = node.nextSibling();
-            if (next.isNull())
-                node = node.parentNode();
-        }
-        node = next;
-    }
-    return QDomElement();
-}
 
 unsigned int rangeValue(const Param* param, const QString& name, float* out)
 {
@@ -55,7 +37,7 @@ void Param::SetDomNode(QDomNode node)
 
 Param* Param::GetNext()
 {
-    return nodeCast<Param>(GetNext(0));
+    return paramFrom<Param>(GetNext(0));
 }
 
 int Param::IsFloat() const
@@ -304,7 +286,12 @@ float Param::GetUnitsScale()
     if (m_unitsScale != 0.0f)
         return m_unitsScale;
     m_unitsScale = 1.0f;
-    const QDomElement root = firstSnapRoot(GetDomNode().ownerDocument());
+    const QDomDocument document = GetDomNode().ownerDocument();
+    QDomElement root = document.documentElement();
+    if (!root.isNull() && root.tagName() != names::element::snapRoot()) {
+        m_innerSnapRoot = InnerSnapRoot::of(document);
+        root = m_innerSnapRoot->element();
+    }
     valueText::toFloat(root.attribute(names::attribute::unitsScale()), &m_unitsScale);
     return m_unitsScale;
 }

@@ -5,14 +5,20 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <memory>
+
 namespace rvopen {
+
+class InnerSnapRoot;
 
 /// One typed, named value of a model object: a "param" element with "name", "type" and "val".
 ///
 /// Units: a "float" parameter whose "prop" contains "D" is a length. It is stored in document units
 /// and presented in scene units: writing multiplies by the document's units scale ("unitsScale" of
 /// its first "snapRoot", 1 when absent or empty), reading divides by it. The scale is read once per
-/// parameter object and kept for its life. Range attributes are never converted.
+/// parameter object and kept for its life. Where the root element is no "snapRoot", as in archives,
+/// the first one is looked for in the whole document, once for all parameters as long as the
+/// document is not changed. Range attributes are never converted.
 ///
 /// Typed getters and setters return StatusMissing and touch nothing when the parameter has another
 /// type. "prop" containing "R" marks a parameter as read-only; that is reported, not enforced.
@@ -29,7 +35,8 @@ public:
     virtual void SetDomNode(QDomNode node);
 
     using RVOpenNode::GetNext;
-    /// The next sibling if its object exists already and is a parameter, else null.
+    /// The next sibling that no look-up of ParamHelper steps over, if its object exists already and
+    /// is a parameter, else null.
     Param* GetNext();
 
     /// \name Type and properties
@@ -105,6 +112,8 @@ private:
     float GetUnitsScale();
 
     float m_unitsScale = 0.0f; ///< 0: not yet read.
+    /// Held so that the other parameters of the document find it; null under a "snapRoot".
+    std::shared_ptr<const InnerSnapRoot> m_innerSnapRoot;
 };
 
 } // namespace rvopen

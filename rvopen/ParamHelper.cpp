@@ -5,9 +5,9 @@
 
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/NodeCast.h>
 
 #include <QDomDocument>
 
@@ -50,7 +50,7 @@ void ParamHelper::Populate()
 
 Param* ParamHelper::GetFirstParam()
 {
-    return nodeCast<Param>(m_owner->GetChild(0, 1));
+    return paramFrom<Param>(m_owner->GetChild(0, 1));
 }
 
 Param* ParamHelper::CreateParam(QString name)

@@ -15,9 +15,10 @@ class RVOpenNode;
 /// The list of named, typed parameters of a node: the "param" children of its element, seen
 /// through the node's own child chain.
 ///
-/// Look-ups go by display name, exactly and case-sensitively, and stop at the first child that is
-/// not a parameter: parameters come before a node's other children. Where two parameters share a
-/// name the first is found. The list owns nothing; parameters belong to the node's tree and stay
+/// Look-ups go by display name, exactly and case-sensitively. They step over comments, processing
+/// instructions and text of white space alone, and stop at the first other child that is not a
+/// parameter: parameters come before a node's other children. Where two parameters share a name the
+/// first is found. The list owns nothing; parameters belong to the node's tree and stay
 /// valid until they or the node are deleted.
 class RVOPEN_EXPORT ParamHelper : public ORVBase {
 public:
@@ -31,7 +32,8 @@ public:
     /// Makes the objects of all children of the owner, unless some are already there.
     void Populate();
 
-    /// The owner's first child if that is made already and is a parameter, else null.
+    /// The owner's first child that no look-up steps over, if that is made already and is a
+    /// parameter, else null.
     Param* GetFirstParam();
 
     /// A new parameter element named \p name in the owner's document, not linked anywhere; the

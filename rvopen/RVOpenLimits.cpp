@@ -10,6 +10,7 @@ namespace rvopen {
 namespace {
 
 std::atomic<qint64> s_maxInputSize = DefaultMaxInputSize;
+std::atomic<qint64> s_maxDocumentMemory = DefaultMaxDocumentMemory;
 
 } // namespace
 
@@ -22,6 +23,16 @@ void SetMaxInputSize(qint64 size)
 {
     // Qt 5 holds no string of more than some 2^30 characters.
     s_maxInputSize = qBound(qint64(0), size, qint64(1000000000));
+}
+
+qint64 GetMaxDocumentMemory()
+{
+    return s_maxDocumentMemory;
+}
+
+void SetMaxDocumentMemory(qint64 bytes)
+{
+    s_maxDocumentMemory = qMax(qint64(0), bytes);
 }
 
 } // namespace rvopen

@@ -10,17 +10,13 @@
 namespace rvopen {
 
 /// \name What the library refuses to read
-/// A text beyond one of these bounds is refused before a document is built from it.
+/// A text beyond one of these bounds is refused where it passes the bound, with line and column.
 /// @{
 
 /// Levels of elements; the root is the first.
 inline constexpr int MaxNestingDepth = 256;
 /// Attributes of one element.
 inline constexpr int MaxAttributes = 1024;
-/// Characters that the declarations of one document may add to it, all references to internal
-/// entities and all defaults of attributes together; as many as the document itself has if those
-/// are more.
-inline constexpr qint64 MaxEntityExpansion = 1048576;
 /// Characters of one name.
 inline constexpr int MaxNameLength = 4000;
 /// Default of GetMaxInputSize().
@@ -30,6 +26,15 @@ inline constexpr qint64 DefaultMaxInputSize = qint64(512) * 1024 * 1024;
 RVOPEN_EXPORT qint64 GetMaxInputSize();
 /// Sets it for the whole process, from any thread; taken into 0 to 1,000,000,000.
 RVOPEN_EXPORT void SetMaxInputSize(qint64 size);
+
+/// Default of GetMaxDocumentMemory(): 8 GiB, or 1 GiB where pointers have 32 bits.
+inline constexpr qint64 DefaultMaxDocumentMemory = qint64(sizeof(void*) < 8 ? 1 : 8) << 30;
+
+/// Bytes of memory that one document may take, by an estimate made while it is read:
+/// docs/reliability.md has the numbers. Objects of the library over it take memory of their own.
+RVOPEN_EXPORT qint64 GetMaxDocumentMemory();
+/// Sets it for the whole process, from any thread; below 0 it is 0.
+RVOPEN_EXPORT void SetMaxDocumentMemory(qint64 bytes);
 /// @}
 
 } // namespace rvopen

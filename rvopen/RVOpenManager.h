@@ -7,12 +7,14 @@
 #include <rvopen/SnapShots.h>
 #include <rvopen/TemporaryItems.h>
 
-#include <QDomDocument>
-#include <QDomElement>
-#include <QDomNode>
 #include <QString>
 #include <QStringList>
-#include <QVector>
+
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QDomDocument;
+QT_END_NAMESPACE
 
 namespace rvopen {
 
@@ -28,10 +30,14 @@ class SnapShot;
 /// Where a load, an import or a repeated Initialise() puts a new object in the place of an old one,
 /// the old one stays valid as long as that. The manager is used from one thread.
 ///
+/// Copies of a manager share all that it has: what one loads, clears or chooses the others see.
+/// What is said here to go with the manager goes with the last of them.
+///
 /// Text: whatever writes a document, as a string or to a file, here and in the other classes,
-/// writes what QDomDocument::toString() gives, with two differences. The attributes of an element
-/// stand in the order of their names, so that the same document gives the same bytes each time. And
-/// the text loads again: a character that XML forbids is written as U+FFFD, one that XML allows in
+/// writes what QDomDocument::toString() gives, with three differences. The attributes of an element
+/// stand in the order of their names, so that the same document gives the same bytes each time.
+/// Namespaces are declared once, and indentation is no part of any text. And the text loads again:
+/// a character that XML forbids is written as U+FFFD, one that XML allows in
 /// no name by its code as in "_x0020_"; what would end a CDATA section, comment or processing
 /// instruction early is broken up; a prefix that nothing declares gets a declaration.
 ///
@@ -40,8 +46,9 @@ class SnapShot;
 class RVOPEN_EXPORT RVOpenManager {
 public:
     RVOpenManager();
-    /// Shallow: both managers refer to the same objects, which only one of the two may delete.
+    /// Shallow: both managers refer to the same objects. They may go in any order.
     RVOpenManager(const RVOpenManager& other);
+    /// As copying. What this manager referred to goes, unless another copy refers to it.
     RVOpenManager& operator=(const RVOpenManager& other);
     ~RVOpenManager();
 
@@ -72,8 +79,15 @@ public:
     /// text is not well-formed.
     int LoadSnapShotDocFromString(QString xml);
     /// The document as text indented by 2, attributes by name, U+FFFD for forbidden characters;
-    /// empty without a document.
+    /// empty without a document and for one that lost its root element. To save it, see WriteFile()
+    /// and mind an empty text.
     QString GetSnapShotDocumentAsString() const;
+    /// A node over the document's root element, the way to look at the whole document. Null without
+    /// a document and for one without a root; the same object each time. Owned by the manager, do
+    /// not delete it; valid until the document is cleared or replaced. Its children are objects of
+    /// their own, beside those that the other getters give for the same elements: read through
+    /// them, and change the tree through one of the two only.
+    RVOpenNode* GetRootNode();
     /// Document units per scene unit, "unitsScale" of the root. Reaches only parameter objects that
     /// have not converted a value yet.
     void SetUnitsScale(float scale);
@@ -86,9 +100,14 @@ public:
     SnapShot* GetCurrentSnapShot() const;
     /// The last one given to SetResetSnapShot(); null before that and in another document.
     SnapShot* GetResetSnapShot() const;
-    /// Takes ownership. The previous reset snapshot stays valid until the manager is destroyed.
-    void SetResetSnapShot(SnapShot* snapShot);
-    /// The current snapshot of the last imported document.
+    /// Takes ownership of \p snapShot and hands the previous reset snapshot back, which belongs to
+    /// the caller then; null when there was none. What is owned already cannot be owned twice: the
+    /// reset snapshot itself, the current one, members of collections and all else that the manager
+    /// gave out are refused. Null is returned then, and nothing changes. To go back to the current
+    /// snapshot, set a copy of it from CreateInternalSnapShot().
+    SnapShot* SetResetSnapShot(SnapShot* snapShot);
+    /// The current snapshot of the last imported document that had one: a later import without
+    /// leaves the one of the earlier. Null before that.
     SnapShot* GetImportCurrentSnapShot() const;
     /// The "Model SnapShots" collection; null when the document has none.
     SnapShots* GetSnapShots() const;
@@ -181,59 +200,11 @@ public:
     TemporaryItems* GetTemporaryItems();
 
 private:
-    int LoadSnapShotDoc(QDomDocument* doc);
-    void adoptCollection(const QDomElement& element);
-    template <typename Object>
-    void replaceView(Object*& held, Object* fresh);
-    template <typename Object>
-    void retireNode(Object*& held, Object* fresh);
-    void dropDocument();
-    void retireDocument();
-    SnapShots* appendCollection(const QString& name);
-    void appendMainCollection();
-    SnapShots* collectionOnDemand(SnapShots*& collection, const QString& name);
-    void copyImportedThumbnail(SnapShot* snapShot, const QString& folder);
-    void readExtraArchive(RVOpenNode*& root, const QString& path);
-    RVOpenNode* chosenArchive() const;
-    RVOpenNode* extraArchive() const;
-    RVOpenNode* RecursiveFindRVOpenNode(RVOpenNode* node, QString subcat, QString refName);
-    static QString StripPath(QString path);
+    struct Parts;
 
-    QDomDocument* m_snapShotDocument = nullptr;
-    QDomElement m_rootElement;
-    QDomNode m_snapShotsElement;
-    SnapShot* m_currentSnapShot = nullptr;
-    SnapShot* m_importCurrentSnapShot = nullptr;
-    Background* m_originalBackground = nullptr;
-    int m_snapShotCounter = 0;
-    int m_backgroundCounter = 0;
-    int m_materialPaletteCounter = 0;
-    int m_cameraCounter = 0;
-    SnapShot* m_resetSnapShot = nullptr;
-    SnapShots* m_cameras = nullptr;
-    SnapShots* m_materialPalettes = nullptr;
-    SnapShots* m_backgrounds = nullptr;
-    SnapShots* m_tempSnapShots = nullptr;
-    SnapShots* m_snapShots = nullptr;
-    QDomNode m_importNode;
-    QString m_importName;
-    QDomDocument* m_importDocument = nullptr;
-    TemporaryItems m_temporaryItems;
-    QString m_archivePath; ///< The registry's name of the archive; it may be closed at any time.
-    QString m_archiveType;
-    QDomDocument* m_defaultArchiveDocument = nullptr;
-    RVOpenNode* m_defaultArchiveRoot = nullptr;
-    RVOpenNode* m_productArchiveRoot = nullptr;
-    RVOpenNode* m_architecturalArchiveRoot = nullptr;
-    QString m_zorvaneArchiveName;
-    QString m_customArchiveName;
-    unsigned int m_majorVersion = 0;
-    unsigned int m_minorVersion = 0;
-    QVector<QDomDocument*> m_loadedArchiveDocuments;
-    /// What gave way to something newer while a host may still hold it.
-    QVector<RVOpenNode*> m_retiredViews; ///< Of the snapshot document; dropped with it.
-    QVector<RVOpenNode*> m_retiredNodes;
-    QVector<QDomDocument*> m_retiredDocuments;
+    int load(QDomDocument* document);
+
+    std::shared_ptr<Parts> m_parts;
 };
 
 } // namespace rvopen

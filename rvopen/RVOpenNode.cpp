@@ -6,79 +6,20 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
+#include <rvopen/files/Containment.h>
+#include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/ValueText.h>
 
-#include <QDir>
 #include <QDomElement>
-
-#include <atomic>
-#include <new>
-#include <vector>
 
 namespace rvopen {
 
 namespace {
 
-/// A chain of siblings on its way out. The head's destructor runs the loop; the destructor of each
-/// sibling hands its element and the rest of the chain over instead of going on by itself, so that
-/// a chain of any length needs one stack frame.
-struct ChainTeardown {
-    const RVOpenNode* current = nullptr;
-    RVOpenNode* rest = nullptr;
-    std::vector<QDomNode> elements;
-    ChainTeardown* outer = nullptr;
-};
-
-/// A link whose object is being made. Making an object can populate its children and follow
-/// archive references, which may lead back to the very same link in a document that refers to
-/// itself.
-struct Materialising {
-    const RVOpenNode* node;
-    bool child;
-    const Materialising* outer;
-};
-
-thread_local ChainTeardown* t_teardown = nullptr;
-thread_local const Materialising* t_materialising = nullptr;
-thread_local bool t_droppingView = false;
-
-RVOpenNode* makeLinked(const RVOpenNode* from, bool child, const QDomNode& node)
-{
-    const Materialising*& innermost = t_materialising;
-    for (const Materialising* m = innermost; m; m = m->outer) {
-        if (m->node == from && m->child == child)
-            return nullptr;
-    }
-    const Materialising entry{from, child, innermost};
-    innermost = &entry;
-    RVOpenNode* const made = NodeAccess::make(node);
-    innermost = entry.outer;
-    return made;
-}
-
-/// A walk along a chain that is longer than this leaves notes, so that the next one is short:
-/// appending to a chain and taking its last node away need not walk along it each time.
-///
-/// A note never decides what is in a chain or in which order; it only says where to look, and is
-/// about a node that is there and has the link that it was noted for. So each link change keeps the
-/// notes about its neighbours in order, and whatever could leave a wrong one ends the epoch, and
-/// with it all notes: SetNext() and assignment, which change links in any way, and the death of a
-/// node that a note may lead to.
-constexpr int s_longWalk = 16;
-constexpr quint32 s_lastEpoch = 0x7FFFFFFF; ///< Has no notes.
-std::atomic<quint32> s_epoch{1};
-std::atomic<bool> s_epochHasNotes{false};
-
-void endEpoch()
-{
-    if (!s_epochHasNotes)
-        return;
-    s_epochHasNotes = false;
-    if (s_epoch != s_lastEpoch)
-        ++s_epoch;
-}
+/// Deep inside a comparison the look-ups of components ask references for their children; a
+/// parameter would have to go through all of the public interface.
+thread_local bool t_archivesStayClosed = false;
 
 void removeFromParent(const QDomNode& node)
 {
@@ -105,37 +46,39 @@ struct RVOpenNode::ArchiveReference {
 RVOpenNode* NodeAccess::childOwner(RVOpenNode* node)
 {
     if (node->m_firstChild)
-        return node;
+        return node->m_sharesChild ? node->m_firstChild->chainOwner() : node;
     const RVOpenNode::ArchiveReference archive = node->openArchive();
     return archive.isReference ? archive.root : node;
 }
 
-void NodeAccess::setFirstChild(RVOpenNode* node, RVOpenNode* child)
-{
-    if (node->m_firstChild)
-        endEpoch();
-    node->m_firstChild = child;
-    if (child)
-        child->m_noted = nullptr;
-}
-
 void NodeAccess::dropView(RVOpenNode* node)
 {
-    const bool outer = t_droppingView;
-    t_droppingView = true;
+    if (node)
+        node->m_leavesDocument = 1;
     delete node;
-    t_droppingView = outer;
 }
 
-bool NodeAccess::isDroppingView()
+ArchivesStayClosed::ArchivesStayClosed()
+    : m_outer(t_archivesStayClosed)
 {
-    return t_droppingView;
+    t_archivesStayClosed = true;
+}
+
+ArchivesStayClosed::~ArchivesStayClosed()
+{
+    t_archivesStayClosed = m_outer;
 }
 
 RVOpenNode::RVOpenNode()
     : m_paramHelper(this)
-    , m_notedIn(0)
-    , m_isNoted(0)
+    , m_heldAs(HeldByNobody)
+    , m_hasAside(0)
+    , m_leavesDocument(0)
+    , m_sharesNext(0)
+    , m_sharesChild(0)
+    , m_skipsBlanks(0)
+    , m_makesNext(0)
+    , m_makesChild(0)
 {
 }
 
@@ -153,60 +96,51 @@ RVOpenNode::RVOpenNode(RVOpenNode* source)
 RVOpenNode::RVOpenNode(const RVOpenNode& other)
     : RVOpenNode()
 {
-    *this = other;
+    shareWith(other);
 }
 
 RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 {
-    if (m_next)
-        endEpoch();
-    ORVBase::operator=(other);
-    m_node = other.m_node;
-    m_element = other.m_element;
-    m_document = other.m_document;
-    m_next = other.m_next;
-    m_firstChild = other.m_firstChild;
-    m_parent = other.m_parent;
-    m_paramHelper = other.m_paramHelper;
-    m_noted = nullptr;
+    if (this == &other)
+        return *this;
+    keepChildren();
+    if (m_heldAs != HeldInChain && !m_previous && m_next && !m_sharesNext) {
+        RVOpenNode* const behind = m_next;
+        behind->cut();
+        keep(behind);
+    }
+    shareWith(other);
     return *this;
 }
 
 RVOpenNode::~RVOpenNode()
 {
-    if (m_isNoted)
-        endEpoch();
-    delete m_firstChild;
-    m_firstChild = nullptr;
-
-    if (t_teardown && t_teardown->current == this) {
-        t_teardown->rest = m_next;
-        m_next = nullptr;
-        try {
-            if (!t_droppingView)
-                t_teardown->elements.push_back(m_node);
-        } catch (const std::bad_alloc&) {
-            removeElement();
-        }
-        return;
+    if (m_heldAs == HeldAside) {
+        RVOpenNode* const snapShot = holder();
+        NodeAccess::forgetComponent(snapShot, this);
+        clearHolder();
+        if (!m_leavesDocument)
+            NodeAccess::retireView(snapShot, m_node);
     }
-
-    if (m_next) {
-        ChainTeardown chain;
-        chain.outer = t_teardown;
-        t_teardown = &chain;
-        for (RVOpenNode* sibling = m_next; sibling; sibling = chain.rest) {
-            chain.current = sibling;
-            chain.rest = nullptr;
-            delete sibling;
-        }
-        t_teardown = chain.outer;
-        m_next = nullptr;
-        // The last sibling's element goes first, as it would if each destructor deleted the next.
-        for (auto element = chain.elements.rbegin(); element != chain.elements.rend(); ++element)
-            removeFromParent(*element);
+    if (m_heldAs == HeldInChain || m_previous)
+        cut();
+    while (RVOpenNode* const child = m_sharesChild ? nullptr : m_firstChild) {
+        RVOpenNode* const next = child->m_next;
+        m_firstChild = next;
+        if (next)
+            next->m_previous = child->m_previous == next ? nullptr : child->m_previous;
+        child->deleteAlone(m_leavesDocument);
     }
-    removeElement();
+    // A loop: one destructor calling the next would need a stack as deep as the chain is long.
+    while (RVOpenNode* const sibling = m_sharesNext ? nullptr : m_next) {
+        m_next = sibling->m_next;
+        if (m_next)
+            m_next->m_previous = this;
+        sibling->deleteAlone(m_leavesDocument);
+    }
+    deleteKept();
+    if (!m_leavesDocument)
+        removeFromParent(m_node);
 }
 
 RVOpenNode* RVOpenNode::GetChild(int create, int followArchive)
@@ -218,13 +152,21 @@ RVOpenNode* RVOpenNode::GetChild(int create, int followArchive)
         if (archive.isReference)
             return archive.root ? archive.root->GetChild(1, 0) : nullptr;
     }
-    const QDomNode first = m_node.firstChild();
+    // Making an object can populate its children and follow archive references, which may lead
+    // back to the very same link in a document that refers to itself.
+    if (m_makesChild)
+        return nullptr;
+    const QDomNode first = shown(m_node.firstChild(), this);
     if (first.isNull())
         return nullptr;
-    RVOpenNode* const child = makeLinked(this, true, first);
+    m_makesChild = 1;
+    RVOpenNode* const child = NodeAccess::make(first);
+    m_makesChild = 0;
     if (child) {
         m_firstChild = child;
+        m_sharesChild = 0;
         child->m_parent = this;
+        child->m_heldAs = HeldInChain;
     }
     return child;
 }
@@ -246,14 +188,11 @@ QString RVOpenNode::GetNodeName() const
 
 RVOpenNode* RVOpenNode::GetParent() const
 {
-    return m_parent;
+    return shownParent();
 }
 
 void RVOpenNode::SetParent(RVOpenNode* parent)
 {
-    // The note is about a chain of the parent's.
-    if (parent != m_parent)
-        m_noted = nullptr;
     placeUnder(parent);
 }
 
@@ -266,9 +205,29 @@ RVOpenNode* RVOpenNode::GetNext(int create)
 
 void RVOpenNode::SetNext(RVOpenNode* next)
 {
-    if (m_next && m_next != next)
-        endEpoch();
+    if (next == m_next || (next && belongsTo(next)))
+        return;
+    if (m_next && !m_sharesNext)
+        m_next->cut();
     m_next = next;
+    m_sharesNext = 0;
+    if (!next)
+        return;
+    if (next->m_heldAs == HeldAside) {
+        NodeAccess::forgetComponent(next->holder(), next);
+        next->clearHolder();
+    }
+    next->cut();
+    next->m_previous = this;
+    m_next = next;
+    if (RVOpenNode* const owner = chainOwner()) {
+        RVOpenNode* last = next;
+        for (RVOpenNode* node = next; node; node = node->m_next) {
+            node->setHolder(owner, HeldInChain);
+            last = node;
+        }
+        owner->m_firstChild->m_previous = last;
+    }
 }
 
 ParamHelper* RVOpenNode::GetParamHelper()
@@ -298,12 +257,9 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
 {
     if (!canTake(child))
         return;
-    RVOpenNode* parent = this;
+    RVOpenNode* owner = nullptr;
     if (RVOpenNode* const first = GetChild(1, 1)) {
-        RVOpenNode* const last = first->endOfChain();
-        first->linkBehind(last, child);
-        if (first->m_parent)
-            parent = first->m_parent;
+        owner = first->chainOwner();
     } else {
         const ArchiveReference archive = followArchive ? openArchive() : ArchiveReference{};
         if (archive.root) {
@@ -311,37 +267,51 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
             return;
         }
         if (!archive.isReference)
-            NodeAccess::setFirstChild(this, child);
+            owner = this;
     }
-
-    if (child->standsOutside(parent)) {
-        // What stands in another document belongs to that document: it keeps its element.
-        child->m_parent = parent;
+    RVOpenNode* const parent = owner ? owner : this;
+    if (parent != this && !parent->canTake(child))
+        return;
+    const bool copies = !parent->fetch(child);
+    child->showParent(parent);
+    if (owner) {
+        RVOpenNode* const first = owner->GetChild(1, 0);
+        link(owner, first ? first->endOfChain() : nullptr, child);
+    }
+    if (copies)
         parent->m_node.appendChild(parent->m_node.ownerDocument().importNode(child->m_node, true));
-    } else {
+    else
         child->placeUnder(parent);
-    }
+    shareChildrenOf(parent);
 }
 
 void RVOpenNode::InsertNode(RVOpenNode* child, int index)
 {
     if (!canTake(child))
         return;
-    const ArchiveReference archive = m_firstChild ? ArchiveReference{} : openArchive();
-    if (archive.root)
-        archive.root->insertHere(child, index);
-    else if (archive.isReference)
-        placeElement(child, this, index);
-    else
-        insertHere(child, index);
+    RVOpenNode* const owner = NodeAccess::childOwner(this);
+    RVOpenNode* const parent = owner ? owner : this;
+    if (parent != this && !parent->canTake(child))
+        return;
+    if (owner) {
+        parent->fetch(child);
+        owner->insertHere(child, index);
+        shareChildrenOf(owner);
+    } else {
+        fetch(child);
+        placeElement(child, index, nullptr);
+    }
 }
 
 void RVOpenNode::DetachNode(RVOpenNode* child, bool)
 {
     // The flag has nothing left to decide: the chain belongs to this node or to the archive's root,
     // and only its owner can take a link out of it.
-    if (child && GetChild(1, 1))
-        NodeAccess::childOwner(this)->detachHere(child);
+    if (!child || !GetChild(1, 1))
+        return;
+    RVOpenNode* const owner = NodeAccess::childOwner(this);
+    owner->detachHere(child);
+    shareChildrenOf(owner);
 }
 
 void RVOpenNode::DeleteNode(RVOpenNode* child)
@@ -349,238 +319,17 @@ void RVOpenNode::DeleteNode(RVOpenNode* child)
     if (!child)
         return;
     DetachNode(child, true);
-    disposeDetached(child);
+    const QString archive = child->GetArchiveFilename();
+    if (!archive.isEmpty() && child->isArchiveInPlace())
+        GetDirectoryHandler()->RemoveArchive(archive);
+    delete child;
 }
 
 void RVOpenNode::ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild)
 {
     RVOpenNode* const owner = NodeAccess::childOwner(this);
-    if (owner && oldChild && oldChild != newChild && canTake(newChild))
+    if (owner && oldChild && oldChild != newChild && canTake(newChild) && owner->canTake(newChild))
         owner->replaceHere(oldChild, newChild);
-}
-
-unsigned int RVOpenNode::GetAttributeFloat(const char* name, float* out) const
-{
-    return valueText::toFloat(GetAttributeString(name), out);
-}
-
-unsigned int RVOpenNode::GetAttributeInt(const char* name, int* out) const
-{
-    return valueText::toInt(GetAttributeString(name), out);
-}
-
-unsigned int RVOpenNode::GetAttributeBool(const char* name, int* out) const
-{
-    return valueText::toBool(GetAttributeString(name), out);
-}
-
-QString RVOpenNode::GetAttributeString(const char* name) const
-{
-    return attribute(QString::fromLatin1(name));
-}
-
-void RVOpenNode::SetAttributeFloat(const char* name, float value)
-{
-    SetAttributeString(name, valueText::fromFloat(value));
-}
-
-void RVOpenNode::SetAttributeInt(const char* name, int value)
-{
-    SetAttributeString(name, QString::number(value));
-}
-
-void RVOpenNode::SetAttributeBool(const char* name, int value)
-{
-    SetAttributeString(name, valueText::fromBool(value));
-}
-
-void RVOpenNode::SetAttributeString(const char* name, QString value)
-{
-    setAttribute(QString::fromLatin1(name), value);
-}
-
-QString RVOpenNode::GetName() const
-{
-    return attribute(names::attribute::name());
-}
-
-void RVOpenNode::SetName(QString value)
-{
-    setAttribute(names::attribute::name(), value);
-}
-
-QString RVOpenNode::GetCat() const
-{
-    return attribute(names::attribute::cat());
-}
-
-void RVOpenNode::SetCat(QString value)
-{
-    setAttribute(names::attribute::cat(), value);
-}
-
-QString RVOpenNode::GetDescription() const
-{
-    return attribute(names::attribute::description());
-}
-
-void RVOpenNode::SetDescription(QString value)
-{
-    setAttribute(names::attribute::description(), value);
-}
-
-QString RVOpenNode::GetSubCat() const
-{
-    return attribute(names::attribute::subCat());
-}
-
-void RVOpenNode::SetSubCat(QString value)
-{
-    setAttribute(names::attribute::subCat(), value);
-}
-
-QString RVOpenNode::GetShaderClass() const
-{
-    return attribute(names::attribute::shaderClass());
-}
-
-void RVOpenNode::SetShaderClass(QString value)
-{
-    setAttribute(names::attribute::shaderClass(), value);
-}
-
-QString RVOpenNode::GetPath() const
-{
-    return attribute(names::attribute::path());
-}
-
-void RVOpenNode::SetPath(QString value)
-{
-    setAttribute(names::attribute::path(), value);
-}
-
-QString RVOpenNode::GetRefName() const
-{
-    return attribute(names::attribute::refName());
-}
-
-void RVOpenNode::SetRefName(QString value)
-{
-    setAttribute(names::attribute::refName(), value);
-}
-
-QString RVOpenNode::GetImageName() const
-{
-    return attribute(names::attribute::imageName());
-}
-
-void RVOpenNode::SetImageName(QString value)
-{
-    setAttribute(names::attribute::imageName(), value);
-}
-
-QString RVOpenNode::GetShortArchiveFilename() const
-{
-    return attribute(names::attribute::archiveFilename());
-}
-
-void RVOpenNode::SetShortArchiveFilename(QString value)
-{
-    setAttribute(names::attribute::archiveFilename(), value);
-}
-
-RVOpenNode::ImageBorder RVOpenNode::GetImageBorder() const
-{
-    int value = ImageBorderNone;
-    valueText::toInt(attribute(names::attribute::imageBorder()), &value);
-    return static_cast<ImageBorder>(value);
-}
-
-void RVOpenNode::SetImageBorder(ImageBorder value)
-{
-    setAttribute(names::attribute::imageBorder(), QString::number(static_cast<int>(value)));
-}
-
-int RVOpenNode::IsEnabled() const
-{
-    return flag(names::attribute::enabled(), 1);
-}
-
-void RVOpenNode::SetEnabled(int value)
-{
-    setAttribute(names::attribute::enabled(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsTranslationDisabled() const
-{
-    return flag(names::attribute::translationDisabled(), 0);
-}
-
-void RVOpenNode::SetTranslationDisabled(int value)
-{
-    setAttribute(names::attribute::translationDisabled(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsCustom() const
-{
-    return flag(names::attribute::custom(), 0);
-}
-
-void RVOpenNode::SetCustom(int value)
-{
-    setAttribute(names::attribute::custom(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsReset() const
-{
-    return flag(names::attribute::reset(), 0);
-}
-
-void RVOpenNode::SetReset(int value)
-{
-    setAttribute(names::attribute::reset(), valueText::fromBool(value));
-}
-
-int RVOpenNode::ThumbnailRegenerated() const
-{
-    return flag(names::attribute::thumbRegenerated(), 1);
-}
-
-void RVOpenNode::SetThumbnailRegenerated(int value)
-{
-    setAttribute(names::attribute::thumbRegenerated(), valueText::fromBool(value));
-}
-
-QString RVOpenNode::EncodeFloat3(float a, float b, float c) const
-{
-    return valueText::fromTriple(a, b, c);
-}
-
-void RVOpenNode::DecodeFloat3(QString text, float* a, float* b, float* c) const
-{
-    valueText::toTriple(text, a, b, c);
-}
-
-QString RVOpenNode::GetArchiveFilename() const
-{
-    const QString fileName = GetShortArchiveFilename();
-    if (fileName.isEmpty())
-        return QString();
-    QString full = GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
-    const QString path = GetPath();
-    if (!path.isEmpty())
-        full += QDir::separator() + path;
-    return full + QDir::separator() + fileName + names::value::archiveExtension();
-}
-
-QString RVOpenNode::GetArchiveFolder() const
-{
-    const QString path = GetPath();
-    if (path.isEmpty())
-        return QString();
-    const QString folder =
-        GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
-    return folder + QDir::separator() + path;
 }
 
 void RVOpenNode::bind(const QDomNode& node, const QDomElement& element)
@@ -592,7 +341,7 @@ void RVOpenNode::bind(const QDomNode& node, const QDomElement& element)
 
 void RVOpenNode::placeUnder(RVOpenNode* parent)
 {
-    m_parent = parent;
+    showParent(parent);
     if (!parent || m_node.isNull() || parent->m_node.isNull())
         return;
     if (m_node.parentNode() == parent->m_node)
@@ -601,232 +350,92 @@ void RVOpenNode::placeUnder(RVOpenNode* parent)
     holdDocument();
 }
 
-QString RVOpenNode::attribute(const QString& name) const
-{
-    return m_element.attribute(name);
-}
-
-void RVOpenNode::setAttribute(const QString& name, const QString& value)
-{
-    m_element.setAttribute(name, value);
-}
-
-int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const
-{
-    int value = valueWhenAbsent;
-    valueText::toBool(attribute(name), &value);
-    return value;
-}
-
 RVOpenNode::ArchiveReference RVOpenNode::openArchive() const
 {
     if (attribute(names::attribute::archiveFilename()).isEmpty())
         return {};
-    return {true, isArchiveInPlace() ? GetDirectoryHandler()->LoadArchive(GetArchiveFilename())
-                                     : nullptr};
+    if (!isArchiveInPlace())
+        return {true, nullptr};
+    const QString file = GetArchiveFilename();
+    return {true, t_archivesStayClosed ? GetDirectoryHandler()->openArchive(file)
+                                       : GetDirectoryHandler()->LoadArchive(file)};
 }
 
 bool RVOpenNode::isArchiveInPlace() const
 {
-    return !GetDirectoryHandler()
-                ->GetFolder(attribute(names::attribute::archiveType()))
-                .isEmpty() &&
-           StaysInside(GetPath()) && StaysInside(GetShortArchiveFilename());
+    const QString folder =
+        GetDirectoryHandler()->GetFolder(attribute(names::attribute::archiveType()));
+    return !folder.isEmpty() && StaysInside(GetPath()) && StaysInside(GetShortArchiveFilename()) &&
+           liesBelow(GetArchiveFilename(), folder);
+}
+
+/// A child of \p owner, or, where that gives blank text no object, the first behind it that is
+/// none.
+QDomNode RVOpenNode::shown(QDomNode child, const RVOpenNode* owner)
+{
+    while (owner && owner->m_skipsBlanks && isBlankText(child))
+        child = child.nextSibling();
+    return child;
 }
 
 RVOpenNode* RVOpenNode::materialiseNext()
 {
-    const QDomNode sibling = m_node.nextSibling();
-    if (sibling.isNull())
+    RVOpenNode* const owner = chainOwner();
+    const QDomNode sibling = shown(m_node.nextSibling(), owner);
+    if (sibling.isNull() || m_makesNext)
         return nullptr;
     // A child that was added from another document kept its element there: that element's siblings
     // are not this node's.
-    if (m_parent && m_node.parentNode() != m_parent->m_node)
+    if (owner && m_node.parentNode() != owner->m_node)
         return nullptr;
-    RVOpenNode* const made = makeLinked(this, false, sibling);
-    if (made) {
-        m_next = made;
-        made->m_parent = m_parent;
-        if (hasNote())
-            made->note(this);
+    m_makesNext = 1;
+    RVOpenNode* const made = NodeAccess::make(sibling);
+    m_makesNext = 0;
+    if (!made)
+        return nullptr;
+    m_next = made;
+    m_sharesNext = 0;
+    made->m_previous = this;
+    if (owner) {
+        made->m_parent = owner;
+        made->m_heldAs = HeldInChain;
+        owner->m_firstChild->m_previous = made;
+    } else {
+        made->m_parent = shownParent();
     }
     return made;
 }
 
-bool RVOpenNode::canTake(const RVOpenNode* child) const
-{
-    if (!child)
-        return false;
-    for (const RVOpenNode* node = this; node; node = node->m_parent) {
-        if (node == child)
-            return false;
-        // A detached node keeps its parent link, but that parent is not above it any more and may
-        // be gone.
-        if (node->m_node.parentNode().isNull())
-            break;
-    }
-    return true;
-}
-
-bool RVOpenNode::standsOutside(const RVOpenNode* parent) const
-{
-    return !m_node.parentNode().isNull() &&
-           m_node.ownerDocument() != parent->m_node.ownerDocument();
-}
-
-bool RVOpenNode::hasNote() const
-{
-    return m_noted && m_notedIn == s_epoch;
-}
-
-void RVOpenNode::note(RVOpenNode* previous)
-{
-    const quint32 epoch = s_epoch;
-    m_noted = nullptr;
-    if (previous == this || epoch == s_lastEpoch)
-        return;
-    if (!s_epochHasNotes)
-        s_epochHasNotes = true;
-    m_noted = previous;
-    m_notedIn = epoch & s_lastEpoch;
-    previous->m_isNoted = 1;
-}
-
-/// Of the first node of a chain.
-void RVOpenNode::noteChain()
-{
-    RVOpenNode* last = this;
-    for (RVOpenNode* node = m_next; node; node = node->m_next) {
-        node->note(last);
-        last = node;
-    }
-    note(last);
-}
-
-/// Of the first node of a chain: the last one, with all up to it made.
-RVOpenNode* RVOpenNode::endOfChain()
-{
-    const bool isNoted = hasNote();
-    RVOpenNode* last = isNoted ? m_noted : this;
-    int steps = 0;
-    for (; RVOpenNode* const next = last->GetNext(1); ++steps) {
-        if (isNoted)
-            next->note(last);
-        last = next;
-    }
-    if (isNoted && steps > 0)
-        note(last);
-    else if (steps > s_longWalk)
-        noteChain();
-    return last;
-}
-
-/// Of the first node of a chain that ends with \p last: links \p child there.
-void RVOpenNode::linkBehind(RVOpenNode* last, RVOpenNode* child)
-{
-    last->m_next = child;
-    child->m_noted = nullptr;
-    if (hasNote()) {
-        child->note(last);
-        note(child);
-    }
-}
-
-/// The one that has \p node as its next one, in the chain that starts with \p first, another node;
-/// null when there is none.
-RVOpenNode* RVOpenNode::before(RVOpenNode* first, const RVOpenNode* node) const
-{
-    if (node->m_parent == this && node->hasNote() && node->m_noted->m_next == node)
-        return node->m_noted;
-    RVOpenNode* before = first;
-    int steps = 0;
-    for (; before && before->GetNext(1) != node; ++steps)
-        before = before->m_next;
-    if (before && steps > s_longWalk)
-        first->noteChain();
-    return before;
-}
-
-/// Takes \p node out of the chain if it is there. Its next link is cleared in any case.
-void RVOpenNode::unlinkHere(RVOpenNode* node)
-{
-    RVOpenNode* const first = GetChild(1, 0);
-    if (first == node) {
-        RVOpenNode* const next = node->GetNext(1);
-        m_firstChild = next;
-        if (next && node->hasNote())
-            next->note(node->m_noted);
-        else if (next)
-            next->m_noted = nullptr;
-    } else if (RVOpenNode* const previous = before(first, node)) {
-        RVOpenNode* const next = node->GetNext(1);
-        previous->m_next = next;
-        const bool isNoted = first->hasNote();
-        if (next)
-            next->m_noted = nullptr;
-        if (next && isNoted)
-            next->note(previous);
-        if (isNoted && first->m_noted == node)
-            first->note(next ? next : previous);
-    } else {
-        if (node->m_next)
-            endEpoch();
-        node->m_next = nullptr;
-        return;
-    }
-    node->m_next = nullptr;
-    node->m_noted = nullptr;
-    node->m_isNoted = 0;
-}
-
 void RVOpenNode::insertHere(RVOpenNode* child, int index)
 {
-    RVOpenNode* parent = this;
-    RVOpenNode* const first = GetChild(1, 0);
-    if (child->m_next)
-        endEpoch();
-    child->m_noted = nullptr;
-    if (!first || index <= 0) {
-        child->m_next = first;
-        m_firstChild = child;
-        if (first && first->hasNote()) {
-            child->note(first->m_noted);
-            first->note(child);
-        }
-    } else {
-        RVOpenNode* before = first;
-        for (int position = 1; position < index; ++position) {
-            RVOpenNode* const next = before->GetNext(1);
-            if (!next)
-                break;
-            before = next;
-        }
-        RVOpenNode* const next = before->GetNext(1);
-        child->m_next = next;
-        before->m_next = child;
-        if (next)
-            next->m_noted = nullptr;
-        if (first->hasNote()) {
-            child->note(before);
-            (next ? next : first)->note(child);
-        }
-        if (first->m_parent)
-            parent = first->m_parent;
+    RVOpenNode* previous = nullptr;
+    RVOpenNode* next = GetChild(1, 0);
+    int position = 0;
+    for (; next && position < index; ++position) {
+        previous = next;
+        next = next->GetNext(1);
     }
-    placeElement(child, parent, index);
+    child->showParent(this);
+    link(this, previous, child);
+    placeElement(child, index, position == index ? previous : nullptr);
 }
 
-void RVOpenNode::placeElement(RVOpenNode* child, RVOpenNode* parent, int index)
+/// Behind the element of \p previous where that stands here; otherwise all nodes count.
+void RVOpenNode::placeElement(RVOpenNode* child, int index, const RVOpenNode* previous)
 {
     if (child->standsOutside(this)) {
         child->rebindSubtree(m_node.ownerDocument().importNode(child->m_node, true));
-        child->m_parent = parent;
+        child->showParent(this);
     } else {
-        child->placeUnder(parent);
+        child->placeUnder(this);
     }
 
     if (index <= 0) {
         m_node.insertBefore(child->m_node, m_node.firstChild());
+        return;
+    }
+    if (previous && previous->m_node.parentNode() == m_node) {
+        m_node.insertAfter(child->m_node, previous->m_node);
         return;
     }
     QDomNode before = m_node.firstChild();
@@ -837,64 +446,38 @@ void RVOpenNode::placeElement(RVOpenNode* child, RVOpenNode* parent, int index)
 
 void RVOpenNode::detachHere(RVOpenNode* node)
 {
-    unlinkHere(node);
+    if (node->chainOwner() == this) {
+        node->GetNext(1);
+        node->unlink();
+    } else if (node->m_heldAs == HeldByNobody && !node->m_previous) {
+        node->SetNext(nullptr);
+    }
     Q_ASSERT(!m_node.isNull());
     Q_ASSERT(!node->GetDomNode().isNull());
-    node->SetDomNode(m_node.removeChild(node->m_node));
+    node->RVOpenNode::SetDomNode(m_node.removeChild(node->m_node));
 }
 
 void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
 {
+    if (oldChild->chainOwner() != this)
+        return;
+    fetch(newChild);
     int position = 0;
-    for (RVOpenNode* node = m_firstChild; node; node = node->GetNext(1), ++position) {
-        if (node != oldChild)
-            continue;
-        detachHere(oldChild);
-        insertHere(newChild, position);
-        // Last, since it may delete the archive that this node belongs to.
-        disposeDetached(oldChild);
-        return;
-    }
+    for (const RVOpenNode* node = m_firstChild; node != oldChild; node = node->m_next)
+        ++position;
+    detachHere(oldChild);
+    insertHere(newChild, position);
+    delete oldChild;
 }
 
-void RVOpenNode::disposeDetached(RVOpenNode* child)
+void RVOpenNode::deleteAlone(bool leavesDocument)
 {
-    const QString archive = child->GetArchiveFilename();
-    if (!archive.isEmpty() && child->isArchiveInPlace())
-        GetDirectoryHandler()->RemoveArchive(archive);
-    delete child;
-}
-
-void RVOpenNode::rebindSubtree(const QDomNode& copy)
-{
-    QDomNode from = m_node.firstChild();
-    QDomNode to = copy.firstChild();
-    for (RVOpenNode* child = m_firstChild; child; child = child->m_next) {
-        while (!from.isNull() && from != child->m_node) {
-            from = from.nextSibling();
-            to = to.nextSibling();
-        }
-        if (from.isNull())
-            break;
-        child->rebindSubtree(to);
-    }
-    SetDomNode(copy);
-}
-
-void RVOpenNode::holdDocument()
-{
-    const QDomDocument document = m_node.ownerDocument();
-    if (document == m_document)
-        return;
-    m_document = document;
-    for (RVOpenNode* child = m_firstChild; child; child = child->m_next)
-        child->holdDocument();
-}
-
-void RVOpenNode::removeElement()
-{
-    if (!t_droppingView)
-        removeFromParent(m_node);
+    m_next = nullptr;
+    m_previous = nullptr;
+    clearHolder();
+    if (leavesDocument)
+        m_leavesDocument = 1;
+    delete this;
 }
 
 } // namespace rvopen

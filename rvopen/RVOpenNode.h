@@ -26,6 +26,8 @@ namespace rvopen {
 /// deletes its subtree and every sibling after it, and takes their elements out of the document.
 /// To delete one node alone use DeleteNode() on its parent. Pointers handed out by the tree stay
 /// owned by it and are valid until the node, one of its ancestors or an earlier sibling is deleted.
+/// A node may be deleted wherever it is, as may one on the stack that was added: it leaves the
+/// chain that it is in.
 ///
 /// Lifetime of the document: a node holds a handle to its document, so a node that was cloned or
 /// detached stays usable after everybody else let go of that document.
@@ -34,8 +36,10 @@ namespace rvopen {
 /// root of an archive file; asking for children, adding, inserting, detaching, deleting and
 /// replacing children act on the root node of that archive, which is opened on demand. A document
 /// reaches archives in the folder of their type only: a reference whose "path" or "archiveFilename"
-/// leads out of it with "..", or whose type has no folder, stands for an archive that cannot be
-/// opened, and deleting it deletes no file.
+/// leads out of it, with ".." or by a link on the way, or whose type has no folder, stands for an
+/// archive that cannot be opened, and deleting it deletes no file. The file of an archive is
+/// deleted by DeleteNode() on the reference and by DirectoryHandler::RemoveArchive(), and by
+/// nothing else: what a setter, a load or a clear removes or replaces leaves it.
 class RVOPEN_EXPORT RVOpenNode : public ORVBase {
 public:
     /// Border drawn around a preview; any other number is kept as it is.
@@ -48,11 +52,18 @@ public:
     /// A free-standing clone: a deep copy of \p source's element in the same document, without a
     /// DOM parent until it is linked into a tree. A null source gives a node bound to nothing.
     explicit RVOpenNode(RVOpenNode* source);
-    /// Shallow: both objects wrap the same element and hold the same links, and the parameter list
-    /// still designates the source. Clear the links of one before both are destroyed.
+    /// Shallow: both objects wrap the same element and show the same links, and the parameter list
+    /// still designates the source. A copy owns nothing: its end deletes no node and takes no
+    /// element out of the document, so copy and source may go in either order. What it shows is
+    /// valid as long as it is in the source; what is added below a copy that shows no children goes
+    /// with the copy, and its element stays.
     RVOpenNode(const RVOpenNode& other);
+    /// Makes this object a copy, as above. Its old element stays in the document, and objects of
+    /// its old children stay valid until it is deleted. An object that stands in a chain keeps its
+    /// place there, that is its parent and its next sibling.
     RVOpenNode& operator=(const RVOpenNode& other);
-    /// Deletes the subtree and the following siblings, then takes the element out of its parent.
+    /// Leaves the chain that it is in, deletes the subtree and the following siblings, then takes
+    /// the element out of its parent.
     virtual ~RVOpenNode();
 
     /// First child. With \p create zero only the child that was already made, else made on demand;
@@ -73,14 +84,18 @@ public:
 
     /// \name Links
     /// @{
-    /// Null for a root or a free node.
+    /// Null for a root, a node that was never added and a component of a snapshot. Of a node that
+    /// was detached the former parent, which may be gone.
     RVOpenNode* GetParent() const;
     /// Sets the parent link and, for a non-null \p parent, moves the element under the parent's
     /// element if it is not there.
     void SetParent(RVOpenNode* parent);
     /// Next sibling. With \p create zero only the one that was already made.
     RVOpenNode* GetNext(int create);
-    /// Sets the next link alone: no DOM change, nothing is freed.
+    /// Sets the next link: no DOM change, nothing is freed. A node stands behind one other only, so
+    /// a link that led to \p next before ends. What stood behind this node becomes a chain of its
+    /// own, which the caller owns. Nothing happens when \p next is this node, stands before it or
+    /// is one of its ancestors.
     void SetNext(RVOpenNode* next);
     /// The node's own parameter list, valid as long as the node.
     ParamHelper* GetParamHelper();
@@ -98,29 +113,35 @@ public:
     /// @}
 
     /// \name Changing the tree
-    /// A node that is added must not be in a tree, nor have siblings behind it that a walk made:
-    /// detach it there first. Null, and a node that is this node or one of its ancestors, are
-    /// ignored.
+    /// A node that is added moves: it leaves the chain or the snapshot that it is in, whichever
+    /// tree that is, and so does its element, and it may be one of this node's children already. An
+    /// element that stands in another document is copied and stays there; the chain there gets a
+    /// new object for it, so that a walk still meets every element. Siblings that a walk from a
+    /// free node made do not come along: they stay bound to their elements, and valid until that
+    /// node is deleted. Null, and a node that is this node or one of its ancestors, are ignored.
     /// @{
 
-    /// Appends \p child as the last child and takes ownership. A child whose element stands in
-    /// another document leaves a copy here and keeps its own element there; one that stands nowhere
-    /// moves here. When this node stands for an archive that cannot be opened, the element is added
-    /// under this element but the caller keeps the object.
+    /// Appends \p child as the last child and takes ownership. Where the element is copied the
+    /// child keeps its own in the other document: what is set through it is set there. When this
+    /// node stands for an archive that cannot be opened, the element is added under this element
+    /// but the caller keeps the object.
     void AddNode(RVOpenNode* child, bool followArchive);
     /// Inserts \p child so that it becomes child number \p index (0-based; past the end appends)
-    /// and takes ownership. An element that stands in another document is copied and the child is
+    /// and takes ownership. Where the element is copied, the child and all objects below it are
     /// bound to the copy. When this node stands for an archive that cannot be opened, as AddNode().
     void InsertNode(RVOpenNode* child, int index);
     /// Unlinks \p child in objects and DOM without deleting it; the caller owns it then. Its next
-    /// link is cleared, its parent link stays. A node that is not a child ends up bound to nothing.
-    /// The children of an archive reference are the archive's whatever \p followArchive says.
+    /// link is cleared, its parent link stays. A node that is not a child ends up bound to nothing
+    /// and keeps its place where it is another node's child. The children of an archive reference
+    /// are the archive's whatever \p followArchive says.
     void DetachNode(RVOpenNode* child, bool followArchive);
-    /// Detaches and deletes \p child. Where the child is an archive reference whose archive is
-    /// open, that archive's file is deleted from disk and its nodes with it.
+    /// Detaches and deletes \p child. Where the child itself is an archive reference whose archive
+    /// is open, that archive's file is deleted from disk and its nodes with it; what lies deeper in
+    /// the child keeps its files.
     void DeleteNode(RVOpenNode* child);
-    /// Deletes \p oldChild and puts \p newChild, which it takes over, at its position. Nothing
-    /// happens when either is null or \p oldChild is not among the children already made.
+    /// Deletes \p oldChild and puts \p newChild, which it takes over as InsertNode() does, at its
+    /// position. Nothing happens when either is null or \p oldChild is not among the children
+    /// already made. The archive that \p oldChild stands for keeps its file and stays open.
     void ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild);
     /// @}
 
@@ -224,7 +245,10 @@ public:
 private:
     friend struct NodeAccess;
 
+    /// What holds an object besides the host.
+    enum HeldAs : quint32 { HeldByNobody, HeldInChain, HeldAside };
     struct ArchiveReference;
+    struct Aside;
 
     void bind(const QDomNode& node, const QDomElement& element);
     void placeUnder(RVOpenNode* parent);
@@ -233,37 +257,61 @@ private:
     int flag(const QString& name, int valueWhenAbsent) const;
     ArchiveReference openArchive() const;
     bool isArchiveInPlace() const;
+    static QDomNode shown(QDomNode child, const RVOpenNode* owner);
     RVOpenNode* materialiseNext();
     bool canTake(const RVOpenNode* child) const;
     bool standsOutside(const RVOpenNode* parent) const;
-    bool hasNote() const;
-    void note(RVOpenNode* previous);
-    void noteChain();
-    RVOpenNode* endOfChain();
-    void linkBehind(RVOpenNode* last, RVOpenNode* child);
-    RVOpenNode* before(RVOpenNode* first, const RVOpenNode* node) const;
-    void unlinkHere(RVOpenNode* node);
+    bool belongsTo(const RVOpenNode* other) const;
+    bool fetch(RVOpenNode* child);
+    void shareChildrenOf(const RVOpenNode* owner);
     void insertHere(RVOpenNode* child, int index);
-    void placeElement(RVOpenNode* child, RVOpenNode* parent, int index);
+    void placeElement(RVOpenNode* child, int index, const RVOpenNode* previous);
     void detachHere(RVOpenNode* node);
     void replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild);
-    static void disposeDetached(RVOpenNode* child);
+
+    RVOpenNode* holder() const;
+    RVOpenNode* chainOwner() const;
+    void setHolder(RVOpenNode* holder, HeldAs as);
+    void clearHolder();
+    Aside* aside();
+    RVOpenNode* shownParent() const;
+    void showParent(RVOpenNode* parent);
+    RVOpenNode* lastMade() const;
+    RVOpenNode* endOfChain();
+    static void link(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* node);
+    void unlink();
+    void cut();
+    void takeOut();
+    void own(RVOpenNode* first);
+    void keep(RVOpenNode* first);
+    void keepChildren();
+    void deleteKept();
+    void deleteAlone(bool leavesDocument);
+    void shareWith(const RVOpenNode& other);
     void rebindSubtree(const QDomNode& copy);
     void holdDocument();
-    void removeElement();
 
     QDomNode m_node;
     QDomElement m_element; ///< The node as an element, null for another kind of node.
     RVOpenNode* m_next = nullptr;
     RVOpenNode* m_firstChild = nullptr;
-    RVOpenNode* m_parent = nullptr;
+    union {
+        RVOpenNode* m_parent = nullptr; ///< Shown to the host; followed only where it holds this.
+        Aside* m_aside;                 ///< Where m_hasAside is set.
+    };
     ParamHelper m_paramHelper;
     QDomDocument m_document; ///< Keeps the document alive; a QDomNode alone does not.
-    /// A note about the chain, good as long as the epoch lasts: the node before this one; for the
-    /// first one a node from which the end is near.
-    RVOpenNode* m_noted = nullptr;
-    quint32 m_notedIn : 31; ///< The epoch of the note.
-    quint32 m_isNoted : 1;  ///< Another node may have a note about this one.
+    /// The node before this one. The first child of a node has the last one made here, unless it is
+    /// the only one; the first of a chain that nobody owns has null.
+    RVOpenNode* m_previous = nullptr;
+    quint32 m_heldAs : 2;
+    quint32 m_hasAside : 1;
+    quint32 m_leavesDocument : 1; ///< A view or a copy: its end takes no element out.
+    quint32 m_sharesNext : 1;     ///< The next link is a copy of another object's.
+    quint32 m_sharesChild : 1;    ///< So is the first child link.
+    quint32 m_skipsBlanks : 1;    ///< Text of white space alone gets no object among the children.
+    quint32 m_makesNext : 1;      ///< The next node is being made.
+    quint32 m_makesChild : 1;     ///< The first child is being made.
 };
 
 } // namespace rvopen

@@ -29,6 +29,10 @@ RVOPEN_EXPORT ReadError LastReadError();
 
 /// The document in the file, as XMLUtils::ReadXmlDocument() reads it; null when it cannot be read.
 /// \p error, if given, is set either way. The caller owns the result.
+///
+/// Elements and attributes know their namespaces, and the declarations are attributes as well, so
+/// that each comes back where it stood. XmlText() counts on that; QDomDocument::toString(), which
+/// makes declarations of its own, would write them twice. Nodes have no line numbers.
 RVOPEN_EXPORT QDomDocument* ReadXmlDocument(const QString& path, ReadError* error = nullptr);
 
 /// The document in the text, read without namespace processing as

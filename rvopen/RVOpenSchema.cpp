@@ -30,6 +30,7 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/SnapShots.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -40,52 +41,27 @@ namespace rvopen {
 
 namespace {
 
-RVOpenNode* bound(RVOpenNode* object, const QDomElement& element)
-{
-    if (object)
-        NodeAccess::bind(object, element);
-    return object;
-}
-
-RVOpenNode* boundWithParams(RVOpenNode* object, const QDomElement& element)
-{
-    if (bound(object, element))
-        object->GetParamHelper()->Populate();
-    return object;
-}
-
-/// For the classes whose constructors take a source to clone.
 template <typename Class>
 RVOpenNode* make(const QDomElement& element)
 {
-    return bound(new Class(nullptr), element);
+    return newBound<Class>(element);
 }
 
 template <typename Class>
 RVOpenNode* makeWithParams(const QDomElement& element)
 {
-    return boundWithParams(new Class(nullptr), element);
-}
-
-template <typename Class>
-RVOpenNode* makeShader(const QDomElement& element)
-{
-    return boundWithParams(new Class(), element);
-}
-
-/// For the classes that read their element themselves.
-template <typename Class>
-RVOpenNode* makeFrom(const QDomElement& element)
-{
-    return new Class(element);
+    auto* const object = newBound<Class>(element);
+    if (object)
+        object->GetParamHelper()->Populate();
+    return object;
 }
 
 RVOpenNode* makeParam(const QDomElement& element)
 {
     if (element.attribute(names::attribute::type()) != names::paramType::shader())
-        return bound(new Param(), element);
+        return newBound<Param>(element);
     if (element.attribute(names::attribute::val()) == names::paramType::colour())
-        return bound(new ShaderColour(), element);
+        return newBound<ShaderColour>(element);
     return nullptr;
 }
 
@@ -109,11 +85,11 @@ constexpr Maker s_makers[] = {
     {names::element::finish, make<Finish>},
     {names::element::transparency, make<Transparency>},
     {names::element::bump, make<Bump>},
-    {names::element::diffuse, makeShader<ShaderDiffuse>},
-    {names::element::plainColour, makeShader<ShaderPlainColour>},
-    {names::element::map, makeShader<ShaderMap>},
-    {names::element::snapShot, makeFrom<SnapShot>},
-    {names::element::snapShots, makeFrom<SnapShots>},
+    {names::element::diffuse, makeWithParams<ShaderDiffuse>},
+    {names::element::plainColour, makeWithParams<ShaderPlainColour>},
+    {names::element::map, makeWithParams<ShaderMap>},
+    {names::element::snapShot, make<SnapShot>},
+    {names::element::snapShots, make<SnapShots>},
 };
 
 bool isNamed(const RVOpenNode* node, names::Name name)
@@ -169,10 +145,25 @@ RVOpenNode* NodeAccess::make(const QDomNode& node)
                 return maker.make(element);
         }
     }
-    auto* const object = new RVOpenNode();
-    if (object)
-        object->SetDomNode(node);
-    return object;
+    return newBound<RVOpenNode>(node);
+}
+
+void NodeAccess::restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* previous,
+                             const QDomNode& element)
+{
+    // Collections and snapshots make objects of classes of their own choice.
+    if (auto* const snapShot = owner ? nullptr : nodeCast<SnapShot>(holder))
+        snapShot->Populate();
+    else if (auto* const palette = nodeCast<MaterialRepository>(owner))
+        palette->Populate();
+    else if (auto* const targets = nodeCast<RenderTargets>(owner))
+        targets->Populate();
+    else if (auto* const snapShots = nodeCast<SnapShots>(owner))
+        snapShots->Populate();
+    else if (RVOpenNode* const made = owner || previous ? make(element) : nullptr) {
+        made->showParent(owner);
+        link(owner, previous, made);
+    }
 }
 
 RVOpenNode* RVOpenSchema::createNode(QDomNode node)

@@ -23,8 +23,8 @@ inline constexpr int SnapShotFileIndent = 2;
 /// @}
 
 /// The document as text, the same in every process and with every version of Qt, and such that it
-/// can be read again. Null for a document that could not: without root element, or nested too
-/// deeply.
+/// can be read again, equal: with each declaration of a namespace once, and no white space added to
+/// text. Null for a document that could not be read: without root element, or nested too deeply.
 RVOPEN_EXPORT QString XmlText(const QDomDocument& document, int indent);
 
 /// Writes XmlText() to the file as UTF-8. The file is replaced whole: on false it is as it was, and

@@ -141,10 +141,7 @@ unsigned int RenderTarget::SetLandscape(int landscape)
 
 unsigned int RenderTarget::GetLandscape(int* out)
 {
-    const unsigned int status = onParam(this, names::parameter::landscape, &Param::GetValBool, out);
-    if (status != StatusOk && out)
-        *out = 1;
-    return status;
+    return onParamOrDefault(this, names::parameter::landscape, &Param::GetValBool, out, 1);
 }
 
 unsigned int RenderTarget::SetWidth(int width)

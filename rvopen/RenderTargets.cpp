@@ -4,11 +4,11 @@
 #include <rvopen/RenderTargets.h>
 
 #include <rvopen/RenderTarget.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
 #include <rvopen/model/Population.h>
-
-#include <QDomDocument>
 
 namespace rvopen {
 
@@ -37,9 +37,8 @@ RenderTarget* RenderTargets::GetFirstRenderTarget()
 RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 {
     if (source)
-        return new RenderTarget(static_cast<RVOpenNode*>(source));
-    QDomDocument document = GetDomNode().ownerDocument();
-    auto* const target = new RenderTarget(document.createElement(names::element::renderTarget()));
+        return cloneOf(source);
+    auto* const target = newElement<RenderTarget>(this, names::element::renderTarget);
     if (target)
         target->PopulateParams();
     return target;
@@ -48,7 +47,7 @@ RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 void RenderTargets::Clear()
 {
     while (RenderTarget* const target = GetFirstRenderTarget())
-        DeleteNode(target);
+        NodeAccess::removeChild(this, target);
 }
 
 } // namespace rvopen

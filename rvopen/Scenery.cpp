@@ -129,10 +129,7 @@ unsigned int Scenery::SetBaseSize(float size)
 
 unsigned int Scenery::GetBaseSize(float* out)
 {
-    const unsigned int status = onParam(this, names::parameter::baseSize, &Param::GetValFloat, out);
-    if (status != StatusOk && out)
-        *out = 3.0f;
-    return status;
+    return onParamOrDefault(this, names::parameter::baseSize, &Param::GetValFloat, out, 3.0f);
 }
 
 unsigned int Scenery::SetDropShadowCatchSpots(int catchSpots)
@@ -143,11 +140,8 @@ unsigned int Scenery::SetDropShadowCatchSpots(int catchSpots)
 
 unsigned int Scenery::GetDropShadowCatchSpots(int* out)
 {
-    const unsigned int status =
-        onParam(this, names::parameter::dropShadowCatchSpots, &Param::GetValBool, out);
-    if (status != StatusOk && out)
-        *out = 1;
-    return status;
+    return onParamOrDefault(this, names::parameter::dropShadowCatchSpots, &Param::GetValBool, out,
+                            1);
 }
 
 } // namespace rvopen

@@ -31,6 +31,9 @@ bool ShaderColour::Equal(ShaderColour* other)
 {
     if (!other)
         return false;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByArchive(this, other))
+        return *decided;
     ShaderPlainColour* const plain = GetPlainColour(0);
     ShaderMap* const map = GetMap(0);
     return (plain || map) && equalOrBothAbsent(plain, other->GetPlainColour(0)) &&

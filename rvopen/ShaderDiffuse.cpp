@@ -4,6 +4,7 @@
 #include <rvopen/ShaderDiffuse.h>
 
 #include <rvopen/ShaderColour.h>
+#include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Components.h>
 
 namespace rvopen {
@@ -21,6 +22,9 @@ bool ShaderDiffuse::Equal(ShaderDiffuse* other)
 {
     if (!other)
         return false;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByArchive(this, other))
+        return *decided;
     ShaderColour* const colour = GetColour();
     ShaderColour* const otherColour = other->GetColour();
     return colour && colour->Equal(otherColour);

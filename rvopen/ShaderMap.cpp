@@ -155,7 +155,12 @@ unsigned int ShaderMap::SetUseAlpha(int value)
 
 bool ShaderMap::Equal(ShaderMap* other)
 {
-    return other && IsEnabled() == other->IsEnabled() && GetTexture() == other->GetTexture() &&
+    if (!other || IsEnabled() != other->IsEnabled())
+        return false;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByArchive(this, other))
+        return *decided;
+    return GetTexture() == other->GetTexture() &&
            equalWhereReadable(this, other, &ShaderMap::GetWidth) &&
            equalWhereReadable(this, other, &ShaderMap::GetHeight) &&
            equalPair(this, other, hasMapping, sameMapping) &&

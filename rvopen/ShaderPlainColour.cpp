@@ -4,6 +4,7 @@
 #include <rvopen/ShaderPlainColour.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/ParamAccess.h>
 
@@ -31,6 +32,9 @@ bool ShaderPlainColour::Equal(ShaderPlainColour* other)
 {
     if (!other || IsEnabled() != other->IsEnabled())
         return false;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByArchive(this, other))
+        return *decided;
     float colour[3] = {};
     float otherColour[3] = {};
     return GetColour(colour) != StatusOk || other->GetColour(otherColour) != StatusOk ||

@@ -18,9 +18,11 @@
 #include <rvopen/Scheme.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
+#include <rvopen/model/SnapShotComponents.h>
 #include <rvopen/model/ValueText.h>
 #include <rvopen/xml/DomWriter.h>
 
@@ -28,173 +30,33 @@
 #include <QDomDocument>
 #include <QDomElement>
 
-#include <type_traits>
-
 namespace rvopen {
 
-namespace {
-
-template <typename Component>
-Component* bindTo(const QDomNode& node)
-{
-    if constexpr (std::is_constructible_v<Component, QDomNode>) {
-        return new Component(node);
-    } else {
-        auto* const component = new Component(nullptr);
-        if (component)
-            component->SetDomNode(node);
-        return component;
-    }
-}
-
-template <typename Component>
-Component* create(const RVOpenNode* owner, names::Name name)
-{
-    QDomDocument document = owner->GetDomNode().ownerDocument();
-    return bindTo<Component>(document.createElement(name()));
-}
-
-template <typename Component>
-Component* createWithParams(const RVOpenNode* owner, names::Name name)
-{
-    auto* const component = create<Component>(owner, name);
-    if (component)
-        component->PopulateParams();
-    return component;
-}
-
-template <typename Component>
-Component* cloneOrCreate(const RVOpenNode* owner, names::Name name, Component* source)
-{
-    return source ? new Component(static_cast<RVOpenNode*>(source))
-                  : createWithParams<Component>(owner, name);
-}
-
-/// What a component needs after it was bound to an element of a document.
-template <typename Component>
-void readChildren(Component* component)
-{
-    if constexpr (std::is_same_v<Component, MaterialRepository> ||
-                  std::is_same_v<Component, RenderTargets>)
-        component->Populate();
-    else if constexpr (!std::is_same_v<Component, Scheme>)
-        component->GetParamHelper()->Populate();
-}
-
-} // namespace
-
-/// The operations on components, each once for all of them.
-struct SnapShot::Components {
-    /// Deletes the component held and removes its element and no other.
-    template <typename Component>
-    static void remove(SnapShot* snapShot, Component*& held)
-    {
-        if (!held)
-            return;
-        keepWalkGoing(snapShot, held->GetDomNode());
-        destroy(snapShot, held);
-    }
-
-    /// Only the component's own element is taken out: what a host moved out of the component by
-    /// other objects of the same elements stays where it was put.
-    template <typename Component>
-    static void destroy(const SnapShot* snapShot, Component*& held)
-    {
-        if (!held)
-            return;
-        const QDomNode element = held->GetDomNode();
-        NodeAccess::dropView(held);
-        held = nullptr;
-        // A snapshot that was taken out of its document by hand may be bound to nothing.
-        QDomNode own = snapShot->GetDomNode();
-        if (!NodeAccess::isDroppingView() && !own.isNull() && element.parentNode() == own)
-            own.removeChild(element);
-    }
-
-    /// Removes the component held and stores \p fresh, its element as the last child.
-    template <typename Component>
-    static Component* replace(SnapShot* snapShot, Component*& held, Component* fresh)
-    {
-        remove(snapShot, held);
-        held = fresh;
-        if (fresh) {
-            snapShot->GetDomNode().appendChild(fresh->GetDomNode());
-            NodeAccess::holdDocument(fresh);
-        }
-        return fresh;
-    }
-
-    /// Stores a deep copy of \p source, for null nothing. Null, with nothing changed, also when
-    /// memory is exhausted.
-    template <typename Component>
-    static Component* addCopy(SnapShot* snapShot, Component*& held, Component* source)
-    {
-        return addCopy(snapShot, held, source, [](Component&) {});
-    }
-
-    template <typename Component, typename Prepare>
-    static Component* addCopy(SnapShot* snapShot, Component*& held, Component* source,
-                              Prepare prepare)
-    {
-        // The copy comes first: the source may be the component held.
-        auto* const copy = source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
-        if (copy)
-            prepare(*copy);
-        return source && !copy ? nullptr : replace(snapShot, held, copy);
-    }
-
-    template <typename Component>
-    static Component* getOrCreate(SnapShot* snapShot, Component*& held, names::Name name)
-    {
-        return held ? held : replace(snapShot, held, create<Component>(snapShot, name));
-    }
-
-    /// Makes the object of a component's element, unless the one held is that already.
-    template <typename Component, Component* SnapShot::*member>
-    static void bind(SnapShot* snapShot, const QDomNode& node)
-    {
-        Component*& held = snapShot->*member;
-        if (!held || held->GetDomNode() != node) {
-            Component* const made = bindTo<Component>(node);
-            if (!made)
-                return;
-            NodeAccess::dropView(held);
-            held = made;
-        }
-        readChildren(held);
-    }
-
-    /// A walk over the snapshot's children may have wrapped the component's element a second time;
-    /// once the element is out of the document that object could not find its next sibling.
-    static void keepWalkGoing(SnapShot* snapShot, const QDomNode& element)
-    {
-        RVOpenNode* view = snapShot->GetChild(0, 0);
-        while (view && view->GetDomNode() != element)
-            view = view->GetNext(0);
-        if (view)
-            view->GetNext(1);
-    }
-
-    struct Binder {
-        names::Name name;
-        void (*bind)(SnapShot* snapShot, const QDomNode& node);
-    };
-    static const Binder s_binders[10];
+const SnapShot::Components::Row SnapShot::Components::s_rows[10] = {
+    row<Camera, &SnapShot::m_camera>(names::element::camera),
+    row<SnapShotSettings, &SnapShot::m_snapShotSettings>(names::element::snapShotSettings),
+    row<NaturalLightStudio, &SnapShot::m_naturalLightStudio>(names::element::naturalLightStudio),
+    row<ArtificialLightStudio, &SnapShot::m_artificialLightStudio>(
+        names::element::artificialLightStudio),
+    row<Scheme, &SnapShot::m_scheme>(names::element::scheme),
+    row<Background, &SnapShot::m_background>(names::element::background),
+    row<Foreground, &SnapShot::m_foreground>(names::element::foreground),
+    row<MaterialRepository, &SnapShot::m_materialRepository>(names::element::materialRepository),
+    row<RenderTargets, &SnapShot::m_renderTargets>(names::element::renderTargets),
+    row<Scenery, &SnapShot::m_scenery>(names::element::scenery),
 };
 
-const SnapShot::Components::Binder SnapShot::Components::s_binders[10] = {
-    {names::element::camera, bind<Camera, &SnapShot::m_camera>},
-    {names::element::snapShotSettings, bind<SnapShotSettings, &SnapShot::m_snapShotSettings>},
-    {names::element::naturalLightStudio, bind<NaturalLightStudio, &SnapShot::m_naturalLightStudio>},
-    {names::element::artificialLightStudio,
-     bind<ArtificialLightStudio, &SnapShot::m_artificialLightStudio>},
-    {names::element::scheme, bind<Scheme, &SnapShot::m_scheme>},
-    {names::element::background, bind<Background, &SnapShot::m_background>},
-    {names::element::foreground, bind<Foreground, &SnapShot::m_foreground>},
-    {names::element::materialRepository, bind<MaterialRepository, &SnapShot::m_materialRepository>},
-    {names::element::renderTargets, bind<RenderTargets, &SnapShot::m_renderTargets>},
-    {names::element::scenery, bind<Scenery, &SnapShot::m_scenery>},
-};
+void NodeAccess::forgetComponent(RVOpenNode* snapShot, RVOpenNode* component)
+{
+    if (auto* const holder = nodeCast<SnapShot>(snapShot))
+        holder->forget(component);
+}
+
+std::vector<RVOpenNode*> NodeAccess::components(RVOpenNode* node)
+{
+    auto* const snapShot = nodeCast<SnapShot>(node);
+    return snapShot ? snapShot->components() : std::vector<RVOpenNode*>();
+}
 
 SnapShot::SnapShot(QDomNode node)
 {
@@ -212,20 +74,39 @@ SnapShot::SnapShot(RVOpenNode* source)
 
 SnapShot::SnapShot(const SnapShot& other) = default;
 
-SnapShot& SnapShot::operator=(const SnapShot& other) = default;
+SnapShot& SnapShot::operator=(const SnapShot& other)
+{
+    if (this == &other)
+        return *this;
+    for (const Components::Row& row : Components::s_rows)
+        row.retire(this);
+    RVOpenNode::operator=(other);
+    m_scheme = other.m_scheme;
+    m_background = other.m_background;
+    m_foreground = other.m_foreground;
+    m_naturalLightStudio = other.m_naturalLightStudio;
+    m_artificialLightStudio = other.m_artificialLightStudio;
+    m_camera = other.m_camera;
+    m_snapShotSettings = other.m_snapShotSettings;
+    m_materialRepository = other.m_materialRepository;
+    m_renderTargets = other.m_renderTargets;
+    m_scenery = other.m_scenery;
+    m_snapShotPath = other.m_snapShotPath;
+    return *this;
+}
 
 SnapShot::~SnapShot()
 {
-    Components::destroy(this, m_scheme);
-    Components::destroy(this, m_background);
-    Components::destroy(this, m_foreground);
-    Components::destroy(this, m_camera);
-    Components::destroy(this, m_naturalLightStudio);
-    Components::destroy(this, m_artificialLightStudio);
-    Components::destroy(this, m_snapShotSettings);
-    Components::destroy(this, m_renderTargets);
-    Components::destroy(this, m_scenery);
-    Components::destroy(this, m_materialRepository);
+    Components::end(this, m_scheme);
+    Components::end(this, m_background);
+    Components::end(this, m_foreground);
+    Components::end(this, m_camera);
+    Components::end(this, m_naturalLightStudio);
+    Components::end(this, m_artificialLightStudio);
+    Components::end(this, m_snapShotSettings);
+    Components::end(this, m_renderTargets);
+    Components::end(this, m_scenery);
+    Components::end(this, m_materialRepository);
 }
 
 SnapShot* SnapShot::GetNext()
@@ -235,14 +116,14 @@ SnapShot* SnapShot::GetNext()
 
 void SnapShot::Populate()
 {
-    constexpr std::size_t count = std::extent_v<decltype(Components::s_binders)>;
+    constexpr std::size_t count = std::extent_v<decltype(Components::s_rows)>;
     QDomNode last[count];
     for (QDomNode child = GetDomNode().firstChild(); !child.isNull(); child = child.nextSibling()) {
         if (!child.isElement())
             continue;
         const QString name = child.nodeName();
         for (std::size_t i = 0; i < count; ++i) {
-            if (name == Components::s_binders[i].name()) {
+            if (name == Components::s_rows[i].name()) {
                 last[i] = child;
                 break;
             }
@@ -250,49 +131,49 @@ void SnapShot::Populate()
     }
     for (std::size_t i = 0; i < count; ++i) {
         if (!last[i].isNull())
-            Components::s_binders[i].bind(this, last[i]);
+            Components::s_rows[i].bind(this, last[i]);
     }
 }
 
 Scheme* SnapShot::GetScheme() const
 {
-    return m_scheme;
+    return m_scheme.object;
 }
 
 Background* SnapShot::GetBackground() const
 {
-    return m_background;
+    return m_background.object;
 }
 
 Foreground* SnapShot::GetForeground() const
 {
-    return m_foreground;
+    return m_foreground.object;
 }
 
 Camera* SnapShot::GetCamera() const
 {
-    return m_camera;
+    return m_camera.object;
 }
 
 SnapShotSettings* SnapShot::GetSnapShotSettings() const
 {
-    return m_snapShotSettings;
+    return m_snapShotSettings.object;
 }
 
 Scenery* SnapShot::GetScenery() const
 {
-    return m_scenery;
+    return m_scenery.object;
 }
 
 NaturalLightStudio* SnapShot::GetNaturalLightStudio() const
 {
-    return m_naturalLightStudio;
+    return m_naturalLightStudio.object;
 }
 
 ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
 {
-    if (m_artificialLightStudio)
-        return m_artificialLightStudio;
+    if (m_artificialLightStudio.object)
+        return m_artificialLightStudio.object;
     auto* const studio =
         createWithParams<ArtificialLightStudio>(this, names::element::artificialLightStudio);
     if (!studio)
@@ -314,12 +195,13 @@ MaterialRepository* SnapShot::GetMaterialRepository()
 
 unsigned int SnapShot::IsSelected(int* out)
 {
-    return m_snapShotSettings ? m_snapShotSettings->IsSelected(out) : StatusMissing;
+    return m_snapShotSettings.object ? m_snapShotSettings.object->IsSelected(out) : StatusMissing;
 }
 
 unsigned int SnapShot::SetSelected(int value)
 {
-    return m_snapShotSettings ? m_snapShotSettings->SetSelected(value) : StatusMissing;
+    return m_snapShotSettings.object ? m_snapShotSettings.object->SetSelected(value)
+                                     : StatusMissing;
 }
 
 Camera* SnapShot::CreateCamera()
@@ -344,7 +226,7 @@ Scheme* SnapShot::AddScheme(Scheme* scheme)
     ClearBackground();
     ClearForeground();
     ClearNaturalLightStudio();
-    return m_scheme;
+    return m_scheme.object;
 }
 
 Background* SnapShot::AddBackground(Background* background)
@@ -380,8 +262,11 @@ void SnapShot::AddScenery(Scenery* scenery)
 
 void SnapShot::AddSnapShotSettings(SnapShotSettings* settings)
 {
-    if (settings != m_snapShotSettings)
-        Components::replace(this, m_snapShotSettings, settings);
+    if (settings == m_snapShotSettings.object || (settings && !NodeAccess::canTake(this, settings)))
+        return;
+    if (settings)
+        NodeAccess::withdraw(settings);
+    Components::replace(this, m_snapShotSettings, settings);
 }
 
 NaturalLightStudio* SnapShot::CreateAndAddNaturalLightStudio()
@@ -413,7 +298,8 @@ void SnapShot::ClearScenery()
 
 void SnapShot::SetupSnapShotForSerialise()
 {
-    Material* material = m_materialRepository ? m_materialRepository->GetFirstMaterial() : nullptr;
+    Material* material =
+        m_materialRepository.object ? m_materialRepository.object->GetFirstMaterial() : nullptr;
     for (; material; material = material->GetNext())
         material->SetBaseMaterial(nullptr);
 }
@@ -486,6 +372,24 @@ void SnapShot::ClearArtificialLightStudio()
 void SnapShot::ClearRenderTargets()
 {
     Components::remove(this, m_renderTargets);
+}
+
+void SnapShot::forget(const RVOpenNode* component)
+{
+    for (const Components::Row& row : Components::s_rows) {
+        if (row.forget(this, component))
+            return;
+    }
+}
+
+std::vector<RVOpenNode*> SnapShot::components() const
+{
+    std::vector<RVOpenNode*> all;
+    for (const Components::Row& row : Components::s_rows) {
+        if (RVOpenNode* const component = row.owned(this))
+            all.push_back(component);
+    }
+    return all;
 }
 
 QString SnapShot::fileSafeName() const

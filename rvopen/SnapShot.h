@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace rvopen {
 
 class ArtificialLightStudio;
@@ -24,8 +26,13 @@ class SnapShotSettings;
 /// A saved set-up of a rendered view: an element with one child element per component.
 ///
 /// The components belong to the snapshot: a pointer that a getter hands out is valid until that
-/// component is replaced or cleared or the snapshot is deleted. Changes go to the document at once;
-/// deleting a snapshot takes its components' elements out of it.
+/// component is replaced or cleared or the snapshot is deleted. One that is deleted, or added to
+/// another node, is the snapshot's no more. Changes go to the document at once; deleting a snapshot
+/// takes its components' elements out of it.
+///
+/// A walk over the children wraps the elements of the components a second time. Where an element
+/// goes with its component, so does its object go out of the walk; it stays valid until the
+/// snapshot is deleted.
 ///
 /// Add operations store a deep copy of their argument (except AddSnapShotSettings()), replace the
 /// component held and leave the argument to the caller; the copy moves into the snapshot's document
@@ -37,7 +44,8 @@ public:
     explicit SnapShot(QDomNode node);
     /// A free-standing clone with components of its own; null gives a snapshot bound to nothing.
     explicit SnapShot(RVOpenNode* source);
-    /// Shallow: both objects share the components. Only one of them may be destroyed with them.
+    /// Shallow, as RVOpenNode's: a copy shows the components of the source and owns none of them.
+    /// An object that is assigned to keeps the components it had valid until it is deleted.
     SnapShot(const SnapShot& other);
     SnapShot& operator=(const SnapShot& other);
     ~SnapShot() override;
@@ -107,7 +115,7 @@ public:
     MaterialRepository* AddMaterialRepository(MaterialRepository* repository);
     NaturalLightStudio* AddNaturalLightStudio(NaturalLightStudio* studio);
     void AddScenery(Scenery* scenery);
-    /// Takes the given object itself over, without a copy.
+    /// Takes the given object itself over, without a copy, out of whatever holds it.
     void AddSnapShotSettings(SnapShotSettings* settings);
     /// A new studio with all parameters.
     NaturalLightStudio* CreateAndAddNaturalLightStudio();
@@ -148,7 +156,28 @@ public:
     QString CreateSnapShotDocumentAsString() const;
 
 private:
+    friend struct NodeAccess;
+
     struct Components;
+
+    /// A component, and whether this snapshot owns it: what a copy shows is another one's.
+    template <typename Component>
+    struct Held {
+        Held() = default;
+        Held(const Held& other)
+            : object(other.object)
+        {
+        }
+        Held& operator=(const Held& other)
+        {
+            object = other.object;
+            owned = false;
+            return *this;
+        }
+
+        Component* object = nullptr;
+        bool owned = false;
+    };
 
     void ClearForeground();
     void ClearCamera();
@@ -157,19 +186,21 @@ private:
     void ClearArtificialLightStudio();
     void ClearRenderTargets();
 
+    void forget(const RVOpenNode* component);
+    std::vector<RVOpenNode*> components() const;
     QString fileSafeName() const;
     QString imageFilename(const QString& fileName) const;
 
-    Scheme* m_scheme = nullptr;
-    Background* m_background = nullptr;
-    Foreground* m_foreground = nullptr;
-    NaturalLightStudio* m_naturalLightStudio = nullptr;
-    ArtificialLightStudio* m_artificialLightStudio = nullptr;
-    Camera* m_camera = nullptr;
-    SnapShotSettings* m_snapShotSettings = nullptr;
-    MaterialRepository* m_materialRepository = nullptr;
-    RenderTargets* m_renderTargets = nullptr;
-    Scenery* m_scenery = nullptr;
+    Held<Scheme> m_scheme;
+    Held<Background> m_background;
+    Held<Foreground> m_foreground;
+    Held<NaturalLightStudio> m_naturalLightStudio;
+    Held<ArtificialLightStudio> m_artificialLightStudio;
+    Held<Camera> m_camera;
+    Held<SnapShotSettings> m_snapShotSettings;
+    Held<MaterialRepository> m_materialRepository;
+    Held<RenderTargets> m_renderTargets;
+    Held<Scenery> m_scenery;
     QString m_snapShotPath;
 };
 

@@ -111,10 +111,11 @@ unsigned int SnapShotSettings::SetBackgroundReflected(QString path, float intens
     const unsigned int status =
         onParamOrNew(this, {names::parameter::reflectedEnvIntensity, ParamType::Float},
                      &Param::SetValFloat, intensity);
-    Param* param = findParam(this, names::parameter::reflectedEnvPath);
-    if (!param)
-        param = addParam(this, {names::parameter::reflectedEnvPath, ParamType::String});
-    return param ? param->SetValString(path) : status;
+    const unsigned int pathStatus = onParamOrNew(
+        this, {names::parameter::reflectedEnvPath, ParamType::String}, &Param::SetValString, path);
+    return pathStatus == StatusOk || findParam(this, names::parameter::reflectedEnvPath)
+               ? pathStatus
+               : status;
 }
 
 QString SnapShotSettings::GetBackgroundReflected(float* intensity)

@@ -7,23 +7,13 @@
 #include <rvopen/Camera.h>
 #include <rvopen/MaterialRepository.h>
 #include <rvopen/SnapShot.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
 #include <rvopen/model/Population.h>
 
-#include <QDomDocument>
-
 namespace rvopen {
-
-namespace {
-
-template <typename Component>
-Component* cloneOf(Component* source)
-{
-    return source ? new Component(static_cast<RVOpenNode*>(source)) : nullptr;
-}
-
-} // namespace
 
 SnapShots::SnapShots(QDomNode node)
 {
@@ -38,7 +28,7 @@ SnapShots::~SnapShots() = default;
 
 void SnapShots::Populate()
 {
-    populateChildren(this, [](const QDomNode& child) { return new SnapShot(child); });
+    populateChildren(this, [](const QDomNode& child) { return newBound<SnapShot>(child); });
 }
 
 SnapShot* SnapShots::GetFirstSnapShot()
@@ -49,15 +39,12 @@ SnapShot* SnapShots::GetFirstSnapShot()
 void SnapShots::Clear()
 {
     while (auto* const snapShot = nodeCast<SnapShot>(GetChild(1, 1)))
-        DeleteNode(snapShot);
+        NodeAccess::removeChild(this, snapShot);
 }
 
 SnapShot* SnapShots::CreateSnapShot(SnapShot* source)
 {
-    if (source)
-        return cloneOf(source);
-    QDomDocument document = GetDomNode().ownerDocument();
-    return new SnapShot(document.createElement(names::element::snapShot()));
+    return source ? cloneOf(source) : newElement<SnapShot>(this, names::element::snapShot);
 }
 
 Background* SnapShots::CreateBackground(Background* source)

@@ -30,8 +30,8 @@ public:
     SnapShots& operator=(const SnapShots& other);
     ~SnapShots() override;
 
-    /// Makes a snapshot of every child node, whatever its name and kind, in document order. Child
-    /// nodes that have their object keep it.
+    /// Makes a snapshot of every child node, whatever its name and kind, in document order; text of
+    /// white space alone is layout and gets none. Child nodes that have their object keep it.
     void Populate();
     /// The first snapshot whose object exists already; null if there is none or the first child is
     /// of another class. Owned by the collection.

@@ -8,6 +8,7 @@
 #include <rvopen/Finish.h>
 #include <rvopen/Material.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Components.h>
 #include <rvopen/model/Names.h>
 
@@ -15,19 +16,17 @@ namespace rvopen {
 
 namespace {
 
-/// Copies first: what is copied may be what is held.
+/// The copy is made first: what is copied may be what is held.
 template <typename Component>
-void hold(Component*& held, Component* component)
+void hold(std::shared_ptr<Component>& held, Component* component)
 {
-    Component* const copy = cloneOf(component);
-    delete held;
-    held = copy;
+    held.reset(cloneOf(component));
 }
 
 template <typename Component>
-void holdUnlessHeld(Component*& held, Component* component)
+void holdUnlessHeld(std::shared_ptr<Component>& held, Component* component)
 {
-    if (component != held)
+    if (component != held.get())
         hold(held, component);
 }
 
@@ -39,18 +38,11 @@ TemporaryItems::TemporaryItems(const TemporaryItems& other) = default;
 
 TemporaryItems& TemporaryItems::operator=(const TemporaryItems& other) = default;
 
-TemporaryItems::~TemporaryItems()
-{
-    delete m_material;
-    delete m_colour;
-    delete m_finish;
-    delete m_transparency;
-    delete m_bump;
-}
+TemporaryItems::~TemporaryItems() = default;
 
 Material* TemporaryItems::GetMaterial() const
 {
-    return m_material;
+    return m_material.get();
 }
 
 void TemporaryItems::SetMaterial(Material* material)
@@ -58,12 +50,12 @@ void TemporaryItems::SetMaterial(Material* material)
     hold(m_material, material);
     // Only what is in the copy itself: where the original stands for an archive, that stays whole.
     if (m_material)
-        removeOwnChild(m_material, names::element::material);
+        removeOwnChild(m_material.get(), names::element::material);
 }
 
 Colour* TemporaryItems::GetColour() const
 {
-    return m_colour;
+    return m_colour.get();
 }
 
 void TemporaryItems::SetColour(Colour* colour)
@@ -73,7 +65,7 @@ void TemporaryItems::SetColour(Colour* colour)
 
 Finish* TemporaryItems::GetFinish() const
 {
-    return m_finish;
+    return m_finish.get();
 }
 
 void TemporaryItems::SetFinish(Finish* finish)
@@ -83,7 +75,7 @@ void TemporaryItems::SetFinish(Finish* finish)
 
 Transparency* TemporaryItems::GetTransparency() const
 {
-    return m_transparency;
+    return m_transparency.get();
 }
 
 void TemporaryItems::SetTransparency(Transparency* transparency)
@@ -93,7 +85,7 @@ void TemporaryItems::SetTransparency(Transparency* transparency)
 
 Bump* TemporaryItems::GetBump() const
 {
-    return m_bump;
+    return m_bump.get();
 }
 
 void TemporaryItems::SetBump(Bump* bump)

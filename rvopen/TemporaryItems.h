@@ -8,6 +8,8 @@
 
 #include <QString>
 
+#include <memory>
+
 namespace rvopen {
 
 class Bump;
@@ -21,7 +23,7 @@ class Transparency;
 ///
 /// The setters store copies that need neither their source nor its document any longer; each
 /// replaces one item and leaves the others alone, null clears it. Items belong to the clipboard and
-/// are valid until they are replaced or it is destroyed.
+/// are valid until they are replaced or it is destroyed, in all its copies.
 class RVOPEN_EXPORT TemporaryItems : public ORVBase {
 public:
     /// What was copied. Stored and returned as it is; any other number is kept too.
@@ -36,10 +38,11 @@ public:
 
     /// Nothing held, no reference name, ComponentNone.
     TemporaryItems();
-    /// Shallow: both objects hold the same items, and only one may be destroyed with them.
+    /// Shallow: both objects hold the same items until one of them gets others. An item goes with
+    /// the last of them that holds it.
     TemporaryItems(const TemporaryItems& other);
     TemporaryItems& operator=(const TemporaryItems& other);
-    /// Deletes the items.
+    /// Deletes the items that no copy holds.
     ~TemporaryItems();
 
     /// \name Items
@@ -73,11 +76,11 @@ public:
     bool IsEmpty() const;
 
 private:
-    Material* m_material = nullptr;
-    Colour* m_colour = nullptr;
-    Finish* m_finish = nullptr;
-    Transparency* m_transparency = nullptr;
-    Bump* m_bump = nullptr;
+    std::shared_ptr<Material> m_material;
+    std::shared_ptr<Colour> m_colour;
+    std::shared_ptr<Finish> m_finish;
+    std::shared_ptr<Transparency> m_transparency;
+    std::shared_ptr<Bump> m_bump;
     QString m_refName;
     ComponentType m_type = ComponentNone;
 };

@@ -38,8 +38,9 @@ bool Transparency::Equal(Transparency* other)
 {
     if (!other)
         return false;
-    if (const auto byName = equalByRefName(this, other))
-        return *byName;
+    const ArchivesStayClosed closed;
+    if (const auto decided = equalByReference(this, other))
+        return *decided;
     return equalWhereReadable(this, other, &Transparency::GetInvertMask) &&
            equalOrBothAbsent(GetColour(), other->GetColour());
 }

@@ -30,7 +30,8 @@ public:
     ShaderColour* GetColour();
 
     /// By reference name where either has one, else by "InvertMask", where both have it, and the
-    /// colours, which are added where they are missing. False for null.
+    /// colours, which are added where they are missing; archives as in Material::Equal(). False for
+    /// null.
     bool Equal(Transparency* other);
 };
 

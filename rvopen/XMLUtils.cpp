@@ -9,10 +9,10 @@
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShots.h>
+#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/EmbeddedImage.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/xml/DomParser.h>
 
 #include <QDir>
 #include <QDomDocument>

@@ -631,8 +631,6 @@ TEST_F(DirectoryHandlerTest, ACopySharesFoldersAndNodes)
 
     EXPECT_EQ(copy.GetSnapshotsFolder(), m_root.path());
     EXPECT_EQ(copy.LoadArchive(name), node);
-
-    copy = DirectoryHandler();
 }
 
 TEST_F(DirectoryHandlerTest, AssignmentSharesFoldersAndNodes)
@@ -645,8 +643,52 @@ TEST_F(DirectoryHandlerTest, AssignmentSharesFoldersAndNodes)
 
     EXPECT_EQ(target.GetCustomArchivesFolder(), m_root.path());
     EXPECT_EQ(target.LoadArchive(name), node);
+}
 
-    target = DirectoryHandler();
+TEST_F(DirectoryHandlerTest, ACopyLeavesTheArchivesOpenWhenItGoes)
+{
+    const QString name = write("a.rvx", "<archive/>");
+    RVOpenNode* const node = m_handler.LoadArchive(name);
+    {
+        const DirectoryHandler copy(m_handler);
+    }
+
+    EXPECT_EQ(m_handler.LoadArchive(name), node);
+    EXPECT_EQ(node->GetNodeName(), "archive");
+}
+
+TEST_F(DirectoryHandlerTest, ACopyOutlivesItsOriginal)
+{
+    const QString name = write("a.rvx", "<archive/>");
+    auto original = std::make_unique<DirectoryHandler>();
+    RVOpenNode* const node = original->LoadArchive(name);
+    DirectoryHandler copy(*original);
+    original.reset();
+
+    EXPECT_EQ(copy.LoadArchive(name), node);
+    EXPECT_EQ(node->GetNodeName(), "archive");
+}
+
+TEST_F(DirectoryHandlerTest, WhatACopyClosesStaysOpenInTheOriginal)
+{
+    const QString name = write("a.rvx", "<archive/>");
+    RVOpenNode* const node = m_handler.LoadArchive(name);
+    DirectoryHandler copy(m_handler);
+    copy.CloseArchive(name);
+
+    EXPECT_FALSE(copy.SaveArchive(name));
+    EXPECT_EQ(m_handler.LoadArchive(name), node);
+    EXPECT_EQ(node->GetNodeName(), "archive");
+}
+
+TEST_F(DirectoryHandlerTest, WhatACopyOpensIsItsOwn)
+{
+    const QString name = write("a.rvx", "<archive/>");
+    DirectoryHandler copy(m_handler);
+    RVOpenNode* const node = copy.LoadArchive(name);
+
+    EXPECT_FALSE(m_handler.SaveArchive(name));
+    EXPECT_NE(m_handler.LoadArchive(name), node);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <rvopen/XMLUtils.h>
 
 #include <QThread>
+#include <QXmlStreamReader>
 #include <QtEndian>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <utility>
 
 /// What is read as a document, and what it is then. The same with every version of Qt.
 namespace rvopen::test {
@@ -123,16 +125,19 @@ INSTANTIATE_TEST_SUITE_P(
         Verdict{"Namespaces", "<a xmlns='u' xmlns:p='v' p:b='1'><p:c xmlns='' xml:lang='e'/></a>"},
         Verdict{"DocumentType", "<!DOCTYPE a><a/>"},
         Verdict{"ExternalSubset", "<!DOCTYPE a PUBLIC '-//X' \"x.dtd\"><a b='&e;'>&e;</a>"},
-        Verdict{"InternalSubset", "<!DOCTYPE a [<!-- ]> --><?p ]>?>\n"
-                                  "<!ELEMENT a (b|(c,d*)+)?><!ELEMENT b (#PCDATA|c)*>\n"
-                                  "<!ELEMENT c EMPTY><!ATTLIST a x (p|q) 'p' y CDATA #IMPLIED\n"
-                                  " z NOTATION (n) #REQUIRED w NMTOKENS #FIXED \"1 2\">\n"
-                                  "<!NOTATION n PUBLIC 'n'><!ENTITY g SYSTEM 'g' NDATA n>\n"
-                                  "<!ENTITY % e '<!ENTITY f \"x\">'>%e;]><a>&f;</a>"},
-        Verdict{"MarkupInEntities", "<!DOCTYPE a [<!ENTITY e '<b>&f;</b>'>"
-                                    "<!ENTITY f '<c/>&#38;amp;'>]><a>&e;&e;</a>"},
-        Verdict{"QuoteInEntity", "<!DOCTYPE a [<!ENTITY e '\"&#39;'>]><a b=\"&e;\" c='&e;'/>"},
-        Verdict{"UnusedBadEntity", "<!DOCTYPE a [<!ENTITY e '<b>'><!ENTITY f '&f;'>]><a/>"}),
+        Verdict{"MarkupInSystemId", "<!DOCTYPE a SYSTEM 'http://h/?x=1&y=2<\"'><a/>"},
+        Verdict{"EmptySystemId", "<!DOCTYPE a PUBLIC '' ''><a/>"},
+        Verdict{"ColonInTarget", "<?p:q x?><a><?:?></a>"},
+        Verdict{"ColonsInNames", "<:><A: :b='' b:='' a:b:c='' a:1=''/></:>"},
+        Verdict{"ColonInDocumentType", "<!DOCTYPE p:a><p:a/>"},
+        Verdict{"ByteOrderMarkInText", "<a>\xEF\xBB\xBF</a>"},
+        Verdict{"PrefixesThatNothingDeclares", "<p:a q:b='1'><r:c/></p:a>"},
+        Verdict{"PrefixOutOfScope", "<a><b xmlns:p='u'/><p:c/></a>"},
+        Verdict{"SameExpandedNameTwice", "<a xmlns:p='u' xmlns:q='u' p:b='' q:b=''/>"},
+        Verdict{"PrefixOfNothing", "<a xmlns:p=''><p:b/></a>"},
+        Verdict{"ReservedPrefixes", "<xmlns:a xmlns:xml='u' xmlns:xmlns='v'/>"},
+        Verdict{"ReservedNamespaces", "<a xmlns='http://www.w3.org/2000/xmlns/'"
+                                      " xmlns:p='http://www.w3.org/XML/1998/namespace'/>"}),
     nameOf);
 
 class MalformedTest : public ReadFileTest, public ::testing::WithParamInterface<Verdict> {};
@@ -193,39 +198,37 @@ INSTANTIATE_TEST_SUITE_P(
                       Verdict{"NoName", "<a ='1'/>"}),
     nameOf);
 
-INSTANTIATE_TEST_SUITE_P(
-    Names, MalformedTest,
-    ::testing::Values(Verdict{"DigitFirst", "<1a/>"}, Verdict{"HyphenFirst", "<-a/>"},
-                      Verdict{"DotFirst", "<a .b=''/>"}, Verdict{"Plus", "<a+b/>"},
-                      Verdict{"MultiplicationSign", "<a\xC3\x97/>"},
-                      Verdict{"CombiningFirst", "<\xCC\x80/>"},
-                      Verdict{"NonBasicPlane", "<a\xF0\x90\x80\x80/>"},
-                      Verdict{"ReplacementCharacter", "<a \xEF\xBF\xBD=''/>"},
-                      Verdict{"ColonFirst", "<:a/>"}, Verdict{"ColonLast", "<a b:=''/>"},
-                      Verdict{"TwoColons", "<a:b:c xmlns:a='u'/>"}),
-    nameOf);
-
-INSTANTIATE_TEST_SUITE_P(Characters, MalformedTest,
-                         ::testing::Values(Verdict{"ControlInText", "<a>\x01</a>"},
-                                           Verdict{"ControlInValue", "<a b='\x1F'/>"},
-                                           Verdict{"ControlInComment", "<a/><!-- \x0B -->"},
-                                           Verdict{"ControlInCdata", "<a><![CDATA[\x08]]></a>"},
-                                           Verdict{"ControlInInstruction", "<?p \x02?><a/>"},
-                                           Verdict{"Zero", "<a>\0</a>"s},
-                                           Verdict{"NonCharacter", "<a>\xEF\xBF\xBE</a>"},
-                                           Verdict{"NonCharacterInValue", "<a b='\xEF\xBF\xBF'/>"},
-                                           Verdict{"ReferenceToZero", "<a>&#0;</a>"},
-                                           Verdict{"ReferenceToControl", "<a>&#x1;</a>"},
-                                           Verdict{"ReferenceToSurrogate", "<a>&#xD800;</a>"},
-                                           Verdict{"ReferenceToNonCharacter", "<a b='&#xFFFE;'/>"},
-                                           Verdict{"ReferenceBeyondUnicode", "<a>&#x110000;</a>"},
-                                           Verdict{"ReferenceOverflowing", "<a>&#x100000041;</a>"},
-                                           Verdict{"EmptyReference", "<a>&#;</a>"},
-                                           Verdict{"UpperCaseX", "<a>&#X41;</a>"},
-                                           Verdict{"NoSemicolon", "<a>&lt</a>"},
-                                           Verdict{"LoneAmpersand", "<a>& </a>"},
-                                           Verdict{"CdataEndInText", "<a>]]></a>"}),
+INSTANTIATE_TEST_SUITE_P(Names, MalformedTest,
+                         ::testing::Values(Verdict{"DigitFirst", "<1a/>"},
+                                           Verdict{"HyphenFirst", "<-a/>"},
+                                           Verdict{"DotFirst", "<a .b=''/>"},
+                                           Verdict{"Plus", "<a+b/>"},
+                                           Verdict{"MultiplicationSign", "<a\xC3\x97/>"},
+                                           Verdict{"CombiningFirst", "<\xCC\x80/>"},
+                                           Verdict{"NonBasicPlane", "<a\xF0\x90\x80\x80/>"},
+                                           Verdict{"OfTheFifthEditionOnly", "<a\xC8\xA0/>"},
+                                           Verdict{"ReplacementCharacter", "<a \xEF\xBF\xBD=''/>"}),
                          nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    Characters, MalformedTest,
+    ::testing::Values(
+        Verdict{"ControlInText", "<a>\x01</a>"}, Verdict{"ControlInValue", "<a b='\x1F'/>"},
+        Verdict{"ControlInComment", "<a/><!-- \x0B -->"},
+        Verdict{"ControlInCdata", "<a><![CDATA[\x08]]></a>"},
+        Verdict{"ControlInInstruction", "<?p \x02?><a/>"}, Verdict{"Zero", "<a>\0</a>"s},
+        Verdict{"NonCharacter", "<a>\xEF\xBF\xBE</a>"},
+        Verdict{"NonCharacterInValue", "<a b='\xEF\xBF\xBF'/>"},
+        Verdict{"ReferenceToZero", "<a>&#0;</a>"}, Verdict{"ReferenceToControl", "<a>&#x1;</a>"},
+        Verdict{"ReferenceToSurrogate", "<a>&#xD800;</a>"},
+        Verdict{"ReferenceToNonCharacter", "<a b='&#xFFFE;'/>"},
+        Verdict{"ReferenceBeyondUnicode", "<a>&#x110000;</a>"},
+        Verdict{"ReferenceOverflowing", "<a>&#x100000041;</a>"},
+        Verdict{"EmptyReference", "<a>&#;</a>"}, Verdict{"UpperCaseX", "<a>&#X41;</a>"},
+        Verdict{"NoSemicolon", "<a>&lt</a>"}, Verdict{"LoneAmpersand", "<a>& </a>"},
+        Verdict{"CdataEndInText", "<a>]]></a>"},
+        Verdict{"ByteOrderMarkBehindTheRoot", "<a/>\xEF\xBB\xBF"}),
+    nameOf);
 
 INSTANTIATE_TEST_SUITE_P(CommentsAndSections, MalformedTest,
                          ::testing::Values(Verdict{"HyphensInComment", "<a><!-- -- --></a>"},
@@ -236,7 +239,6 @@ INSTANTIATE_TEST_SUITE_P(CommentsAndSections, MalformedTest,
                                            Verdict{"LowerCaseCdata", "<a><![cdata[]]></a>"},
                                            Verdict{"CutInstruction", "<a/><?p ?"},
                                            Verdict{"InstructionWithoutTarget", "<? p?><a/>"},
-                                           Verdict{"InstructionWithColon", "<?p:q?><a/>"},
                                            Verdict{"InstructionGlued", "<?p+q?><a/>"},
                                            Verdict{"ReservedTarget", "<a><?XmL x?></a>"}),
                          nameOf);
@@ -264,60 +266,66 @@ INSTANTIATE_TEST_SUITE_P(
         Verdict{"AfterTheRoot", "<a/><!DOCTYPE a>"}, Verdict{"InTheRoot", "<a><!DOCTYPE a></a>"},
         Verdict{"NoName", "<!DOCTYPE><a/>"}, Verdict{"NoSystemId", "<!DOCTYPE a PUBLIC 'x'><a/>"},
         Verdict{"BadPublicId", "<!DOCTYPE a PUBLIC '<' 'x'><a/>"},
+        Verdict{"NoBlankInExternalId", "<!DOCTYPE a PUBLIC 'x''y'><a/>"},
+        Verdict{"CutSystemId", "<!DOCTYPE a SYSTEM 'x><a/>"},
+        Verdict{"EmptyInternalSubset", "<!DOCTYPE a []><a/>"},
+        Verdict{"InternalSubset", "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>"},
+        Verdict{"BothSubsets", "<!DOCTYPE a SYSTEM 'x' [<!ATTLIST a b CDATA 'c'>]><a/>"},
         Verdict{"CutSubset", "<!DOCTYPE a [<!ENTITY e 'x'>"},
-        Verdict{"TextInSubset", "<!DOCTYPE a [x]><a/>"},
-        Verdict{"ConditionalSection", "<!DOCTYPE a [<![INCLUDE[]]>]><a/>"},
-        Verdict{"BadContentModel", "<!DOCTYPE a [<!ELEMENT a (b,c|d)>]><a/>"},
-        Verdict{"BadAttributeType", "<!DOCTYPE a [<!ATTLIST a b TEXT #IMPLIED>]><a/>"},
-        Verdict{"BadDefault", "<!DOCTYPE a [<!ATTLIST a b CDATA '<'>]><a/>"},
-        Verdict{"ParameterEntityInDeclaration",
-                "<!DOCTYPE a [<!ENTITY % p 'x'><!ENTITY e '%p;'>]><a/>"}),
+        Verdict{"OtherDeclaration", "<!ELEMENT a ANY><a/>"}),
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
     Entities, MalformedTest,
     ::testing::Values(
         Verdict{"Undeclared", "<a>&e;</a>"}, Verdict{"UndeclaredInValue", "<a b='&e;'/>"},
-        Verdict{"UndeclaredBesideOthers", "<!DOCTYPE a [<!ENTITY f 'x'>]><a>&e;</a>"},
+        Verdict{"UndeclaredWithoutExternalSubset", "<!DOCTYPE a><a>&e;</a>"},
         Verdict{"UndeclaredThoughStandalone",
                 "<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 'x'><a>&e;</a>"},
-        Verdict{"UndeclaredInDefault",
-                "<!DOCTYPE a [<!ATTLIST a b CDATA '&e;'><!ENTITY e 'x'>]><a/>"},
-        Verdict{"Circular", "<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>"},
-        Verdict{"StartTagOnly", "<!DOCTYPE a [<!ENTITY e '<b>'>]><a>&e;</b></a>"},
-        Verdict{"EndTagOnly", "<!DOCTYPE a [<!ENTITY e '</b>'>]><a><b>&e;</a>"},
-        Verdict{"HalfATag", "<!DOCTYPE a [<!ENTITY e '<b '>]><a>&e;/></a>"},
-        Verdict{"HalfAReference", "<!DOCTYPE a [<!ENTITY e '&#38;'>]><a>&e;lt;</a>"},
-        Verdict{"MarkupInValue", "<!DOCTYPE a [<!ENTITY e '<b/>'>]><a b='&e;'/>"},
-        Verdict{"ExternalInValue", "<!DOCTYPE a [<!ENTITY e SYSTEM 'x'>]><a b='&e;'/>"},
-        Verdict{"Unparsed",
-                "<!DOCTYPE a [<!NOTATION n SYSTEM 'n'><!ENTITY e SYSTEM 'x' NDATA n>]><a>&e;</a>"}),
+        Verdict{"UndeclaredInValueThoughStandalone",
+                "<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 'x'><a b='&e;'/>"},
+        Verdict{"NoName", "<!DOCTYPE a SYSTEM 'x'><a>&;</a>"},
+        Verdict{"NoSemicolon", "<!DOCTYPE a SYSTEM 'x'><a>&e</a>"}),
     nameOf);
 
-// Namespaces
+// Names
 
-/// Refused where namespaces are processed, which is in files.
-class NamespaceErrorTest : public ReadFileTest, public ::testing::WithParamInterface<Verdict> {};
-
-TEST_P(NamespaceErrorTest, IsRefusedInAFile)
+/// What Qt takes, of which each version has the same table.
+bool isReadByQt(const QString& name)
 {
-    EXPECT_EQ(read(bytesOf(GetParam().bytes)), nullptr);
+    QXmlStreamReader reader('<' + name + "/>");
+    return reader.readNextStartElement();
 }
 
-TEST_P(NamespaceErrorTest, IsReadFromAString)
+/// Whether the fifth edition of XML 1.0 lets a name contain the character; Qt alone takes more.
+bool isInFifthEdition(int code)
 {
-    EXPECT_NE(parseText(QString::fromStdString(GetParam().bytes)), nullptr);
+    const std::pair<int, int> ranges[] = {
+        {'-', '.'},       {'0', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},
+        {0xB7, 0xB7},     {0xC0, 0xD6},     {0xD8, 0xF6},     {0xF8, 0x37D},    {0x37F, 0x1FFF},
+        {0x200C, 0x200D}, {0x203F, 0x2040}, {0x2070, 0x218F}, {0x2C00, 0x2FEF}, {0x3001, 0xD7FF},
+        {0xF900, 0xFDCF}, {0xFDF0, 0xFFFC}};
+    return std::any_of(std::begin(ranges), std::end(ranges), [code](const auto& range) {
+        return code >= range.first && code <= range.second;
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Documents, NamespaceErrorTest,
-    ::testing::Values(Verdict{"PrefixOfElement", "<p:a/>"},
-                      Verdict{"PrefixOfAttribute", "<a p:b=''/>"},
-                      Verdict{"PrefixOutOfScope", "<a><b xmlns:p='u'/><p:c/></a>"},
-                      Verdict{"SameAttributeTwice", "<a xmlns:p='u' xmlns:q='u' p:b='' q:b=''/>"},
-                      Verdict{"PrefixOfNothing", "<a xmlns:p=''/>"},
-                      Verdict{"ReservedPrefix", "<a xmlns:xml='u'/>"}),
-    nameOf);
+TEST(NameTest, MayContainWhatQtTakesAndTheFifthEditionAllows)
+{
+    QStringList wrong;
+    for (int code = 0; code <= 0xFFFF; ++code) {
+        const QString character(QChar(static_cast<ushort>(code)));
+        for (const QString& name : {character, 'a' + character}) {
+            // A colon is for namespaces to judge, and markup makes more than a name of the text.
+            if (code < 0x80 && (code == ':' || QString(" \t\r\n/").contains(character)))
+                continue;
+            const bool expected = isInFifthEdition(code) && isReadByQt(name);
+            if (bool(parseText('<' + name + "/>")) != expected)
+                wrong << QString::number(code, 16) + (name == character ? " first" : " later");
+        }
+    }
+    EXPECT_EQ(wrong.join(' '), QString());
+}
 
 // Encodings
 
@@ -479,7 +487,27 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Meaning{"Text", "<a> x </a>", "a{[ x ]}"},
         Meaning{"MixedText", "<a>x<b/> y<!--c-->z</a>", "a{[x]b{}[ y]#comment[c][z]}"},
-        Meaning{"WhiteSpaceIsLeftOut", "<a> <b> &#32;\n</b>\t</a>", "a{b{}}"},
+        Meaning{"LayoutIsLeftOut", "<a> <b/>\t<!--c-->\n<?p?> &#32;\n<b/>\t</a>",
+                "a{b{}#comment[c]p[]b{}}"},
+        Meaning{"BlanksBesideInkedTextAreNone", "<a> x <b/> <!--c-->y </a>",
+                "a{[ x ]b{}#comment[c][y ]}"},
+        Meaning{"OnlyContent", "<a><b> </b><c>\n\t</c></a>", "a{b{[ ]}c{[\\10\\9]}}"},
+        Meaning{"OnlyContentFromReferences", "<a><b>&#32;</b><c>&#13;&#xA;&#9;</c></a>",
+                "a{b{[ ]}c{[\\13\\10\\9]}}"},
+        Meaning{"BlanksBesideCdata", "<a><![CDATA[one]]> <![CDATA[two]]>\n<b/> <![CDATA[]]></a>",
+                "a{#cdata-section[one][ ]#cdata-section[two][\\10]b{}[ ]#cdata-section[]}"},
+        Meaning{"BlanksBetweenCdataAndTags", "<a> <![CDATA[x]]> </a>",
+                "a{[ ]#cdata-section[x][ ]}"},
+        Meaning{"BlanksBehindAComment", "<a><b> <!--c--> </b></a>", "a{b{#comment[c]}}"},
+        Meaning{"PreservedSpace", "<a xml:space='preserve'> <b>\n<c/> </b>\n</a>",
+                "a xml:space=[preserve]{[ ]b{[\\10]c{}[ ]}[\\10]}"},
+        Meaning{"PreservedSpaceUntilDefault",
+                "<a> <b xml:space='preserve'> <c xml:space='default'> <d/> </c> <e/></b> </a>",
+                "a{b xml:space=[preserve]{[ ]c xml:space=[default]{d{}}[ ]e{}}}"},
+        Meaning{"SpaceOfNoMeaning", "<a xml:space='preserve'> <b xml:space='x'> <c/></b></a>",
+                "a xml:space=[preserve]{[ ]b xml:space=[x]{[ ]c{}}}"},
+        Meaning{"PreservedCarriageReturn", "<a xml:space='preserve'>&#13;<b/></a>",
+                "a xml:space=[preserve]{[\\13]b{}}"},
         Meaning{"OtherSpacesAreNot", "<a>\xC2\xA0</a>", "a{[\xC2\xA0]}"},
         Meaning{"OtherSpacesFromReferencesAreNot", "<a> &#x3000;<b/></a>", "a{[ \xE3\x80\x80]b{}}"},
         Meaning{"NoncharacterBesideOtherSpaces",
@@ -515,39 +543,143 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Entities, MeaningTest,
     ::testing::Values(
-        Meaning{"Text", "<!DOCTYPE a [<!ENTITY e 'x &#38;lt; y'>]><a b='&e;'>1&e;2</a>",
-                "a b=[x < y]{[1x < y2]}"},
-        Meaning{"Markup", "<!DOCTYPE a [<!ENTITY e 'x<b/>&#60;c/>'>]><a>1&e;2</a>",
-                "a{[1x]b{}c{}[2]}"},
-        Meaning{"Nested", "<!DOCTYPE a [<!ENTITY e '(&f;)'><!ENTITY f '&#38;#38;'>]><a>&e;</a>",
-                "a{[(&)]}"},
-        Meaning{"FirstDeclarationCounts", "<!DOCTYPE a [<!ENTITY e '1'><!ENTITY e '2'>]><a>&e;</a>",
-                "a{[1]}"},
-        Meaning{"Quotes", "<!DOCTYPE a [<!ENTITY e '\"&#39;'>]><a b=\"&e;\" c='&e;'/>",
-                "a b=[\"'] c=[\"']{}"},
-        Meaning{"LineEnds", "<!DOCTYPE a [<!ENTITY e '1&#13;2&#10;3'>]><a b='&e;'>&e;</a>",
-                "a b=[1 2 3]{[1\\132\\103]}"},
-        Meaning{"Brackets", "<!DOCTYPE a [<!ENTITY e ']]'><!ENTITY f '&#62;'>]><a>&e;&f;]&f;</a>",
-                "a{[]]>]>]}"},
-        Meaning{"SpacesOnly", "<!DOCTYPE a [<!ENTITY e ' &#160; '>]><a> &e; <b/></a>",
-                "a{[  \xC2\xA0  ]b{}}"},
-        Meaning{"FromParameterEntity",
-                "<!DOCTYPE a [<!ENTITY % p '<!ENTITY e \"x\">'> %p;]><a>&e;</a>", "a{[x]}"},
-        Meaning{"ExternalStays", "<!DOCTYPE a [<!ENTITY e SYSTEM 'x'>]><a>1&e;2</a>",
-                "a{[1]e[][2]}"},
-        Meaning{"UndeclaredWithExternalSubset", "<!DOCTYPE a SYSTEM 'x'><a>1&e;2</a>",
-                "a{[1]e[][2]}"},
-        Meaning{"DefaultValue", "<!DOCTYPE a [<!ENTITY e 'x'><!ATTLIST a b CDATA '&e;y'>]><a/>",
-                "a b=[xy]{}"}),
+        Meaning{"InContent", "<!DOCTYPE a SYSTEM 'x'><a>1&e;2&amp;</a>", "a{[1]e[][2&]}"},
+        Meaning{"BlanksBesideThem", "<!DOCTYPE a SYSTEM 'x'><a>&e; &f;\n<b/></a>",
+                "a{e[][ ]f[][\\10]b{}}"},
+        Meaning{"InAValue", "<!DOCTYPE a SYSTEM 'x'><a b='1&e;&amp;2'/>", "a b=[1&e;&2]{}"},
+        Meaning{"WithAColon", "<!DOCTYPE a SYSTEM 'x'><a>&e:f;</a>", "a{e:f[]}"}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(ReadFileTest, NumbersTheLinesOfElements)
+TEST_F(ReadFileTest, KeepsTheDocumentTypeAndWhatStandsAroundIt)
 {
-    const Document document =
-        read("<?xml version='1.0'?>\n<!DOCTYPE a [\n<!-- \n -->]>\n<a>\r\n<b/></a>");
+    const Document document = read("<?xml version='1.0'?><!--c--><?p?>"
+                                   "<!DOCTYPE p:a PUBLIC '-//X' '?x=1&y=<2'><!--d--><p:a/>");
 
     ASSERT_NE(document, nullptr);
-    EXPECT_EQ(document->documentElement().firstChild().lineNumber(), 6);
+    EXPECT_EQ(document->doctype().name(), "p:a");
+    EXPECT_EQ(document->doctype().publicId(), "-//X");
+    EXPECT_EQ(document->doctype().systemId(), "?x=1&y=<2");
+    EXPECT_EQ(treeOf(*document), "xml[version=\"1.0\"]#comment[c]p[]#comment[d]p:a{}");
+}
+
+TEST_F(ReadFileTest, KeepsCharactersThatAHostAskedQtToDrop)
+{
+    const QString text = QStringLiteral("<a b='\U0001F600'>\U0001F600<!--\U0001F600--></a>");
+    for (const auto policy :
+         {QDomImplementation::DropInvalidChars, QDomImplementation::ReturnNullNode}) {
+        QDomImplementation::setInvalidDataPolicy(policy);
+        const Document fromFile = read(text.toUtf8());
+        const Document fromText = parseText(text);
+        const auto after = QDomImplementation::invalidDataPolicy();
+        QDomImplementation::setInvalidDataPolicy(QDomImplementation::AcceptInvalidChars);
+
+        const QString expected =
+            QStringLiteral("a b=[\U0001F600]{[\U0001F600]#comment[\U0001F600]}");
+        EXPECT_EQ(treeOf(*fromFile), expected);
+        EXPECT_EQ(treeOf(*fromText), expected);
+        EXPECT_EQ(after, policy);
+    }
+}
+
+// Namespaces
+
+/// "prefix|local name|namespace", and "plain name" for what has no meaning to namespaces.
+QString namespaceOf(const QDomNode& node)
+{
+    return node.localName().isNull()
+               ? QLatin1String("plain ") + node.nodeName()
+               : node.prefix() + '|' + node.localName() + '|' + node.namespaceURI();
+}
+
+/// Those of the elements with their attributes, in order.
+QStringList namespacesOf(const QDomElement& element)
+{
+    QStringList names{namespaceOf(element)};
+    QStringList attributes;
+    for (int i = 0; i < element.attributes().count(); ++i)
+        attributes << '@' + namespaceOf(element.attributes().item(i));
+    attributes.sort();
+    names += attributes;
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        names += namespacesOf(child);
+    return names;
+}
+
+struct Naming {
+    const char* name;
+    const char* text;
+    QStringList expected;
+};
+
+void PrintTo(const Naming& naming, std::ostream* out)
+{
+    *out << naming.name;
+}
+
+class NamingTest : public ReadFileTest, public ::testing::WithParamInterface<Naming> {};
+
+TEST_P(NamingTest, IsKnownInAFile)
+{
+    const Document document = read(GetParam().text);
+
+    ASSERT_NE(document, nullptr) << m_error.message.toStdString();
+    EXPECT_EQ(namespacesOf(document->documentElement()), GetParam().expected);
+}
+
+TEST_P(NamingTest, IsPlainInAString)
+{
+    const Document document = parseText(GetParam().text);
+
+    ASSERT_NE(document, nullptr);
+    for (const QString& name : namespacesOf(document->documentElement()))
+        EXPECT_TRUE(name.startsWith("plain ") || name.startsWith("@plain ")) << name.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, NamingTest,
+    ::testing::Values(
+        Naming{"None", "<a b=''/>", {"|a|", "@|b|"}},
+        Naming{"Default",
+               "<a xmlns='u' b=''><c/><d xmlns='v'/><e xmlns=''/><f/></a>",
+               {"|a|u", "@|b|", "@|xmlns|", "|c|u", "|d|v", "@|xmlns|", "|e|", "@|xmlns|", "|f|u"}},
+        Naming{"Prefix",
+               "<p:a xmlns:p='u' p:b=''><p:c xmlns:p='v'/><p:d/></p:a>",
+               {"p|a|u", "@plain xmlns:p", "@p|b|u", "p|c|v", "@plain xmlns:p", "p|d|u"}},
+        Naming{"ValueOfADeclaration",
+               "<p:a xmlns:p='u&amp;&#x9;v\tw'/>",
+               {"p|a|u&\tv w", "@plain xmlns:p"}},
+        Naming{"Xml",
+               "<a xml:space='default'/>",
+               {"|a|", "@xml|space|http://www.w3.org/XML/1998/namespace"}},
+        Naming{"Undeclared", "<p:a q:b=''/>", {"plain p:a", "@plain q:b"}},
+        Naming{"OutOfScope",
+               "<a><b xmlns:p='u'/><p:c/></a>",
+               {"|a|", "|b|", "@plain xmlns:p", "plain p:c"}},
+        Naming{"Undone",
+               "<a xmlns:p='u'><p:b xmlns:p=''/><p:c/></a>",
+               {"|a|", "@plain xmlns:p", "plain p:b", "@plain xmlns:p", "p|c|u"}},
+        Naming{"ColonsOfNoMeaning",
+               "<a xmlns:p='u' p:b:c='' :p='' p:='' p:1=''/>",
+               {"|a|", "@plain :p", "@plain p:", "@plain p:1", "@plain p:b:c", "@plain xmlns:p"}},
+        Naming{"SameNameTwice",
+               "<a xmlns:p='u' xmlns:q='u' p:b='1' q:b='2'/>",
+               {"|a|", "@plain q:b", "@plain xmlns:p", "@plain xmlns:q", "@p|b|u"}},
+        Naming{
+            "ReservedPrefixes",
+            "<xmlns:a xmlns:xml='u' xml:b=''/>",
+            {"plain xmlns:a", "@plain xmlns:xml", "@xml|b|http://www.w3.org/XML/1998/namespace"}}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(ReadFileTest, FindsTheAttributeWithoutPrefixByItsName)
+{
+    for (const char* attributes : {"name='own' p:name='other'", "p:name='other' name='own'"}) {
+        const Document document = read(QByteArray("<a xmlns:p='u' ") + attributes + "/>");
+
+        ASSERT_NE(document, nullptr);
+        EXPECT_EQ(document->documentElement().attribute("name"), "own");
+        EXPECT_EQ(document->documentElement().attributeNS("u", "name"), "other");
+    }
 }
 
 TEST_F(ReadFileTest, ReadsAFileWithANonAsciiName)
@@ -556,6 +688,21 @@ TEST_F(ReadFileTest, ReadsAFileWithANonAsciiName)
     writeFile(name, "<a/>");
 
     EXPECT_NE(Document(ReadXmlDocument(name)), nullptr);
+}
+
+TEST_F(ReadFileTest, RefusesTwoByteOrderMarks)
+{
+    for (const char* mark : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+        const QByteArray unit = QByteArray(mark) == "\xFE\xFF" ? QByteArray("\0", 1) : QByteArray();
+        QByteArray bytes = QByteArray(mark) + mark;
+        for (const char c : {'<', 'a', '/', '>'}) {
+            bytes += unit + c;
+            if (QByteArray(mark) == "\xFF\xFE")
+                bytes += '\0';
+        }
+        EXPECT_EQ(read(bytes), nullptr) << bytes.toHex().toStdString();
+        EXPECT_NE(read(bytes.mid(static_cast<int>(qstrlen(mark)))), nullptr);
+    }
 }
 
 TEST_F(ReadFileTest, LeavesAWellFormedFileAsItIs)
@@ -590,14 +737,6 @@ TEST(ReadingBoundsTest, CountsNoLevelsInCommentsAndSections)
     EXPECT_NE(parseText("<a b='&lt;a>'><!--" + tags + "--><![CDATA[" + tags + "]]><?p " + tags +
                         "?></a>"),
               nullptr);
-}
-
-TEST(ReadingBoundsTest, CountsTheLevelsInEntities)
-{
-    const QString text = QStringLiteral("<!DOCTYPE a [<!ENTITY e '%1'>]><a>&e;</a>");
-
-    EXPECT_NE(parseText(text.arg(nested(MaxNestingDepth - 1))), nullptr);
-    EXPECT_EQ(parseText(text.arg(nested(MaxNestingDepth))), nullptr);
 }
 
 TEST(ReadingBoundsTest, RefusesAMillionLevelsAtOnce)
@@ -637,73 +776,6 @@ TEST(ReadingBoundsTest, RefusesALongerName)
     EXPECT_EQ(parseText(QStringLiteral("<a %1=''/>").arg(name)), nullptr);
 }
 
-/// One entity of \p size characters, referred to \p count times.
-QString referring(qint64 size, int count)
-{
-    return QStringLiteral("<!DOCTYPE a [<!ENTITY e '%1'>]><a>%2</a>")
-        .arg(QString(static_cast<int>(size), QLatin1Char('x')),
-             QStringLiteral("&e;").repeated(count));
-}
-
-TEST(ReadingBoundsTest, TakesEntitiesUpToTheBound)
-{
-    EXPECT_NE(parseText(referring(MaxEntityExpansion / 1024 - 1, 1024)), nullptr);
-}
-
-TEST(ReadingBoundsTest, RefusesEntitiesBeyondTheBound)
-{
-    EXPECT_EQ(parseText(referring(MaxEntityExpansion / 1024 - 1, 1025)), nullptr);
-}
-
-TEST(ReadingBoundsTest, TakesEntitiesThatAtMostDoubleALargeText)
-{
-    EXPECT_NE(parseText(referring(2, 500000)), nullptr);
-}
-
-TEST(ReadingBoundsTest, RefusesManyReferencesToALargeEntity)
-{
-    EXPECT_EQ(parseText(referring(100000, 100000)), nullptr);
-}
-
-/// Each entity refers to the one before \p factor times; the first stands for \p text.
-QString exponential(const QString& text, int factor)
-{
-    QString declarations = QStringLiteral("<!ENTITY e0 '%1'>").arg(text);
-    for (int i = 1; i <= 40; ++i) {
-        declarations += QStringLiteral("<!ENTITY e%1 '%2'>")
-                            .arg(i)
-                            .arg(QStringLiteral("&e%1;").arg(i - 1).repeated(factor));
-    }
-    return declarations;
-}
-
-TEST(ReadingBoundsTest, RefusesEntitiesThatGrowExponentially)
-{
-    EXPECT_EQ(parseText("<!DOCTYPE a [" + exponential("x", 10) + "]><a>&e40;</a>"), nullptr);
-}
-
-TEST(ReadingBoundsTest, RefusesThemInValues)
-{
-    EXPECT_EQ(parseText("<!DOCTYPE a [" + exponential("x", 10) + "]><a b='&e40;'/>"), nullptr);
-}
-
-TEST(ReadingBoundsTest, RefusesThemThoughTheyStandForNothing)
-{
-    EXPECT_EQ(parseText("<!DOCTYPE a [" + exponential("", 2) + "]><a>&e40;</a>"), nullptr);
-}
-
-TEST(ReadingBoundsTest, TakesThemWhenNothingRefersToThem)
-{
-    EXPECT_NE(parseText("<!DOCTYPE a [" + exponential("x", 10) + "]><a/>"), nullptr);
-}
-
-TEST(ReadingBoundsTest, RefusesDefaultsThatBlowUpManyTags)
-{
-    EXPECT_EQ(parseText("<!DOCTYPE a [<!ATTLIST b c CDATA '" + QString(1000, QLatin1Char('x')) +
-                        "'>]><a>" + QStringLiteral("<b/>").repeated(2000) + "</a>"),
-              nullptr);
-}
-
 TEST(ReadingBoundsTest, AreGenerousAboutTheInput)
 {
     EXPECT_EQ(GetMaxInputSize(), qint64(512) * 1024 * 1024);
@@ -729,6 +801,91 @@ TEST(ReadingBoundsTest, RefusesALargerString)
     const InputSizeBound bound(3);
 
     EXPECT_EQ(parseText("<a/>"), nullptr);
+}
+
+/// Sets the bound for as long as it lives.
+class MemoryBound {
+public:
+    explicit MemoryBound(qint64 bytes)
+    {
+        SetMaxDocumentMemory(bytes);
+    }
+    ~MemoryBound()
+    {
+        SetMaxDocumentMemory(DefaultMaxDocumentMemory);
+    }
+    MemoryBound(const MemoryBound&) = delete;
+    MemoryBound& operator=(const MemoryBound&) = delete;
+};
+
+/// The smallest bound within which the text is read.
+qint64 memoryOf(const QString& text)
+{
+    qint64 tooLittle = -1;
+    qint64 enough = qint64(1) << 40;
+    while (enough - tooLittle > 1) {
+        const qint64 middle = (tooLittle + enough) / 2;
+        const MemoryBound bound(middle);
+        (parseText(text) ? enough : tooLittle) = middle;
+    }
+    return enough;
+}
+
+struct Cost {
+    const char* name;
+    QString piece;
+    qint64 atLeast;
+};
+
+void PrintTo(const Cost& cost, std::ostream* out)
+{
+    *out << cost.name;
+}
+
+class MemoryBoundTest : public ::testing::TestWithParam<Cost> {};
+
+TEST_P(MemoryBoundTest, CountsEachOfThem)
+{
+    const QString text = QStringLiteral("<!DOCTYPE a SYSTEM 'x'><a>%1</a>");
+    const qint64 none = memoryOf(text.arg(QString()));
+    const qint64 one = memoryOf(text.arg(GetParam().piece)) - none;
+
+    EXPECT_GE(one, GetParam().atLeast);
+    EXPECT_EQ(memoryOf(text.arg(GetParam().piece.repeated(3))) - none, 3 * one);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pieces, MemoryBoundTest,
+    ::testing::Values(Cost{"Elements", "<b/>", 200}, Cost{"Attributes", "<b c='' d='' e=''/>", 900},
+                      Cost{"LongNames", "<b" + QString(1000, 'x') + "/>", 2200},
+                      Cost{"LongValues", "<b c='" + QString(1000, 'x') + "'/>", 2500},
+                      Cost{"Texts", "x<b/>", 300},
+                      Cost{"LongTexts", QString(1000, 'x') + "<b/>", 2300},
+                      Cost{"Sections", "<![CDATA[]]>", 100}, Cost{"Comments", "<!---->", 100},
+                      Cost{"Instructions", "<?p?>", 100}, Cost{"References", "&e;", 100}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(ReadFileTest, NamesThePlaceWhereADocumentPassesItsMemory)
+{
+    const MemoryBound bound(memoryOf("<a>\n<b/></a>"));
+    read("<a>\n<b/></a>");
+    EXPECT_EQ(m_error.message, QString());
+    read("<a>\n<b/><c/></a>");
+
+    EXPECT_TRUE(m_error.message.contains("memory")) << m_error.message.toStdString();
+    EXPECT_EQ(m_error.line, 2);
+}
+
+TEST(ReadingBoundsTest, AreGenerousAboutMemory)
+{
+    EXPECT_EQ(GetMaxDocumentMemory(), qint64(sizeof(void*) == 8 ? 8 : 1) * 1024 * 1024 * 1024);
+}
+
+TEST(ReadingBoundsTest, LeaveNoMemoryBelowZero)
+{
+    const MemoryBound bound(-1);
+
+    EXPECT_EQ(GetMaxDocumentMemory(), 0);
 }
 
 #ifdef Q_OS_LINUX
@@ -844,18 +1001,13 @@ TEST_F(ReadFileTest, NamesFileLineAndColumnOfAnError)
     EXPECT_EQ(m_error.message, QString("The attribute \"c\" has no value"));
 }
 
-TEST_F(ReadFileTest, NamesTheReferenceOfAnErrorInAnEntity)
+TEST_F(ReadFileTest, NamesThePlaceOfAnInternalSubset)
 {
-    read("<!DOCTYPE a [<!ENTITY e '<b>\n\n'>]>\n\n<a>\n&e;</a>");
-
-    EXPECT_EQ(m_error.line, 6);
-}
-
-TEST_F(ReadFileTest, NamesTheLineOfAnUndeclaredPrefix)
-{
-    read("<a>\n<p:b/></a>");
+    read("<!DOCTYPE a\n  [<!ENTITY e 'x'>]><a/>");
 
     EXPECT_EQ(m_error.line, 2);
+    EXPECT_EQ(m_error.column, 3);
+    EXPECT_TRUE(m_error.message.contains("internal subset")) << m_error.message.toStdString();
 }
 
 TEST_F(ReadFileTest, NamesNoPlaceForAMissingFile)
@@ -923,6 +1075,11 @@ TEST(ParseTest, RemembersTheErrorOfAString)
 TEST(ParseTest, TakesAStringWithAByteOrderMark)
 {
     EXPECT_NE(parseText(QChar(0xFEFF) + QStringLiteral("<?xml version='1.0'?><a/>")), nullptr);
+}
+
+TEST(ParseTest, RefusesAStringWithTwoByteOrderMarks)
+{
+    EXPECT_EQ(parseText(QString(2, QChar(0xFEFF)) + QStringLiteral("<a/>")), nullptr);
 }
 
 TEST(ParseTest, RefusesHalfOfASurrogatePair)

@@ -20,7 +20,7 @@ namespace {
 using Document = std::unique_ptr<QDomDocument>;
 
 /// What is in a document, line by line, with what takes the place of what no document may contain,
-/// and without what reading leaves out: white space between elements, and the borders between
+/// and without what reading leaves out: white space that is layout, and the borders between
 /// neighbouring texts.
 class Content {
 public:
@@ -51,30 +51,17 @@ private:
     void addType()
     {
         m_lines << "type " + m_type.name() + '|' + m_type.publicId() + '|' + m_type.systemId();
-        QStringList declarations;
-        for (int i = 0; i < m_type.entities().count(); ++i) {
-            const QDomEntity entity = m_type.entities().item(i).toEntity();
-            declarations << "entity " + entity.nodeName() + '|' + entity.publicId() + '|' +
-                                entity.systemId() + '|' + entity.notationName();
-        }
-        for (int i = 0; i < m_type.notations().count(); ++i) {
-            const QDomNotation notation = m_type.notations().item(i).toNotation();
-            declarations << "notation " + notation.nodeName() + '|' + notation.publicId() + '|' +
-                                notation.systemId();
-        }
-        declarations.sort();
-        m_lines += declarations;
     }
 
     void add(const QDomNode& node)
     {
         const bool isCharacters = node.nodeType() == QDomNode::TextNode;
-        const bool isReference = node.isEntityReference() && !isExternal(node.nodeName());
+        const bool isReference = node.isEntityReference() && !isKept(node.nodeName());
         if (isCharacters || isReference) {
             m_characters += isReference ? meaningOf(node.nodeName()) : node.nodeValue();
             return;
         }
-        endCharacters();
+        endCharacters(node.isCDATASection() || node.isEntityReference());
         if (node.isElement())
             addElement(node.toElement());
         else if (node.isCDATASection())
@@ -100,9 +87,10 @@ private:
         }
         attributes.sort();
         m_lines += attributes;
+        const auto behindTag = m_lines.size();
         for (QDomNode child = element.firstChild(); !child.isNull(); child = child.nextSibling())
             add(child);
-        endCharacters();
+        endCharacters(m_lines.size() == behindTag);
         m_lines << "end";
     }
 
@@ -115,19 +103,23 @@ private:
             m_lines << line;
     }
 
-    void endCharacters()
+    /// White space stays where it touches a section or a reference, and where there is nothing
+    /// else in the element.
+    void endCharacters(bool isBeforeContent)
     {
-        if (!std::all_of(m_characters.cbegin(), m_characters.cend(), isBlank))
+        const QString last = m_lines.isEmpty() ? QString() : m_lines.last();
+        const bool isContent = isBeforeContent || last.startsWith("section ") ||
+                               last.startsWith("reference ") ||
+                               !std::all_of(m_characters.cbegin(), m_characters.cend(), isBlank);
+        if (isContent && !m_characters.isEmpty())
             m_lines << "text " + allowed(m_characters);
         m_characters.clear();
     }
 
-    bool isExternal(const QString& entity) const
+    /// Whether the reader makes a reference of it.
+    bool isKept(const QString& entity) const
     {
-        const QDomNode declared = m_type.entities().namedItem(entity);
-        if (!declared.isNull())
-            return declared.toEntity().notationName().isNull();
-        return !m_type.systemId().isNull() && expectedPart(entity) == entity &&
+        return !m_type.systemId().isNull() && expectedName(entity) == entity &&
                meaningOf(entity).startsWith('&');
     }
 
@@ -172,7 +164,7 @@ private:
 
     static QString expectedTarget(const QString& target)
     {
-        return target == "xml" ? QString("_xml") : expectedPart(target);
+        return target == "xml" ? QString("_xml") : expectedName(target);
     }
 
     static QString expectedData(QString data)

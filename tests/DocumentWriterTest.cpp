@@ -5,6 +5,7 @@
 
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenReader.h>
+#include <rvopen/RVOpenWriter.h>
 
 #include <QMap>
 
@@ -88,25 +89,25 @@ private:
     QString m_result;
 };
 
-/// Qt begins a new line behind a processing instruction, which the text there becomes a part of.
-void separateInstructionsFromText(QDomNode node)
+/// Qt begins a new line behind a processing instruction, which the text there becomes a part of;
+/// and white space without other characters is text to it wherever it stands.
+void makeTextUnmistakable(QDomNode node)
 {
     for (QDomNode child = node.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        if (child.nodeType() == QDomNode::TextNode && child.nodeValue().trimmed().isEmpty())
+            child.setNodeValue("text");
         if (child.isText() && child.previousSibling().isProcessingInstruction())
             node.insertBefore(node.ownerDocument().createComment("between"), child);
-        separateInstructionsFromText(child);
+        makeTextUnmistakable(child);
     }
 }
 
 /// A document that QDomDocument::toString() writes so that it can be read again.
 void fillHarmlessly(QDomDocument document, Random& random, int maxAttributes)
 {
-    Vocabulary vocabulary = harmless(maxAttributes);
-    const QDomDocumentType type = document.doctype();
-    if (!type.systemId().isNull() || type.entities().contains("x"))
-        vocabulary.entities << "x";
+    const Vocabulary vocabulary = harmless(maxAttributes);
     Grower(random, vocabulary).growDocument(document);
-    separateInstructionsFromText(document.documentElement());
+    makeTextUnmistakable(document.documentElement());
 }
 
 struct Comparison {
@@ -179,29 +180,34 @@ protected:
     std::unique_ptr<RVOpenNode> m_root;
 };
 
-TEST_P(NamespacesTest, AreDeclaredAsQtDoesButForTheOrder)
+TEST_P(NamespacesTest, AreDeclaredWhereTheyWere)
 {
-    EXPECT_EQ(saved(), AttributeSorter(m_root->GetDomNode().ownerDocument().toString(3)).sorted());
+    EXPECT_EQ(saved(), QString::fromUtf8(GetParam()));
 }
 
 TEST_P(NamespacesTest, AreWrittenAlikeWhenReadWithoutThem)
 {
-    const QString text = saved();
-    const std::unique_ptr<RVOpenNode> root(m_manager.DecodeXML(text));
+    const std::unique_ptr<RVOpenNode> root(m_manager.DecodeXML(GetParam()));
     const QString path = m_folder.filePath("c.rvx");
     ASSERT_TRUE(m_manager.SaveArchive(path, root.get()));
-    EXPECT_EQ(QString::fromUtf8(readFile(path)), text);
+    EXPECT_EQ(QString::fromUtf8(readFile(path)), QString::fromUtf8(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Documents, NamespacesTest,
     ::testing::Values(
-        "<a xmlns='u' b='1' z='2'><c/><d xmlns='v'/><e xmlns=''/></a>",
-        "<p:a xmlns:p='u' q='0' p:b='1' z='2'><p:c><d p:e='3' a='4'/></p:c></p:a>",
-        "<a p:b='1' xmlns:p='u' p:c='2' z='3'><d/><d e='1'/><p:d e='1'/><d e='1'/></a>",
-        "<a p:b='1' xmlns:q='v' q:b='2' c='3' xmlns:p='u'/>",
-        "<a z='1' xml:lang='en' b='2'><c xml:space='preserve'/></a>",
-        "<a xmlns='u&quot;&amp;&lt;&gt;'/>"));
+        "<a b=\"1\" xmlns=\"u\" z=\"2\">\n   <c/>\n   <d xmlns=\"v\"/>\n   <e xmlns=\"\">\n"
+        "      <f/>\n   </e>\n</a>\n",
+        "<p:a p:b=\"1\" q=\"0\" xmlns:p=\"u\">\n   <p:c>\n      <d a=\"4\" p:e=\"3\"/>\n   </p:c>\n"
+        "</p:a>\n",
+        "<r xmlns:u=\"urn:u\">\n   <a type=\"u:x\"/>\n</r>\n",
+        "<a p:b=\"1\" q:b=\"2\" xmlns:p=\"u\" xmlns:q=\"u\"/>\n",
+        "<p:a xmlns:p=\"u\">\n   <p:b xmlns:p=\"u\"/>\n   <p:c xmlns:p=\"v\">\n      <p:d/>\n"
+        "   </p:c>\n   <p:e/>\n</p:a>\n",
+        "<a xml:lang=\"en\">\n   <c xml:space=\"preserve\"/>\n</a>\n",
+        "<a xmlns=\"u&quot;&amp;&lt;>&#x9;\"/>\n", "<a xmlns:p=\"\">\n   <p:b/>\n</a>\n",
+        "<: :=\"\" a:=\"\" a:b:c=\"\">\n   <A:/>\n<?p:q ?>\n</:>\n",
+        "<p:b xmlns:p=\"urn:rvopen:undeclared:p\"/>\n"));
 
 // The order
 
@@ -264,24 +270,6 @@ TEST(DocumentWriterTest, PutsTheAttributesOfEachNeighbourInOrder)
                     "    <c d=\"1\"/>\n"
                     "    <c d=\"1\"/>\n"
                     "  </a>");
-}
-
-TEST(DocumentWriterTest, PutsNotationsAndThenEntitiesInTheOrderOfTheirNames)
-{
-    Written written("<!DOCTYPE snapRoot [<!ENTITY d SYSTEM 's'><!NOTATION z SYSTEM 's'>"
-                    "<!ENTITY c SYSTEM 's'><!NOTATION y PUBLIC 'p' 's'><!NOTATION Z PUBLIC 'p'>"
-                    "<!ENTITY x PUBLIC 'p' 's' NDATA z>]>");
-    EXPECT_EQ(written.text(), "<!DOCTYPE snapRoot [\n"
-                              "<!NOTATION Z PUBLIC 'p'>\n"
-                              "<!NOTATION y PUBLIC 'p' 's'>\n"
-                              "<!NOTATION z SYSTEM 's'>\n"
-                              "<!ENTITY c SYSTEM 's'>\n"
-                              "<!ENTITY d SYSTEM 's'>\n"
-                              "<!ENTITY x PUBLIC 'p' 's' NDATA z>\n"
-                              "]>\n"
-                              "<snapRoot>\n"
-                              "  <snapshot name=\"s\"/>\n"
-                              "</snapRoot>\n");
 }
 
 // Characters that no document may contain
@@ -449,12 +437,11 @@ INSTANTIATE_TEST_SUITE_P(
         Form{"NameOutsideTheBasicPlane",
              [](QDomElement a, QDomDocument) { a.setAttribute("😀", ""); },
              "<a _xD83D__xDE00_=\"\"/>"},
-        Form{"NameWithAColonAtItsStart",
-             [](QDomElement a, QDomDocument) { a.setAttribute(":b", ""); }, "<a _x003A_b=\"\"/>"},
-        Form{"NameWithAColonAtItsEnd",
-             [](QDomElement a, QDomDocument) { a.setAttribute("b:", ""); }, "<a b_x003A_=\"\"/>"},
-        Form{"NameWithTwoColons", [](QDomElement a, QDomDocument) { a.setAttribute("b:c:d", ""); },
-             "<a b:c_x003A_d=\"\" xmlns:b=\"urn:rvopen:undeclared:b\"/>"},
+        Form{"NamesWithColonsOfNoMeaning",
+             [](QDomElement a, QDomDocument) {
+                 setAttributes(a, {":b", "b:", "b:c:d", "b:1"});
+             },
+             "<a :b=\"1\" b:=\"1\" b:1=\"1\" b:c:d=\"1\"/>"},
         Form{"NamesThatBecomeTheSame",
              [](QDomElement a, QDomDocument) {
                  a.setAttribute("b c", "2");
@@ -514,11 +501,6 @@ INSTANTIATE_TEST_SUITE_P(
                                    document.createProcessingInstruction("xml", "version='1.0'"));
                            },
                            "<a>\n<?_xml version='1.0'?>\n  </a>"},
-                      Form{"TargetWithAColon",
-                           [](QDomElement a, QDomDocument document) {
-                               a.appendChild(document.createProcessingInstruction("p:q", ""));
-                           },
-                           "<a>\n<?p_x003A_q ?>\n  </a>"},
                       Form{"TextBehindAnInstruction",
                            [](QDomElement a, QDomDocument document) {
                                a.appendChild(document.createProcessingInstruction("p", ""));
@@ -614,7 +596,7 @@ INSTANTIATE_TEST_SUITE_P(
         TypeDeclaration{"Apostrophe", "a", "it's", "it's", "<!DOCTYPE a PUBLIC \"it's\" \"it's\">"},
         TypeDeclaration{"QuotationMark", "a", "\"", "\"", "<!DOCTYPE a PUBLIC '_' '\"'>"},
         TypeDeclaration{"BothQuotes", "a", QString(), "'\"", "<!DOCTYPE a SYSTEM \"'%22\">"},
-        TypeDeclaration{"Markup", "a", "<&>", "<&>", "<!DOCTYPE a PUBLIC '___' '%3C%26>'>"},
+        TypeDeclaration{"Markup", "a", "<&>", "<&>", "<!DOCTYPE a PUBLIC '___' '<&>'>"},
         TypeDeclaration{"ForbiddenCharacter", "a", "\x01", "\x01",
                         "<!DOCTYPE a PUBLIC '_' '\xEF\xBF\xBD'>"},
         TypeDeclaration{"Name", "a b", QString(), "s", "<!DOCTYPE a_x0020_b SYSTEM 's'>"}),
@@ -649,8 +631,6 @@ TEST_P(ReferenceTest, IsKeptWhereTheReaderKnowsTheEntity)
 INSTANTIATE_TEST_SUITE_P(
     Types, ReferenceTest,
     ::testing::Values(Reference{"None", "", false}, Reference{"Empty", "<!DOCTYPE a>", false},
-                      Reference{"External", "<!DOCTYPE a [<!ENTITY x SYSTEM 's'>]>", true},
-                      Reference{"Unparsed", "<!DOCTYPE a [<!ENTITY x SYSTEM 's' NDATA n>]>", false},
                       Reference{"ExternalSubset", "<!DOCTYPE a SYSTEM 's'>", true},
                       Reference{"ExternalSubsetOfAStandaloneDocument",
                                 "<?xml version='1.0' standalone='yes'?><!DOCTYPE a SYSTEM 's'>",
@@ -734,6 +714,179 @@ TEST(DocumentWriterTest, DeclaresNoPrefixThatIsDeclaredAround)
                               "</snapRoot>\n");
 }
 
+// Namespaces of what a host puts in
+
+struct Addition {
+    const char* name;
+    const char* text;
+    void (*change)(QDomElement root, QDomDocument document);
+    const char* written;
+};
+
+void PrintTo(const Addition& addition, std::ostream* out)
+{
+    *out << addition.name;
+}
+
+using AdditionTest = ::testing::TestWithParam<Addition>;
+
+TEST_P(AdditionTest, IsDeclaredOnceWhereItNeedsToBe)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("a.xml");
+    writeFile(path, GetParam().text);
+    Document document(ReadXmlDocument(path));
+    ASSERT_TRUE(document);
+    GetParam().change(document->documentElement(), *document);
+    const QString text = XmlText(*document, 0);
+    EXPECT_EQ(text, QString(GetParam().written) + '\n');
+
+    writeFile(path, text.toUtf8());
+    document.reset(ReadXmlDocument(path));
+    ASSERT_TRUE(document);
+    EXPECT_EQ(XmlText(*document, 0), text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, AdditionTest,
+    ::testing::Values(Addition{"ElementInScope", "<p:a xmlns:p='u'/>",
+                               [](QDomElement root, QDomDocument document) {
+                                   root.appendChild(document.createElementNS("u", "p:b"));
+                               },
+                               "<p:a xmlns:p=\"u\">\n<p:b/>\n</p:a>"},
+                      Addition{"ElementInAnotherNamespace", "<p:a xmlns:p='u'/>",
+                               [](QDomElement root, QDomDocument document) {
+                                   root.appendChild(document.createElementNS("v", "p:b"))
+                                       .appendChild(document.createElementNS("v", "p:c"));
+                               },
+                               "<p:a xmlns:p=\"u\">\n<p:b xmlns:p=\"v\">\n<p:c/>\n</p:b>\n</p:a>"},
+                      Addition{"ElementOutOfADefault", "<a xmlns='u'/>",
+                               [](QDomElement root, QDomDocument document) {
+                                   root.appendChild(document.createElementNS("", "b"));
+                               },
+                               "<a xmlns=\"u\">\n<b xmlns=\"\"/>\n</a>"},
+                      Addition{"AttributeOfANewPrefix", "<a><b/></a>",
+                               [](QDomElement root, QDomDocument) {
+                                   root.setAttributeNS("u", "p:c", "1");
+                                   root.firstChildElement().setAttributeNS("u", "p:c", "1");
+                               },
+                               "<a p:c=\"1\" xmlns:p=\"u\">\n<b p:c=\"1\"/>\n</a>"},
+                      Addition{"ElementMovedOutOfScope", "<a><b xmlns:p='u'><p:c/></b></a>",
+                               [](QDomElement root, QDomDocument) {
+                                   root.appendChild(root.firstChildElement().firstChild());
+                               },
+                               "<a>\n<b xmlns:p=\"u\"/>\n<p:c xmlns:p=\"u\"/>\n</a>"},
+                      Addition{"ElementOfAnXmlPrefix", "<a/>",
+                               [](QDomElement root, QDomDocument) {
+                                   root.setAttributeNS("http://www.w3.org/XML/1998/namespace",
+                                                       "xml:lang", "e");
+                               },
+                               "<a xml:lang=\"e\"/>"},
+                      Addition{"PrefixThatNothingDeclares", "<a><p:b/><p:c q:d=''/></a>",
+                               [](QDomElement, QDomDocument) {},
+                               "<a>\n<p:b xmlns:p=\"urn:rvopen:undeclared:p\"/>\n"
+                               "<p:c q:d=\"\" xmlns:p=\"urn:rvopen:undeclared:p\" "
+                               "xmlns:q=\"urn:rvopen:undeclared:q\"/>\n</a>"},
+                      Addition{
+                          "PrefixDeclaredAroundLater", "<a><p:b/></a>",
+                          [](QDomElement root, QDomDocument) { root.setAttribute("xmlns:p", "u"); },
+                          "<a xmlns:p=\"u\">\n<p:b/>\n</a>"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+// White space
+
+/// Text that is read and written as it stands.
+using SpaceTest = ::testing::TestWithParam<const char*>;
+
+TEST_P(SpaceTest, ComesBackAsItWas)
+{
+    const Document document = parseText(GetParam());
+    ASSERT_TRUE(document);
+    EXPECT_EQ(XmlText(*document, 2), GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, SpaceTest,
+    ::testing::Values("<a> </a>\n", "<a>\n\t</a>\n", "<a>&#xd;</a>\n", "<a>1&#xd;\n2</a>\n",
+                      "<a><![CDATA[1]]> <![CDATA[2]]></a>\n", "<a> <![CDATA[]]>\n</a>\n",
+                      "<a> <![CDATA[]]>\n<b/>\n</a>\n",
+                      "<a xml:space=\"preserve\"> <b/>\n<c> <d/></c></a>\n",
+                      "<a xml:space=\"preserve\"><b/><!--c--><?p ?><d/></a>\n",
+                      "<a>\n  <b xml:space=\"preserve\"><c/><d xml:space=\"default\">\n"
+                      "      <e/>\n    </d></b>\n</a>\n",
+                      "<!DOCTYPE a SYSTEM 'x'>\n<a>&e; &f;<b/>&g;</a>\n"));
+
+struct Spacing {
+    const char* name;
+    void (*fill)(QDomElement root, QDomDocument document);
+    const char* written;
+};
+
+void PrintTo(const Spacing& spacing, std::ostream* out)
+{
+    *out << spacing.name;
+}
+
+using SpacingTest = ::testing::TestWithParam<Spacing>;
+
+TEST_P(SpacingTest, IsLayoutOrStays)
+{
+    QDomDocument document;
+    QDomElement root = document.createElement("a");
+    document.appendChild(root);
+    GetParam().fill(root, document);
+    const QString text = XmlText(document, 1);
+    EXPECT_EQ(text, GetParam().written);
+
+    const Document again = parseText(text);
+    ASSERT_TRUE(again);
+    EXPECT_EQ(XmlText(*again, 1), text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, SpacingTest,
+    ::testing::Values(Spacing{"BetweenElements",
+                              [](QDomElement root, QDomDocument document) {
+                                  root.appendChild(document.createTextNode("\n"));
+                                  root.appendChild(document.createElement("b"));
+                                  root.appendChild(document.createTextNode(" \n"));
+                                  root.appendChild(document.createTextNode(" "));
+                              },
+                              "<a>\n <b/>\n</a>\n"},
+                      Spacing{"InPieces",
+                              [](QDomElement root, QDomDocument document) {
+                                  for (const char* piece : {" ", "", " ", "x", " "})
+                                      root.appendChild(document.createTextNode(piece));
+                                  root.appendChild(document.createElement("b"));
+                              },
+                              "<a>  x <b/>\n</a>\n"},
+                      Spacing{"OnlyContentInPieces",
+                              [](QDomElement root, QDomDocument document) {
+                                  root.appendChild(document.createTextNode(""));
+                                  root.appendChild(document.createTextNode(" "));
+                              },
+                              "<a> </a>\n"},
+                      Spacing{"NoCharacters",
+                              [](QDomElement root, QDomDocument document) {
+                                  root.appendChild(document.createTextNode(""));
+                              },
+                              "<a/>\n"},
+                      Spacing{"BesideAReferenceThatBecomesText",
+                              [](QDomElement root, QDomDocument document) {
+                                  root.appendChild(document.createTextNode(" "));
+                                  root.appendChild(document.createEntityReference("e"));
+                                  root.appendChild(document.createElement("b"));
+                              },
+                              "<a> &amp;e;<b/>\n</a>\n"},
+                      Spacing{"ManyPieces",
+                              [](QDomElement root, QDomDocument document) {
+                                  for (int i = 0; i < 50000; ++i)
+                                      root.appendChild(document.createTextNode(" "));
+                                  root.appendChild(document.createElement("b"));
+                              },
+                              "<a>\n <b/>\n</a>\n"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
 // What cannot be saved
 
 struct Unreadable {
@@ -785,21 +938,6 @@ INSTANTIATE_TEST_SUITE_P(
                                  [](QDomDocument document) {
                                      document.documentElement().setAttribute(
                                          QString(MaxNameLength + 1, 'a'), "");
-                                 }},
-                      Unreadable{"WithAPrefixForNoNamespace",
-                                 [](QDomDocument document) {
-                                     document.documentElement().setAttribute("xmlns:p", "");
-                                 }},
-                      Unreadable{"WithAReservedNamespace",
-                                 [](QDomDocument document) {
-                                     document.documentElement().setAttribute(
-                                         "xmlns", "http://www.w3.org/2000/xmlns/");
-                                 }},
-                      Unreadable{"WithTheSameAttributeByTwoPrefixes",
-                                 [](QDomDocument document) {
-                                     QDomElement root = document.documentElement();
-                                     for (const char* name : {"xmlns:p", "xmlns:q", "p:a", "q:a"})
-                                         root.setAttribute(name, "u");
                                  }}),
     [](const auto& test) { return std::string(test.param.name); });
 

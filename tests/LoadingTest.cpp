@@ -675,6 +675,16 @@ TEST_F(ImportTest, WhatTheHostHoldsOfAnImportOutlivesTheNext)
     EXPECT_FALSE(first->GetDomNode().ownerDocument().isNull());
 }
 
+TEST_F(ImportTest, WithoutACurrentSnapShotLeavesTheOneOfTheImportBefore)
+{
+    import("<snapshot name='first'/>");
+    SnapShot* const first = m_manager.GetImportCurrentSnapShot();
+    import("<snapshots name='Model SnapShots'/>");
+
+    EXPECT_EQ(m_manager.GetImportCurrentSnapShot(), first);
+    EXPECT_EQ(first->GetName(), "first");
+}
+
 TEST_F(ImportTest, OfAnUnreadableFileChangesNothing)
 {
     import("<snapshots name='Model SnapShots'><snapshot name='a'/></snapshots>"

@@ -119,15 +119,15 @@ TEST(LongChain, NodeIsAppendedWhereSetNextCutTheChain)
     delete chain.nodes[51];
 }
 
-TEST(LongChain, NodeIsAppendedBehindAnAssignedOne)
+TEST(LongChain, NodeIsAppendedBehindTheLastOneAfterAnAssignment)
 {
     LongChain chain;
     const RVOpenNode blank;
     *chain.nodes[50] = blank;
     RVOpenNode* const added = chain.made(QStringLiteral("new"));
     chain.parent->AddNode(added, false);
-    EXPECT_EQ(chain.nodes[50]->GetNext(0), added);
-    delete chain.nodes[51];
+    EXPECT_EQ(chain.last()->GetNext(0), added);
+    EXPECT_EQ(chain.parent->GetChildPos(added), Length);
 }
 
 TEST(LongChain, NodeIsAppendedAfterAShallowCopyTookTheLastAway)
@@ -242,11 +242,12 @@ struct LongPalette {
     }
 };
 
-TEST(LongChain, MaterialThatIsInThePaletteIsNotAddedAgain)
+TEST(LongChain, MaterialThatIsInThePaletteMovesToItsEnd)
 {
     LongPalette materials;
     materials.palette->AddMaterial(materials.palette->GetMaterial(numbered(50)));
-    EXPECT_EQ(materials.linkNames(), numbers(0, Length));
+    EXPECT_EQ(materials.linkNames(),
+              numbers(0, 50) + numbers(51, Length) + QStringList(numbered(50)));
 }
 
 TEST(LongChain, LastMaterialOfThePaletteIsNotAddedAgain)

@@ -242,12 +242,103 @@ TEST(MaterialRepositoryTest, AddingNullChangesNothing)
     EXPECT_EQ(materials->GetNumMaterials(), 1u);
 }
 
-TEST(MaterialRepositoryTest, AddingAMaterialOfThePaletteChangesNothing)
+class AddMaterialOfThePaletteTest : public testing::TestWithParam<int> {};
+
+INSTANTIATE_TEST_SUITE_P(FirstMiddleLast, AddMaterialOfThePaletteTest, testing::Values(0, 1, 2));
+
+TEST_P(AddMaterialOfThePaletteTest, MovesItToTheEnd)
 {
-    const auto materials = palette("<material name='a'/><material name='b'/>");
-    materials->AddMaterial(materials->GetFirstMaterial());
-    materials->AddMaterial(materials->GetFirstMaterial()->GetNext());
-    EXPECT_EQ(namesOf(*materials), QStringList({"a", "b"}));
+    const auto materials = palette("<material name='a'/><material name='b'/><material name='c'/>");
+    QStringList names = {"a", "b", "c"};
+    names.append(names.takeAt(GetParam()));
+    materials->AddMaterial(
+        static_cast<Material*>(children(materials.get())[static_cast<std::size_t>(GetParam())]));
+    EXPECT_EQ(namesOf(*materials), names);
+    EXPECT_TRUE(mirrorsWholeDom(materials.get()));
+}
+
+TEST(MaterialRepositoryTest, AddingTheOnlyMaterialAgainLeavesIt)
+{
+    const auto materials = palette("<material name='a'/>");
+    Material* const material = materials->GetFirstMaterial();
+    materials->AddMaterial(material);
+    EXPECT_EQ(materials->GetFirstMaterial(), material);
+    EXPECT_EQ(materials->GetNumMaterials(), 1u);
+    EXPECT_TRUE(mirrorsWholeDom(materials.get()));
+}
+
+/// A material of a tree: its number among the children there.
+class AddMaterialOfATreeTest : public testing::TestWithParam<int> {
+protected:
+    template <typename Owner>
+    void takeFrom(Owner& owner, MaterialRepository& into)
+    {
+        auto rest = children(&owner);
+        const auto place = rest.begin() + GetParam();
+        auto* const material = dynamic_cast<Material*>(*place);
+        rest.erase(place);
+        into.AddMaterial(material);
+        EXPECT_EQ(children(&owner), rest);
+        EXPECT_EQ(children(&into).back(), material);
+        EXPECT_EQ(material->GetParent(), &into);
+        EXPECT_TRUE(mirrorsWholeDom(&owner));
+        EXPECT_TRUE(mirrorsWholeDom(&into));
+    }
+    static QString three(const QString& element)
+    {
+        return QStringLiteral("<%1><material/><material><colour/></material><material/></%1>")
+            .arg(element);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(FirstMiddleLast, AddMaterialOfATreeTest, testing::Values(0, 1, 2));
+
+TEST_P(AddMaterialOfATreeTest, TakesItOutOfAnotherPalette)
+{
+    const auto from = bindRoot<MaterialRepository>(three("materialRepository"));
+    from->Populate();
+    takeFrom(*from, *palette("<material name='a'/>"));
+}
+
+TEST_P(AddMaterialOfATreeTest, TakesItOutOfAnotherPaletteOfTheDocument)
+{
+    const QDomDocument document =
+        parse("<root>" + three("materialRepository") + "<materialRepository/></root>");
+    const auto from = bind<MaterialRepository>(document.documentElement().firstChild());
+    const auto into = bind<MaterialRepository>(document.documentElement().lastChild());
+    from->Populate();
+    takeFrom(*from, *into);
+}
+
+TEST_P(AddMaterialOfATreeTest, TakesItOutOfAnArchive)
+{
+    const auto from = bindRoot<RVOpenNode>(three("materials"));
+    takeFrom(*from, *palette("<material name='a'/>"));
+}
+
+TEST_P(AddMaterialOfATreeTest, RemovingItTakesItOutOfItsTree)
+{
+    const auto from = bindRoot<MaterialRepository>(three("materialRepository"));
+    from->Populate();
+    auto rest = children(from.get());
+    const auto place = rest.begin() + GetParam();
+    auto* const material = dynamic_cast<Material*>(*place);
+    rest.erase(place);
+    const auto materials = palette("<material name='a'/>");
+    materials->RemoveMaterial(material);
+    EXPECT_EQ(children(from.get()), rest);
+    EXPECT_TRUE(mirrorsWholeDom(from.get()));
+    EXPECT_EQ(namesOf(*materials), QStringList("a"));
+}
+
+TEST(MaterialRepositoryTest, AddingABaseMaterialTakesItOutOfItsMaterial)
+{
+    const auto materials = palette("<material name='a'><material name='base'/></material>");
+    Material* const owner = materials->GetFirstMaterial();
+    materials->AddMaterial(owner->GetBaseMaterial());
+    EXPECT_FALSE(owner->GetBaseMaterial());
+    EXPECT_EQ(namesOf(*materials), QStringList({"a", "base"}));
+    EXPECT_TRUE(mirrorsWholeDom(materials.get()));
 }
 
 class RemoveMaterialTest : public testing::TestWithParam<int> {};

@@ -7,6 +7,7 @@
 #include "TestSupport.h"
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/RVOpenView.h>
 #include <rvopen/ShaderColour.h>
 
 #include <algorithm>
@@ -714,6 +715,104 @@ INSTANTIATE_TEST_SUITE_P(
                   "unitsScale='2'/>PARAM</a>",
                   5.0f}),
     [](const auto& instance) { return std::string(instance.param.description); });
+
+/// A document whose root is no "snapRoot", with two lengths of value 10.
+class ArchiveUnitsScale : public ::testing::Test {
+protected:
+    /// By a parameter object that reads for the first time.
+    float read(int number) const
+    {
+        const auto view = RVOpenView<Param>(m_document.elementsByTagName("param").at(number));
+        float value = -1.0f;
+        view->GetValFloat(&value);
+        return value;
+    }
+    QDomElement snapRoot(const QString& scale)
+    {
+        QDomElement element = m_document.createElement("snapRoot");
+        element.setAttribute("unitsScale", scale);
+        return element;
+    }
+
+    QDomDocument m_document = parse("<presets><a><param type='float' prop='D' val='10'/></a>"
+                                    "<param type='float' prop='D' val='10'/></presets>");
+    /// Holds what was found out about the document.
+    const std::unique_ptr<Param> m_first =
+        bind<Param>(m_document.documentElement().firstChild().firstChild());
+};
+
+TEST_F(ArchiveUnitsScale, IsThatOfASnapRootThatIsAddedToTheDocumentLater)
+{
+    float value = 0.0f;
+    m_first->GetValFloat(&value);
+    ASSERT_EQ(value, 10.0f);
+    EXPECT_EQ(read(1), 10.0f);
+    m_document.documentElement().appendChild(snapRoot("2"));
+
+    EXPECT_EQ(read(1), 5.0f);
+    m_first->GetValFloat(&value);
+    EXPECT_EQ(value, 10.0f) << "a parameter keeps the scale that it saw first";
+}
+
+TEST_F(ArchiveUnitsScale, IsThatOfASnapRootThatIsAddedThroughANodeLater)
+{
+    float value = 0.0f;
+    m_first->GetValFloat(&value);
+    const RVOpenView<> root(m_document.documentElement());
+    auto* const added = new RVOpenNode();
+    added->SetDomNode(snapRoot("5"));
+    root->InsertNode(added, 0);
+
+    EXPECT_EQ(read(1), 2.0f);
+}
+
+TEST_F(ArchiveUnitsScale, FollowsTheFirstSnapRootOfTheMoment)
+{
+    float value = 0.0f;
+    m_first->GetValFloat(&value);
+    QDomElement root = m_document.documentElement();
+    QDomElement later = snapRoot("2");
+    root.appendChild(later);
+    EXPECT_EQ(read(1), 5.0f);
+    QDomNode earlier = root.insertBefore(snapRoot("5"), root.firstChild());
+    EXPECT_EQ(read(1), 2.0f);
+    earlier.toElement().setAttribute("unitsScale", "10");
+    EXPECT_EQ(read(1), 1.0f);
+    root.removeChild(earlier);
+    EXPECT_EQ(read(1), 5.0f);
+    root.removeChild(later);
+    EXPECT_EQ(read(1), 10.0f);
+}
+
+TEST_F(ArchiveUnitsScale, IsThatOfTheParametersOwnDocument)
+{
+    float value = 0.0f;
+    m_first->GetValFloat(&value);
+    const QDomDocument other = parse("<presets><snapRoot unitsScale='2'/>"
+                                     "<param type='float' prop='D' val='10'/></presets>");
+    const auto param = bind<Param>(other.documentElement().lastChild());
+    param->GetValFloat(&value);
+
+    EXPECT_EQ(value, 5.0f);
+    EXPECT_EQ(read(1), 10.0f);
+}
+
+TEST_F(ArchiveUnitsScale, OfManyLengthsIsFoundByOneWalk)
+{
+    // A walk for each would take a thousand million steps.
+    QString text = "<presets>";
+    for (int i = 0; i < 40000; ++i)
+        text += "<param type='float' prop='D' val='10'/>";
+    m_document = parse(text + "</presets>");
+    const auto root = create(m_document.documentElement());
+    int read = 0;
+    for (RVOpenNode* child = root->GetChild(1, 1); child; child = child->GetNext(1)) {
+        float value = 0.0f;
+        read += dynamic_cast<Param*>(child)->GetValFloat(&value) == StatusOk && value == 10.0f;
+    }
+
+    EXPECT_EQ(read, 40000);
+}
 
 TEST(Param, ScaleOfZeroIsUsed)
 {

@@ -65,6 +65,14 @@ TEST_P(PopulateParams, AddsNothingWhereTheElementHasAnyParameter)
     EXPECT_EQ(GetParam().populate(param("Anything", "float", "1"), 1), "Anything: float = 1\n");
 }
 
+TEST_P(PopulateParams, AddsNothingWhereAParameterIsHiddenBehindOtherChildren)
+{
+    for (const char* other : {"<!-- c -->", "<?pi?>", "<other/>", "ink"}) {
+        EXPECT_EQ(GetParam().populate(other + param("Anything", "float", "1"), 1),
+                  "Anything: float = 1\n");
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(
     All, PopulateParams,
     testing::Values(populated<ArtificialLightStudio>("ArtificialLightStudio", "",

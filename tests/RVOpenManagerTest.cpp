@@ -711,28 +711,42 @@ TEST(RVOpenManagerTest, StoresTheResetSnapShot)
     EXPECT_EQ(manager.GetResetSnapShot(), reset);
 }
 
-TEST(RVOpenManagerTest, AReplacedResetSnapShotStaysValid)
+TEST(RVOpenManagerTest, HandsTheReplacedResetSnapShotBack)
 {
     RVOpenManager manager;
     SnapShot* const first = manager.CreateInternalSnapShot(manager.GetCurrentSnapShot());
-    manager.SetResetSnapShot(first);
-    manager.SetResetSnapShot(manager.CreateInternalSnapShot(manager.GetCurrentSnapShot()));
+    EXPECT_EQ(manager.SetResetSnapShot(first), nullptr);
+    const std::unique_ptr<SnapShot> previous(
+        manager.SetResetSnapShot(manager.CreateInternalSnapShot(manager.GetCurrentSnapShot())));
     manager.ClearSnapShotDoc();
 
+    EXPECT_EQ(previous.get(), first);
     EXPECT_EQ(first->GetName(), "CurrSnapshot");
     EXPECT_NE(first->GetScenery(), nullptr);
 }
 
-TEST(RVOpenManagerTest, TheResetSnapShotMayBeSetAgain)
+TEST(RVOpenManagerTest, TheSameResetSnapShotAgainChangesNothing)
+{
+    RVOpenManager manager;
+    SnapShot* const reset = manager.CreateInternalSnapShot(manager.GetCurrentSnapShot());
+    manager.SetResetSnapShot(reset);
+
+    EXPECT_EQ(manager.SetResetSnapShot(reset), nullptr);
+    EXPECT_EQ(manager.GetResetSnapShot(), reset);
+    EXPECT_EQ(reset->GetName(), "CurrSnapshot");
+}
+
+TEST(RVOpenManagerTest, AResetSnapShotThatWasHandedBackMayBeSetAgain)
 {
     RVOpenManager manager;
     SnapShot* const first = manager.CreateInternalSnapShot(manager.GetCurrentSnapShot());
     SnapShot* const second = manager.CreateInternalSnapShot(manager.GetCurrentSnapShot());
-    for (SnapShot* reset : {first, first, second, first})
-        manager.SetResetSnapShot(reset);
+    manager.SetResetSnapShot(first);
+    EXPECT_EQ(manager.SetResetSnapShot(second), first);
+    const std::unique_ptr<SnapShot> previous(manager.SetResetSnapShot(first));
 
+    EXPECT_EQ(previous.get(), second);
     EXPECT_EQ(manager.GetResetSnapShot(), first);
-    EXPECT_EQ(second->GetName(), "CurrSnapshot");
 }
 
 TEST(RVOpenManagerTest, TheResetSnapShotMayBeTakenAway)
@@ -740,43 +754,170 @@ TEST(RVOpenManagerTest, TheResetSnapShotMayBeTakenAway)
     RVOpenManager manager;
     SnapShot* const reset = manager.CreateInternalSnapShot(manager.GetCurrentSnapShot());
     manager.SetResetSnapShot(reset);
-    manager.SetResetSnapShot(nullptr);
+    const std::unique_ptr<SnapShot> taken(manager.SetResetSnapShot(nullptr));
 
     EXPECT_EQ(manager.GetResetSnapShot(), nullptr);
-    EXPECT_EQ(reset->GetName(), "CurrSnapshot");
+    EXPECT_EQ(taken.get(), reset);
+    EXPECT_EQ(manager.SetResetSnapShot(nullptr), nullptr);
 }
+
+/// A snapshot that somebody owns already.
+struct OwnedSnapShot {
+    const char* name;
+    SnapShot* (*get)(RVOpenManager& manager);
+};
+
+void PrintTo(const OwnedSnapShot& snapShot, std::ostream* out)
+{
+    *out << snapShot.name;
+}
+
+class OwnedResetSnapShotTest : public ::testing::TestWithParam<OwnedSnapShot> {
+protected:
+    OwnedResetSnapShotTest()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("a.xml");
+        const char* const xml = "<snapRoot><snapshots name='Model SnapShots'><snapshot name='A'/>"
+                                "</snapshots><snapshot name='First'/><snapshot name='C'/>"
+                                "</snapRoot>";
+        test::writeFile(path, xml);
+        load(m_manager, xml);
+        m_manager.ImportSnapShotDoc(path, false, false);
+    }
+
+    RVOpenManager m_manager;
+};
+
+TEST_P(OwnedResetSnapShotTest, IsRefused)
+{
+    SnapShot* const reset = m_manager.CreateInternalSnapShot(nullptr);
+    m_manager.SetResetSnapShot(reset);
+    SnapShot* const owned = GetParam().get(m_manager);
+    ASSERT_NE(owned, nullptr);
+
+    EXPECT_EQ(m_manager.SetResetSnapShot(owned), nullptr);
+    EXPECT_EQ(m_manager.GetResetSnapShot(), reset);
+    EXPECT_NE(owned->GetName(), QString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, OwnedResetSnapShotTest,
+    ::testing::Values(
+        OwnedSnapShot{"Current",
+                      [](RVOpenManager& manager) { return manager.GetCurrentSnapShot(); }},
+        OwnedSnapShot{"Imported",
+                      [](RVOpenManager& manager) { return manager.GetImportCurrentSnapShot(); }},
+        OwnedSnapShot{
+            "Member",
+            [](RVOpenManager& manager) { return manager.GetSnapShots()->GetFirstSnapShot(); }},
+        OwnedSnapShot{"BelowTheRootNode",
+                      [](RVOpenManager& manager) {
+                          RVOpenNode* const first = manager.GetRootNode()->GetChild(1, 1);
+                          return dynamic_cast<SnapShot*>(first->GetChild(1, 1));
+                      }},
+        OwnedSnapShot{"OfADocumentBefore",
+                      [](RVOpenManager& manager) {
+                          SnapShot* const current = manager.GetCurrentSnapShot();
+                          manager.InitialiseSnapShotDoc();
+                          return current;
+                      }}),
+    [](const auto& each) { return std::string(each.param.name); });
 
 // Copying and the clipboard
 
 TEST(RVOpenManagerTest, ACopyRefersToTheSameObjects)
 {
-    RVOpenManager manager;
-    RVOpenManager empty;
-    empty.ClearSnapShotDoc();
-    RVOpenManager copy(manager);
+    const RVOpenManager manager;
+    const RVOpenManager copy(manager);
 
     EXPECT_EQ(copy.GetCurrentSnapShot(), manager.GetCurrentSnapShot());
     EXPECT_EQ(copy.GetSnapShots(), manager.GetSnapShots());
     EXPECT_EQ(textOf(copy), textOf(manager));
-
-    copy = empty;
 }
 
 TEST(RVOpenManagerTest, AssignmentRefersToTheSameObjects)
 {
-    RVOpenManager manager;
-    RVOpenManager empty;
-    empty.ClearSnapShotDoc();
+    const RVOpenManager manager;
     RVOpenManager target;
-    target.ClearSnapShotDoc();
     target = manager;
 
     EXPECT_EQ(target.GetCurrentSnapShot(), manager.GetCurrentSnapShot());
     EXPECT_EQ(target.GetSnapShots(), manager.GetSnapShots());
     EXPECT_EQ(textOf(target), textOf(manager));
-
-    target = empty;
 }
+
+/// Whether the copy goes before the original.
+class ManagerCopyTest : public ::testing::TestWithParam<bool> {
+protected:
+    /// Ends one of the two and gives the other.
+    RVOpenManager& survivor()
+    {
+        (GetParam() ? m_copy : m_original).reset();
+        return GetParam() ? *m_original : *m_copy;
+    }
+
+    std::unique_ptr<RVOpenManager> m_original = std::make_unique<RVOpenManager>();
+    std::unique_ptr<RVOpenManager> m_copy = std::make_unique<RVOpenManager>(*m_original);
+};
+
+TEST_P(ManagerCopyTest, LeavesTheObjectsWhenItGoes)
+{
+    SnapShot* const current = m_original->GetCurrentSnapShot();
+    Background* const background = m_original->GetOriginalBackground();
+    RVOpenManager& rest = survivor();
+
+    EXPECT_EQ(rest.GetCurrentSnapShot(), current);
+    EXPECT_EQ(current->GetName(), "CurrSnapshot");
+    EXPECT_EQ(rest.GetOriginalBackground(), background);
+    EXPECT_EQ(background->GetSubCat(), "Horizon");
+}
+
+TEST_P(ManagerCopyTest, LeavesWhatACopyLoaded)
+{
+    load(*m_copy, "<snapRoot><snapshot name='loaded'/></snapRoot>");
+    RVOpenManager& rest = survivor();
+
+    ASSERT_NE(rest.GetCurrentSnapShot(), nullptr);
+    EXPECT_EQ(rest.GetCurrentSnapShot()->GetName(), "loaded");
+}
+
+TEST_P(ManagerCopyTest, LeavesWhatACopyMade)
+{
+    SnapShots* const cameras = m_copy->GetSnapShotsCameras();
+    SnapShot* const reset = m_copy->CreateInternalSnapShot(m_copy->GetCurrentSnapShot());
+    m_copy->SetResetSnapShot(reset);
+    m_copy->GetTemporaryItems()->SetRefName("held");
+    const std::unique_ptr<RVOpenNode> decoded(m_copy->DecodeXML("<a/>"));
+    RVOpenManager& rest = survivor();
+
+    EXPECT_EQ(rest.GetSnapShotsCameras(), cameras);
+    EXPECT_EQ(rest.GetResetSnapShot(), reset);
+    EXPECT_EQ(rest.GetTemporaryItems()->GetRefname(), "held");
+    EXPECT_EQ(decoded->GetNodeName(), "a");
+}
+
+TEST_P(ManagerCopyTest, SeesNoDocumentThatWasCleared)
+{
+    m_copy->ClearSnapShotDoc();
+    RVOpenManager& rest = survivor();
+
+    EXPECT_EQ(rest.GetCurrentSnapShot(), nullptr);
+    EXPECT_EQ(rest.GetRootNode(), nullptr);
+}
+
+TEST_P(ManagerCopyTest, MayBeAssignedToItselfAndToItsOriginal)
+{
+    *m_copy = *m_original;
+    const RVOpenManager& itself = *m_copy;
+    *m_copy = itself;
+
+    EXPECT_EQ(survivor().GetCurrentSnapShot()->GetName(), "CurrSnapshot");
+}
+
+INSTANTIATE_TEST_SUITE_P(Orders, ManagerCopyTest, ::testing::Bool(), [](const auto& each) {
+    return std::string(each.param ? "CopyFirst" : "OriginalFirst");
+});
 
 TEST(RVOpenManagerTest, HasOneClipboardThatIsEmptyAtFirst)
 {

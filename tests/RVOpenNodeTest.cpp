@@ -109,7 +109,9 @@ TEST(RVOpenNode, SetNextChangesTheLinkAlone)
     EXPECT_EQ(a->GetNext(0), c);
     EXPECT_EQ(domChildNames(document.documentElement()), QStringList({"a", "b", "c"}));
     EXPECT_EQ(b->GetNodeName(), "b");
+    EXPECT_EQ(c->GetNext(0), nullptr);
     a->SetNext(b);
+    b->SetNext(c);
 }
 
 TEST(RVOpenNode, ParamHelperIsTheNodesOwn)
@@ -915,15 +917,6 @@ struct ShallowSource : Single {
     {
     }
 
-    /// Takes the links out of a copy, so that each object is owned once.
-    static void unlink(RVOpenNode& copy)
-    {
-        copy.SetNext(nullptr);
-        while (RVOpenNode* const first = copy.GetChild(0, 0))
-            copy.DetachNode(first, false);
-        copy.SetDomNode(QDomNode());
-    }
-
     RVOpenNode* item;
     RVOpenNode* child;
     RVOpenNode* next;
@@ -938,7 +931,6 @@ TEST(RVOpenNode, CopySharesElementAndLinks)
     EXPECT_EQ(copy.GetParent(), source.node.get());
     EXPECT_EQ(copy.GetChild(0, 0), source.child);
     EXPECT_EQ(copy.GetNext(0), source.next);
-    ShallowSource::unlink(copy);
 }
 
 TEST(RVOpenNode, AssignmentSharesElementAndLinks)
@@ -950,7 +942,6 @@ TEST(RVOpenNode, AssignmentSharesElementAndLinks)
     EXPECT_EQ(copy.GetParent(), source.node.get());
     EXPECT_EQ(copy.GetChild(0, 0), source.child);
     EXPECT_EQ(copy.GetNext(0), source.next);
-    ShallowSource::unlink(copy);
 }
 
 TEST(RVOpenNode, ParameterListOfACopyDesignatesTheSource)
@@ -961,7 +952,6 @@ TEST(RVOpenNode, ParameterListOfACopyDesignatesTheSource)
     copy.GetParamHelper()->AddIntParam("Count");
     EXPECT_EQ(domChildNames(source.spare->GetDomNode()), QStringList("param"));
     EXPECT_EQ(domChildNames(source.next->GetDomNode()), QStringList());
-    ShallowSource::unlink(copy);
 }
 
 TEST(RVOpenNode, ParameterListOfAnAssignedNodeDesignatesTheSource)
@@ -973,7 +963,6 @@ TEST(RVOpenNode, ParameterListOfAnAssignedNodeDesignatesTheSource)
     copy.GetParamHelper()->AddIntParam("Count");
     EXPECT_EQ(domChildNames(source.spare->GetDomNode()), QStringList("param"));
     EXPECT_EQ(domChildNames(source.next->GetDomNode()), QStringList());
-    ShallowSource::unlink(copy);
 }
 
 } // namespace

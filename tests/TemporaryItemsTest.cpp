@@ -209,6 +209,29 @@ TEST_P(TemporaryItemTest, CanBeSetToItself)
     EXPECT_EQ(textOf(*get(items)), textOf(xml("a")));
 }
 
+TEST_P(TemporaryItemTest, IsHeldByCopiesInAnyOrder)
+{
+    for (const bool copyFirst : {true, false}) {
+        auto items = std::make_unique<TemporaryItems>();
+        set(*items, source("a").get());
+        RVOpenNode* const held = get(*items);
+        auto copy = std::make_unique<TemporaryItems>(*items);
+        (copyFirst ? copy : items).reset();
+        EXPECT_EQ(get(copyFirst ? *items : *copy), held);
+        EXPECT_EQ(held->GetName(), "a");
+    }
+}
+
+TEST_P(TemporaryItemTest, IsReplacedInTheCopyAlone)
+{
+    TemporaryItems items;
+    set(items, source("a").get());
+    TemporaryItems copy(items);
+    set(copy, source("b").get());
+    EXPECT_EQ(get(items)->GetName(), "a");
+    EXPECT_EQ(get(copy)->GetName(), "b");
+}
+
 TEST(TemporaryItemsTest, AMaterialIsHeldWithItsComponentsAndWithoutItsBaseMaterial)
 {
     TemporaryItems items;
@@ -250,8 +273,6 @@ TEST(TemporaryItemsTest, ACopyHoldsTheSameItems)
     EXPECT_EQ(copy.GetColour(), items.GetColour());
     EXPECT_EQ(copy.GetRefname(), "stone");
     EXPECT_EQ(copy.GetType(), TemporaryItems::ComponentColour);
-    // The items are the original's to delete.
-    copy = TemporaryItems();
 }
 
 TEST(TemporaryItemsTest, AnAssignedOneHoldsTheSameItems)
@@ -261,8 +282,6 @@ TEST(TemporaryItemsTest, AnAssignedOneHoldsTheSameItems)
     TemporaryItems other;
     other = items;
     EXPECT_EQ(other.GetBump(), items.GetBump());
-    // The items are the original's to delete.
-    other = TemporaryItems();
 }
 
 } // namespace

@@ -20,17 +20,12 @@
 namespace {
 
 const char s_document[] = R"(<?xml version='1.0' encoding="utf-8"?>
-<!DOCTYPE snapRoot PUBLIC "public" "system" [
-  <!NOTATION zip SYSTEM "zip"> <!NOTATION gif PUBLIC "gif"> <!NOTATION jpg PUBLIC "jpg" "JPG">
-  <!ENTITY thumb SYSTEM "thumb.jpg" NDATA jpg>
-  <!ENTITY notes SYSTEM "notes.xml"> <!ENTITY licence PUBLIC "licence" "licence.xml">
-  <!ENTITY name "Studio">
-]>
+<!DOCTYPE snapRoot PUBLIC "public" "system?a=b&c='d'">
 <!-- before -->
 <snapRoot zorvane_version="3.1" unitsScale="1" type="snapStudio" name="SnapRoot" xmlns:x="urn:x">
   <snapshots name="Model SnapShots" sort="name" cat="c" subCat="s" refName="r" path="p"/>
   <snapshot name="CurrSnapshot" x:z="1" x:a="2" b="&lt;&#9;&#10;&#13;&quot;&apos;&gt;]]&gt;">
-    <camera archiveType="Custom" archiveFilename="lenses" refName="r" name="&name; 1">
+    <camera archiveType="Custom" archiveFilename="lenses" refName="r" name="Studio 1">
       <param val="0.1" type="float" prop="D" name="Field Of View"/>
       <param name="Pinhole" val="1 2 3" type="point" tip="é😀" z="26" y="25" x="24" w="23" v="22"/>
       <param type="int" name="Twist" val="4"/>

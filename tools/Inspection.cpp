@@ -27,6 +27,13 @@ namespace rvopen::tools {
 
 namespace {
 
+/// What look-ups of parameters step over.
+bool isSteppedOver(const QDomNode& node)
+{
+    return node.isComment() || node.isProcessingInstruction() ||
+           (node.nodeType() == QDomNode::TextNode && node.nodeValue().trimmed().isEmpty());
+}
+
 /// Names that every element is asked for: made once.
 struct Words {
     const QString name = QStringLiteral("name");
@@ -184,7 +191,7 @@ private:
         for (QDomNode node = frame.element.firstChild(); !node.isNull();
              node = node.nextSibling()) {
             if (!node.isElement()) {
-                isBehindOther = true;
+                isBehindOther = isBehindOther || !isSteppedOver(node);
                 continue;
             }
             const QDomElement child = node.toElement();

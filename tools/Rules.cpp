@@ -73,8 +73,9 @@ const Rule missingComponent = {
     nullptr};
 const Rule hiddenParam = {"hidden-parameter", Severity::Error,
                           "The parameter stands behind a child that is no parameter.",
-                          "Look-ups stop at the first child that is none, comments included: the "
-                          "host does not see the parameter.",
+                          "Look-ups step over comments, processing instructions and white space and "
+                          "stop at any other child that is none: the host does not see the "
+                          "parameter.",
                           "Moves parameters in front of the other children, in their order."};
 const Rule shaderEndsList = {"unknown-shader", Severity::Error,
                              "A shader parameter of a kind other than \"colour\" ends the list.",

@@ -41,10 +41,14 @@ int main(int argc, char** argv)
             return 1;
         }
         out << argv[i] << '\n';
-        if (rvopen::SnapShots* const snapShots = manager.GetSnapShots()) {
-            for (rvopen::SnapShot* s = snapShots->GetFirstSnapShot(); s; s = s->GetNext())
-                describe(out, s);
+        // Null in a document without snapshots, such as an archive.
+        rvopen::SnapShots* const snapShots = manager.GetSnapShots();
+        if (!snapShots) {
+            out << "  no snapshot document\n";
+            return 1;
         }
+        for (rvopen::SnapShot* s = snapShots->GetFirstSnapShot(); s; s = s->GetNext())
+            describe(out, s);
     }
     return 0;
 }

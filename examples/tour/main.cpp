@@ -194,8 +194,10 @@ void printBackground(Background* background)
 
 void printRenderSize(SnapShot* snapShot)
 {
-    RenderTarget* const target = expect(snapShot->GetRenderTargets()->GetFirstRenderTarget(),
-                                        QStringLiteral("there is no render target"));
+    RenderTargets* const targets =
+        expect(snapShot->GetRenderTargets(), QStringLiteral("there are no render targets"));
+    RenderTarget* const target =
+        expect(targets->GetFirstRenderTarget(), QStringLiteral("there is no render target"));
     int width = 0;
     int height = 0;
     expectOk(target->GetWidthHeightUsingAspectRatio(&width, &height),
@@ -205,6 +207,27 @@ void printRenderSize(SnapShot* snapShot)
         QStringLiteral("%1 x %2 pixels, %3").arg(width).arg(height).arg(target->GetOutputFormat()));
 }
 
+/// Null in a document without it: any well-formed XML loads.
+SnapShots* collectionOf(RVOpenManager& manager)
+{
+    return expect(manager.GetSnapShots(), QStringLiteral("there are no snapshots"));
+}
+
+SnapShot* currentOf(RVOpenManager& manager)
+{
+    return expect(manager.GetCurrentSnapShot(), QStringLiteral("there is no current snapshot"));
+}
+
+Camera* cameraOf(SnapShot* snapShot)
+{
+    return expect(snapShot->GetCamera(), QStringLiteral("there is no camera"));
+}
+
+MaterialRepository* paletteOf(SnapShot* snapShot)
+{
+    return expect(snapShot->GetMaterialRepository(), QStringLiteral("there is no palette"));
+}
+
 void loadDocument(RVOpenManager& manager, const Folders& folders)
 {
     heading(QStringLiteral("2. A snapshot document"));
@@ -212,20 +235,19 @@ void loadDocument(RVOpenManager& manager, const Folders& folders)
     expect(manager.LoadSnapShotDocFromFile(path), QStringLiteral("cannot load ") + path);
     line(QStringLiteral("loaded"), path);
     line(QStringLiteral("snapshots"), QString::number(manager.GetNumSnapShots()));
-    for (SnapShot* snapShot = manager.GetSnapShots()->GetFirstSnapShot(); snapShot;
+    for (SnapShot* snapShot = collectionOf(manager)->GetFirstSnapShot(); snapShot;
          snapShot = snapShot->GetNext())
         line(QString(), snapShot->GetName());
 
-    SnapShot* const current =
-        expect(manager.GetCurrentSnapShot(), QStringLiteral("there is no current snapshot"));
+    SnapShot* const current = currentOf(manager);
     line(QStringLiteral("current snapshot"), current->GetName());
-    line(QStringLiteral("scheme"), current->GetScheme()->GetName());
-    printCamera(current->GetCamera());
-    printSun(current->GetNaturalLightStudio());
-    printBackground(current->GetBackground());
+    Scheme* const scheme = expect(current->GetScheme(), QStringLiteral("there is no scheme"));
+    line(QStringLiteral("scheme"), scheme->GetName());
+    printCamera(cameraOf(current));
+    printSun(expect(current->GetNaturalLightStudio(), QStringLiteral("there is no sun")));
+    printBackground(expect(current->GetBackground(), QStringLiteral("there is no background")));
     printRenderSize(current);
-    line(QStringLiteral("materials"),
-         QString::number(current->GetMaterialRepository()->GetNumMaterials()));
+    line(QStringLiteral("materials"), QString::number(paletteOf(current)->GetNumMaterials()));
 }
 
 RVOpenNode* findPreset(RVOpenManager& manager, const QString& type, const QString& subcat,
@@ -264,7 +286,7 @@ QString describe(Material* material)
 void applyMaterial(RVOpenManager& manager)
 {
     heading(QStringLiteral("4. A material from an archive on an object of the model"));
-    MaterialRepository* const palette = manager.GetCurrentSnapShot()->GetMaterialRepository();
+    MaterialRepository* const palette = paletteOf(currentOf(manager));
     const QString object = QStringLiteral("Window frames");
     line(QStringLiteral("object"), object);
     line(QStringLiteral("before"), describe(expect(palette->GetMaterial(object), object)));
@@ -285,16 +307,16 @@ void applyMaterial(RVOpenManager& manager)
 void addSnapShot(RVOpenManager& manager)
 {
     heading(QStringLiteral("5. A new snapshot"));
-    SnapShots* const collection = manager.GetSnapShots();
-    SnapShot* const snapShot = collection->CreateSnapShot(manager.GetCurrentSnapShot());
+    SnapShots* const collection = collectionOf(manager);
+    SnapShot* const snapShot = collection->CreateSnapShot(currentOf(manager));
     snapShot->SetName(
         manager.GetNextSnapShotName(QStringLiteral("View "), SnapShots::TypeSnapShots));
     float from[] = {4.0f, -9.0f, 2.5f};
     float to[] = {0.0f, 0.0f, 1.0f / 3.0f};
     float up[] = {0.0f, 0.0f, 1.0f};
-    expectOk(snapShot->GetCamera()->SetPinhole(from, to, up, 0, 35.0f),
-             QStringLiteral("setting the camera"));
     collection->AddNode(snapShot, true);
+    expectOk(cameraOf(snapShot)->SetPinhole(from, to, up, 0, 35.0f),
+             QStringLiteral("setting the camera"));
     line(QStringLiteral("name"), snapShot->GetName());
     printCamera(snapShot->GetCamera());
     line(QStringLiteral("snapshots now"), QString::number(manager.GetNumSnapShots()));
@@ -307,8 +329,8 @@ void importDocument(RVOpenManager& manager, const Folders& folders)
     const int before = manager.GetNumSnapShots();
     manager.ImportSnapShotDoc(path, false, true);
     line(QStringLiteral("imported"), path);
-    SnapShot* snapShot = manager.GetSnapShots()->GetFirstSnapShot();
-    for (int i = 0; i < before; ++i)
+    SnapShot* snapShot = collectionOf(manager)->GetFirstSnapShot();
+    for (int i = 0; i < before && snapShot; ++i)
         snapShot = snapShot->GetNext();
     for (expect(snapShot, QStringLiteral("nothing was imported")); snapShot;
          snapShot = snapShot->GetNext()) {
@@ -323,7 +345,7 @@ void importDocument(RVOpenManager& manager, const Folders& folders)
 void stripTextures(RVOpenManager& manager)
 {
     heading(QStringLiteral("7. Textures"));
-    SnapShot* const current = manager.GetCurrentSnapShot();
+    SnapShot* const current = currentOf(manager);
     QStringList textures;
     manager.FindRVOpenNodeTextures(current, textures);
     textures.removeDuplicates();
@@ -350,8 +372,11 @@ void save(RVOpenManager& manager, const Folders& folders)
     line(QStringLiteral("document"), documentPath);
 
     RVOpenNode* const archive =
-        manager.SetArchiveNode(QStringLiteral("Product.rvx"), QStringLiteral("Zorvane"));
-    RVOpenNode* const materials = manager.GetRVOpenNodeFromType(QStringLiteral("materials"), false);
+        expect(manager.SetArchiveNode(QStringLiteral("Product.rvx"), QStringLiteral("Zorvane")),
+               QStringLiteral("cannot open Product.rvx"));
+    RVOpenNode* const materials =
+        expect(manager.GetRVOpenNodeFromType(QStringLiteral("materials"), false),
+               QStringLiteral("the archive has no materials"));
     materials->SetDescription(QStringLiteral("With the extra materials of the product"));
     expect(GetDirectoryHandler()->SaveArchive(materials),
            QStringLiteral("cannot save the archive"));

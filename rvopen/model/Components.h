@@ -6,13 +6,11 @@
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/ShaderColour.h>
+#include <rvopen/model/Binding.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 
-#include <QDomDocument>
 #include <QDomElement>
-
-#include <type_traits>
 
 /// Components that a node keeps as child elements, the first one of each kind being the one that
 /// counts.
@@ -35,36 +33,6 @@ Component* findChild(RVOpenNode* owner, KindTest<Component> isKind)
             return found;
     }
     return nullptr;
-}
-
-/// A new object bound to \p node, or null when memory is exhausted.
-template <typename Component>
-Component* newBound(const QDomNode& node)
-{
-    Component* object = nullptr;
-    if constexpr (std::is_default_constructible_v<Component>)
-        object = new Component();
-    else
-        object = new Component(nullptr);
-    if (object)
-        object->SetDomNode(node);
-    return object;
-}
-
-/// A new object with an element of its own in the document of \p owner, standing nowhere yet; the
-/// caller owns it. Null when memory is exhausted.
-template <typename Component>
-Component* newElement(RVOpenNode* owner, names::Name elementName)
-{
-    QDomDocument document = owner->GetDomNode().ownerDocument();
-    return newBound<Component>(document.createElement(elementName()));
-}
-
-/// A free-standing deep copy that the caller owns. Null for null and when memory is exhausted.
-template <typename Component>
-Component* cloneOf(Component* source)
-{
-    return source ? newBound<Component>(RVOpenNode(source).GetDomNode()) : nullptr;
 }
 
 /// The first child of the kind. Where there is none and \p create is not zero, a new one with an
@@ -127,14 +95,14 @@ inline bool deletesAlong(const RVOpenNode* node, const RVOpenNode* wanted)
 }
 
 /// Deletes \p current, a child of \p owner or null, and appends \p replacement, which may be null
-/// or belong to \p current: a copy of it goes in then.
+/// or belong to \p current: a copy of it goes in then. An archive that \p current stands for stays.
 template <typename Component>
 void replaceChild(RVOpenNode* owner, Component* current, Component* replacement)
 {
     if (current) {
         if (replacement && deletesAlong(current, replacement))
             replacement = cloneOf(replacement);
-        owner->DeleteNode(current);
+        NodeAccess::removeChild(owner, current);
     }
     owner->AddNode(replacement, true);
 }

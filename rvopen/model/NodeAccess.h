@@ -5,6 +5,8 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <vector>
+
 namespace rvopen {
 
 /// The links of a node, for the classes that keep chains of their own.
@@ -13,6 +15,7 @@ struct NodeAccess {
     {
         return node->m_firstChild;
     }
+    /// Makes a chain that nobody owns the children of the node; what it had is nobody's then.
     static void setFirstChild(RVOpenNode* node, RVOpenNode* child);
     static RVOpenNode* next(const RVOpenNode* node)
     {
@@ -32,23 +35,78 @@ struct NodeAccess {
     static void linkLast(RVOpenNode* node, RVOpenNode* last, RVOpenNode* child)
     {
         if (last)
-            node->m_firstChild->linkBehind(last, child);
+            RVOpenNode::link(node, last, child);
         else
             setFirstChild(node, child);
     }
-    /// Takes a child out of the node's own chain; its element stays.
-    static void unlink(RVOpenNode* node, RVOpenNode* child)
+    /// Links a node that is in no chain behind \p previous, which is null or a child of \p owner.
+    static void link(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* child)
     {
-        node->unlinkHere(child);
+        RVOpenNode::link(owner, previous, child);
     }
+    /// From now on text of white space alone gets no object among the node's children.
+    static void skipBlanks(RVOpenNode* node)
+    {
+        node->m_skipsBlanks = 1;
+    }
+    /// Takes a child out of the chain that it is in; its element stays.
+    static void unlink(RVOpenNode* child)
+    {
+        child->unlink();
+    }
+    /// True when the node is in the chain of the owner's children.
+    static bool isChild(const RVOpenNode* owner, const RVOpenNode* node)
+    {
+        return node->chainOwner() == owner;
+    }
+    /// True when the node may be taken over: it is neither \p owner nor above it.
+    static bool canTake(const RVOpenNode* owner, const RVOpenNode* node)
+    {
+        return owner->canTake(node);
+    }
+    /// Takes a node with its element out of wherever it is: a chain of any tree, a snapshot. What a
+    /// walk from a free node made behind it stays valid as long as the node.
+    static void withdraw(RVOpenNode* node);
+    /// Takes the object of that element out of the chain of the owner's children if there is one.
+    /// It stays valid until the owner is deleted.
+    static void retireView(RVOpenNode* owner, const QDomNode& element);
+    /// Keeps an object that nobody holds valid until the owner is deleted.
+    static void retire(RVOpenNode* owner, RVOpenNode* object)
+    {
+        owner->keep(object);
+    }
+    /// An object for an element that lost its own: behind \p previous in the chain of the children
+    /// of \p owner, or, without an owner, a component of \p holder.
+    static void restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* previous,
+                            const QDomNode& element);
     /// Detaches a child of the node's own chain, without looking at archives.
     static void detachOwn(RVOpenNode* node, RVOpenNode* child)
     {
         node->detachHere(child);
     }
+    /// Takes a child of the node, or of the archive that it stands for, out and deletes it with its
+    /// element. The file of an archive that the child itself stands for stays.
+    static void removeChild(RVOpenNode* node, RVOpenNode* child)
+    {
+        node->DetachNode(child, true);
+        delete child;
+    }
     /// The node whose chain holds the children: the node itself, or the root of the archive that it
     /// stands for; null when that archive cannot be opened.
     static RVOpenNode* childOwner(RVOpenNode* node);
+    /// \name The components of a snapshot, which are in no chain
+    /// @{
+    static void holdComponent(RVOpenNode* snapShot, RVOpenNode* component);
+    static void releaseComponent(RVOpenNode* component)
+    {
+        component->clearHolder();
+    }
+    /// The snapshot has the component no more.
+    static void forgetComponent(RVOpenNode* snapShot, RVOpenNode* component);
+    /// Those that the node holds if it is a snapshot.
+    static std::vector<RVOpenNode*> components(RVOpenNode* node);
+    /// @}
+
     /// After the element was moved to another document by hand.
     static void holdDocument(RVOpenNode* node)
     {
@@ -57,9 +115,14 @@ struct NodeAccess {
 
     /// A new object of the class that stands for the node: RVOpenSchema::createNode().
     static RVOpenNode* make(const QDomNode& node);
+    /// What is known to be an element need not be asked whether it is one.
     static void bind(RVOpenNode* node, const QDomElement& element)
     {
         node->bind(element, element);
+    }
+    static void bind(RVOpenNode* object, const QDomNode& node)
+    {
+        object->SetDomNode(node);
     }
 
     /// Attributes by the names of Names.h.
@@ -75,31 +138,51 @@ struct NodeAccess {
     /// Deletes the object with its subtree and the siblings after it, leaving every element in the
     /// document: what goes is the view, not the data.
     static void dropView(RVOpenNode* node);
-    /// True while a view is being dropped: destructors leave the document alone then.
-    static bool isDroppingView();
+    /// The end of the object leaves the document alone.
+    static void leaveDocument(RVOpenNode* node)
+    {
+        node->m_leavesDocument = 1;
+    }
+    /// True of a copy and of a view that is being dropped: their destructors leave the document
+    /// alone.
+    static bool leavesDocument(const RVOpenNode* node)
+    {
+        return node->m_leavesDocument;
+    }
 };
 
-/// A view for the time of a scope: dropped at its end, with every element left in place.
-class ScopedView {
+/// An object over an element for the time of a scope, whose end leaves the element in place.
+template <typename Class>
+class ViewOf {
 public:
-    explicit ScopedView(RVOpenNode* node)
-        : m_node(node)
+    explicit ViewOf(const QDomElement& element)
     {
+        NodeAccess::bind(&m_object, element);
+        NodeAccess::leaveDocument(&m_object);
     }
-    ~ScopedView()
-    {
-        NodeAccess::dropView(m_node);
-    }
-    ScopedView(const ScopedView&) = delete;
-    ScopedView& operator=(const ScopedView&) = delete;
+    ViewOf(const ViewOf&) = delete;
+    ViewOf& operator=(const ViewOf&) = delete;
 
-    RVOpenNode* get() const
+    Class& object()
     {
-        return m_node;
+        return m_object;
     }
 
 private:
-    RVOpenNode* m_node;
+    Class m_object;
+};
+
+/// For as long as it lives, archive references reach the archives that are open already: none is
+/// opened on demand.
+class ArchivesStayClosed {
+public:
+    ArchivesStayClosed();
+    ~ArchivesStayClosed();
+    ArchivesStayClosed(const ArchivesStayClosed&) = delete;
+    ArchivesStayClosed& operator=(const ArchivesStayClosed&) = delete;
+
+private:
+    bool m_outer;
 };
 
 } // namespace rvopen

@@ -4,7 +4,6 @@
 #include <rvopen/model/ParamAccess.h>
 
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/NodeCast.h>
 
 namespace rvopen {
 
@@ -31,13 +30,15 @@ Param* addOfType(ParamHelper* params, const QString& name, ParamType type)
     return nullptr;
 }
 
-bool hasParam(RVOpenNode* node)
+/// The element of the first parameter of that name among all children of \p owner; with a null name
+/// of any parameter.
+QDomElement paramElement(const RVOpenNode* owner, const QString& name)
 {
-    for (RVOpenNode* child = node->GetChild(0, 1); child; child = child->GetNext(0)) {
-        if (nodeCast<Param>(child))
-            return true;
-    }
-    return false;
+    QDomElement element = owner->GetDomNode().firstChildElement(names::element::param());
+    while (!element.isNull() && !name.isNull() &&
+           element.attribute(names::attribute::name()) != name)
+        element = element.nextSiblingElement(names::element::param());
+    return element;
 }
 
 } // namespace
@@ -54,10 +55,17 @@ Param* addParam(RVOpenNode* node, const ParamSpec& spec)
     return param;
 }
 
+QDomElement hiddenParam(RVOpenNode* node, const QString& name)
+{
+    const RVOpenNode* const owner = NodeAccess::childOwner(node);
+    return owner ? paramElement(owner, name) : QDomElement();
+}
+
 void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count)
 {
     node->GetParamHelper()->Populate();
-    if (hasParam(node))
+    const RVOpenNode* const owner = NodeAccess::childOwner(node);
+    if (owner && !paramElement(owner, QString()).isNull())
         return;
     for (std::size_t i = 0; i < count; ++i)
         addParam(node, specs[i]);

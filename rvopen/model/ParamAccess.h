@@ -6,6 +6,7 @@
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/model/Names.h>
+#include <rvopen/model/NodeAccess.h>
 
 #include <cstddef>
 #include <utility>
@@ -25,6 +26,11 @@ struct ParamSpec {
 
 /// Appends the parameter to \p node; null when it could not be created.
 Param* addParam(RVOpenNode* node, const ParamSpec& spec);
+
+/// The element of the first parameter of that name among all children of \p node, also where no
+/// look-up finds it: in an archive that the node stands for, or behind a child that is none. Null
+/// when there is none.
+QDomElement hiddenParam(RVOpenNode* node, const QString& name);
 
 /// Creates the \p count parameters at \p specs in order, on a node that has no parameter at all.
 void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count);
@@ -50,15 +56,33 @@ unsigned int onParam(RVOpenNode* node, names::Name name, Operation operation,
     return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
 }
 
-/// As onParam(), creating the parameter first when there is none.
-/// StatusMissing when it cannot be created.
+/// As onParam() with a typed getter, for parameters that older documents lack: where it cannot be
+/// read, the output, unless it is null, gets what its absence means.
+template <typename Getter, typename Value>
+unsigned int onParamOrDefault(RVOpenNode* node, names::Name name, Getter getter, Value* out,
+                              Value whenAbsent)
+{
+    const unsigned int status = onParam(node, name, getter, out);
+    if (status != StatusOk && out)
+        *out = whenAbsent;
+    return status;
+}
+
+/// As onParam(), creating the parameter first when there is none among all children, so that a
+/// document that is loaded, set and saved does not grow. StatusMissing when it cannot be created.
 template <typename Operation, typename... Arguments>
 unsigned int onParamOrNew(RVOpenNode* node, const ParamSpec& spec, Operation operation,
                           Arguments&&... arguments)
 {
     Param* param = findParam(node, spec.name);
-    if (!param)
+    if (!param) {
+        const QDomElement element = hiddenParam(node, spec.name());
+        if (!element.isNull()) {
+            ViewOf<Param> view(element);
+            return (view.object().*operation)(std::forward<Arguments>(arguments)...);
+        }
         param = addParam(node, spec);
+    }
     return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
 }
 

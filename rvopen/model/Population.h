@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/model/LookUp.h>
 #include <rvopen/model/NodeAccess.h>
 
 #include <QDomNode>
@@ -34,9 +35,8 @@ public:
     /// Links \p node here and moves to it.
     void insert(RVOpenNode* node)
     {
-        node->SetNext(next());
-        setNext(node);
         node->SetParent(m_owner);
+        NodeAccess::link(m_owner, m_last, node);
         m_last = node;
     }
 
@@ -46,14 +46,6 @@ private:
         return m_last ? NodeAccess::next(m_last) : NodeAccess::firstChild(m_owner);
     }
 
-    void setNext(RVOpenNode* node)
-    {
-        if (m_last)
-            m_last->SetNext(node);
-        else
-            NodeAccess::setFirstChild(m_owner, node);
-    }
-
     bool isForeign(const RVOpenNode* node) const
     {
         return node->GetDomNode().parentNode() != m_element;
@@ -61,17 +53,13 @@ private:
 
     bool bringForward(const QDomNode& child)
     {
-        RVOpenNode* before = next();
-        RVOpenNode* found = NodeAccess::next(before);
-        while (found && found->GetDomNode() != child) {
-            before = found;
-            found = NodeAccess::next(before);
-        }
+        RVOpenNode* found = NodeAccess::next(next());
+        while (found && found->GetDomNode() != child)
+            found = NodeAccess::next(found);
         if (!found)
             return false;
-        before->SetNext(NodeAccess::next(found));
-        found->SetNext(next());
-        setNext(found);
+        NodeAccess::unlink(found);
+        NodeAccess::link(m_owner, m_last, found);
         return true;
     }
 
@@ -80,7 +68,7 @@ private:
     RVOpenNode* m_last = nullptr; ///< Null: before the first child.
 };
 
-/// Gives every child node of \p owner's element its object, in document order.
+/// Gives every child node of \p owner's element but blank text its object, in document order.
 ///
 /// Objects that are there already are kept. \p make is called as make(QDomNode) for a child without
 /// object and returns a new object bound to it, which becomes a child of \p owner, or null to stop.
@@ -91,10 +79,11 @@ private:
 template <typename Make>
 void populateChildren(RVOpenNode* owner, Make make)
 {
+    NodeAccess::skipBlanks(owner);
     ChildChainPlace place(owner);
     for (QDomNode child = owner->GetDomNode().firstChild(); !child.isNull();
          child = child.nextSibling()) {
-        if (place.moveTo(child))
+        if (isBlankText(child) || place.moveTo(child))
             continue;
         RVOpenNode* const made = make(child);
         if (!made)

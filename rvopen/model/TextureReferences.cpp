@@ -8,6 +8,7 @@
 #include <rvopen/Colour.h>
 #include <rvopen/Material.h>
 #include <rvopen/RVOpenSchema.h>
+#include <rvopen/RVOpenView.h>
 #include <rvopen/ShaderColour.h>
 #include <rvopen/ShaderDiffuse.h>
 #include <rvopen/ShaderMap.h>
@@ -74,7 +75,7 @@ private:
     {
         for (QDomNode child = owner->GetDomNode().firstChild(); !child.isNull();
              child = child.nextSibling()) {
-            const ScopedView view(RVOpenSchema::createNode(child));
+            const RVOpenView<> view(child);
             if (!view.get())
                 break;
             dispatch(view.get());

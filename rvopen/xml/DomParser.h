@@ -4,24 +4,18 @@
 #pragma once
 
 #include <rvopen/RVOpenReader.h>
+#include <rvopen/xml/DomBuilder.h>
 
 #include <QDomDocument>
 #include <QString>
 
-namespace rvopen {
+#include <memory>
 
-enum class Namespaces { Ignored, Processed };
+namespace rvopen::xml {
 
-/// Everything that the library opens or parses goes through these two. Null when the text is not a
-/// well-formed document or passes a bound of RVOpenLimits.h; \p error, if given, and
-/// LastReadError() say why. The caller owns the result.
-///
-/// Text in files is UTF-8 unless it starts with the byte order mark of UTF-16 or UTF-32; the
-/// encoding that an XML declaration states is ignored.
-QDomDocument* readDocument(const QString& path, ReadError* error = nullptr);
-QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadError* error = nullptr);
+/// The document in a text without byte order mark, whose line ends may be of any kind. Null when
+/// the text is no well-formed document or passes a bound of RVOpenLimits.h; message, line and
+/// column of \p error then say why.
+std::unique_ptr<QDomDocument> parse(QString text, Namespaces namespaces, ReadError& error);
 
-/// Whether they would read the text.
-bool isReadable(const QString& text, Namespaces namespaces);
-
-} // namespace rvopen
+} // namespace rvopen::xml

@@ -3,220 +3,254 @@
 
 #pragma once
 
-#include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenReader.h>
+#include <rvopen/xml/XmlTokens.h>
 
 #include <QString>
 
 #include <array>
-#include <string>
-#include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
+/// The judge of what is a document. Qt's parsers differ in what they take, from version to version,
+/// and build what they are given whatever its depth; so one scan over the text decides: well-formed
+/// by XML 1.0, without an internal subset in its document type, within the bounds of
+/// RVOpenLimits.h. What it finds it tells to a handler. External entities and subsets are not read.
 namespace rvopen::xml {
 
-using View = std::u16string_view;
-using compat::Size;
-
-inline View viewOf(const QString& text)
-{
-    return View(reinterpret_cast<const char16_t*>(text.constData()),
-                static_cast<size_t>(text.size()));
-}
-
-inline QString toQString(View view)
-{
-    return QString(reinterpret_cast<const QChar*>(view.data()), static_cast<Size>(view.size()));
-}
-
-struct Entity {
-    enum Kind { Internal, External, Unparsed };
-    Kind kind = Internal;
-    /// What an internal entity stands for.
-    std::u16string text;
-    /// Being read, so that a reference to it would never end.
-    bool open = false;
-};
-
-using Entities = std::unordered_map<View, Entity>;
-
-/// Of the attributes of one element, those that have a default.
-struct Defaults {
-    int count = 0;
-    /// Characters that each tag without them gets.
-    qint64 size = 0;
-};
-
-struct Declaration {
-    View version;
-    View encoding;
-    View standalone;
-    /// Just behind it; null when there is none.
-    const char16_t* end = nullptr;
-};
-
-/// A text being read: the document, or the replacement of an entity in the place of a reference.
-struct Input {
-    const char16_t* at = nullptr;
-    const char16_t* end = nullptr;
-    /// What stands before this is in the output already, or is not meant for it.
-    const char16_t* copied = nullptr;
-    Entity* entity = nullptr;
-    /// Elements open at its start.
-    size_t depth = 0;
-};
-
-/// One pass over the text. Each operation moves the place in the current input behind what it is
-/// named after, or fails; none recurses with the depth of elements or entities.
+/// One pass over a text whose line ends are line feeds. Each operation moves the place behind what
+/// it is named after and tells of it, or fails; none recurses with the depth of elements.
 class Scanner {
 public:
-    explicit Scanner(const QString& text);
-
-    bool document();
-    bool declaration();
-
-    const Declaration& declared() const
-    {
-        return m_declaration;
-    }
-    bool isMarked() const
-    {
-        return m_marked;
-    }
-    bool isRewritten() const
-    {
-        return m_rewritten;
-    }
-    /// All of the text as the parser is to read it, after document().
-    QString output();
-    const QString& message() const
-    {
-        return m_message;
-    }
-    qsizetype failedAt() const;
-
-private:
-    bool fail(const char* message);
-    bool fail(const char* message, View name);
-    bool failAtCharacter();
+    explicit Scanner(View text);
 
     bool atEnd() const
     {
-        return m_in.at == m_in.end;
+        return m_at == m_end;
     }
     bool isAt(char16_t c) const
     {
-        return m_in.at != m_in.end && *m_in.at == c;
+        return m_at != m_end && *m_at == c;
     }
     bool isAt(View text) const
     {
         return remaining().substr(0, text.size()) == text;
     }
+    /// Between the start tag and the end tag of the root.
+    bool isInElement() const
+    {
+        return m_depth > 0;
+    }
+    Markup markup() const;
+
+    /// The first failure is the reason; what it makes fail is not. False in any case.
+    bool fail(const char* message);
+    /// Why and where it failed; the file of \p error stays.
+    void describe(ReadError& error) const;
+
+    bool skipBlanks();
+    /// There need not be one.
+    bool declaration(Declaration& declaration);
+    bool documentType(DocumentType& type);
+
+    bool startTag(StartTag& tag);
+    /// Empty where the start tag ended the element.
+    bool endTag(View& tag);
+    bool unclosed();
+
+    /// None when it is at markup, a reference to an entity or the end.
+    bool characters(Characters& characters);
+    /// To an entity that is not predefined.
+    bool reference(View& entity);
+    bool cdata(View& text);
+    bool comment(View& text);
+    bool instruction(Instruction& instruction);
+
+private:
+    bool fail(const char* message, View name);
+    bool failAtCharacter();
+
+    View remaining() const
+    {
+        return View(m_at, static_cast<std::size_t>(m_end - m_at));
+    }
+    View since(const char16_t* start) const
+    {
+        return View(start, static_cast<std::size_t>(m_at - start));
+    }
     bool isAtQuote() const
     {
         return isAt(u'"') || isAt(u'\'');
     }
-    View remaining() const
-    {
-        return View(m_in.at, static_cast<size_t>(m_in.end - m_in.at));
-    }
     bool accept(char16_t c);
     bool accept(View text);
-    bool skipBlanks();
     bool blanks();
     bool skipTo(char16_t stop);
-    View word();
     View name();
-    View qualifiedName();
 
     bool pseudoAttribute(View& value);
-
-    bool content();
-    bool markup();
-    bool startTag();
-    bool endTag();
-    bool attributes();
-    bool uniqueAttributes();
-    qint64 defaultsOf(View element) const;
-    bool attributeValue();
-    bool characters();
-    bool cdata();
-    bool comment();
-    bool instruction();
-
-    enum class Place { Content, Value };
-    bool reference(Place place);
-    bool characterReference(char32_t& character);
-    bool enterEntity(Entity& entity, const char16_t* reference);
-    bool expand(qint64 size);
-    bool leaveEntity();
-
-    bool documentType();
-    bool subset();
-    bool subsetItem();
-    bool parameterReference();
-    bool elementDeclaration();
-    bool contentModel();
-    bool mixedModel();
-    bool modelGroup(int depth);
-    void occurrence();
-    bool attributeListDeclaration();
-    bool attributeType();
-    bool alternatives(bool names);
-    bool attributeDefault(View element, View attribute);
-    bool entityDeclaration();
-    bool entityValue(std::u16string& value);
-    bool notationDeclaration();
-    enum class SystemId { Needed, Optional };
-    bool externalId(SystemId systemId);
-    bool publicLiteral();
-    bool systemLiteral();
+    bool externalId(DocumentType& type);
     bool literal(View& value);
 
-    void noteCharacters(const char16_t* start, const char16_t* end);
-    void endRun();
-    void mark();
-    void markReference(View entity);
+    bool attributes(StartTag& tag);
+    bool attributeValue(Attribute& attribute);
+    bool uniqueNames(const std::vector<Attribute>& attributes);
 
-    void flush();
-    void drop();
-    void substitute(const char* replacement);
-    void separateBrackets();
+    bool characterReference(char32_t& character);
+    bool entityReference(View& entity);
 
-    View m_text;
-    Input m_in;
-    std::vector<Input> m_outer;
+    bool use(qint64 memory);
+
+    const View m_text;
+    const char16_t* m_at;
+    const char16_t* const m_end;
 
     std::array<View, MaxNestingDepth> m_elements;
-    size_t m_depth = 0;
-    std::vector<View> m_attributes;
-    /// Of the character data since the last markup: whether it has a character that is no space in
-    /// Qt's eyes, and one that is a space in Qt's eyes only.
-    bool m_hasInk = false;
-    bool m_hasOtherSpace = false;
+    std::size_t m_depth = 0;
+    bool m_isEmptyElement = false;
+    /// Those of a tag's attributes, while they are compared.
+    std::vector<View> m_names;
 
-    /// Names that are not all ASCII and were found good.
-    std::unordered_set<View> m_names;
+    bool m_isStandalone = false;
+    bool m_hasExternalSubset = false;
 
-    Declaration m_declaration;
-    Entities m_entities;
-    Entities m_parameterEntities;
-    std::unordered_map<View, Defaults> m_defaults;
-    bool m_declaredElsewhere = false;
-    qint64 m_expansion = 0;
-
-    QString m_output;
-    bool m_rewritten = false;
-    bool m_marked = false;
+    const qint64 m_maxMemory;
+    /// Of the document that can be built from what was passed, as far as it is known.
+    qint64 m_memory = 0;
 
     QString m_message;
 };
 
-/// Whether Qt reads it as a name. Of the characters that may stand in names by the fifth edition of
-/// XML 1.0, Qt takes those that the earlier ones allowed; and it does not look at the names of all
-/// things.
-bool isReadableName(const QString& name);
+/// Takes no notice of anything. Other handlers have the same operations; what they are given is
+/// valid until they return, and its views as long as the text.
+struct NoHandler {
+    void declaration(const Declaration&) {}
+    void documentType(const DocumentType&) {}
+    void startTag(const StartTag&) {}
+    /// Empty where the start tag ended the element.
+    void endTag(View) {}
+    void characters(const Characters&) {}
+    /// To an entity that is declared, if anywhere, where nobody reads.
+    void reference(View) {}
+    void cdata(View) {}
+    void comment(View) {}
+    void instruction(const Instruction&) {}
+};
+
+namespace detail {
+
+template <typename Handler>
+bool scanText(Scanner& scanner, Handler& handler)
+{
+    Characters characters;
+    if (!scanner.characters(characters))
+        return false;
+    if (!characters.text.empty())
+        handler.characters(characters);
+    if (scanner.atEnd())
+        return scanner.unclosed();
+    View entity;
+    if (scanner.isAt(u'<'))
+        return true;
+    if (!scanner.reference(entity))
+        return false;
+    handler.reference(entity);
+    return true;
+}
+
+/// \p tag and what it holds serve for all start tags.
+template <typename Handler>
+bool scanMarkup(Scanner& scanner, Handler& handler, StartTag& tag)
+{
+    View text;
+    Instruction instruction;
+    switch (scanner.markup()) {
+    case Markup::StartTag:
+        if (!scanner.startTag(tag))
+            return false;
+        handler.startTag(tag);
+        if (tag.isEmpty && scanner.endTag(text))
+            handler.endTag(text);
+        return true;
+    case Markup::EndTag:
+        if (!scanner.endTag(text))
+            return false;
+        handler.endTag(text);
+        return true;
+    case Markup::Cdata:
+        if (!scanner.cdata(text))
+            return false;
+        handler.cdata(text);
+        return true;
+    case Markup::Comment:
+        if (!scanner.comment(text))
+            return false;
+        handler.comment(text);
+        return true;
+    case Markup::Instruction:
+        if (!scanner.instruction(instruction))
+            return false;
+        handler.instruction(instruction);
+        return true;
+    case Markup::Declaration:
+        break;
+    }
+    return scanner.fail("There is a declaration where none may be");
+}
+
+} // namespace detail
+
+/// Tells the handler of all that is in the document. False when it is none; the handler was then
+/// told of what stands before the place of the failure.
+template <typename Handler>
+bool scan(Scanner& scanner, Handler& handler)
+{
+    Declaration declaration;
+    if (!scanner.declaration(declaration))
+        return false;
+    if (declaration.version.data())
+        handler.declaration(declaration);
+    StartTag tag;
+    bool isTyped = false;
+    bool isRooted = false;
+    while (scanner.skipBlanks(), !scanner.atEnd()) {
+        if (scanner.isAt(u"<!DOCTYPE") && !isTyped && !isRooted) {
+            isTyped = true;
+            DocumentType type;
+            if (!scanner.documentType(type))
+                return false;
+            handler.documentType(type);
+            continue;
+        }
+        const bool isMarkup = scanner.isAt(u'<');
+        const Markup markup = scanner.markup();
+        const bool isAside =
+            isMarkup && (markup == Markup::Comment || markup == Markup::Instruction);
+        if (!isAside && isRooted)
+            return scanner.fail("There is something else after the root element");
+        if (!isMarkup || markup == Markup::EndTag || markup == Markup::Cdata)
+            return scanner.fail("There is something else before the root element");
+        if (!detail::scanMarkup(scanner, handler, tag))
+            return false;
+        isRooted = isRooted || !isAside;
+        while (scanner.isInElement()) {
+            if (scanner.isAt(u'<') ? !detail::scanMarkup(scanner, handler, tag)
+                                   : !detail::scanText(scanner, handler))
+                return false;
+        }
+    }
+    return isRooted || scanner.fail("There is no root element");
+}
+
+/// Whether the text, whose line ends are line feeds, is a document.
+bool isAccepted(const QString& text);
+
+/// Gives the error the place of the character with this index.
+void setPlace(ReadError& error, View text, qsizetype index);
+
+/// The data of an XML declaration in the form that the library writes: double quotes, and UTF-8
+/// where another encoding is declared. Data that is none gives `version="1.0" encoding="utf-8"`.
+QString normalDeclaration(const QString& data);
+QString normalDeclaration(const Declaration& declaration);
 
 } // namespace rvopen::xml

@@ -100,7 +100,11 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"ignored-child", inSnapShot("<camera/><lens/>")},
         RuleCase{"missing-component", inSnapShot("")},
         RuleCase{"hidden-parameter",
-                 inCamera("<!-- x --><param name=\"Near\" type=\"float\" val=\"1\"/>")},
+                 inCamera("<other/><param name=\"Near\" type=\"float\" val=\"1\"/>")},
+        RuleCase{"hidden-parameter",
+                 inCamera("ink<param name=\"Near\" type=\"float\" val=\"1\"/>")},
+        RuleCase{"hidden-parameter",
+                 inCamera("<![CDATA[ ]]><param name=\"Near\" type=\"float\" val=\"1\"/>")},
         RuleCase{"unknown-shader", inArchive("<bumps><bump><param name=\"Colour\" type=\"shader\" "
                                              "val=\"marble\"/></bump></bumps>")},
         RuleCase{"unknown-parameter", inCamera("<param name=\"near\" type=\"float\" val=\"1\"/>")},
@@ -195,6 +199,7 @@ TEST(Check, TellsThePlaceWhateverTheLineEndsAndTheEncoding)
     workspace.write(QStringLiteral("a.xml"), utf16);
     finding = check(workspace, arguments).findings.last().toObject();
     EXPECT_EQ(finding[QStringLiteral("line")], 4);
+    EXPECT_EQ(finding[QStringLiteral("column")], 3);
 }
 
 TEST(Check, APathLeadsToTheFinding)

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/files/DocumentFiles.h>
+
+#include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/xml/DomParser.h>
+#include <rvopen/xml/DomWriter.h>
+#include <rvopen/xml/TextDecoding.h>
+#include <rvopen/xml/XmlScanner.h>
+
+#include <QByteArray>
+#include <QFile>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace rvopen {
+
+namespace {
+
+/// What hosts ask for after operations whose interface says no more than that they failed.
+thread_local ReadError s_lastError;
+
+QDomDocument* finish(std::unique_ptr<QDomDocument> document, const ReadError& failure,
+                     ReadError* error)
+{
+    s_lastError = document ? ReadError() : failure;
+    if (error)
+        *error = s_lastError;
+    return document.release();
+}
+
+QString tooLarge()
+{
+    return QStringLiteral("The input is larger than %1").arg(GetMaxInputSize());
+}
+
+bool readBytes(const QString& path, QByteArray& bytes, QString& message)
+{
+    // Qt would log these.
+    if (path.isEmpty() || path.contains(QChar(0))) {
+        message = QStringLiteral("No file can have this name");
+        return false;
+    }
+    // Not in text mode: that drops each byte 13, also where it belongs to a character of UTF-16
+    // or ends a line by itself.
+    QFile file(PathToOpen(path));
+    if (!file.open(QIODevice::ReadOnly)) {
+        message = file.errorString();
+        return false;
+    }
+    // What is no regular file announces no size, and may never end.
+    const qint64 limit = GetMaxInputSize();
+    const qint64 chunkSize = 1024 * 1024;
+    bool ended = false;
+    while (!ended && std::max<qint64>(file.size(), bytes.size()) <= limit) {
+        const QByteArray chunk = file.read(chunkSize);
+        bytes += chunk;
+        ended = chunk.isEmpty();
+    }
+    if (file.error() != QFileDevice::NoError)
+        message = file.errorString();
+    else if (!ended)
+        message = tooLarge();
+    return message.isEmpty();
+}
+
+} // namespace
+
+ReadError LastReadError()
+{
+    return s_lastError;
+}
+
+QDomDocument* ReadXmlDocument(const QString& path, ReadError* error)
+{
+    return readDocument(path, error);
+}
+
+QDomDocument* ParseXmlDocument(const QString& text, ReadError* error)
+{
+    return parseDocument(text, Namespaces::Ignored, error);
+}
+
+QString XmlText(const QDomDocument& document, int indent)
+{
+    return fileText(document, indent);
+}
+
+bool WriteXmlDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    return saveDocument(document, path, indent) == SaveResult::Saved;
+}
+
+bool WriteFile(const QByteArray& bytes, const QString& path)
+{
+    return replaceFile(PathToOpen(path), bytes) == SaveResult::Saved;
+}
+
+QDomDocument* readDocument(const QString& path, ReadError* error)
+{
+    ReadError failure;
+    failure.file = path;
+    QByteArray bytes;
+    if (!readBytes(path, bytes, failure.message))
+        return finish(nullptr, failure, error);
+    QString text;
+    const bool decoded = decodeText(bytes, text);
+    bytes.clear();
+    if (!decoded) {
+        failure.message = QStringLiteral("The bytes stand for no character");
+        xml::setPlace(failure, xml::viewOf(text), text.size());
+        return finish(nullptr, failure, error);
+    }
+    auto document = xml::parse(std::move(text), Namespaces::Processed, failure);
+    return finish(std::move(document), failure, error);
+}
+
+QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadError* error)
+{
+    ReadError failure;
+    if (text.size() > GetMaxInputSize()) {
+        failure.message = tooLarge();
+        return finish(nullptr, failure, error);
+    }
+    const bool isMarked = text.startsWith(QChar(QChar::ByteOrderMark));
+    auto document = xml::parse(isMarked ? text.mid(1) : text, namespaces, failure);
+    return finish(std::move(document), failure, error);
+}
+
+SaveResult saveDocument(const QDomDocument& document, const QString& path, int indent)
+{
+    const QString text = fileText(document, indent);
+    if (text.isNull())
+        return SaveResult::NotWritten;
+    const QByteArray bytes = text.toUtf8();
+    return bytes.size() > GetMaxInputSize() ? SaveResult::NotWritten
+                                            : replaceFile(PathToOpen(path), bytes);
+}
+
+} // namespace rvopen

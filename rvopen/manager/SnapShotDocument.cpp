@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/manager/SnapShotDocument.h>
+
+#include <rvopen/Background.h>
+#include <rvopen/RVOpenWriter.h>
+#include <rvopen/Scenery.h>
+#include <rvopen/SnapShot.h>
+#include <rvopen/SnapShotSettings.h>
+#include <rvopen/model/Binding.h>
+#include <rvopen/model/Components.h>
+#include <rvopen/model/ValueText.h>
+#include <rvopen/xml/DomWriter.h>
+
+#include <algorithm>
+
+namespace rvopen {
+
+SnapShotDocument::SnapShotDocument(Retired& retired)
+    : m_retired(retired)
+{
+}
+
+SnapShotDocument::~SnapShotDocument()
+{
+    clear();
+}
+
+void SnapShotDocument::initialise(unsigned int major, unsigned int minor)
+{
+    m_retired.keep(std::move(m_rootNode));
+    for (Collection* const collection :
+         {&m_main, &m_cameras, &m_backgrounds, &m_materialPalettes, &m_temporary})
+        m_retired.keep(std::move(*collection));
+    m_retired.keep(std::move(m_current));
+    for (View<RVOpenNode>& replaced : m_replaced)
+        m_retired.keep(std::move(replaced));
+    m_replaced.clear();
+    m_retired.keep(std::move(m_document));
+
+    m_document = std::make_unique<QDomDocument>();
+    m_root = m_document->createElement(names::element::snapRoot());
+    m_document->appendChild(m_document->createProcessingInstruction(
+        QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"utf-8\"")));
+    m_root.setAttribute(names::attribute::type(), names::value::snapStudio());
+    m_root.setAttribute(names::attribute::version(), QStringLiteral("%1.%2").arg(major).arg(minor));
+    m_root.setAttribute(names::attribute::name(), names::value::snapRootName());
+    setUnitsScale(1.0f);
+    m_document->appendChild(m_root);
+    mainOnDemand();
+    m_current.reset(createSnapShot());
+    if (m_current)
+        addDefaultComponents();
+}
+
+void SnapShotDocument::clear()
+{
+    m_rootNode.reset();
+    for (Collection* const collection :
+         {&m_main, &m_cameras, &m_backgrounds, &m_materialPalettes, &m_temporary})
+        collection->reset();
+    m_reset.reset();
+    m_current.reset();
+    m_originalBackground.reset();
+    m_replaced.clear();
+    // A handle to an element would keep all that is in it.
+    m_root = QDomElement();
+    m_document.reset();
+}
+
+void SnapShotDocument::load(std::unique_ptr<QDomDocument> document)
+{
+    clear();
+    m_document = std::move(document);
+    m_root = m_document->documentElement();
+    for (QDomElement child = m_root.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        const QString tag = child.nodeName();
+        if (tag == names::element::snapShots()) {
+            adoptCollection(child);
+        } else if (tag == names::element::snapShot()) {
+            replaceView(m_current, newBound<SnapShot>(child));
+        } else if (tag == names::element::background()) {
+            replaceView(m_originalBackground, newBound<Background>(child));
+            if (m_originalBackground)
+                m_originalBackground->GetParamHelper()->Populate();
+        }
+    }
+}
+
+bool SnapShotDocument::exists() const
+{
+    return m_document != nullptr;
+}
+
+QString SnapShotDocument::text() const
+{
+    if (!m_document || m_document->documentElement().isNull())
+        return QString();
+    return documentText(*m_document, SnapShotFileIndent);
+}
+
+void SnapShotDocument::setUnitsScale(float scale)
+{
+    m_root.setAttribute(names::attribute::unitsScale(), valueText::fromFloat(scale));
+}
+
+RVOpenNode* SnapShotDocument::rootNode()
+{
+    const QDomElement root = m_document ? m_document->documentElement() : QDomElement();
+    if (root.isNull())
+        return nullptr;
+    if (!m_rootNode || m_rootNode->GetDomNode() != root)
+        replaceView(m_rootNode, NodeAccess::make(root));
+    return m_rootNode.get();
+}
+
+SnapShot* SnapShotDocument::current() const
+{
+    return m_current.get();
+}
+
+SnapShot* SnapShotDocument::reset() const
+{
+    return m_reset.get();
+}
+
+SnapShot* SnapShotDocument::setReset(SnapShot* snapShot)
+{
+    SnapShot* const previous = m_reset.release();
+    m_reset.reset(snapShot);
+    return previous;
+}
+
+bool SnapShotDocument::owns(const SnapShot* snapShot) const
+{
+    const auto holds = [snapShot](const RVOpenNode* object) {
+        return object && deletesAlong(object, snapShot);
+    };
+    return snapShot == m_reset.get() || holds(m_current.get()) || holds(m_rootNode.get()) ||
+           holds(m_main.get()) || holds(m_cameras.get()) || holds(m_backgrounds.get()) ||
+           holds(m_materialPalettes.get()) || holds(m_temporary.get()) ||
+           std::any_of(m_replaced.begin(), m_replaced.end(),
+                       [holds](const auto& replaced) { return holds(replaced.get()); });
+}
+
+SnapShot* SnapShotDocument::createSnapShot()
+{
+    if (!m_document)
+        return nullptr;
+    QDomElement element = m_document->createElement(names::element::snapShot());
+    element.setAttribute(names::attribute::name(), names::value::currentSnapShot());
+    auto* const snapShot = newBound<SnapShot>(element);
+    if (snapShot)
+        m_root.appendChild(element);
+    return snapShot;
+}
+
+SnapShots* SnapShotDocument::main() const
+{
+    return m_main.get();
+}
+
+SnapShots* SnapShotDocument::mainOnDemand()
+{
+    return onDemand(m_main, names::value::modelSnapShots);
+}
+
+SnapShots* SnapShotDocument::backgrounds()
+{
+    return onDemand(m_backgrounds, names::value::modelBackgrounds);
+}
+
+SnapShots* SnapShotDocument::cameras()
+{
+    return onDemand(m_cameras, names::value::modelCameras);
+}
+
+SnapShots* SnapShotDocument::materialPalettes()
+{
+    return onDemand(m_materialPalettes, names::value::modelMaterialPalettes);
+}
+
+SnapShots* SnapShotDocument::temporary()
+{
+    return onDemand(m_temporary, names::value::tempSnapShots);
+}
+
+SnapShots* SnapShotDocument::ofType(SnapShots::SnapShotType type) const
+{
+    if (type == SnapShots::TypeMaterialPalettes)
+        return m_materialPalettes.get();
+    if (type == SnapShots::TypeBackgrounds)
+        return m_backgrounds.get();
+    return type == SnapShots::TypeCameras ? m_cameras.get() : m_main.get();
+}
+
+Background* SnapShotDocument::originalBackground()
+{
+    if (m_originalBackground || !m_document)
+        return m_originalBackground.get();
+    auto* const background = newElement<Background>(*m_document, names::element::background);
+    if (!background)
+        return nullptr;
+    m_originalBackground.reset(background);
+    background->SetSubCat(names::subCategory::horizon());
+    background->PopulateParams();
+    m_root.appendChild(background->GetDomNode());
+    return background;
+}
+
+void SnapShotDocument::addDefaultComponents()
+{
+    if (SnapShotSettings* const settings = m_current->CreateSnapShotSettings(nullptr)) {
+        settings->SetAmbientLightsIntensityScale(1.0f);
+        settings->SetBackgroundReflected(QLatin1String(""), 1.0f);
+        settings->SetReflectBackPlate(0);
+        settings->SetTwist(0.0f);
+        m_current->AddSnapShotSettings(settings);
+    }
+    const std::unique_ptr<Scenery> scenery(m_current->CreateScenery(nullptr));
+    if (!scenery)
+        return;
+    scenery->EnableDropShadow(1);
+    scenery->SetDropShadowQuality(10);
+    scenery->SetDropShadowContrast(0.8f);
+    scenery->EnableDropSunLight(1);
+    scenery->SetDropSunLightBrightness(0.5f);
+    scenery->EnableDropReflection(0);
+    scenery->SetDropReflectionBrightness(0.5f);
+    scenery->SetDropReflectionBlur(0.0f);
+    scenery->SetBaseSize(3.0f);
+    scenery->SetDropShadowCatchSpots(1);
+    m_current->AddScenery(scenery.get());
+}
+
+void SnapShotDocument::adoptCollection(const QDomElement& element)
+{
+    const QString name = element.attribute(names::attribute::name());
+    Collection* held = nullptr;
+    if (isMainCollection(element))
+        held = &m_main;
+    else if (name == names::value::modelCameras())
+        held = &m_cameras;
+    else if (name == names::value::modelMaterialPalettes())
+        held = &m_materialPalettes;
+    else if (name == names::value::modelBackgrounds())
+        held = &m_backgrounds;
+    else
+        return;
+    auto* const collection = newBound<SnapShots>(element);
+    if (!collection)
+        return;
+    replaceView(*held, collection);
+    if (held == &m_main)
+        collection->SetName(names::value::modelSnapShots());
+    collection->Populate();
+}
+
+template <typename Class>
+void SnapShotDocument::replaceView(View<Class>& held, Class* fresh)
+{
+    if (!fresh)
+        return;
+    if (held)
+        m_replaced.push_back(std::move(held));
+    held.reset(fresh);
+}
+
+SnapShots* SnapShotDocument::onDemand(Collection& collection, names::Name name)
+{
+    if (collection || !m_document)
+        return collection.get();
+    collection.reset(newElement<SnapShots>(*m_document, names::element::snapShots));
+    if (collection) {
+        collection->SetName(name());
+        m_root.appendChild(collection->GetDomNode());
+    }
+    return collection.get();
+}
+
+bool isMainCollection(const QDomElement& element)
+{
+    const QString name = element.attribute(names::attribute::name());
+    return name == names::value::modelSnapShots() || name == names::value::oldModelSnapShots();
+}
+
+} // namespace rvopen

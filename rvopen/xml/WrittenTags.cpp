@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/xml/WrittenTags.h>
+
+#include <rvopen/xml/MarkupText.h>
+#include <rvopen/xml/XmlSpace.h>
+
+#include <QMap>
+#include <QSet>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace rvopen::xml {
+
+namespace {
+
+bool isUsual(const QString& name)
+{
+    View prefix;
+    return viewOf(name).find(u':') == View::npos && !isDeclaration(viewOf(name), prefix);
+}
+
+QString prefixIn(const QString& name)
+{
+    return toQString(prefixOf(viewOf(name)));
+}
+
+/// The name of the attribute that declares the prefix; empty stands for the default namespace.
+QString declarationOf(const QString& prefix)
+{
+    const QLatin1String xmlns("xmlns");
+    return prefix.isEmpty() ? xmlns : xmlns + QLatin1Char(':') + prefix;
+}
+
+bool isReserved(const QString& prefix)
+{
+    return viewOf(prefix) == XmlPrefix || viewOf(prefix) == XmlnsPrefix;
+}
+
+/// Whether there is something to be declared, and it may be. \p uri is null for no namespace.
+bool canDeclare(const QString& prefix, const QString& uri)
+{
+    return prefix.isEmpty() ? !uri.isNull() : !uri.isEmpty() && !isReserved(prefix);
+}
+
+} // namespace
+
+void WrittenTags::open(const QDomNode& element)
+{
+    QString name = element.nodeName();
+    if (name != m_plainName || name.isEmpty()) {
+        const QString written = encodedName(name);
+        if (written == name && isUsual(name))
+            m_plainName = name;
+        name = written;
+    }
+    m_open.push_back({name, m_scope.size(), preservesSpace()});
+    collectAttributes(element);
+}
+
+QString WrittenTags::close()
+{
+    const QString name = m_open.back().name;
+    m_scope.leaveTo(m_open.back().scope);
+    m_open.pop_back();
+    return name;
+}
+
+/// Declarations of namespaces included: they are attributes like others.
+void WrittenTags::collectAttributes(const QDomNode& element)
+{
+    const QDomNamedNodeMap map = element.attributes();
+    const QString uri = element.namespaceURI();
+    const bool isNameInScope = isInScope(name(), uri);
+    if (isNameInScope && collectUsualAttributes(map))
+        return;
+    bool areUsual = true;
+    m_attributes.resize(map.count());
+    for (int i = 0; i < map.count(); ++i) {
+        const QDomNode node = map.item(i);
+        Attribute& attribute = m_attributes[i];
+        attribute.name = encodedName(node.nodeName());
+        attribute.value = node.nodeValue();
+        attribute.uri = node.namespaceURI();
+        areUsual = areUsual && attribute.uri.isNull() && isUsual(attribute.name);
+        if (viewOf(attribute.name) == SpaceAttribute) {
+            Open& open = m_open.back();
+            open.preservesSpace = xml::preservesSpace(viewOf(attribute.value), open.preservesSpace);
+        }
+    }
+    sortAttributes();
+    makeNamesUnique();
+    if (areUsual)
+        noteUsualNames();
+    if (!areUsual || !isNameInScope)
+        declareNamespaces(uri);
+}
+
+/// Most tags have attributes of the same few names, which are found faster by name than one after
+/// the other, and are in order already. False when these are others.
+bool WrittenTags::collectUsualAttributes(const QDomNamedNodeMap& map)
+{
+    const auto count = static_cast<std::size_t>(map.count());
+    if (count >= m_usualNames.size() || m_usualNames[count].size() != map.count())
+        return false;
+    const QVector<QString>& names = m_usualNames[count];
+    m_attributes.resize(names.size());
+    auto attribute = m_attributes.begin();
+    for (const QString& name : names) {
+        const QDomNode node = map.namedItem(name);
+        if (node.isNull() || !node.namespaceURI().isNull())
+            return false;
+        attribute->name = name;
+        attribute->value = node.nodeValue();
+        attribute->uri = QString();
+        ++attribute;
+    }
+    return true;
+}
+
+void WrittenTags::noteUsualNames()
+{
+    const auto count = static_cast<std::size_t>(m_attributes.size());
+    if (count >= m_usualNames.size())
+        return;
+    QVector<QString>& names = m_usualNames[count];
+    names.clear();
+    for (const Attribute& attribute : std::as_const(m_attributes))
+        names.append(attribute.name);
+}
+
+void WrittenTags::sortAttributes()
+{
+    std::sort(m_attributes.begin(), m_attributes.end(), [](const Attribute& a, const Attribute& b) {
+        return std::tie(a.name, a.value, a.uri) < std::tie(b.name, b.value, b.uri);
+    });
+}
+
+/// Names may become the same by what takes the place of their characters, and the DOM allows two of
+/// the same name in different namespaces.
+void WrittenTags::makeNamesUnique()
+{
+    const auto haveSameName = [](const Attribute& a, const Attribute& b) {
+        return a.name == b.name;
+    };
+    if (std::adjacent_find(m_attributes.cbegin(), m_attributes.cend(), haveSameName) ==
+        m_attributes.cend())
+        return;
+    QSet<QString> names;
+    for (Attribute& attribute : m_attributes) {
+        while (names.contains(attribute.name))
+            attribute.name += QLatin1Char('_');
+        names.insert(attribute.name);
+    }
+    sortAttributes();
+}
+
+/// An attribute that declares another namespace for a prefix than the names need gives way.
+void WrittenTags::declareNamespaces(const QString& uri)
+{
+    QMap<QString, QString> needed;
+    const auto need = [&needed](const QString& prefix, const QString& prefixUri) {
+        if (canDeclare(prefix, prefixUri) && !needed.contains(prefix))
+            needed.insert(prefix, prefixUri);
+    };
+    need(prefixIn(name()), uri);
+    for (const Attribute& attribute : std::as_const(m_attributes)) {
+        if (const QString prefix = prefixIn(attribute.name); !prefix.isEmpty())
+            need(prefix, attribute.uri);
+    }
+    for (Attribute& attribute : m_attributes) {
+        View prefix;
+        if (isDeclaration(viewOf(attribute.name), prefix)) {
+            attribute.value = needed.value(toQString(prefix), attribute.value);
+            m_scope.declare(prefix, attribute.value);
+        }
+    }
+    for (auto it = needed.cbegin(); it != needed.cend(); ++it) {
+        if (m_scope.uriOf(viewOf(it.key())) != it.value())
+            addDeclaration(it.key(), it.value());
+    }
+    declareRawPrefix(name());
+    // They grow meanwhile, by declarations only.
+    for (int i = 0; i < m_attributes.size(); ++i)
+        declareRawPrefix(m_attributes[i].name);
+    sortAttributes();
+}
+
+/// For a prefix that nothing declares, neither here nor around.
+void WrittenTags::declareRawPrefix(const QString& name)
+{
+    const QString prefix = prefixIn(name);
+    if (!prefix.isEmpty() && !isReserved(prefix) && !m_scope.isDeclared(viewOf(prefix)))
+        addDeclaration(prefix, QLatin1String("urn:rvopen:undeclared:") + prefix);
+}
+
+void WrittenTags::addDeclaration(const QString& prefix, const QString& uri)
+{
+    m_attributes.append({declarationOf(prefix), uri, QString()});
+    m_scope.declare(viewOf(prefix), uri);
+}
+
+/// Whether the name of the element needs no declaration.
+bool WrittenTags::isInScope(const QString& name, const QString& uri) const
+{
+    const View prefix = prefixOf(viewOf(name));
+    if (uri.isNull())
+        return prefix.empty() || m_scope.isDeclared(prefix);
+    return m_scope.uriOf(prefix) == uri;
+}
+
+} // namespace rvopen::xml

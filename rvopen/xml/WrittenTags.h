@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/xml/NamespaceScope.h>
+
+#include <QDomNode>
+#include <QString>
+#include <QVector>
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace rvopen::xml {
+
+/// Names and attributes as they are written for the elements of a document, from the outermost open
+/// one to the innermost: in the order of their names, each name once, with the declarations that
+/// the names need and nothing around them makes.
+class WrittenTags {
+public:
+    struct Attribute {
+        QString name;
+        QString value;
+        /// Null when it is in no namespace as far as the document knows.
+        QString uri;
+    };
+
+    void open(const QDomNode& element);
+    /// Gives the name of the innermost element.
+    QString close();
+
+    /// \name Of the innermost element
+    /// @{
+    const QString& name() const
+    {
+        return m_open.back().name;
+    }
+    const QVector<Attribute>& attributes() const
+    {
+        return m_attributes;
+    }
+    /// Whether all white space in it is content; false when no element is open.
+    bool preservesSpace() const
+    {
+        return !m_open.empty() && m_open.back().preservesSpace;
+    }
+    /// @}
+
+private:
+    struct Open {
+        QString name;
+        /// Of the namespaces, without those that it declares.
+        std::size_t scope;
+        bool preservesSpace;
+    };
+
+    void collectAttributes(const QDomNode& element);
+    bool collectUsualAttributes(const QDomNamedNodeMap& map);
+    void noteUsualNames();
+    void sortAttributes();
+    void makeNamesUnique();
+    void declareNamespaces(const QString& uri);
+    void declareRawPrefix(const QString& name);
+    void addDeclaration(const QString& prefix, const QString& uri);
+    bool isInScope(const QString& name, const QString& uri) const;
+
+    std::vector<Open> m_open;
+    NamespaceScope m_scope;
+    QVector<Attribute> m_attributes;
+    /// By their number: names that the attributes of a tag had, in order, none of which had to do
+    /// with namespaces or white space.
+    std::array<QVector<QString>, 12> m_usualNames;
+    /// The last name of an element that is written as it is and has no colon.
+    QString m_plainName;
+};
+
+} // namespace rvopen::xml
