@@ -34,7 +34,7 @@ LAYERS = {
         RVOpenWriter""",
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
-        model/Binding model/LookUp model/NodeAccess model/NodeCast model/Population
+        model/Binding model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population
         model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/ParamSequence",
     "Archive registry": "DirectoryHandler",

@@ -7,6 +7,7 @@
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/HeldObject.h>
 #include <rvopen/model/Names.h>
 
 #include <QDir>
@@ -77,10 +78,12 @@ RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
     const std::unique_ptr<QDomDocument> document(readDocument(filename));
     if (!document || document->isNull())
         return nullptr;
-    const std::shared_ptr<RVOpenNode> node(newBound<RVOpenNode>(document->documentElement()));
-    if (node)
-        m_registry.append({node, filename});
-    return node.get();
+    auto* const node = newBound<RVOpenNode>(document->documentElement());
+    if (node) {
+        m_registry.append(
+            {std::make_shared<HeldObject<RVOpenNode, ObjectDeleter>>(node), filename});
+    }
+    return node;
 }
 
 bool DirectoryHandler::SaveArchive(QString filename)
@@ -88,7 +91,7 @@ bool DirectoryHandler::SaveArchive(QString filename)
     const RVOpenNode* node = nullptr;
     for (const Entry& entry : std::as_const(m_registry)) {
         if (entry.filename == filename)
-            node = entry.node.get();
+            node = entry.node->get();
     }
     if (!node)
         return false;
@@ -144,13 +147,14 @@ QString DirectoryHandler::existingFolder(QString& folder)
 RVOpenNode* DirectoryHandler::openArchive(const QString& filename) const
 {
     const int index = indexOf(filename);
-    return index < 0 ? nullptr : m_registry[index].node.get();
+    return index < 0 ? nullptr : m_registry[index].node->get();
 }
 
 int DirectoryHandler::indexOf(const QString& filename) const
 {
     for (int i = 0; i < m_registry.size(); ++i) {
-        if (m_registry[i].filename == filename)
+        // A root that a host deleted is open no more.
+        if (m_registry[i].filename == filename && *m_registry[i].node)
             return i;
     }
     return -1;
@@ -159,7 +163,7 @@ int DirectoryHandler::indexOf(const QString& filename) const
 void DirectoryHandler::forget(int index)
 {
     // Out of the registry first, so that nobody finds a node that is being deleted.
-    const std::shared_ptr<RVOpenNode> node = m_registry[index].node;
+    const auto node = m_registry[index].node;
     m_registry.remove(index);
 }
 

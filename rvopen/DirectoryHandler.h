@@ -13,6 +13,9 @@
 namespace rvopen {
 
 class RVOpenNode;
+struct ObjectDeleter;
+template <typename Class, typename Deleter>
+class HeldObject;
 
 /// The folders that the library works with and the registry of the preset archives that are open.
 ///
@@ -72,7 +75,8 @@ private:
     friend class RVOpenNode;
 
     struct Entry {
-        std::shared_ptr<RVOpenNode> node;
+        /// Shared by copies of the registry.
+        std::shared_ptr<HeldObject<RVOpenNode, ObjectDeleter>> node;
         QString filename;
     };
 

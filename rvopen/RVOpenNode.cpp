@@ -7,6 +7,7 @@
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/files/Containment.h>
+#include <rvopen/model/HeldObject.h>
 #include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
@@ -115,6 +116,8 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 
 RVOpenNode::~RVOpenNode()
 {
+    if (m_heldAs == HeldOutside)
+        Holder::lose(this);
     if (m_heldAs == HeldAside) {
         RVOpenNode* const snapShot = holder();
         NodeAccess::forgetComponent(snapShot, this);

@@ -246,7 +246,12 @@ private:
     friend struct NodeAccess;
 
     /// What holds an object besides the host.
-    enum HeldAs : quint32 { HeldByNobody, HeldInChain, HeldAside };
+    enum HeldAs : quint32 {
+        HeldByNobody,
+        HeldInChain, ///< A child of a node.
+        HeldAside,   ///< A component of a snapshot, or kept for a host.
+        HeldOutside  ///< By a manager, a registry or a clipboard.
+    };
     struct ArchiveReference;
     struct Aside;
 
@@ -269,6 +274,7 @@ private:
     void detachHere(RVOpenNode* node);
     void replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild);
 
+    bool isHeldByNode() const;
     RVOpenNode* holder() const;
     RVOpenNode* chainOwner() const;
     void setHolder(RVOpenNode* holder, HeldAs as);

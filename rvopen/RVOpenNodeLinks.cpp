@@ -3,6 +3,7 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <rvopen/model/HeldObject.h>
 #include <rvopen/model/NodeAccess.h>
 
 namespace rvopen {
@@ -141,11 +142,16 @@ void RVOpenNode::shareChildrenOf(const RVOpenNode* owner)
         m_firstChild = owner->m_firstChild;
 }
 
+bool RVOpenNode::isHeldByNode() const
+{
+    return m_heldAs == HeldInChain || m_heldAs == HeldAside;
+}
+
 /// The object that this one belongs to, alive as long as it does: the node whose chain it is in or
 /// the snapshot whose component it is.
 RVOpenNode* RVOpenNode::holder() const
 {
-    if (m_heldAs == HeldByNobody)
+    if (!isHeldByNode())
         return nullptr;
     return m_hasAside ? m_aside->holder : m_parent;
 }
@@ -182,7 +188,7 @@ RVOpenNode::Aside* RVOpenNode::aside()
     if (!m_hasAside) {
         auto* const made = new Aside;
         made->parent = m_heldAs == HeldAside ? nullptr : m_parent;
-        made->holder = m_heldAs == HeldByNobody ? nullptr : m_parent;
+        made->holder = isHeldByNode() ? m_parent : nullptr;
         m_aside = made;
         m_hasAside = 1;
     }
@@ -200,7 +206,7 @@ void RVOpenNode::showParent(RVOpenNode* parent)
 {
     if (parent == shownParent())
         return;
-    if (m_hasAside || m_heldAs != HeldByNobody)
+    if (m_hasAside || isHeldByNode())
         aside()->parent = parent;
     else
         m_parent = parent;
@@ -292,6 +298,8 @@ void RVOpenNode::cut()
 /// valid as long as the node.
 void RVOpenNode::takeOut()
 {
+    if (m_heldAs == HeldOutside)
+        Holder::lose(this);
     if (m_heldAs == HeldAside)
         NodeAccess::forgetComponent(holder(), this);
     if (m_next && !m_sharesNext && !m_previous && m_heldAs != HeldInChain) {

@@ -10,6 +10,7 @@
 #include <rvopen/Transparency.h>
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/Components.h>
+#include <rvopen/model/HeldObject.h>
 #include <rvopen/model/Names.h>
 
 namespace rvopen {
@@ -18,16 +19,26 @@ namespace {
 
 /// The copy is made first: what is copied may be what is held.
 template <typename Component>
-void hold(std::shared_ptr<Component>& held, Component* component)
+using Item = std::shared_ptr<HeldObject<Component, ObjectDeleter>>;
+
+template <typename Component>
+Component* heldIn(const Item<Component>& item)
 {
-    held.reset(cloneOf(component));
+    return item ? item->get() : nullptr;
 }
 
 template <typename Component>
-void holdUnlessHeld(std::shared_ptr<Component>& held, Component* component)
+void hold(Item<Component>& item, Component* component)
 {
-    if (component != held.get())
-        hold(held, component);
+    Component* const copy = cloneOf(component);
+    item = copy ? std::make_shared<HeldObject<Component, ObjectDeleter>>(copy) : nullptr;
+}
+
+template <typename Component>
+void holdUnlessHeld(Item<Component>& item, Component* component)
+{
+    if (!component || component != heldIn(item))
+        hold(item, component);
 }
 
 } // namespace
@@ -42,20 +53,20 @@ TemporaryItems::~TemporaryItems() = default;
 
 Material* TemporaryItems::GetMaterial() const
 {
-    return m_material.get();
+    return heldIn(m_material);
 }
 
 void TemporaryItems::SetMaterial(Material* material)
 {
     hold(m_material, material);
     // Only what is in the copy itself: where the original stands for an archive, that stays whole.
-    if (m_material)
-        removeOwnChild(m_material.get(), names::element::material);
+    if (Material* const copy = heldIn(m_material))
+        removeOwnChild(copy, names::element::material);
 }
 
 Colour* TemporaryItems::GetColour() const
 {
-    return m_colour.get();
+    return heldIn(m_colour);
 }
 
 void TemporaryItems::SetColour(Colour* colour)
@@ -65,7 +76,7 @@ void TemporaryItems::SetColour(Colour* colour)
 
 Finish* TemporaryItems::GetFinish() const
 {
-    return m_finish.get();
+    return heldIn(m_finish);
 }
 
 void TemporaryItems::SetFinish(Finish* finish)
@@ -75,7 +86,7 @@ void TemporaryItems::SetFinish(Finish* finish)
 
 Transparency* TemporaryItems::GetTransparency() const
 {
-    return m_transparency.get();
+    return heldIn(m_transparency);
 }
 
 void TemporaryItems::SetTransparency(Transparency* transparency)
@@ -85,7 +96,7 @@ void TemporaryItems::SetTransparency(Transparency* transparency)
 
 Bump* TemporaryItems::GetBump() const
 {
-    return m_bump.get();
+    return heldIn(m_bump);
 }
 
 void TemporaryItems::SetBump(Bump* bump)
@@ -115,7 +126,7 @@ void TemporaryItems::SetType(ComponentType type)
 
 bool TemporaryItems::IsEmpty() const
 {
-    return !m_colour && !m_finish && !m_bump && !m_transparency && m_refName.isEmpty();
+    return !GetColour() && !GetFinish() && !GetBump() && !GetTransparency() && m_refName.isEmpty();
 }
 
 } // namespace rvopen

@@ -17,6 +17,9 @@ class Colour;
 class Finish;
 class Material;
 class Transparency;
+struct ObjectDeleter;
+template <typename Class, typename Deleter>
+class HeldObject;
 
 /// The clipboard of a materials editor: copies of what was copied last, the reference name of it
 /// and a tag of the host's.
@@ -76,11 +79,11 @@ public:
     bool IsEmpty() const;
 
 private:
-    std::shared_ptr<Material> m_material;
-    std::shared_ptr<Colour> m_colour;
-    std::shared_ptr<Finish> m_finish;
-    std::shared_ptr<Transparency> m_transparency;
-    std::shared_ptr<Bump> m_bump;
+    std::shared_ptr<HeldObject<Material, ObjectDeleter>> m_material;
+    std::shared_ptr<HeldObject<Colour, ObjectDeleter>> m_colour;
+    std::shared_ptr<HeldObject<Finish, ObjectDeleter>> m_finish;
+    std::shared_ptr<HeldObject<Transparency, ObjectDeleter>> m_transparency;
+    std::shared_ptr<HeldObject<Bump, ObjectDeleter>> m_bump;
     QString m_refName;
     ComponentType m_type = ComponentNone;
 };

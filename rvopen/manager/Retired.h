@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/HeldObject.h>
 
 #include <QDomDocument>
 
@@ -12,18 +12,6 @@
 #include <vector>
 
 namespace rvopen {
-
-/// Deletes an object and leaves its elements where they are.
-struct ViewDeleter {
-    void operator()(RVOpenNode* object) const
-    {
-        NodeAccess::dropView(object);
-    }
-};
-
-/// An object over an element that belongs to a document and stays in it.
-template <typename Class>
-using View = std::unique_ptr<Class, ViewDeleter>;
 
 /// What gave way to something newer, or was read for a host, while the host may still hold it. All
 /// of it goes with this store.

@@ -92,7 +92,7 @@ private:
     Collection m_materialPalettes;
     Collection m_temporary;
     View<SnapShot> m_current;
-    std::unique_ptr<SnapShot> m_reset;
+    HeldObject<SnapShot, ObjectDeleter> m_reset;
     View<Background> m_originalBackground;
     /// Of elements that a later one took the place of, valid as long as the document.
     std::vector<View<RVOpenNode>> m_replaced;

@@ -107,6 +107,18 @@ struct NodeAccess {
     static std::vector<RVOpenNode*> components(RVOpenNode* node);
     /// @}
 
+    /// \name Objects held by what is no node
+    /// @{
+    static void holdOutside(RVOpenNode* object)
+    {
+        object->m_heldAs = RVOpenNode::HeldOutside;
+    }
+    static void releaseOutside(RVOpenNode* object)
+    {
+        object->m_heldAs = RVOpenNode::HeldByNobody;
+    }
+    /// @}
+
     /// After the element was moved to another document by hand.
     static void holdDocument(RVOpenNode* node)
     {

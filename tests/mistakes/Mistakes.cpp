@@ -260,7 +260,7 @@ QString addMaterialTwice()
     Material* const wall = host.palette()->GetFirstMaterial();
     host.palette()->AddMaterial(wall);
     host.palette()->AddMaterial(wall);
-    return expectText(namesIn(host.palette()), "wall roof");
+    return expectText(namesIn(host.palette()), "roof wall");
 }
 
 QString addMaterialOfAnotherPalette()
@@ -658,7 +658,7 @@ const std::vector<Mistake>& mistakes()
          replaceBySibling},
         {"`ReplaceNode()` of a child by itself", "nothing changes", replaceByItself},
         {"`ReplaceNode()` by a node of another tree", "that node moves", replaceByOneOfAnotherTree},
-        {"`AddMaterial()` of a material that is in the palette already", "nothing changes",
+        {"`AddMaterial()` of a material that is in the palette already", "it moves to the end",
          addMaterialTwice},
         {"`AddMaterial()` of a material of another palette", "it moves",
          addMaterialOfAnotherPalette},
