@@ -31,7 +31,8 @@ RVOPEN_EXPORT void SetMaxInputSize(qint64 size);
 inline constexpr qint64 DefaultMaxDocumentMemory = qint64(sizeof(void*) < 8 ? 1 : 8) << 30;
 
 /// Bytes of memory that one document may take, by an estimate made while it is read:
-/// docs/reliability.md has the numbers. Objects of the library over it take memory of their own.
+/// docs/reliability.md has the numbers. Objects of the library over it take memory of their own. As
+/// with the other bounds, a document beyond it is not saved either: it could not be read again.
 RVOPEN_EXPORT qint64 GetMaxDocumentMemory();
 /// Sets it for the whole process, from any thread; below 0 it is 0.
 RVOPEN_EXPORT void SetMaxDocumentMemory(qint64 bytes);

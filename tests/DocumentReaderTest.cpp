@@ -859,7 +859,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Cost{"Elements", "<b/>", 200}, Cost{"Attributes", "<b c='' d='' e=''/>", 900},
                       Cost{"LongNames", "<b" + QString(1000, 'x') + "/>", 2200},
                       Cost{"LongValues", "<b c='" + QString(1000, 'x') + "'/>", 2500},
-                      Cost{"Texts", "x<b/>", 300},
+                      Cost{"Texts", "x<b/>", 300}, Cost{"Blanks", "<b> </b>", 300},
                       Cost{"LongTexts", QString(1000, 'x') + "<b/>", 2300},
                       Cost{"Sections", "<![CDATA[]]>", 100}, Cost{"Comments", "<!---->", 100},
                       Cost{"Instructions", "<?p?>", 100}, Cost{"References", "&e;", 100}),

@@ -6,12 +6,13 @@
 #include <QtGlobal>
 
 /// What a document of Qt's takes in memory, in bytes: as measured with pointers of 64 bits, and a
-/// little more. Small elements are dearer than their attributes suggest, since the first attribute
-/// makes Qt allocate for several.
+/// little more.
 namespace rvopen::xml {
 
-inline constexpr qint64 ElementMemory = 300;
-inline constexpr qint64 AttributeMemory = QT_VERSION_MAJOR >= 6 ? 1200 : 700;
+inline constexpr qint64 ElementMemory = 280;
+/// Of the table that an element has from its first attribute on.
+inline constexpr qint64 AttributeTableMemory = QT_VERSION_MAJOR >= 6 ? 1800 : 200;
+inline constexpr qint64 AttributeMemory = 550;
 /// Of a text, section, comment, instruction or reference, without its characters.
 inline constexpr qint64 LeafMemory = 250;
 inline constexpr qint64 CharacterMemory = 2;

@@ -73,7 +73,8 @@ bool Scanner::startTag(StartTag& tag)
         return false;
     if (m_depth == m_elements.size())
         return fail("The elements are nested too deeply");
-    if (!attributes(tag) || !use(ElementMemory + memoryOf(tag.name)))
+    const qint64 memory = ElementMemory + memoryOf(tag.name);
+    if (!attributes(tag) || !use(tag.attributes.empty() ? memory : memory + AttributeTableMemory))
         return false;
     tag.isEmpty = accept(u'/');
     if (!accept(u'>'))
@@ -145,7 +146,7 @@ bool Scanner::characters(Characters& characters)
         p = m_at;
     }
     characters.text = since(start);
-    return characters.isBlank || use(LeafMemory + memoryOf(characters.text));
+    return characters.text.empty() || use(LeafMemory + memoryOf(characters.text));
 }
 
 bool Scanner::reference(View& entity)
