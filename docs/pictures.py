@@ -58,7 +58,7 @@ UPWARDS = {
     ("RVOpenSchema", "Parameters"): "the factory makes objects of every class",
     ("ParamHelper", "Parameters"): "the list makes the parameters that it holds",
     ("RVOpenNode", "Archive registry"): "a node that stands for an archive opens it",
-    ("RVOpenNodeAttributes", "Archive registry"): "a reference names the folder of its archive",
+    ("RVOpenNodeAttributes", "Archive registry"): "the name of an archive starts with its folder",
     ("SnapShot", "Pictures and textures"): "the files of a snapshot have safe names",
 }
 

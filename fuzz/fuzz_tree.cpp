@@ -9,6 +9,7 @@
 #include <rvopen/Camera.h>
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/Material.h>
+#include <rvopen/Param.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/SnapShot.h>
@@ -18,14 +19,14 @@
 #include <QFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <vector>
 
 /// A byte string as operations of a host on trees of nodes, compared after each with a model.
 ///
-/// The host keeps to what RVOpenNode's header asks of it: what it adds is in no tree, and of what
-/// was deleted it keeps no pointer.
+/// The host keeps to what RVOpenNode's header asks of it: of what was deleted it keeps no pointer.
 namespace rvopen::fuzz {
 
 namespace {
@@ -117,6 +118,10 @@ public:
             {"drop document", &World::dropDocument},
             {"wrap and add", &World::wrapAndAdd},
             {"detach stranger", &World::detachStranger},
+            {"move", &World::move},
+            {"copy by value", &World::copyByValue},
+            {"assign", &World::assign},
+            {"look up", &World::lookUp},
         };
         const Operation& operation = operations[m_input.below(std::size(operations))];
         if (isTracing())
@@ -460,6 +465,25 @@ private:
         return static_cast<std::size_t>(std::max(index, 0));
     }
 
+    /// What a child that is inserted at \p index comes to stand behind: the object there, where its
+    /// element stands there too. Null where all nodes of the element count.
+    Item* previousOf(const Place& place, const Target& target, int index, const RVOpenNode* moved)
+    {
+        if (!target.linked || index <= 0)
+            return nullptr;
+        std::vector<RVOpenNode*> nodes = childrenOf(place).nodes;
+        nodes.erase(std::remove(nodes.begin(), nodes.end(), moved), nodes.end());
+        if (nodes.size() < static_cast<std::size_t>(index))
+            return nullptr;
+        Item* const item = itemOf(nodes[static_cast<std::size_t>(index) - 1]->GetDomNode());
+        return item && item->parent == target.item ? item : nullptr;
+    }
+
+    static std::size_t placeBehind(const Item* previous, int index)
+    {
+        return previous ? previous->position() + 1 : clamped(index);
+    }
+
     void insert()
     {
         const std::size_t index = pickFree();
@@ -472,8 +496,9 @@ private:
         }
         const Target target = targetOfInsert(place);
         const int position = pickIndex(target.item);
+        const Item* const previous = previousOf(place, target, position, nullptr);
         place.node->InsertNode(m_free[index].node, position);
-        put(takeFree(index), target, clamped(position));
+        put(takeFree(index), target, placeBehind(previous, position));
     }
 
     void detach()
@@ -782,9 +807,10 @@ private:
         // Which document counts is that of the children's owner.
         const bool copies = !sameDocument(node, target.item);
         const int position = pickIndex(target.item);
+        const Item* const previous = previousOf(to, target, position, node);
         to.node->InsertNode(node, position);
         Free free{node, copies ? item->clone() : item->take()};
-        put(std::move(free), target, clamped(position));
+        put(std::move(free), target, placeBehind(previous, position));
     }
 
     void addWrapped(RVOpenNode* node, Item* item, const Place& to)
@@ -809,6 +835,112 @@ private:
         }
         node->SetDomNode(QDomNode());
         delete node;
+    }
+
+    /// The host adds what is in a tree already: again, to another tree or to another document.
+    void move()
+    {
+        const Place from = pick();
+        const Children children = childrenOf(from);
+        if (children.nodes.empty())
+            return;
+        RVOpenNode* const child = children.nodes[m_input.below(children.nodes.size())];
+        Item* const item = itemOf(child->GetDomNode());
+        if (!item || isInSnapShot(child->GetDomNode().parentNode()) || isLoose(*item))
+            return;
+        const Place to = pick();
+        if (isInSnapShot(to.node->GetDomNode()) || size() + item->count() > itemLimit)
+            return;
+        const bool inserts = m_input.flag();
+        const bool follow = m_input.flag();
+        const Target target = inserts ? targetOfInsert(to) : targetOfAdd(to, follow);
+        if (to.item->isWithin(item) || target.item->isWithin(item)) {
+            inserts ? to.node->InsertNode(child, 0) : to.node->AddNode(child, follow);
+            return;
+        }
+        const bool copies = !sameDocument(child, target.item);
+        trace(copies ? QStringLiteral("  copies") : QStringLiteral("  moves"));
+        if (inserts) {
+            const int position = pickIndex(target.item);
+            const Item* const previous = previousOf(to, target, position, child);
+            to.node->InsertNode(child, position);
+            Free free{child, copies ? item->clone() : item->take()};
+            put(std::move(free), target, placeBehind(previous, position));
+            return;
+        }
+        to.node->AddNode(child, follow);
+        if (!copies) {
+            Free free{child, item->take()};
+            put(std::move(free), target, target.item->children.size());
+            return;
+        }
+        target.item->append(item->clone());
+        if (target.linked && m_input.flag())
+            to.node->DeleteNode(child);
+        else
+            delete child;
+    }
+
+    static bool isLoose(const Item& item)
+    {
+        bool loose = item.loose;
+        for (const auto& child : item.children)
+            loose = loose || isLoose(*child);
+        return loose;
+    }
+
+    template <typename Class>
+    void copyAs(Class* node)
+    {
+        auto copy = std::make_unique<Class>(*node);
+        require(copy->GetChild(0, 0) == node->GetChild(0, 0) &&
+                    copy->GetDomNode() == node->GetDomNode(),
+                "a copy shows what its source shows");
+        std::vector<Class> more(1, *copy);
+        more.push_back(*node);
+        copy.reset();
+        verify();
+    }
+
+    void copyByValue()
+    {
+        RVOpenNode* const node = pick().node;
+        if (auto* const snapShot = dynamic_cast<SnapShot*>(node))
+            copyAs(snapShot);
+        else if (auto* const material = dynamic_cast<Material*>(node))
+            copyAs(material);
+        else
+            copyAs(node);
+    }
+
+    /// A free node becomes a copy of another one, and then goes.
+    void assign()
+    {
+        const std::size_t index = pickFree();
+        if (index == m_free.size())
+            return;
+        const Place place = pick();
+        if (place.item->isWithin(m_free[index].item.get()))
+            return;
+        const Free free = takeFree(index);
+        *free.node = *place.node;
+        delete free.node;
+    }
+
+    /// Comments and the like hide no parameter, any other child does.
+    void lookUp()
+    {
+        const Place place = pick();
+        const Children children = childrenOf(place);
+        if (!place.node->GetChild(0, 0) || place.item->loose || children.owner != place.item)
+            return;
+        QDomNode first = place.node->GetDomNode().firstChild();
+        while (first.isComment() || first.isProcessingInstruction())
+            first = first.nextSibling();
+        const bool isParam = first.isElement() && first.nodeName() == QLatin1String("param");
+        Param* const param = place.node->GetParamHelper()->GetFirstParam();
+        require(isParam == (param != nullptr) && (!param || param->GetDomNode() == first),
+                "look-ups step over comments and nothing else");
     }
 
     bool sameDocument(RVOpenNode* node, const Item* item)

@@ -281,10 +281,12 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
         RVOpenNode* const first = owner->GetChild(1, 0);
         link(owner, first ? first->endOfChain() : nullptr, child);
     }
-    if (copies)
+    if (copies) {
+        child->m_leavesDocument = 1;
         parent->m_node.appendChild(parent->m_node.ownerDocument().importNode(child->m_node, true));
-    else
+    } else {
         child->placeUnder(parent);
+    }
     shareChildrenOf(parent);
 }
 

@@ -121,10 +121,10 @@ public:
     /// node is deleted. Null, and a node that is this node or one of its ancestors, are ignored.
     /// @{
 
-    /// Appends \p child as the last child and takes ownership. Where the element is copied the
-    /// child keeps its own in the other document: what is set through it is set there. When this
-    /// node stands for an archive that cannot be opened, the element is added under this element
-    /// but the caller keeps the object.
+    /// Appends \p child as the last child and takes ownership. Where the element is copied, the
+    /// child is a view of its old one still: it writes there, and its end leaves it there. When
+    /// this node stands for an archive that cannot be opened, the element is added under this
+    /// element but the caller keeps the object.
     void AddNode(RVOpenNode* child, bool followArchive);
     /// Inserts \p child so that it becomes child number \p index (0-based; past the end appends)
     /// and takes ownership. Where the element is copied, the child and all objects below it are

@@ -94,7 +94,7 @@ bool RVOpenNode::belongsTo(const RVOpenNode* other) const
             return true;
         top = node;
     }
-    if (!other->m_next || top->m_heldAs == HeldInChain)
+    if (!other->m_next)
         return false;
     while (top && top != other)
         top = top->m_previous;
@@ -405,6 +405,7 @@ void RVOpenNode::rebindSubtree(const QDomNode& copy)
     for (RVOpenNode* const component : NodeAccess::components(this))
         rebind(component);
     RVOpenNode::SetDomNode(copy);
+    m_leavesDocument = 0;
 }
 
 /// After the element came to stand in another document.

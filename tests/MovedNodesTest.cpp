@@ -156,6 +156,23 @@ TEST_P(MovedNode, OutOfAnotherDocumentIsCopiedAndANewObjectTakesItsPlace)
     }
 }
 
+TEST_P(MovedNode, OutOfAnotherDocumentLeavesThatOneAloneWhenItGoes)
+{
+    for (const bool isDeleted : {false, true}) {
+        const Tree source("<old><b><x/></b><b/></old>");
+        Tree target("<new><p/><q/></new>");
+        materialise(source.root.get());
+        RVOpenNode* const moved = source.child(0);
+        const QString before = source.xml();
+        GetParam().take(target.root.get(), moved);
+        if (isDeleted)
+            target.root->DeleteNode(moved);
+        target.root.reset();
+        EXPECT_EQ(source.xml(), before);
+        EXPECT_TRUE(mirrorsWholeDom(source.root.get()));
+    }
+}
+
 TEST_P(MovedNode, OutOfACollectionOfAnotherDocumentLeavesObjectsOfTheCollectionsClass)
 {
     const QDomDocument document = parse("<renderTargets><b/><b/></renderTargets>");
