@@ -55,6 +55,24 @@ void NodeAccess::withdraw(RVOpenNode* node)
     node->m_node.parentNode().removeChild(node->m_node);
 }
 
+void NodeAccess::remake(RVOpenNode* owner, RVOpenNode* previous, const QDomNode& element)
+{
+    // Making the object may lead to the link that it is made for, as it may in a walk.
+    const auto mark = [&](quint32 value) {
+        if (previous)
+            previous->m_makesNext = value & 1U;
+        else
+            owner->m_makesChild = value & 1U;
+    };
+    mark(1);
+    RVOpenNode* const made = make(element);
+    mark(0);
+    if (!made)
+        return;
+    made->showParent(owner);
+    link(owner, previous, made);
+}
+
 bool RVOpenNode::canTake(const RVOpenNode* child) const
 {
     if (!child)

@@ -160,10 +160,8 @@ void NodeAccess::restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* 
         targets->Populate();
     else if (auto* const snapShots = nodeCast<SnapShots>(owner))
         snapShots->Populate();
-    else if (RVOpenNode* const made = owner || previous ? make(element) : nullptr) {
-        made->showParent(owner);
-        link(owner, previous, made);
-    }
+    else if (owner || previous)
+        remake(owner, previous, element);
 }
 
 RVOpenNode* RVOpenSchema::createNode(QDomNode node)

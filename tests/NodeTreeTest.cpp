@@ -1796,6 +1796,18 @@ TEST_P(CircularChildren, AreMadeOnceEach)
     EXPECT_TRUE(mirrorsDom(one()));
 }
 
+TEST_P(CircularChildren, AreMadeOnceEachWhereOneWentToAnotherDocument)
+{
+    RVOpenNode* const item = write();
+    const auto all = children(item);
+    const Tree other("<other/>");
+    for (RVOpenNode* const child : all)
+        other.root->InsertNode(child, 0);
+    EXPECT_EQ(childNames(item), domChildNames(one()->GetDomNode()));
+    EXPECT_EQ(children(item).size(), all.size());
+    EXPECT_TRUE(mirrorsDom(one()));
+}
+
 TEST_P(CircularChildren, CanBeDeletedWithTheirArchive)
 {
     RVOpenNode* const item = write();

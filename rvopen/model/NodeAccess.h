@@ -79,6 +79,8 @@ struct NodeAccess {
     /// of \p owner, or, without an owner, a component of \p holder.
     static void restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* previous,
                             const QDomNode& element);
+    /// The same, of the class that stands for the element.
+    static void remake(RVOpenNode* owner, RVOpenNode* previous, const QDomNode& element);
     /// Detaches a child of the node's own chain, without looking at archives.
     static void detachOwn(RVOpenNode* node, RVOpenNode* child)
     {
