@@ -22,6 +22,20 @@ namespace {
 
 DirectoryHandler s_directoryHandler;
 
+/// The file of the archive that the node or its nearest ancestor names; empty when none does. A
+/// detached node keeps its parent link, but its element stands nowhere, and that parent may be
+/// gone.
+QString archiveAround(const RVOpenNode* node)
+{
+    while (node) {
+        const QString filename = node->GetArchiveFilename();
+        if (!filename.isEmpty())
+            return filename;
+        node = node->GetDomNode().parentNode().isNull() ? nullptr : node->GetParent();
+    }
+    return QString();
+}
+
 } // namespace
 
 DirectoryHandler::DirectoryHandler() = default;
@@ -102,22 +116,15 @@ bool DirectoryHandler::SaveArchive(QString filename)
 
 bool DirectoryHandler::SaveArchive(RVOpenNode* node)
 {
-    for (; node; node = node->GetParent()) {
-        const QString filename = node->GetArchiveFilename();
-        if (!filename.isEmpty())
-            return GetDirectoryHandler()->SaveArchive(filename);
-    }
-    return false;
+    const QString filename = archiveAround(node);
+    return !filename.isEmpty() && GetDirectoryHandler()->SaveArchive(filename);
 }
 
 bool DirectoryHandler::ArchiveWritable(RVOpenNode* node)
 {
-    for (; node; node = node->GetParent()) {
-        const QString filename = node->GetArchiveFilename();
-        if (!filename.isEmpty())
-            return QFile::permissions(PathToOpen(filename)).testFlag(QFile::WriteUser);
-    }
-    return false;
+    const QString filename = archiveAround(node);
+    return !filename.isEmpty() &&
+           QFile::permissions(PathToOpen(filename)).testFlag(QFile::WriteUser);
 }
 
 void DirectoryHandler::RemoveArchive(QString filename)

@@ -488,6 +488,17 @@ TEST_F(DirectoryHandlerNodeTest, IsNotWritableWhenNobodyNamesAnArchive)
     EXPECT_FALSE(GetDirectoryHandler()->ArchiveWritable(here("<a><here/></a>")));
 }
 
+TEST_F(DirectoryHandlerNodeTest, AsksNobodyAboveADetachedNode)
+{
+    auto parent = test::bind(parse("<dir><item/></dir>").documentElement());
+    const std::unique_ptr<RVOpenNode> node(parent->GetChild(1, 1));
+    parent->DetachNode(node.get(), true);
+    parent.reset();
+
+    EXPECT_FALSE(GetDirectoryHandler()->ArchiveWritable(node.get()));
+    EXPECT_FALSE(GetDirectoryHandler()->SaveArchive(node.get()));
+}
+
 TEST_F(DirectoryHandlerNodeTest, IsWritableWithoutBeingOpen)
 {
     GetDirectoryHandler()->CloseArchive(m_fileName);
