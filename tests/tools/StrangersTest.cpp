@@ -181,8 +181,8 @@ TEST(Strangers, ControlCharactersReachNoTerminal)
         const Outcome run =
             workspace.shell(QStringLiteral("rvopen %1 *.rvx").arg(QLatin1String(command)));
         for (const QString& text : {run.out, run.err}) {
-            for (const ushort c : {0x1b, 0x9b, 0x202e, 0x2066, 0x2067})
-                EXPECT_FALSE(text.contains(QChar(c))) << command << " U+" << std::hex << c;
+            for (const char16_t c : {u'\x1b', u'\x9b', u'\x202e', u'\x2066', u'\x2067'})
+                EXPECT_FALSE(text.contains(QChar(c))) << command << " U+" << std::hex << int(c);
         }
     }
 }
@@ -355,8 +355,9 @@ TEST(Strangers, ThousandsOfEqualCandidatesAreReadOnceEach)
     const QStringList calls =
         QString::fromUtf8(workspace.read(QStringLiteral("calls"))).split(QLatin1Char('\n'));
     for (const QString& line : calls) {
-        if (line.endsWith(QLatin1String("openat")))
+        if (line.endsWith(QLatin1String("openat"))) {
             EXPECT_LT(line.simplified().section(QLatin1Char(' '), 3, 3).toInt(), 4000);
+        }
     }
 }
 
