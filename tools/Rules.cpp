@@ -71,12 +71,13 @@ const Rule missingComponent = {
     "Members of \"Model SnapShots\" need settings and a camera, those of "
     "the other collections what these hold.",
     nullptr};
-const Rule hiddenParam = {"hidden-parameter", Severity::Error,
-                          "The parameter stands behind a child that is no parameter.",
-                          "Look-ups step over comments, processing instructions and white space and "
-                          "stop at any other child that is none: the host does not see the "
-                          "parameter.",
-                          "Moves parameters in front of the other children, in their order."};
+const Rule hiddenParam = {
+    "hidden-parameter", Severity::Error,
+    "The parameter stands behind a child that is no parameter.",
+    "Look-ups step over comments, processing instructions and white space and "
+    "stop at any other child that is none: the host does not see the "
+    "parameter.",
+    "Moves parameters in front of the other children, in their order."};
 const Rule shaderEndsList = {"unknown-shader", Severity::Error,
                              "A shader parameter of a kind other than \"colour\" ends the list.",
                              "The host makes no object of it and sees nothing that follows it.",
