@@ -934,12 +934,12 @@ private:
         const Children children = childrenOf(place);
         if (!place.node->GetChild(0, 0) || place.item->loose || children.owner != place.item)
             return;
-        QDomNode first = place.node->GetDomNode().firstChild();
-        while (first.isComment() || first.isProcessingInstruction())
-            first = first.nextSibling();
-        const bool isParam = first.isElement() && first.nodeName() == QLatin1String("param");
-        Param* const param = place.node->GetParamHelper()->GetFirstParam();
-        require(isParam == (param != nullptr) && (!param || param->GetDomNode() == first),
+        const auto isHidden = [](RVOpenNode* node) {
+            return node->GetDomNode().isComment() || node->GetDomNode().isProcessingInstruction();
+        };
+        const auto first = std::find_if_not(children.nodes.begin(), children.nodes.end(), isHidden);
+        RVOpenNode* const expected = first == children.nodes.end() ? nullptr : *first;
+        require(place.node->GetParamHelper()->GetFirstParam() == dynamic_cast<Param*>(expected),
                 "look-ups step over comments and nothing else");
     }
 
