@@ -595,7 +595,7 @@ QString useAfterReplacing()
     Host host;
     Camera* const old = host.current()->GetCamera();
     host.current()->AddCamera(host.first()->GetCamera());
-    return old->GetName();
+    return expect(old->GetChild(1, 1), "it has parameters");
 }
 
 QString useAfterReload()
@@ -603,7 +603,7 @@ QString useAfterReload()
     Host host;
     Camera* const old = host.current()->GetCamera();
     host.LoadSnapShotDocFromString(s_document);
-    return old->GetName();
+    return expect(old->GetChild(1, 1), "it has parameters");
 }
 
 QString deleteNodeTwice()
