@@ -27,19 +27,23 @@ RVOPEN_EXPORT void DropView(RVOpenNode* object);
 template <typename Class = RVOpenNode>
 class RVOpenView {
 public:
+    /// Makes the object over \p node, which may be null.
     explicit RVOpenView(const QDomNode& node)
         : m_object(make(node))
     {
     }
+    /// Takes the object of \p other, which has none then.
     RVOpenView(RVOpenView&& other) noexcept
         : m_object(std::exchange(other.m_object, nullptr))
     {
     }
+    /// Swaps the objects: the one that was here goes with \p other.
     RVOpenView& operator=(RVOpenView&& other) noexcept
     {
         std::swap(m_object, other.m_object);
         return *this;
     }
+    /// Drops the object; the document stays as it is.
     ~RVOpenView()
     {
         DropView(m_object);
@@ -53,10 +57,12 @@ public:
     {
         return m_object;
     }
+    /// As get().
     Class* operator->() const
     {
         return m_object;
     }
+    /// As get(), for a view that has an object.
     Class& operator*() const
     {
         return *m_object;
