@@ -579,10 +579,10 @@ private:
             return;
         }
         RVOpenNode* const old = children.nodes[position];
-        const QString archive = takeItemOf(old);
+        // The archive that it stood for stays, and stays open.
+        takeItemOf(old);
         place.node->ReplaceNode(old, m_free[index].node);
         children.owner->insert(position, takeFree(index).item);
-        forgetRemoved(archive);
     }
 
     static RVOpenNode* cloneOf(RVOpenNode* node)
