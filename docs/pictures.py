@@ -31,7 +31,7 @@ LAYERS = {
         files/AtomicWrite files/Containment files/DocumentFiles files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
-        RVOpenWriter""",
+        RVOpenVocabulary RVOpenWriter""",
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
         model/Binding model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population

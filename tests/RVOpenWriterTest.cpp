@@ -54,4 +54,38 @@ TEST(RVOpenWriter, AFolderThatIsNotThereIsNoPlaceToWrite)
     EXPECT_FALSE(WriteFile("x", folder.filePath(QStringLiteral("none/a"))));
 }
 
+TEST(RVOpenWriter, TheLastErrorIsTheSystemsReason)
+{
+    const QTemporaryDir folder;
+    const struct {
+        QString path;
+        const char* reason;
+    } failures[] = {
+        {folder.filePath(QStringLiteral("none/file")), "No such file or directory"},
+        {folder.path(), "Is a directory"},
+        {folder.filePath(QStringLiteral("file/below")), "Not a directory"},
+        {QString(), "No file can have this name"},
+        {QString(QChar(0)), "No file can have this name"},
+        {folder.filePath(QStringLiteral("loop")), "Too many levels of symbolic links"},
+        {QStringLiteral("/dev/full"), "No space left on device"},
+    };
+    ASSERT_TRUE(WriteFile("mine", folder.filePath(QStringLiteral("file"))));
+    ASSERT_TRUE(QFile::link(QStringLiteral("loop"), folder.filePath(QStringLiteral("loop"))));
+    for (const auto& failure : failures) {
+        EXPECT_FALSE(WriteFile("bytes", failure.path)) << failure.path.toStdString();
+        EXPECT_EQ(LastWriteError(), QLatin1String(failure.reason)) << failure.path.toStdString();
+    }
+    EXPECT_TRUE(WriteFile("bytes", folder.filePath(QStringLiteral("file"))));
+    EXPECT_EQ(LastWriteError(), QString());
+}
+
+TEST(RVOpenWriter, TheLastErrorTellsADocumentThatCouldNotBeReadAgain)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("file"));
+    EXPECT_FALSE(WriteXmlDocument(QDomDocument(), path, SnapShotFileIndent));
+    EXPECT_EQ(LastWriteError(), QStringLiteral("The document could not be read again"));
+    EXPECT_FALSE(QFile::exists(path));
+}
+
 } // namespace rvopen::test

@@ -4,8 +4,8 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
 #include "NewFiles.h"
 #include "Session.h"
 
@@ -101,9 +101,9 @@ private:
         if (isSameFile(m_output, document.path()))
             throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
                               .arg(m_output));
-        const Uninterrupted writing;
-        if (!WriteFile(text.toUtf8(), m_output))
-            session.error(m_output, QStringLiteral("it could not be written"));
+        const QString problem = problemOfWriting(text.toUtf8(), m_output);
+        if (!problem.isEmpty())
+            session.error(m_output, problem);
     }
 
     static void writeOver(const QString& text, const Document& document, Session& session)
@@ -112,10 +112,9 @@ private:
             session.error(document.name(), QStringLiteral("it is no file to write over"));
             return;
         }
-        const Uninterrupted writing;
-        if (!WriteFile(text.toUtf8(), document.path()))
-            session.error(document.name(),
-                          QStringLiteral("it could not be written; it is as it was"));
+        const QString problem = problemOfWriting(text.toUtf8(), document.path());
+        if (!problem.isEmpty())
+            session.error(document.name(), problem + QLatin1String("; it is as it was"));
     }
 
     QStringList m_files;

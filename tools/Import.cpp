@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Compare.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
 #include "Interrupts.h"
 #include "NewFiles.h"
@@ -447,8 +448,9 @@ private:
             QByteArray bytes;
             if (!readWhole(picture.first, bytes))
                 session.error(picture.first, QStringLiteral("the thumbnail could not be read"));
-            else if (!WriteFile(bytes, picture.second))
-                session.error(picture.second, QStringLiteral("the thumbnail could not be written"));
+            else if (const QString problem = problemOfWriting(bytes, picture.second);
+                     !problem.isEmpty())
+                session.error(picture.second, QLatin1String("the thumbnail: ") + problem);
         }
         readBack(target, output);
     }
@@ -487,8 +489,8 @@ private:
         else if (QFileInfo::exists(to))
             item.note = QStringLiteral("another thumbnail \"%1\" is there and stays").arg(to);
         else if (!pictures.copy(from, to))
-            throw Failure(
-                QStringLiteral("\"%1\" could not be copied; nothing was imported").arg(from));
+            throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was imported")
+                              .arg(from, pictures.problem()));
     }
 
     /// Whether something has the name. That this cannot be told is no answer: the picture would be

@@ -12,6 +12,7 @@
 
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/RVOpenVocabulary.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QDomDocument>
@@ -68,11 +69,8 @@ public:
         const QString path = PathToOpen(m_file);
         const Uninterrupted writing;
         NewFiles files;
-        if (!files.create(XmlText(document, indent).toUtf8(), path)) {
-            const bool isTaken = QFileInfo::exists(path) || QFileInfo(path).isSymLink();
-            throw Failure(isTaken ? QStringLiteral("\"%1\" is there already").arg(m_file)
-                                  : QStringLiteral("\"%1\" could not be written").arg(m_file));
-        }
+        if (!files.create(XmlText(document, indent).toUtf8(), path))
+            throw Failure(QStringLiteral("\"%1\": %2").arg(m_file, files.problem()));
         files.keep();
         if (session.json) {
             QJsonObject result = Session::envelope(name());
@@ -129,23 +127,9 @@ private:
             root.setAttribute(QStringLiteral("archiveFilename"), base);
         }
         document.appendChild(root);
-        const struct {
-            const char* element;
-            const char* name;
-        } sections[] = {{"schemes", "Schemes"},
-                        {"backgrounds", "Backgrounds"},
-                        {"foregrounds", "Foregrounds"},
-                        {"cameras", "Cameras"},
-                        {"lenses", "Lenses"},
-                        {"aspectratios", "Aspect ratios"},
-                        {"materials", "Materials"},
-                        {"colours", "Colours"},
-                        {"finishes", "Finishes"},
-                        {"transparencies", "Transparencies"},
-                        {"bumps", "Bumps"}};
-        for (const auto& section : sections) {
-            QDomElement element = document.createElement(QLatin1String(section.element));
-            element.setAttribute(QStringLiteral("name"), QLatin1String(section.name));
+        for (const ArchiveSection& section : ArchiveSections()) {
+            QDomElement element = document.createElement(section.element);
+            element.setAttribute(QStringLiteral("name"), section.title);
             root.appendChild(element);
         }
         return document;

@@ -3,9 +3,8 @@
 
 #include "NewFiles.h"
 
+#include "FileWriting.h"
 #include "Interrupts.h"
-
-#include <rvopen/RVOpenWriter.h>
 
 #include <QDir>
 #include <QFile>
@@ -64,12 +63,21 @@ bool NewFiles::create(const QByteArray& bytes, const QString& target)
 {
     QTemporaryFile name(QFileInfo(target).absolutePath() + QLatin1String("/.rvopen-XXXXXX.tmp"));
     // A link that leads nowhere is a name that is taken, too.
-    if (QFileInfo::exists(target) || QFileInfo(target).isSymLink() || !name.open())
+    const auto isTaken = [&] { return QFileInfo::exists(target) || QFileInfo(target).isSymLink(); };
+    const QString thereAlready = QStringLiteral("it is there already");
+    m_problem = isTaken()     ? thereAlready
+                : name.open() ? problemOfWriting(bytes, name.fileName())
+                              : QStringLiteral("it could not be written: ") + name.errorString();
+    if (m_problem.isEmpty() && isInterrupted())
+        m_problem = QStringLiteral("interrupted");
+    if (!m_problem.isEmpty())
         return false;
     name.close();
     // Renaming takes no name that is taken.
-    if (!WriteFile(bytes, name.fileName()) || isInterrupted() || !name.rename(target))
+    if (!name.rename(target)) {
+        m_problem = isTaken() ? thereAlready : name.errorString();
         return false;
+    }
     name.setAutoRemove(false);
     QFile::setPermissions(target, permissionsOfNewFiles());
     m_files << target;
@@ -79,6 +87,7 @@ bool NewFiles::create(const QByteArray& bytes, const QString& target)
 bool NewFiles::copy(const QString& source, const QString& target)
 {
     QByteArray bytes;
+    m_problem = QStringLiteral("it could not be read");
     return readWhole(source, bytes) && create(bytes, target);
 }
 
@@ -86,6 +95,11 @@ void NewFiles::keep()
 {
     m_files.clear();
     m_folders.clear();
+}
+
+QString NewFiles::problem() const
+{
+    return m_problem;
 }
 
 bool readWhole(const QString& path, QByteArray& bytes)

@@ -21,15 +21,18 @@ public:
     /// Makes the folder and those above it as far as they are missing. False when it cannot.
     bool makeFolder(const QString& path);
     /// Makes a file under a name that nothing has, not even since it was looked for. False when
-    /// that cannot be done; what is there then is somebody else's.
+    /// that cannot be done, problem() says why; what is there then is somebody else's.
     bool create(const QByteArray& bytes, const QString& target);
     /// Copies a file in the same way, whole.
     bool copy(const QString& source, const QString& target);
     void keep();
+    /// Why the last file could not be made: "it is there already", or the system's reason.
+    QString problem() const;
 
 private:
     QStringList m_files;
     QStringList m_folders;
+    QString m_problem;
 };
 
 /// All bytes of a file; false when it cannot be read to its end.

@@ -9,6 +9,8 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 #if defined(_WIN32)
 #include <io.h>
@@ -197,10 +199,14 @@ void Output::flush()
 {
     const QByteArray buffer = std::move(m_buffer);
     m_buffer.clear();
+    errno = 0;
     const bool isWritten = std::fwrite(buffer.constData(), 1, std::size_t(buffer.size()), m_file) ==
                            std::size_t(buffer.size());
-    if (std::fflush(m_file) != 0 || !isWritten)
-        throw Failure(QStringLiteral("the output could not be written"));
+    if (isWritten && std::fflush(m_file) == 0)
+        return;
+    const std::string reason = std::generic_category().message(errno);
+    throw Failure(
+        QStringLiteral("the output could not be written: %1").arg(QString::fromStdString(reason)));
 }
 
 void Table::row(const QVector<Cell>& cells)

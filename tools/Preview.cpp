@@ -4,14 +4,13 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
 #include "NodePath.h"
 #include "Pictures.h"
 #include "Session.h"
 
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/RVOpenWriter.h>
 
 #include <QFileInfo>
 #include <QImage>
@@ -82,9 +81,7 @@ public:
         }
         if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->path())))
             throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
-        const Uninterrupted writing;
-        if (!WriteFile(bytes, m_output))
-            throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
+        writeOrFail(bytes, m_output);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("file"), document->name());

@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
 #include "Interrupts.h"
 #include "NewFiles.h"
@@ -14,8 +15,6 @@
 #include "Subjects.h"
 
 #include "drawing/Drawing.h"
-
-#include <rvopen/RVOpenWriter.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -229,8 +228,8 @@ private:
                 QDomElement element = job.subject.element;
                 isChanged = isChanged || element.attribute(QStringLiteral("xmlImage")) != text;
                 element.setAttribute(QStringLiteral("xmlImage"), text);
-            } else if (!write(bytes, job.file)) {
-                session.error(job.file, QStringLiteral("it could not be written"));
+            } else if (const QString problem = write(bytes, job.file); !problem.isEmpty()) {
+                session.error(job.file, problem);
                 continue;
             }
             ++count;
@@ -246,17 +245,21 @@ private:
         return count;
     }
 
-    bool write(const QByteArray& bytes, const QString& file)
+    /// Empty when it was written.
+    QString write(const QByteArray& bytes, const QString& file)
     {
         const Uninterrupted writing;
-        return m_folders.makeFolder(QFileInfo(file).path()) && WriteFile(bytes, file);
+        return m_folders.makeFolder(QFileInfo(file).path())
+                   ? problemOfWriting(bytes, file)
+                   : QStringLiteral("its folder could not be made");
     }
 
     static void save(const Document& document, Session& session)
     {
-        const Uninterrupted writing;
-        if (!WriteXmlDocument(document.dom(), document.path(), indentOf(document.kind())))
-            session.error(document.name(), QStringLiteral("it could not be written"));
+        const QString problem =
+            problemOfWriting(document.dom(), indentOf(document.kind()), document.path());
+        if (!problem.isEmpty())
+            session.error(document.name(), problem);
     }
 
     QStringList m_files;

@@ -5,16 +5,14 @@
 #include "Command.h"
 #include "ContactSheet.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
 #include "Session.h"
 #include "Subjects.h"
 
 #include "drawing/Drawing.h"
-
-#include <rvopen/RVOpenWriter.h>
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -99,9 +97,7 @@ public:
         int pages = 1;
         const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
         session.clearProgress();
-        const Uninterrupted writing;
-        if (!WriteFile(bytes, m_output))
-            throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
+        writeOrFail(bytes, m_output);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("written"), m_output);

@@ -5,8 +5,8 @@
 
 #include "Arguments.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
 
 #include <rvopen/RVOpenWriter.h>
 
@@ -75,9 +75,9 @@ void Target::write(const Document& document, const Document& input, Session& ses
         session.out.text(XmlText(document.dom(), indent));
         return;
     }
-    const Uninterrupted writing;
-    if (!WriteXmlDocument(document.dom(), path, indent))
-        throw Failure(QStringLiteral("\"%1\" could not be written; nothing was changed").arg(path));
+    const QString problem = problemOfWriting(document.dom(), indent, path);
+    if (!problem.isEmpty())
+        throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
 }
 
 } // namespace rvopen::tools

@@ -328,9 +328,11 @@ private:
             lines << texture.reference + QLatin1String(" -> ") + name;
         }
         const QString text = XmlText(document->dom(), indentOf(document->kind()));
-        if (text.isNull() || !files.create(text.toUtf8(), copy))
+        if (text.isNull())
+            throw Failure(QStringLiteral("\"%1\" could not be read again").arg(copy));
+        if (!files.create(text.toUtf8(), copy))
             throw Failure(
-                QStringLiteral("\"%1\" could not be written; nothing was collected").arg(copy));
+                QStringLiteral("\"%1\": %2; nothing was collected").arg(copy, files.problem()));
         files.keep();
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
@@ -381,8 +383,8 @@ private:
             if (there.isSymLink() || (there.exists() && !haveSameBytes(file, target)))
                 continue;
             if (!there.exists() && !files.copy(file, target))
-                throw Failure(
-                    QStringLiteral("\"%1\" could not be copied; nothing was collected").arg(file));
+                throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
+                                  .arg(file, files.problem()));
             m_taken.insert(name.toLower(), target);
             return name;
         }

@@ -4,15 +4,15 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Failure.h"
+#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
 #include "Pictures.h"
 #include "Session.h"
 #include "Subjects.h"
 
 #include "drawing/Drawing.h"
 
-#include <rvopen/RVOpenWriter.h>
+#include <rvopen/RVOpenLimits.h>
 
 #include <QImage>
 #include <QPainter>
@@ -25,6 +25,12 @@ namespace {
 
 /// File managers ask for up to 1024.
 const int s_maxSize = 1024;
+/// What anybody may put into a folder that a file manager opens: more takes too long to show.
+/// @{
+const qint64 s_maxInput = 8 << 20;
+/// Of 256 MiB in all: the program itself and a large picture take the rest.
+const qint64 s_maxMemory = 192 << 20;
+/// @}
 /// Pictures side by side, when there are that many: more would be too small to tell apart.
 const int s_maxSide = 2;
 
@@ -45,7 +51,9 @@ public:
         arguments.description(
             "One picture as PNG of up to four presets or snapshots, from all over the document: "
             "embedded ones, or drawn ones. Nothing but the document is read, whatever files it "
-            "refers to. Exit code 1 when there is nothing to show.");
+            "refers to. Exit code 1 when there is nothing to show; a document of more than 8 MiB, "
+            "or "
+            "one that would take more than 256 MiB of memory, is refused.");
         arguments.positional("input", m_input, "Document, archive, or \"-\"");
         arguments.positional("output", m_output, "The PNG file to write, in place of any there is");
         arguments.option("-s,--size", m_size, "PIXELS",
@@ -61,6 +69,8 @@ public:
         if (m_size < drawing::MinSize || m_size > s_maxSize)
             throw Failure(
                 QStringLiteral("--size takes %1 to %2").arg(drawing::MinSize).arg(s_maxSize));
+        SetMaxInputSize(s_maxInput);
+        SetMaxDocumentMemory(s_maxMemory);
         preparePictures();
         const std::unique_ptr<Document> document = readOrFail(m_input, session);
         if (isSameFile(m_input, m_output))
@@ -72,9 +82,7 @@ public:
         }
         const QImage image = composed(subjects);
         const QByteArray bytes = encodedPicture(image, "png");
-        const Uninterrupted writing;
-        if (!WriteFile(bytes, m_output))
-            throw Failure(QStringLiteral("\"%1\" could not be written").arg(m_output));
+        writeOrFail(bytes, m_output);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("written"), m_output);

@@ -12,6 +12,7 @@
 #include <rvopen/Foreground.h>
 #include <rvopen/NaturalLightStudio.h>
 #include <rvopen/RVOpenSchema.h>
+#include <rvopen/RVOpenVocabulary.h>
 #include <rvopen/RenderTarget.h>
 #include <rvopen/Scenery.h>
 #include <rvopen/ShaderColour.h>
@@ -88,13 +89,7 @@ const Vocabulary& Vocabulary::instance()
 }
 
 Vocabulary::Vocabulary()
-    : m_sections(
-          set({"schemes", "materials", "colours", "finishes", "transparencies", "bumps",
-               "backgrounds", "foregrounds", "cameras", "lenses", "aspectratios", "naturalLights"}))
-    , m_presets(set({"scheme", "material", "colour", "finish", "transparency", "bump", "background",
-                     "foreground", "camera", "lens", "aspectratio", "aspectratioorient",
-                     "naturalLightStudio"}))
-    , m_components(set({"camera", "snapShotSettings", "naturalLightStudio", "artificialLightStudio",
+    : m_components(set({"camera", "snapShotSettings", "naturalLightStudio", "artificialLightStudio",
                         "scheme", "background", "foreground", "materialRepository", "renderTargets",
                         "scenery"}))
     , m_types(set({"float", "integer", "boolean", "string", "shader", "colour", "vector", "point"}))
@@ -103,6 +98,11 @@ Vocabulary::Vocabulary()
                "archiveType", "ImageBorder", "enabled", "translationDisabled", "custom", "reset",
                "thumbRegenerated", "xmlImage", "shaderClass"}))
 {
+    for (const ArchiveSection& section : ArchiveSections()) {
+        m_sections.insert(section.element);
+        for (const QString& preset : section.presets)
+            m_presets.insert(preset);
+    }
     m_elements = m_sections + m_presets + m_components +
                  set({"snapRoot", "presets", "snapshots", "snapshot", "dir", "param", "diffuse",
                       "plainColour", "map", "renderTarget"});

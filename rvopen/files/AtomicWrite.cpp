@@ -5,6 +5,7 @@
 
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenWriter.h>
 #include <rvopen/files/PlatformRename.h>
 
 #include <QFile>
@@ -19,6 +20,9 @@ namespace rvopen {
 namespace {
 
 using compat::Size;
+
+/// What hosts ask for after operations whose interface says no more than that they failed.
+thread_local QString s_lastError;
 
 bool readWhole(QFile& file, QByteArray& bytes)
 {
@@ -39,57 +43,79 @@ bool setSize(QFile& file, Size size)
 
 /// What is longer than the old content is written first: if the disk is full, the old content has
 /// not been touched yet.
-bool overwrite(QFile& file, const QByteArray& bytes)
+bool overwrite(QFile& file, const QByteArray& bytes, QString& reason)
 {
     QByteArray old;
-    if (!readWhole(file, old))
+    if (!readWhole(file, old)) {
+        reason = reasonOf(file);
         return false;
+    }
     const Size common = std::min(old.size(), bytes.size());
     const bool isExtended = writePart(file, bytes, common, bytes.size());
     if (isExtended && writePart(file, bytes, 0, common) && setSize(file, bytes.size()) &&
-        flushToDisk(file) && holds(file, bytes))
+        flushToDisk(file, reason) && holds(file, bytes))
         return true;
+    if (reason.isEmpty())
+        reason = reasonOf(file);
     if (isExtended)
         writePart(file, old, 0, old.size());
     setSize(file, old.size());
-    flushToDisk(file);
+    QString ignored;
+    flushToDisk(file, ignored);
     return false;
 }
 
-bool writeOnce(QFile& file, const QByteArray& bytes)
+bool writeOnce(QFile& file, const QByteArray& bytes, QString& reason)
 {
-    return file.write(bytes) == bytes.size() && flushToDisk(file);
+    if (file.write(bytes) == bytes.size())
+        return flushToDisk(file, reason);
+    reason = reasonOf(file);
+    return false;
 }
 
 SaveResult writeThere(const QString& path, QIODevice::OpenMode mode, const QByteArray& bytes,
-                      bool (*write)(QFile&, const QByteArray&))
+                      bool (*write)(QFile&, const QByteArray&, QString&))
 {
     QFile file(path);
     if (!file.open(mode | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return SaveResult::NotOpened;
-    return write(file, bytes) ? SaveResult::Saved : SaveResult::NotWritten;
+        return finishSaving(SaveResult::NotOpened, file.errorString());
+    QString reason;
+    const bool isWritten = write(file, bytes, reason);
+    return finishSaving(isWritten ? SaveResult::Saved : SaveResult::NotWritten, reason);
 }
 
 } // namespace
+
+QString LastWriteError()
+{
+    return s_lastError;
+}
 
 SaveResult replaceFile(const QString& path, const QByteArray& bytes)
 {
     // A name up to a zero is another file's.
     if (path.isEmpty() || path.contains(QChar(0)))
-        return SaveResult::NotOpened;
-    switch (substituteFile(path, bytes)) {
+        return finishSaving(SaveResult::NotOpened, QStringLiteral("No file can have this name"));
+    QString reason;
+    switch (substituteFile(path, bytes, reason)) {
     case Substitution::Done:
-        return SaveResult::Saved;
+        return finishSaving(SaveResult::Saved, QString());
     case Substitution::InPlace:
         return writeThere(path, QIODevice::ReadWrite, bytes, overwrite);
     case Substitution::NoFile:
         return writeThere(path, QIODevice::WriteOnly, bytes, writeOnce);
     case Substitution::NotOpened:
-        return SaveResult::NotOpened;
+        return finishSaving(SaveResult::NotOpened, reason);
     case Substitution::Failed:
         break;
     }
-    return SaveResult::NotWritten;
+    return finishSaving(SaveResult::NotWritten, reason);
+}
+
+SaveResult finishSaving(SaveResult result, const QString& reason)
+{
+    s_lastError = result == SaveResult::Saved ? QString() : reason;
+    return result;
 }
 
 bool copyFile(const QString& source, const QString& target)
@@ -119,6 +145,12 @@ bool holds(QFile& file, const QByteArray& bytes)
         at += count;
     }
     return true;
+}
+
+QString reasonOf(const QFile& file)
+{
+    return file.error() == QFileDevice::NoError ? QStringLiteral("The file could not be read back")
+                                                : file.errorString();
 }
 
 } // namespace rvopen

@@ -29,7 +29,12 @@ enum class SaveResult {
 /// be written, it is written in place, flushed and read back. An error then brings the old content
 /// back, unless the disk refuses that too; but the end of the process, or a crash of the machine,
 /// in the middle leaves a mixture.
+///
+/// LastWriteError() says why it did not succeed.
 SaveResult replaceFile(const QString& path, const QByteArray& bytes);
+
+/// Sets what LastWriteError() says, nothing for Saved, and gives \p result.
+SaveResult finishSaving(SaveResult result, const QString& reason);
 
 /// Copies a file, with its permissions, to a path where there is nothing yet. False when it does
 /// not arrive as a whole, or is larger than what the library reads; then there still is nothing.

@@ -135,10 +135,12 @@ SaveResult saveDocument(const QDomDocument& document, const QString& path, int i
 {
     const QString text = fileText(document, indent);
     if (text.isNull())
-        return SaveResult::NotWritten;
+        return finishSaving(SaveResult::NotWritten,
+                            QStringLiteral("The document could not be read again"));
     const QByteArray bytes = text.toUtf8();
-    return bytes.size() > GetMaxInputSize() ? SaveResult::NotWritten
-                                            : replaceFile(PathToOpen(path), bytes);
+    if (bytes.size() > GetMaxInputSize())
+        return finishSaving(SaveResult::NotWritten, tooLarge());
+    return replaceFile(PathToOpen(path), bytes);
 }
 
 } // namespace rvopen

@@ -24,15 +24,20 @@ enum class Substitution {
     NoFile
 };
 
-/// Lets a new file with that content take the place of the one at the path.
-Substitution substituteFile(const QString& path, const QByteArray& bytes);
+/// Lets a new file with that content take the place of the one at the path. On Failed and NotOpened
+/// \p reason says why.
+Substitution substituteFile(const QString& path, const QByteArray& bytes, QString& reason);
 
-/// Hands what was written to the disk, as far as the system lets the library ask for it.
-bool flushToDisk(QFile& file);
+/// Hands what was written to the disk, as far as the system lets the library ask for it; \p reason
+/// is set when it answers no.
+bool flushToDisk(QFile& file, QString& reason);
 
 /// @}
 
 /// Whether reading it back shows that the file holds these bytes and nothing else.
 bool holds(QFile& file, const QByteArray& bytes);
+
+/// Why writing to the file, or reading it back, came to nothing.
+QString reasonOf(const QFile& file);
 
 } // namespace rvopen

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 #ifdef Q_OS_LINUX
@@ -34,6 +35,11 @@ auto uninterrupted(Call call)
     while (result < 0 && errno == EINTR)
         result = call();
     return result;
+}
+
+QString systemReason(int error = errno)
+{
+    return QString::fromStdString(std::generic_category().message(error));
 }
 
 int openFile(const QByteArray& path, int flags, mode_t mode = 0)
@@ -134,7 +140,7 @@ QByteArray folderOf(const QByteArray& path)
 }
 
 /// What a symbolic link leads to, there or not, and any other path itself; empty if it cannot be
-/// known.
+/// known, errno says why.
 QByteArray followLinks(QByteArray path)
 {
     const int mostLinks = 40;
@@ -143,11 +149,14 @@ QByteArray followLinks(QByteArray path)
         const ssize_t size = ::readlink(path.constData(), link.data(), link.size());
         if (size < 0 && (errno == EINVAL || errno == ENOENT))
             return path;
-        if (size <= 0 || static_cast<size_t>(size) == link.size())
+        if (size <= 0)
             return QByteArray();
+        if (static_cast<size_t>(size) == link.size())
+            break;
         const QByteArray next(link.data(), static_cast<Size>(size));
         path = next.startsWith('/') ? next : folderOf(path) + next;
     }
+    errno = ELOOP;
     return QByteArray();
 }
 
@@ -207,47 +216,59 @@ void flushFolder(const QByteArray& path)
 
 } // namespace
 
-Substitution substituteFile(const QString& path, const QByteArray& bytes)
+Substitution substituteFile(const QString& path, const QByteArray& bytes, QString& reason)
 {
     const QByteArray name = QFile::encodeName(path);
     // What the system's encoding cannot express would be another file's name.
-    if (QFile::decodeName(name) != path)
+    if (QFile::decodeName(name) != path) {
+        reason = QStringLiteral("The system cannot express this name");
         return Substitution::NotOpened;
+    }
     struct stat status = {};
     const bool exists = ::stat(name.constData(), &status) == 0;
-    if (!exists && errno != ENOENT)
-        return Substitution::NotOpened;
     if (exists && !S_ISREG(status.st_mode))
         return Substitution::NoFile;
     // Where the folder allows writing but the file does not, the file counts.
-    if (exists && !Descriptor(name, O_WRONLY).isOpen())
+    const bool isOpen = exists ? Descriptor(name, O_WRONLY).isOpen() : errno == ENOENT;
+    const QByteArray place = isOpen ? followLinks(name) : QByteArray();
+    if (place.isEmpty()) {
+        reason = systemReason();
         return Substitution::NotOpened;
-    const QByteArray place = followLinks(name);
-    if (place.isEmpty())
-        return Substitution::NotOpened;
+    }
 
     NewFile fresh(folderOf(place), exists ? 0600 : 0666);
     const Substitution forbidden = exists ? Substitution::InPlace : Substitution::NotOpened;
+    reason = systemReason(fresh.error());
     if (fresh.error() == ENOENT || fresh.error() == ENOTDIR)
         return Substitution::NotOpened;
     if (fresh.error() != 0)
         return isForbidden(fresh.error()) ? forbidden : Substitution::Failed;
-    if (fresh.file().write(bytes) != bytes.size())
-        return Substitution::Failed;
-    if (exists && !takeAttributes(fresh.file().handle(), name))
+    const bool isWritten = fresh.file().write(bytes) == bytes.size();
+    if (isWritten && exists && !takeAttributes(fresh.file().handle(), name))
         return Substitution::InPlace;
-    if (!flushToDisk(fresh.file()) || !holds(fresh.file(), bytes) || !fresh.close())
+    reason.clear();
+    if (!isWritten || !flushToDisk(fresh.file(), reason) || !holds(fresh.file(), bytes) ||
+        !fresh.close()) {
+        if (reason.isEmpty())
+            reason = reasonOf(fresh.file());
         return Substitution::Failed;
-    if (!fresh.takePlaceOf(place))
+    }
+    if (!fresh.takePlaceOf(place)) {
+        reason = systemReason(fresh.error());
         return isForbidden(fresh.error()) ? forbidden : Substitution::Failed;
+    }
     flushFolder(folderOf(place));
     return Substitution::Done;
 }
 
-bool flushToDisk(QFile& file)
+bool flushToDisk(QFile& file, QString& reason)
 {
     // What cannot be flushed, such as a pipe, answers that the call is invalid.
-    return uninterrupted([&] { return ::fsync(file.handle()); }) == 0 || errno == EINVAL;
+    const bool isFlushed =
+        uninterrupted([&] { return ::fsync(file.handle()); }) == 0 || errno == EINVAL;
+    if (!isFlushed)
+        reason = systemReason();
+    return isFlushed;
 }
 
 } // namespace rvopen

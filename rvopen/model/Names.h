@@ -56,6 +56,9 @@ RVOPEN_NAME(bumps, "bumps")
 RVOPEN_NAME(backgrounds, "backgrounds")
 RVOPEN_NAME(foregrounds, "foregrounds")
 RVOPEN_NAME(cameras, "cameras")
+RVOPEN_NAME(lenses, "lenses")
+RVOPEN_NAME(aspectRatios, "aspectratios")
+RVOPEN_NAME(naturalLights, "naturalLights")
 RVOPEN_NAME(snapRoot, "snapRoot")
 } // namespace element
 
