@@ -3,8 +3,12 @@
 
 #include "Arguments.h"
 
+#include "CommandLine.h"
+#include "Documentation.h"
+
 #include <CLI/CLI.hpp>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -43,6 +47,58 @@ CLI::Validator isNotNegative()
 {
     return CLI::Validator(CLI::NonNegativeNumber).name(std::string());
 }
+
+OptionDoc docOf(const CLI::Option& option)
+{
+    OptionDoc doc;
+    doc.isPositional = option.get_positional();
+    doc.isRequired = option.get_required();
+    doc.isRepeated = option.get_expected_max() > 1;
+    doc.help = text(option.get_description());
+    doc.group = text(option.get_group());
+    doc.variable = text(option.get_envname());
+    for (const std::string& name : option.get_snames())
+        doc.names << QLatin1Char('-') + text(name);
+    for (const std::string& name : option.get_lnames())
+        doc.names << QLatin1String("--") + text(name);
+    if (doc.isPositional)
+        doc.value = text(option.get_name()).toUpper();
+    else if (option.get_type_size_max() > 0)
+        // Behind the colon the parser names what checks the value.
+        doc.value = text(option.get_type_name()).section(QLatin1Char(':'), 0, 0);
+    if (doc.value.contains(QLatin1Char('|')))
+        doc.choices = doc.value.split(QLatin1Char('|'));
+    return doc;
+}
+
+CommandDoc docOf(const CLI::App& app)
+{
+    CommandDoc doc;
+    doc.name = text(app.get_name());
+    const QString description = text(app.get_description());
+    doc.summary = description.section(QStringLiteral("\n\n"), 0, 0);
+    doc.description = description.section(QStringLiteral("\n\n"), 1);
+    const QStringList lines = text(app.get_footer()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (int i = 0; i + 1 < int(lines.size()); i += 2)
+        doc.examples.append({lines[i].trimmed(), lines[i + 1].trimmed()});
+    for (const CLI::Option* option : app.get_options()) {
+        if (option->get_group().empty())
+            continue;
+        const OptionDoc optionDoc = docOf(*option);
+        (optionDoc.isPositional ? doc.arguments : doc.options).append(optionDoc);
+    }
+    for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; }))
+        doc.commands.append(docOf(*sub));
+    return doc;
+}
+
+class HelpFormatter : public CLI::FormatterBase {
+public:
+    std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override
+    {
+        return helpText(docOf(*app)).toStdString();
+    }
+};
 
 } // namespace
 
@@ -139,6 +195,57 @@ void Arguments::example(const char* commandLine, const char* effect)
     std::string footer = m_app.get_footer();
     footer += std::string("  ") + commandLine + "\n      " + effect + "\n";
     m_app.footer(footer);
+}
+
+CommandLine::CommandLine(const char* name, const char* description, const char* version)
+    : m_app(std::make_unique<CLI::App>())
+{
+    m_app->name(name);
+    m_app->description(description);
+    m_app->formatter(std::make_shared<HelpFormatter>());
+    m_app->set_help_flag("-h,--help", "Print this help");
+    m_app->set_version_flag("--version", version, "Print the version");
+    m_app->require_subcommand(0, 1);
+}
+
+CommandLine::~CommandLine() = default;
+
+Arguments CommandLine::global()
+{
+    return Arguments(*m_app);
+}
+
+Arguments CommandLine::command(const char* name, const char* summary)
+{
+    CLI::App* const sub = m_app->add_subcommand(name, summary);
+    sub->footer(std::string());
+    sub->fallthrough();
+    return Arguments(*sub);
+}
+
+ParsedLine CommandLine::parse(int argc, char** argv)
+{
+    ParsedLine line;
+    try {
+        m_app->parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() != 0) {
+            line.problem = QString::fromLocal8Bit(error.what());
+        } else {
+            std::ostringstream stream;
+            m_app->exit(error, stream, stream);
+            line.answer = text(stream.str());
+        }
+        return line;
+    }
+    for (const CLI::App* const sub : m_app->get_subcommands())
+        line.command = text(sub->get_name());
+    return line;
+}
+
+CommandDoc CommandLine::documentation() const
+{
+    return docOf(*m_app);
 }
 
 } // namespace rvopen::tools

@@ -13,7 +13,7 @@ class Option;
 
 namespace rvopen::tools {
 
-/// Declares what a command takes. The one place where commands meet the argument parser.
+/// Declares what a command takes.
 ///
 /// Targets must live until the command line is parsed; an option that is not given leaves its
 /// target alone. Texts are UTF-8.

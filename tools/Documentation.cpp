@@ -1,95 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Program.h"
+#include "Documentation.h"
 
 #include <rvopen/RVOpenVersion.h>
 
-#include <CLI/CLI.hpp>
-
 #include <QRegularExpression>
-#include <QStringList>
-#include <QVector>
 
 #include <algorithm>
 
 namespace rvopen::tools {
 
 namespace {
-
-/// What the parser knows of an option or argument.
-struct OptionDoc {
-    QStringList names;
-    /// Placeholder of the value; empty for a flag.
-    QString value;
-    QStringList choices;
-    QString variable;
-    QString group;
-    QString help;
-    bool isPositional = false;
-    bool isRequired = false;
-    bool isRepeated = false;
-};
-
-struct CommandDoc {
-    QString name;
-    QString summary;
-    QString description;
-    /// Command line and effect.
-    QVector<QPair<QString, QString>> examples;
-    QVector<OptionDoc> arguments;
-    QVector<OptionDoc> options;
-    QVector<CommandDoc> commands;
-};
-
-QString text(const std::string& value)
-{
-    return QString::fromStdString(value);
-}
-
-OptionDoc docOf(const CLI::Option& option)
-{
-    OptionDoc doc;
-    doc.isPositional = option.get_positional();
-    doc.isRequired = option.get_required();
-    doc.isRepeated = option.get_expected_max() > 1;
-    doc.help = text(option.get_description());
-    doc.group = text(option.get_group());
-    doc.variable = text(option.get_envname());
-    for (const std::string& name : option.get_snames())
-        doc.names << QLatin1Char('-') + text(name);
-    for (const std::string& name : option.get_lnames())
-        doc.names << QLatin1String("--") + text(name);
-    if (doc.isPositional)
-        doc.value = text(option.get_name()).toUpper();
-    else if (option.get_type_size_max() > 0)
-        // Behind the colon the parser names what checks the value.
-        doc.value = text(option.get_type_name()).section(QLatin1Char(':'), 0, 0);
-    if (doc.value.contains(QLatin1Char('|')))
-        doc.choices = doc.value.split(QLatin1Char('|'));
-    return doc;
-}
-
-CommandDoc docOf(const CLI::App& app)
-{
-    CommandDoc doc;
-    doc.name = text(app.get_name());
-    const QString description = text(app.get_description());
-    doc.summary = description.section(QStringLiteral("\n\n"), 0, 0);
-    doc.description = description.section(QStringLiteral("\n\n"), 1);
-    const QStringList lines = text(app.get_footer()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (int i = 0; i + 1 < int(lines.size()); i += 2)
-        doc.examples.append({lines[i].trimmed(), lines[i + 1].trimmed()});
-    for (const CLI::Option* option : app.get_options()) {
-        if (option->get_group().empty())
-            continue;
-        const OptionDoc optionDoc = docOf(*option);
-        (optionDoc.isPositional ? doc.arguments : doc.options).append(optionDoc);
-    }
-    for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; }))
-        doc.commands.append(docOf(*sub));
-    return doc;
-}
 
 QString argumentText(const OptionDoc& argument)
 {
@@ -294,9 +216,8 @@ const char s_generatedNote[] =
 
 } // namespace
 
-QString helpText(const CLI::App& app)
+QString helpText(const CommandDoc& command)
 {
-    const CommandDoc command = docOf(app);
     const bool isWhole = !command.commands.isEmpty();
     QString help =
         QStringLiteral("Usage: rvopen %1%2\n\n")
@@ -341,9 +262,8 @@ QString helpText(const CLI::App& app)
     return help;
 }
 
-QString manualPage(const CLI::App& app)
+QString manualPage(const CommandDoc& program)
 {
-    const CommandDoc program = docOf(app);
     QString page = QStringLiteral(".TH RVOPEN 1 \"\" \"rvopen %1\" \"User commands\"\n"
                                   ".SH NAME\nrvopen \\- look into, check, change and compare "
                                   "snapshot documents and preset archives\n"
@@ -373,9 +293,8 @@ QString manualPage(const CLI::App& app)
                          ".I share/doc/rvopen-doc\nof the documentation's package.\n");
 }
 
-QString bashCompletion(const CLI::App& app)
+QString bashCompletion(const CommandDoc& program)
 {
-    const CommandDoc program = docOf(app);
     const QString globals = namesOf(program.options).join(QLatin1Char(' '));
     QStringList names;
     QString cases;
@@ -413,9 +332,8 @@ QString bashCompletion(const CLI::App& app)
                     names.join(QLatin1Char(' ')));
 }
 
-QString zshCompletion(const CLI::App& app)
+QString zshCompletion(const CommandDoc& program)
 {
-    const CommandDoc program = docOf(app);
     QStringList commands;
     QString cases;
     for (const CommandDoc& command : program.commands) {
@@ -446,9 +364,8 @@ QString zshCompletion(const CLI::App& app)
                     zshOptions(program.options).join(QLatin1Char(' ')), cases);
 }
 
-QString fishCompletion(const CLI::App& app)
+QString fishCompletion(const CommandDoc& program)
 {
-    const CommandDoc program = docOf(app);
     QString result = QLatin1String(s_generatedNote);
     result += fishOptions(program.options, QString());
     for (const CommandDoc& command : program.commands) {

@@ -3,38 +3,14 @@
 
 #include "Program.h"
 
-#include "Arguments.h"
-
-#include <rvopen/RVOpenVersion.h>
-
-#include <CLI/CLI.hpp>
+#include "CommandLine.h"
 
 namespace rvopen::tools {
 
-namespace {
-
-class HelpFormatter : public CLI::FormatterBase {
-public:
-    std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override
-    {
-        return helpText(*app).toStdString();
-    }
-};
-
-} // namespace
-
-void declareProgram(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands,
+void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command>>& commands,
                     Session& session, GlobalOptions& options)
 {
-    app.name("rvopen");
-    app.description("Works on snapshot documents and preset archives: looks into them, checks, "
-                    "changes, compares and draws them.\n\n"
-                    "Exit codes: 0 fine, 1 findings or differences, 2 it could not be done.");
-    app.formatter(std::make_shared<HelpFormatter>());
-    app.set_help_flag("-h,--help", "Print this help");
-    app.set_version_flag("--version", "rvopen " RVOPEN_VERSION_STRING, "Print the version");
-    app.require_subcommand(0, 1);
-    Arguments global(app);
+    Arguments global = line.global();
     global.flag("--json", session.json, "Print JSON, for programs");
     global.flag("-q,--quiet", session.quiet, "No line of progress");
     global.choice("--color", options.colour,
@@ -53,10 +29,7 @@ void declareProgram(CLI::App& app, const std::vector<std::unique_ptr<Command>>& 
                    "what is wrong with a document; \"rvopen check --help\" tells more");
 
     for (const auto& command : commands) {
-        CLI::App* const sub = app.add_subcommand(command->name(), command->summary());
-        sub->footer(std::string());
-        sub->fallthrough();
-        Arguments arguments(*sub);
+        Arguments arguments = line.command(command->name(), command->summary());
         command->declare(arguments);
     }
 }

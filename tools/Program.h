@@ -9,11 +9,9 @@
 #include <memory>
 #include <vector>
 
-namespace CLI {
-class App;
-} // namespace CLI
-
 namespace rvopen::tools {
+
+class CommandLine;
 
 /// What stands on the command line besides the sub-command's own.
 struct GlobalOptions {
@@ -22,16 +20,7 @@ struct GlobalOptions {
 };
 
 /// Declares the program with all its sub-commands. The parser refers to what it is given.
-void declareProgram(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands,
+void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command>>& commands,
                     Session& session, GlobalOptions& options);
-
-/// What is generated from the parser, so that it says what the parser takes.
-/// @{
-QString helpText(const CLI::App& app);
-QString manualPage(const CLI::App& app);
-QString bashCompletion(const CLI::App& app);
-QString zshCompletion(const CLI::App& app);
-QString fishCompletion(const CLI::App& app);
-/// @}
 
 } // namespace rvopen::tools

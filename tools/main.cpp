@@ -2,19 +2,19 @@
 // SPDX-License-Identifier: MIT
 
 #include "Command.h"
+#include "CommandLine.h"
 #include "Failure.h"
 #include "Interrupts.h"
 #include "Program.h"
 #include "Session.h"
 
-#include <CLI/CLI.hpp>
+#include <rvopen/RVOpenVersion.h>
 
 #include <QtGlobal>
 
 #include <clocale>
 #include <cstdio>
 #include <cstring>
-#include <sstream>
 
 #if defined(_WIN32)
 #include <fcntl.h>
@@ -60,16 +60,16 @@ int complain(const QString& message)
     return ExitFailed;
 }
 
-int generate(const CLI::App& app, const QString& what, Output& out)
+int generate(const CommandDoc& program, const QString& what, Output& out)
 {
     if (what == QLatin1String("man"))
-        out.text(manualPage(app));
+        out.text(manualPage(program));
     else if (what == QLatin1String("bash"))
-        out.text(bashCompletion(app));
+        out.text(bashCompletion(program));
     else if (what == QLatin1String("zsh"))
-        out.text(zshCompletion(app));
+        out.text(zshCompletion(program));
     else if (what == QLatin1String("fish"))
-        out.text(fishCompletion(app));
+        out.text(fishCompletion(program));
     else
         throw Failure(QStringLiteral("--generate takes man, bash, zsh or fish"));
     out.flush();
@@ -94,33 +94,32 @@ int run(int argc, char** argv)
     const std::vector<std::unique_ptr<Command>> commands = allCommands();
     Session session;
     GlobalOptions options;
-    CLI::App app;
-    declareProgram(app, commands, session, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) {
-            std::ostringstream text;
-            app.exit(error, text, text);
-            session.out.text(QString::fromStdString(text.str()));
-            session.out.flush();
-            return ExitFine;
-        }
-        return complain(QString::fromLocal8Bit(error.what()) +
-                        QStringLiteral("; --help tells what there is"));
+    CommandLine line("rvopen",
+                     "Works on snapshot documents and preset archives: looks into them, checks, "
+                     "changes, compares and draws them.\n\n"
+                     "Exit codes: 0 fine, 1 findings or differences, 2 it could not be done.",
+                     "rvopen " RVOPEN_VERSION_STRING);
+    declareProgram(line, commands, session, options);
+    const ParsedLine parsed = line.parse(argc, argv);
+    if (!parsed.problem.isEmpty())
+        return complain(parsed.problem + QStringLiteral("; --help tells what there is"));
+    if (!parsed.answer.isEmpty()) {
+        session.out.text(parsed.answer);
+        session.out.flush();
+        return ExitFine;
     }
     if (!options.generated.isEmpty())
-        return generate(app, options.generated, session.out);
+        return generate(line.documentation(), options.generated, session.out);
     session.out.setColour(options.colour);
     session.announceFolders();
     for (const auto& command : commands) {
-        if (!app.got_subcommand(command->name()))
+        if (parsed.command != QLatin1String(command->name()))
             continue;
         const int code = command->run(session);
         session.out.flush();
         return code;
     }
-    session.out.text(QString::fromStdString(app.help()));
+    session.out.text(helpText(line.documentation()));
     session.out.flush();
     return ExitFine;
 }
