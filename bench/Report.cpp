@@ -5,6 +5,14 @@
 
 #include <benchmark/benchmark.h>
 
+#if __has_include(<valgrind/callgrind.h>)
+#include <valgrind/callgrind.h>
+#else
+#define CALLGRIND_TOGGLE_COLLECT
+#define CALLGRIND_ZERO_STATS
+#define CALLGRIND_DUMP_STATS_AT(name)
+#endif
+
 #include <algorithm>
 #include <cstdio>
 #include <utility>
@@ -34,11 +42,17 @@ private:
     double m_seconds = 0.0;
 };
 
-double median(std::vector<double> values)
+double quantile(std::vector<double> values, double part)
 {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    const auto at = values.begin() + static_cast<std::ptrdiff_t>(
+                                         part * static_cast<double>(values.size() - 1) + 0.5);
+    std::nth_element(values.begin(), at, values.end());
+    return *at;
+}
+
+double median(const std::vector<double>& values)
+{
+    return quantile(values, 0.5);
 }
 
 std::string format(const char* pattern, double value)
@@ -64,6 +78,11 @@ std::string countText(long count)
     if (count >= 1000000)
         return std::to_string(count / 1000000) + " M";
     return count >= 1000 ? std::to_string(count / 1000) + " k" : std::to_string(count);
+}
+
+void Clock::toggleCounting()
+{
+    CALLGRIND_TOGGLE_COLLECT;
 }
 
 Report::Report(const Options& options)
@@ -96,6 +115,11 @@ void Report::compare(const std::string& operation, const std::string& size,
     if (!isWanted(operation))
         return;
     const std::vector<Case> cases = make();
+    if (m_options.counts) {
+        for (const Case& measured : cases)
+            count(operation, size, measured);
+        return;
+    }
     const auto times = measure(cases);
     std::vector<double> ratios;
     for (std::size_t i = 0; i < times[0].size(); ++i)
@@ -103,13 +127,14 @@ void Report::compare(const std::string& operation, const std::string& size,
     const double ratio = median(ratios);
     line({operation, size, cases[0].name, timeText(median(times[0]) / cases[0].units),
           timeText(median(times[1]) / cases[1].units), format("%.2f", ratio),
+          format("%.2f", quantile(ratios, 0.25)) + " to " + format("%.2f", quantile(ratios, 0.75)),
           target ? format("%.2f", *target) : "", verdict(target, ratio)});
 }
 
 void Report::grow(const std::string& operation, const std::function<Case(long)>& make,
                   std::optional<double> target, long limit)
 {
-    if (!isWanted(operation))
+    if (m_options.counts || !isWanted(operation))
         return;
     std::vector<Case> cases;
     for (const long size : {10000L, 100000L, 1000000L}) {
@@ -140,17 +165,31 @@ void Report::value(const std::string& operation, const std::string& size, const 
                    std::optional<double> target,
                    const std::function<std::pair<double, double>()>& get)
 {
-    if (!isWanted(operation))
+    if (m_options.counts || !isWanted(operation))
         return;
     const auto values = get();
     const double ratio = values.first > 0.0 ? values.second / values.first : 1.0 + values.second;
     line({operation, size, unit, format("%.1f", values.first), format("%.1f", values.second),
-          format("%.2f", ratio), target ? format("%.2f", *target) : "", verdict(target, ratio)});
+          format("%.2f", ratio), "", target ? format("%.2f", *target) : "",
+          verdict(target, ratio)});
 }
 
 bool Report::isWanted(const std::string& operation) const
 {
     return std::regex_search(operation, m_options.filter);
+}
+
+/// The first run binds what is bound at the first call. Whoever started callgrind finds the counts
+/// of the second one in a file of the name.
+void Report::count(const std::string& operation, const std::string& size, const Case& measured)
+{
+    Clock clock;
+    measured.run(clock);
+    CALLGRIND_ZERO_STATS;
+    measured.run(clock);
+    const std::string name =
+        operation + '|' + size + '|' + measured.name + '|' + std::to_string(measured.units);
+    CALLGRIND_DUMP_STATS_AT(name.c_str());
 }
 
 /// The times of each case, run after run in turns.

@@ -12,16 +12,19 @@
 
 namespace rvopen::bench {
 
-/// Counts the CPU time of the process between start() and stop().
+/// Counts the CPU time of the process between start() and stop(); under callgrind, only what is
+/// done between them counts.
 class Clock {
 public:
     void start()
     {
+        toggleCounting();
         m_ticks -= now();
     }
     void stop()
     {
         m_ticks += now();
+        toggleCounting();
     }
     void add(double seconds)
     {
@@ -33,6 +36,7 @@ public:
     }
 
 private:
+    static void toggleCounting();
     static double now()
     {
         timespec time{};
@@ -57,6 +61,8 @@ using MakeCases = std::function<std::vector<Case>()>;
 struct Options {
     /// Everything once, at the smallest size.
     bool quick = false;
+    /// Under callgrind: what is compared, once each and not timed.
+    bool counts = false;
     long maxElements = 1000000;
     int repetitions = 9;
     std::regex filter = std::regex("");
@@ -95,6 +101,7 @@ public:
 
 private:
     bool isWanted(const std::string& operation) const;
+    static void count(const std::string& operation, const std::string& size, const Case& measured);
     std::vector<std::vector<double>> measure(const std::vector<Case>& cases) const;
     void line(const std::vector<std::string>& cells) const;
     std::string verdict(std::optional<double> target, double value);

@@ -14,7 +14,8 @@
 namespace {
 
 const char s_usage[] =
-    "Usage: rvopen_bench [--quick] [--filter <regex>] [--max-elements <n>] [--repetitions <n>]\n";
+    "Usage: rvopen_bench [--quick] [--counts] [--filter <regex>] [--max-elements <n>]\n"
+    "                    [--repetitions <n>]\n";
 
 bool parse(int argc, char** argv, rvopen::bench::Options& options)
 {
@@ -22,6 +23,10 @@ bool parse(int argc, char** argv, rvopen::bench::Options& options)
         const std::string option = argv[i];
         if (option == "--quick") {
             options.quick = true;
+            continue;
+        }
+        if (option == "--counts") {
+            options.counts = true;
             continue;
         }
         if (++i == argc)
@@ -53,8 +58,8 @@ int main(int argc, char** argv)
 
     std::printf("Qt %s\n", qVersion());
     Report report(options);
-    const std::vector<std::string> columns{
-        "size", "baseline", "baseline takes", "rvopen takes", "ratio", "target", ""};
+    const std::vector<std::string> columns{"size",  "baseline",    "baseline takes", "rvopen takes",
+                                           "ratio", "middle half", "target",         ""};
     report.section("Against the bare DOM", columns);
     compareDocuments(report);
     compareParameters(report);
