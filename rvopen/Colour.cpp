@@ -3,12 +3,9 @@
 
 #include <rvopen/Colour.h>
 
-#include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenStatus.h>
-#include <rvopen/ShaderDiffuse.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Components.h>
-#include <rvopen/model/Names.h>
 
 namespace rvopen {
 
@@ -21,12 +18,12 @@ Colour::~Colour() = default;
 
 ShaderDiffuse* Colour::GetDiffuse()
 {
-    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderDiffuse, names::element::diffuse, 1);
+    return childOrNewEnabled(this, s_diffuse, 1);
 }
 
 unsigned int Colour::SetDiffuse(ShaderDiffuse* diffuse)
 {
-    replaceChild(this, GetDiffuse(), diffuse);
+    replaceChild(this, s_diffuse, diffuse);
     return StatusOk;
 }
 

@@ -16,6 +16,26 @@
 
 namespace rvopen {
 
+namespace {
+
+constexpr ChildKind<Colour> s_colour{RVOpenSchema::isNodeColour, names::element::colour};
+constexpr ChildKind<Finish> s_finish{RVOpenSchema::isNodeFinish, names::element::finish};
+constexpr ChildKind<Transparency> s_transparency{RVOpenSchema::isNodeTransparency,
+                                                 names::element::transparency};
+constexpr ChildKind<Bump> s_bump{RVOpenSchema::isNodeBump, names::element::bump};
+constexpr ChildKind<Material> s_baseMaterial{RVOpenSchema::isNodeMaterial,
+                                             names::element::material};
+
+/// The component of the base material for one that lacks it.
+template <typename Component>
+void inherit(Material* material, const ChildKind<Component>& kind, Material* base)
+{
+    if (!findAmongAll<Component>(material, kind))
+        replaceChild(material, kind, cloneOf(findChild<Component>(base, kind)));
+}
+
+} // namespace
+
 Material::Material(RVOpenNode* source)
     : RVOpenNode(source)
 {
@@ -44,56 +64,54 @@ void Material::SetLinkName(QString linkName)
 
 Colour* Material::GetColour(int create)
 {
-    return childOrNew(this, RVOpenSchema::isNodeColour, names::element::colour, create);
+    return childOrNew(this, s_colour, create);
 }
 
 Finish* Material::GetFinish()
 {
-    return findChild(this, RVOpenSchema::isNodeFinish);
+    return findChild(this, s_finish);
 }
 
 Transparency* Material::GetTransparency(int create)
 {
-    return childOrNew(this, RVOpenSchema::isNodeTransparency, names::element::transparency, create);
+    return childOrNew(this, s_transparency, create);
 }
 
 Bump* Material::GetBump(int create)
 {
-    return childOrNew(this, RVOpenSchema::isNodeBump, names::element::bump, create);
+    return childOrNew(this, s_bump, create);
 }
 
 Material* Material::GetBaseMaterial()
 {
-    return findChild(this, RVOpenSchema::isNodeMaterial);
+    return findChild(this, s_baseMaterial);
 }
 
 void Material::SetColour(Colour* colour)
 {
-    Colour* const current = GetColour(0);
-    if (colour != current)
-        replaceChild(this, current, colour);
+    if (colour != findAmongAll(this, s_colour))
+        replaceChild(this, s_colour, colour);
 }
 
 void Material::SetFinish(Finish* finish)
 {
-    replaceChild(this, GetFinish(), finish);
+    replaceChild(this, s_finish, finish);
 }
 
 void Material::SetTransparency(Transparency* transparency)
 {
-    Transparency* const current = GetTransparency(0);
-    if (transparency != current)
-        replaceChild(this, current, transparency);
+    if (transparency != findAmongAll(this, s_transparency))
+        replaceChild(this, s_transparency, transparency);
 }
 
 void Material::SetBump(Bump* bump)
 {
-    replaceChild(this, GetBump(0), bump);
+    replaceChild(this, s_bump, bump);
 }
 
 void Material::SetBaseMaterial(Material* baseMaterial)
 {
-    replaceChild(this, GetBaseMaterial(), baseMaterial);
+    replaceChild(this, s_baseMaterial, baseMaterial);
 }
 
 bool Material::Equal(Material* other, bool compareBase)
@@ -116,14 +134,10 @@ void Material::ConsolidateBaseMaterial()
     Material* const base = GetBaseMaterial();
     if (!base)
         return;
-    if (!GetColour(0))
-        SetColour(cloneOf(base->GetColour(0)));
-    if (!GetFinish())
-        SetFinish(cloneOf(base->GetFinish()));
-    if (!GetTransparency(0))
-        SetTransparency(cloneOf(base->GetTransparency(0)));
-    if (!GetBump(0))
-        SetBump(cloneOf(base->GetBump(0)));
+    inherit(this, s_colour, base);
+    inherit(this, s_finish, base);
+    inherit(this, s_transparency, base);
+    inherit(this, s_bump, base);
     SetBaseMaterial(nullptr);
 }
 

@@ -39,8 +39,9 @@ public:
     void SetLinkName(QString linkName);
 
     /// \name Components
-    /// Null when absent. With \p create non-zero a missing component is added, empty; null then
-    /// means that it could not be, and the document is unchanged.
+    /// Null when absent. With \p create non-zero a component that no child element is, one that no
+    /// walk comes to included, is added, empty; null then means that it could not be, and the
+    /// document is unchanged.
     /// @{
     Colour* GetColour(int create);
     Finish* GetFinish();
@@ -52,7 +53,8 @@ public:
     Material* GetBaseMaterial();
 
     /// \name Replacing
-    /// Each deletes the present component and takes over the one passed in; null just removes.
+    /// Each deletes the present component, one that no walk comes to included, and takes over the
+    /// one passed in; null just removes.
     /// What is passed must not be in another tree. Where the material stands for an archive that
     /// cannot be opened, as AddNode().
     /// @{

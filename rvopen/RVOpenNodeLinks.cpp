@@ -27,13 +27,30 @@ void NodeAccess::setFirstChild(RVOpenNode* node, RVOpenNode* child)
         node->own(child);
 }
 
-void NodeAccess::retireView(RVOpenNode* owner, const QDomNode& element)
+RVOpenNode* NodeAccess::viewOf(const RVOpenNode* owner, const QDomNode& element)
 {
-    if (owner->m_sharesChild)
-        return;
     RVOpenNode* view = owner->m_firstChild;
     while (view && view->m_node != element)
         view = view->m_next;
+    return view;
+}
+
+void NodeAccess::placeView(RVOpenNode* node, RVOpenNode* view)
+{
+    RVOpenNode* const owner = childOwner(node);
+    retireView(owner, view->m_node);
+    RVOpenNode* previous = nullptr;
+    for (QDomNode before = view->m_node.previousSibling(); !previous && !before.isNull();
+         before = before.previousSibling())
+        previous = viewOf(owner, before);
+    view->showParent(owner);
+    link(owner, previous, view);
+    node->shareChildrenOf(owner);
+}
+
+void NodeAccess::retireView(RVOpenNode* owner, const QDomNode& element)
+{
+    RVOpenNode* const view = owner->m_sharesChild ? nullptr : viewOf(owner, element);
     if (!view)
         return;
     view->unlink();

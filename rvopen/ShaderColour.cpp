@@ -12,19 +12,26 @@
 
 namespace rvopen {
 
+namespace {
+
+constexpr ChildKind<ShaderPlainColour> s_plainColour{RVOpenSchema::isNodeShaderPlainColour,
+                                                     names::element::plainColour};
+constexpr ChildKind<ShaderMap> s_map{RVOpenSchema::isNodeShaderMap, names::element::map};
+
+} // namespace
+
 ShaderColour::ShaderColour() = default;
 
 ShaderColour::~ShaderColour() = default;
 
 ShaderPlainColour* ShaderColour::GetPlainColour(int create)
 {
-    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderPlainColour,
-                             names::element::plainColour, create);
+    return childOrNewEnabled(this, s_plainColour, create);
 }
 
 ShaderMap* ShaderColour::GetMap(int create)
 {
-    return childOrNewEnabled(this, RVOpenSchema::isNodeShaderMap, names::element::map, create);
+    return childOrNewEnabled(this, s_map, create);
 }
 
 bool ShaderColour::Equal(ShaderColour* other)

@@ -172,10 +172,11 @@ NaturalLightStudio* SnapShot::GetNaturalLightStudio() const
 
 ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
 {
-    if (m_artificialLightStudio.object)
-        return m_artificialLightStudio.object;
-    auto* const studio =
-        createWithParams<ArtificialLightStudio>(this, names::element::artificialLightStudio);
+    constexpr names::Name name = names::element::artificialLightStudio;
+    if (auto* const found =
+            Components::find<ArtificialLightStudio, &SnapShot::m_artificialLightStudio>(this, name))
+        return found;
+    auto* const studio = createWithParams<ArtificialLightStudio>(this, name);
     if (!studio)
         return nullptr;
     studio->SetEnabled(1);
@@ -185,12 +186,14 @@ ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
 
 RenderTargets* SnapShot::GetRenderTargets()
 {
-    return Components::getOrCreate(this, m_renderTargets, names::element::renderTargets);
+    return Components::getOrCreate<RenderTargets, &SnapShot::m_renderTargets>(
+        this, names::element::renderTargets);
 }
 
 MaterialRepository* SnapShot::GetMaterialRepository()
 {
-    return Components::getOrCreate(this, m_materialRepository, names::element::materialRepository);
+    return Components::getOrCreate<MaterialRepository, &SnapShot::m_materialRepository>(
+        this, names::element::materialRepository);
 }
 
 unsigned int SnapShot::IsSelected(int* out)

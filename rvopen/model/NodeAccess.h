@@ -67,6 +67,13 @@ struct NodeAccess {
     /// Takes a node with its element out of wherever it is: a chain of any tree, a snapshot. What a
     /// walk from a free node made behind it stays valid as long as the node.
     static void withdraw(RVOpenNode* node);
+    /// The object of that element in the chain of the owner's children, as far as it is made; null
+    /// when there is none.
+    static RVOpenNode* viewOf(const RVOpenNode* owner, const QDomNode& element);
+    /// Puts an object of a child element, which belongs to nobody, in its place among the children
+    /// of the node or of the archive that it stands for. One that the element has already stays
+    /// valid until the owner is deleted.
+    static void placeView(RVOpenNode* node, RVOpenNode* view);
     /// Takes the object of that element out of the chain of the owner's children if there is one.
     /// It stays valid until the owner is deleted.
     static void retireView(RVOpenNode* owner, const QDomNode& element);

@@ -128,13 +128,6 @@ struct SnapShot::Components {
         return source && !copy ? nullptr : replace(snapShot, held, copy);
     }
 
-    template <typename Component>
-    static Component* getOrCreate(SnapShot* snapShot, Held<Component>& held, names::Name name)
-    {
-        return held.object ? held.object
-                           : replace(snapShot, held, newElement<Component>(snapShot, name));
-    }
-
     /// Makes the object of a component's element, unless the one held is that already.
     template <typename Component, Held<Component> SnapShot::*member>
     static void bind(SnapShot* snapShot, const QDomNode& node)
@@ -148,6 +141,26 @@ struct SnapShot::Components {
             hold(snapShot, held, made);
         }
         readChildren(held.object);
+    }
+
+    /// The component held; where none is, of the last of its elements, if there is one.
+    template <typename Component, Held<Component> SnapShot::*member>
+    static Component* find(SnapShot* snapShot, names::Name name)
+    {
+        const Held<Component>& held = snapShot->*member;
+        const QDomElement element =
+            held.object ? QDomElement() : snapShot->GetDomNode().lastChildElement(name());
+        if (!element.isNull())
+            bind<Component, member>(snapShot, element);
+        return held.object;
+    }
+
+    template <typename Component, Held<Component> SnapShot::*member>
+    static Component* getOrCreate(SnapShot* snapShot, names::Name name)
+    {
+        Component* const found = find<Component, member>(snapShot, name);
+        return found ? found
+                     : replace(snapShot, snapShot->*member, newElement<Component>(snapShot, name));
     }
 
     /// The component leaves the snapshot, which may be shown it still by others.

@@ -10,7 +10,6 @@
 #include <rvopen/RVOpenSchema.h>
 #include <rvopen/RVOpenView.h>
 #include <rvopen/ShaderColour.h>
-#include <rvopen/ShaderDiffuse.h>
 #include <rvopen/ShaderMap.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
@@ -114,9 +113,8 @@ private:
         if (base)
             enter(base, [this, base](RVOpenNode*) { visitMaterial(base); });
         Colour* const colour = material->GetColour(0);
-        visitShaderColour(findChild(findChild(colour, RVOpenSchema::isNodeShaderDiffuse),
-                                    RVOpenSchema::isNodeShaderColour));
-        visitShaderColour(findChild(material->GetBump(0), RVOpenSchema::isNodeShaderColour));
+        visitShaderColour(findChild(findChild(colour, s_diffuse), s_shaderColour));
+        visitShaderColour(findChild(material->GetBump(0), s_shaderColour));
     }
 
     void visitShaderColour(ShaderColour* colour)
