@@ -75,8 +75,7 @@ TEST(Git, IsSetUpAsDocumented)
 TEST(ManualPage, HasEveryCommandAndOption)
 {
     const Workspace workspace;
-    const QString page = workspace.run({QStringLiteral("--generate"), QStringLiteral("man")})
-                             .out.remove(QLatin1Char('\\'));
+    const QString page = workspace.run("--generate man").out.remove(QLatin1Char('\\'));
     for (const QString& command : QStringLiteral(RVOPEN_COMMANDS).split(QLatin1Char(' '))) {
         EXPECT_TRUE(page.contains(QStringLiteral(".SS \"rvopen %1 ").arg(command)));
         const QString help = workspace.run({command, QStringLiteral("--help")}).out;

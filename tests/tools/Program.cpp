@@ -27,6 +27,35 @@ QJsonObject Outcome::json() const
     return document.object();
 }
 
+QStringList words(const char* line)
+{
+    QStringList list;
+    QString word;
+    bool isWord = false;
+    QChar quote;
+    for (const QChar c : QString::fromUtf8(line)) {
+        const bool isQuote = c == QLatin1Char('\'') || c == QLatin1Char('"');
+        if (!quote.isNull() && c == quote) {
+            quote = QChar();
+        } else if (quote.isNull() && isQuote) {
+            quote = c;
+            isWord = true;
+        } else if (quote.isNull() && c == QLatin1Char(' ')) {
+            if (isWord)
+                list << word;
+            word.clear();
+            isWord = false;
+        } else {
+            word += c;
+            isWord = true;
+        }
+    }
+    EXPECT_TRUE(quote.isNull()) << "a quote is open in: " << line;
+    if (isWord)
+        list << word;
+    return list;
+}
+
 Workspace::Workspace()
     : environment(QProcessEnvironment::systemEnvironment())
 {
@@ -94,6 +123,11 @@ void Workspace::copySamples(Pictures pictures) const
 Outcome Workspace::run(const QStringList& arguments, const QByteArray& input) const
 {
     return start(QStringLiteral(RVOPEN_COMMAND), arguments, input);
+}
+
+Outcome Workspace::run(const char* line, const QByteArray& input) const
+{
+    return run(words(line), input);
 }
 
 Outcome Workspace::shell(const QString& line, const QByteArray& input) const

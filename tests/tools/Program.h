@@ -44,6 +44,10 @@ struct Outcome {
     QJsonObject json() const;
 };
 
+/// The words of a command line, which blanks separate. What stands between single or double quotes
+/// is taken as it is.
+QStringList words(const char* line);
+
 /// A folder of the test's own, in which the program runs.
 class Workspace {
 public:
@@ -63,6 +67,8 @@ public:
 
     /// Runs rvopen with these arguments.
     Outcome run(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
+    /// The same with its words().
+    Outcome run(const char* line, const QByteArray& input = QByteArray()) const;
     /// Runs a line of the shell, in which "rvopen" is the program.
     Outcome shell(const QString& line, const QByteArray& input = QByteArray()) const;
 

@@ -28,8 +28,7 @@ TEST(Thumbnail, IsAsLargeAsAskedFor)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx",
-                                  {QStringLiteral("-s"), QStringLiteral("64")});
+    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx", words("-s 64"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(made(workspace).size(), QSize(64, 64));
@@ -51,7 +50,7 @@ TEST(Thumbnail, ShowsOnePresetAlone)
                     "<presets><colours><colour name='Red'><shader_colour name='plain'>"
                     "<params name='colour' type='rgb' value='1 0 0'/></shader_colour></colour>"
                     "</colours></presets>");
-    const Outcome run = thumbnail(workspace, "a.rvx", {QStringLiteral("--json")});
+    const Outcome run = thumbnail(workspace, "a.rvx", words("--json"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.json()[QStringLiteral("pictures")].toInt(), 1);
 }
@@ -139,8 +138,7 @@ TEST(Thumbnail, TellsProgramsWhatItWrote)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run =
-        thumbnail(workspace, "archives/Custom/MyPresets.rvx", {QStringLiteral("--json")});
+    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx", words("--json"));
     EXPECT_EQ(run.json()[QStringLiteral("written")].toString(), QStringLiteral("a.png"));
     EXPECT_EQ(run.json()[QStringLiteral("width")].toInt(), 256);
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("thumbnail")));
