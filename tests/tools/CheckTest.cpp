@@ -116,6 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"bad-value", inCamera("<param name=\"From\" type=\"point\" val=\"1 2\"/>")},
         RuleCase{"out-of-range", inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" "
                                           "type=\"float\" val=\"2.1\"/>")},
+        RuleCase{"out-of-range", inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" "
+                                          "type=\"float\" val=\"0.9\"/>")},
+        RuleCase{"out-of-range",
+                 inCamera("<param name=\"Near\" rangeMin=\"1\" type=\"float\" val=\"0\"/>")},
+        RuleCase{"out-of-range",
+                 inCamera("<param name=\"Near\" rangeMax=\"2\" type=\"float\" val=\"3\"/>")},
         RuleCase{"duplicate-parameter",
                  inCamera("<param name=\"Near\" type=\"float\" val=\"1\"/>"
                           "<param name=\"Near\" type=\"float\" val=\"2\"/>")},
@@ -154,6 +160,9 @@ INSTANTIATE_TEST_SUITE_P(
         inArchive("<colours><colour name=\"a\" refname=\"r\"/></colours><bumps><bump name=\"a\" "
                   "refname=\"r\"/></bumps>"),
         inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" type=\"float\" val=\"2\"/>"),
+        inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" type=\"float\" val=\"1\"/>"),
+        inCamera("<param name=\"Near\" rangeMin=\"1\" type=\"float\" val=\"9\"/>"),
+        inCamera("<param name=\"Near\" rangeMax=\"2\" type=\"float\" val=\"0.1\"/>"),
         inSnapShot("<camera/><foreground subcat=\"None\"/>")));
 
 TEST(Check, RangesAreInSceneUnits)
@@ -355,6 +364,27 @@ TEST(Check, SarifIsOfItsSchema)
     workspace.copySamples();
     workspace.write(QStringLiteral("bad.xml"), "<a><b></a>");
     EXPECT_TRUE(isOfSchema(workspace.run("check --format sarif ."), QStringLiteral("sarif")));
+}
+
+TEST(Check, SarifListsWhatIsLeftToDoOnly)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"),
+                    inCamera("<param name=\"Near\" type=\"integer\" val=\"1\"/>"
+                             "<param name=\"Far\" val=\"far\"/>"));
+    const auto rulesOf = [](const Outcome& run) {
+        QStringList rules;
+        for (const auto& result : run.json()[QStringLiteral("runs")]
+                                      .toArray()
+                                      .first()[QStringLiteral("results")]
+                                      .toArray())
+            rules << result.toObject()[QStringLiteral("ruleId")].toString();
+        return rules;
+    };
+    EXPECT_EQ(rulesOf(workspace.run("check --format sarif a.xml")),
+              words("wrong-type missing-type"));
+    EXPECT_EQ(rulesOf(workspace.run("check --format sarif --fix a.xml -o b.xml")),
+              words("missing-type"));
 }
 
 TEST(Check, SampleDocumentsAreCleanButForTheOlderForm)

@@ -117,6 +117,29 @@ TEST(Completion, OfBashOffersCommandsOptionsAndChoices)
     EXPECT_EQ(complete(QStringLiteral("check --severity w")), QStringLiteral("warning\n"));
 }
 
+TEST(Completion, OfFishOffersEveryChoice)
+{
+    const Workspace workspace;
+    const QString fish = workspace.run("--generate fish").out;
+    EXPECT_TRUE(fish.contains(QLatin1String(" -l color -x -a 'auto always never' ")));
+    EXPECT_TRUE(fish.contains(QLatin1String(" -l severity -x -a 'note warning error' ")));
+}
+
+TEST(Completion, OfFishIsTakenByFish)
+{
+    if (!hasProgram("fish"))
+        GTEST_SKIP() << "there is no fish";
+    Workspace workspace;
+    workspace.environment.insert(QStringLiteral("HOME"), workspace.path());
+    workspace.run("--generate fish");
+    EXPECT_EQ(
+        workspace
+            .shell(QStringLiteral("rvopen --generate fish > c; fish --no-config -c 'source c; "
+                                  "complete -C \"rvopen check --severity \"' | cut -f1 | sort"))
+            .out,
+        QStringLiteral("error\nnote\nwarning\n"));
+}
+
 class CompletionSyntax : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(CompletionSyntax, IsTakenByTheShell)

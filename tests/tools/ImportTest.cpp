@@ -180,6 +180,24 @@ TEST_F(Import, KeepsLengthsWhereTheUnitsDiffer)
     EXPECT_TRUE(import(words("--dry-run")).out.startsWith(QLatin1String("same")));
 }
 
+TEST_F(Import, KeepsWhatIsNoLengthAsItIs)
+{
+    workspace.write(QStringLiteral("from/source.xml"),
+                    "<snapRoot unitsScale=\"1000\"><snapshots name=\"Model SnapShots\"><snapshot "
+                    "name=\"New\"><camera><param name=\"Near\" prop=\"D\" type=\"float\" "
+                    "val=\"250\"/><param name=\"Twist\" type=\"float\" val=\"30\"/><param "
+                    "name=\"Count\" prop=\"D\" type=\"integer\" val=\"40\"/><param name=\"To\" "
+                    "prop=\"R\" type=\"float\" val=\"50\"/></camera></snapshot></snapshots>"
+                    "</snapRoot>");
+    EXPECT_EQ(import(words("--in-place")).code, 0);
+    const QByteArray xml = workspace.read(QStringLiteral("target.xml"));
+    for (const char* const param : {"name=\"Near\" prop=\"D\" type=\"float\" val=\"0.25\"",
+                                    "name=\"Twist\" type=\"float\" val=\"30\"",
+                                    "name=\"Count\" prop=\"D\" type=\"integer\" val=\"40\"",
+                                    "name=\"To\" prop=\"R\" type=\"float\" val=\"50\""})
+        EXPECT_TRUE(xml.contains(param)) << param << '\n' << xml.toStdString();
+}
+
 TEST_F(Import, TakesTheFirstOfTwoOfOneName)
 {
     workspace.write(QStringLiteral("from/source.xml"),
@@ -250,6 +268,60 @@ TEST(ImportPresets, RenamedOnesGetTheirOwnReferenceName)
         "<presets><colours><colour name=\"A\" refname=\"r\"/></colours></presets>",
         words("--rename --in-place"));
     EXPECT_EQ(workspace.run("get target.rvx 'colour[A (2)]@refname'").out, QStringLiteral("r_2\n"));
+}
+
+TEST(ImportPresets, RenamedOnesTakeNoNameThatIsThere)
+{
+    const QByteArray source =
+        "<presets><colours><colour name=\"A\" refname=\"r\" desc=\"new\"/></colours></presets>";
+    const struct {
+        const char* what;
+        const char* others;
+        const char* name;
+        const char* refName;
+    } cases[] = {
+        {"neither", "", "A (2)", "r_2"},
+        {"the reference name", "<colour name='B' refname='r_2'/>", "A (3)", "r_3"},
+        {"the name", "<colour name='A (2)' refname='s'/>", "A (3)", "r_3"},
+        {"one of each", "<colour name='A (2)' refname='s'/><colour name='B' refname='r_3'/>",
+         "A (4)", "r_4"},
+        {"in a folder", "<dir name='d'><colour name='B' refname='r_2'/></dir>", "A (3)", "r_3"},
+    };
+    for (const auto& one : cases) {
+        const Workspace workspace;
+        importPresets(workspace, source,
+                      QByteArray("<presets><colours><colour name=\"A\" refname=\"r\"/>") +
+                          one.others + "</colours></presets>",
+                      words("--rename --in-place"));
+        EXPECT_EQ(workspace.run("get target.rvx colour@name")
+                      .lines()
+                      .last()
+                      .trimmed()
+                      .section(QStringLiteral("  "), -1)
+                      .trimmed(),
+                  QLatin1String(one.name))
+            << one.what;
+        EXPECT_EQ(workspace.run("get target.rvx colour@refname")
+                      .lines()
+                      .last()
+                      .section(QStringLiteral("  "), -1)
+                      .trimmed(),
+                  QLatin1String(one.refName))
+            << one.what;
+    }
+}
+
+TEST(ImportPresets, RenamedOnesAreKeptApartFromEachOther)
+{
+    const Workspace workspace;
+    importPresets(workspace,
+                  "<presets><colours><colour name=\"A\" refname=\"r\" desc=\"new\"/></colours>"
+                  "<bumps><bump name=\"A\" refname=\"r\" desc=\"new\"/></bumps></presets>",
+                  "<presets><colours><colour name=\"A\" refname=\"r\"/></colours><bumps><bump "
+                  "name=\"A\" refname=\"r\"/></bumps></presets>",
+                  words("--rename --in-place"));
+    EXPECT_EQ(workspace.run("get target.rvx 'colour[r_2]@name'").out, QStringLiteral("A (2)\n"));
+    EXPECT_EQ(workspace.run("get target.rvx 'bump[r_3]@name'").out, QStringLiteral("A (3)\n"));
 }
 
 TEST(ImportPresets, ObeyThePlacementRule)

@@ -69,6 +69,33 @@ TEST(List, GivesPathsThatTreeAndGetTake)
               QStringLiteral("m.zinc\n"));
 }
 
+TEST(List, FindsArchivesWhoseExtensionsAreCapitals)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("mine/Sub/A.RVX"), smallArchive());
+    workspace.write(QStringLiteral("mine/B.Rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("list --custom mine").lines().size(), 8);
+    EXPECT_EQ(workspace.run("list mine").lines().size(), 8);
+}
+
+TEST(List, AlignsColumnsOfWideCharacters)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><colours><colour name=\"雪\"/><colour name=\"Größe\"/><colour "
+                    "name=\"a\u0301\"/></colours></presets>");
+    int columns = 0;
+    for (const QString& line : workspace.run("list a.rvx").lines()) {
+        const QString before = line.section(QStringLiteral("a.rvx: "), 0, 0);
+        int width = 0;
+        for (const QChar c : before)
+            width += c == QChar(0x96ea) ? 2 : c == QChar(0x301) ? 0 : 1;
+        EXPECT_EQ(width, columns == 0 ? width : columns) << line.toStdString();
+        columns = width;
+    }
+    EXPECT_GT(columns, 5);
+}
+
 TEST(List, AlignsItsColumns)
 {
     const Workspace workspace;

@@ -124,6 +124,22 @@ TEST(Render, WritesWhereTheHostLooks)
     EXPECT_GT(colour.red(), 2 * colour.blue());
 }
 
+TEST(Render, OfPresetsThatShareAPictureTheFirstIsDrawn)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("host/x"), "");
+    QByteArray shared = s_colours;
+    shared.replace("name=\"Red\" cat=\"House\" path=\"Warm\"", "name=\"Red\" imgname=\"one\"");
+    shared.replace("name=\"Blue\"", "name=\"Blue\" imgname=\"one\"");
+    workspace.write(QStringLiteral("a.rvx"), shared);
+    const Outcome run = workspace.run("render --json --all --size 32 --install host a.rvx");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toArray().size(), 1);
+    EXPECT_EQ(run.json().value(QStringLiteral("kept")).toInt(), 1);
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("host/sethumbs/one.jpg"))));
+    EXPECT_GT(colour.red(), 2 * colour.blue());
+}
+
 TEST(Render, WritesAUsersPicturesBelowTheCustomFolder)
 {
     const Workspace workspace;

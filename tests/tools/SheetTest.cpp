@@ -113,6 +113,24 @@ TEST(Sheet, OverwritesNothingUnlessForced)
     EXPECT_NE(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
 }
 
+TEST(Sheet, IsNotWrittenOverItsInput)
+{
+    const Workspace workspace;
+    const QByteArray archive = largeArchive(1);
+    workspace.write(QStringLiteral("a.png"), archive);
+    workspace.write(QStringLiteral("b.rvx"), archive);
+    workspace.shell(QStringLiteral("ln -s b.rvx link.png; mkdir d"));
+    for (const char* const line :
+         {"sheet --force a.png -o a.png", "sheet --force a.png -o d/../a.png",
+          "sheet --force b.rvx a.png -o a.png", "sheet --force b.rvx -o link.png"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr(".png")) << line;
+        EXPECT_EQ(workspace.read(QStringLiteral("a.png")), archive) << line;
+        EXPECT_EQ(workspace.read(QStringLiteral("b.rvx")), archive) << line;
+    }
+}
+
 TEST(Sheet, RefusesFormatsThatItDoesNotWrite)
 {
     const Workspace workspace;

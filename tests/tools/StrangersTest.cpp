@@ -361,6 +361,25 @@ TEST(Strangers, ThousandsOfEqualCandidatesAreReadOnceEach)
     }
 }
 
+TEST(Strangers, StandardInputCannotBeWrittenOver)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("source.xml"), namedSnapShots({QStringLiteral("A")}));
+    workspace.write(QStringLiteral("lib/x.png"), "x");
+    const QStringList before = workspace.files();
+    for (const char* const line :
+         {"set - @name=x --in-place", "format - --in-place", "import source.xml - --in-place",
+          "check --fix --in-place -", "textures --relink lib - --in-place",
+          "render --all --embed -"}) {
+        const Outcome run = workspace.run(
+            line, "<snapRoot  name='y'><snapshots name='SnapShots'><snapshot name='B'/></snapshots>"
+                  "</snapRoot>");
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("standard input")) << line;
+        EXPECT_EQ(workspace.files(), before) << line;
+    }
+}
+
 TEST(Strangers, NoEmptyFolderIsLeft)
 {
     const Workspace workspace;

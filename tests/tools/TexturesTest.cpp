@@ -115,6 +115,28 @@ TEST(Textures, RelinkDoesNotGuess)
               QStringList(QStringLiteral("D:\\a.png")));
 }
 
+TEST(Textures, RelinkTakesTheFirstOfEqualCopies)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("lib/elm/a.png"), "same");
+    workspace.write(QStringLiteral("lib/oak/a.png"), "same");
+    workspace.write(QStringLiteral("lib/oak/b/a.png"), "same");
+    workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\a.png")}));
+    const Outcome run = textures(workspace, words("--relink lib a.xml --in-place"));
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(references(workspace, QStringLiteral("a.xml"))
+                    .first()
+                    .endsWith(QLatin1String("lib/elm/a.png")));
+    // One that differs among them makes it a guess again.
+    workspace.write(QStringLiteral("lib/oak/b/a.png"), "other");
+    workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\a.png")}));
+    const Outcome guess = textures(workspace, words("--relink lib a.xml --in-place"));
+    EXPECT_EQ(guess.code, 1);
+    EXPECT_THAT(guess.err.toStdString(), ::testing::HasSubstr("lib/elm/a.png"));
+    EXPECT_THAT(guess.err.toStdString(), ::testing::HasSubstr("lib/oak/b/a.png"));
+    EXPECT_THAT(guess.err.toStdString(), ::testing::Not(::testing::HasSubstr("lib/oak/a.png")));
+}
+
 TEST(Textures, CollectCopiesTheDocumentAndAllOfIt)
 {
     const Workspace workspace;

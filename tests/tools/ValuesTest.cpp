@@ -244,6 +244,25 @@ TEST_F(Values, SetForceTakesReadOnlyParametersAndOtherRanges)
               0);
 }
 
+TEST_F(Values, SetForceTakesNoOtherType)
+{
+    for (const char* const assignment :
+         {"Field Of View=wide", "Field Of View=", "From=1 2", "Orthographic=2", "Far=near"}) {
+        const Outcome run = set({QStringLiteral("--force"), s_eye + QLatin1String(assignment)});
+        EXPECT_EQ(run.code, 2) << assignment;
+        EXPECT_TRUE(isUntouched()) << assignment;
+    }
+}
+
+TEST_F(Values, SetForceChangesNoRange)
+{
+    EXPECT_EQ(set({QStringLiteral("--force"), s_eye + QStringLiteral("Field Of View=150")}).code,
+              0);
+    QByteArray expected = smallDocument();
+    expected.replace("val=\"45\"", "val=\"150\"");
+    EXPECT_EQ(workspace.read(QStringLiteral("a.xml")).toStdString(), expected.toStdString());
+}
+
 TEST_F(Values, SetWritesNowhereUnlessTold)
 {
     const Outcome run = workspace.run({QStringLiteral("set"), QStringLiteral("a.xml"),
