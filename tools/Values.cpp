@@ -239,11 +239,10 @@ bool toBoolean(const QString& text, bool& value)
 
 bool isXmlText(const QString& text)
 {
-    const auto codes = text.toUcs4();
-    return std::all_of(codes.cbegin(), codes.cend(), [](uint c) {
-        return c >= 0x20 ? (c < 0xd800 || c > 0xdfff) && c != 0xfffe && c != 0xffff
-                         : c == 9 || c == 10 || c == 13;
-    });
+    return text.isValidUtf16() && std::all_of(text.cbegin(), text.cend(), [](QChar character) {
+               const auto c = character.unicode();
+               return c >= 0x20 ? c != 0xfffe && c != 0xffff : c == 9 || c == 10 || c == 13;
+           });
 }
 
 } // namespace rvopen::tools

@@ -19,8 +19,7 @@ struct Found {
 
 Found check(const Workspace& workspace, const QStringList& arguments)
 {
-    const Outcome run =
-        workspace.run(QStringList{QStringLiteral("check"), QStringLiteral("--json")} + arguments);
+    const Outcome run = workspace.run(words("check --json") + arguments);
     Found found;
     found.code = run.code;
     found.findings = run.json()[QStringLiteral("findings")].toArray();
@@ -33,7 +32,7 @@ Found check(const QByteArray& xml, const QStringList& options = {})
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), xml);
-    return check(workspace, QStringList(QStringLiteral("a.xml")) + options);
+    return check(workspace, words("a.xml") + options);
 }
 
 /// A snapshot document around what stands in a snapshot that is otherwise complete.
@@ -117,6 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"bad-value", inCamera("<param name=\"From\" type=\"point\" val=\"1 2\"/>")},
         RuleCase{"out-of-range", inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" "
                                           "type=\"float\" val=\"2.1\"/>")},
+        RuleCase{"out-of-range", inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" "
+                                          "type=\"float\" val=\"0.9\"/>")},
+        RuleCase{"out-of-range",
+                 inCamera("<param name=\"Near\" rangeMin=\"1\" type=\"float\" val=\"0\"/>")},
+        RuleCase{"out-of-range",
+                 inCamera("<param name=\"Near\" rangeMax=\"2\" type=\"float\" val=\"3\"/>")},
         RuleCase{"duplicate-parameter",
                  inCamera("<param name=\"Near\" type=\"float\" val=\"1\"/>"
                           "<param name=\"Near\" type=\"float\" val=\"2\"/>")},
@@ -155,6 +160,9 @@ INSTANTIATE_TEST_SUITE_P(
         inArchive("<colours><colour name=\"a\" refname=\"r\"/></colours><bumps><bump name=\"a\" "
                   "refname=\"r\"/></bumps>"),
         inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" type=\"float\" val=\"2\"/>"),
+        inCamera("<param name=\"Near\" rangeMax=\"2\" rangeMin=\"1\" type=\"float\" val=\"1\"/>"),
+        inCamera("<param name=\"Near\" rangeMin=\"1\" type=\"float\" val=\"9\"/>"),
+        inCamera("<param name=\"Near\" rangeMax=\"2\" type=\"float\" val=\"0.1\"/>"),
         inSnapShot("<camera/><foreground subcat=\"None\"/>")));
 
 TEST(Check, RangesAreInSceneUnits)
@@ -171,7 +179,7 @@ TEST(Check, TellsTheStartTagOfTheElement)
     const QJsonObject finding =
         check("<?xml version=\"1.0\"?>\n<!-- <a> -->\n<snapRoot>\n  <snapshot name=\"ü\"/>\n  "
               "ü <wrong\n     a=\">\"/>\n</snapRoot>",
-              {QStringLiteral("--only"), QStringLiteral("unknown-element")})
+              words("--only unknown-element"))
             .findings.first()
             .toObject();
     EXPECT_EQ(finding[QStringLiteral("line")], 5);
@@ -182,8 +190,7 @@ TEST(Check, TellsTheStartTagOfTheElement)
 TEST(Check, TellsThePlaceWhateverTheLineEndsAndTheEncoding)
 {
     const QString text = QStringLiteral("<snapRoot>\r\n<a/>\r\r\n  <wrong/></snapRoot>");
-    const QStringList arguments{QStringLiteral("a.xml"), QStringLiteral("--only"),
-                                QStringLiteral("unknown-element")};
+    const QStringList arguments = words("a.xml --only unknown-element");
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), text.toUtf8());
     QJsonObject finding = check(workspace, arguments).findings.last().toObject();
@@ -204,9 +211,8 @@ TEST(Check, APathLeadsToTheFinding)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), inCamera("<param name=\"Near\" val=\"1\"/>"));
-    const QString path = check(workspace, {QStringLiteral("a.xml")})
-                             .findings.first()[QStringLiteral("path")]
-                             .toString();
+    const QString path =
+        check(workspace, words("a.xml")).findings.first()[QStringLiteral("path")].toString();
     EXPECT_EQ(workspace
                   .run({QStringLiteral("get"), QStringLiteral("a.xml"),
                         QLatin1Char('/') + path + QStringLiteral("@val")})
@@ -216,33 +222,24 @@ TEST(Check, APathLeadsToTheFinding)
 
 TEST(Check, TakesTheNewestKnownVersion)
 {
-    EXPECT_EQ(check("<snapRoot zorvane_version=\"9.1\"/>",
-                    {QStringLiteral("--known-version"), QStringLiteral("9.1")})
-                  .code,
-              0);
+    EXPECT_EQ(check("<snapRoot zorvane_version=\"9.1\"/>", words("--known-version 9.1")).code, 0);
 }
 
 TEST(Check, FiltersByRuleAndSeverity)
 {
     const QByteArray xml = "<snapRoot colour=\"red\" unitsScale=\"0\"><Camera/></snapRoot>";
     EXPECT_EQ(check(xml).rules.size(), 3);
-    EXPECT_EQ(check(xml, {QStringLiteral("--severity"), QStringLiteral("error")}).rules,
+    EXPECT_EQ(check(xml, words("--severity error")).rules,
               QStringList(QStringLiteral("units-scale")));
-    EXPECT_EQ(check(xml, {QStringLiteral("--only"), QStringLiteral("unknown-attribute")}).rules,
+    EXPECT_EQ(check(xml, words("--only unknown-attribute")).rules,
               QStringList(QStringLiteral("unknown-attribute")));
-    EXPECT_EQ(
-        check(xml, {QStringLiteral("--ignore"), QStringLiteral("unknown-attribute")}).rules.size(),
-        2);
+    EXPECT_EQ(check(xml, words("--ignore unknown-attribute")).rules.size(), 2);
 }
 
 TEST(Check, AnUnknownRuleIsAnError)
 {
     const Workspace workspace;
-    EXPECT_EQ(workspace
-                  .run({QStringLiteral("check"), QStringLiteral("--only"), QStringLiteral("none"),
-                        QStringLiteral("a.xml")})
-                  .code,
-              2);
+    EXPECT_EQ(workspace.run("check --only none a.xml").code, 2);
 }
 
 TEST(Check, PresetsAreLookedForInTheFoldersOfTheHost)
@@ -252,9 +249,8 @@ TEST(Check, PresetsAreLookedForInTheFoldersOfTheHost)
     workspace.write(QStringLiteral("a.xml"),
                     inSnapShot("<camera refname=\"c.above\"/><scheme refname=\"c.above\" "
                                "subcat=\"Product\"/>"));
-    EXPECT_EQ(check(workspace, {QStringLiteral("a.xml")}).rules, QStringList());
-    const Found found = check(
-        workspace, {QStringLiteral("a.xml"), QStringLiteral("--custom"), QStringLiteral("custom")});
+    EXPECT_EQ(check(workspace, words("a.xml")).rules, QStringList());
+    const Found found = check(workspace, words("a.xml --custom custom"));
     EXPECT_EQ(found.rules, QStringList(QStringLiteral("missing-preset")));
 }
 
@@ -268,8 +264,7 @@ TEST(Check, ArchivesAreLookedForInTheFolderOfTheirType)
                   "archiveFilename=\"there\"/><dir name=\"b\" archiveType=\"Custom\" "
                   "archiveFilename=\"gone\"/><dir name=\"c\" archiveType=\"Custom\" path=\"..\" "
                   "archiveFilename=\"a\"/></materials>"));
-    const Found found = check(
-        workspace, {QStringLiteral("a.rvx"), QStringLiteral("--custom"), QStringLiteral("custom")});
+    const Found found = check(workspace, words("a.rvx --custom custom"));
     EXPECT_EQ(found.rules,
               QStringList({QStringLiteral("missing-archive"), QStringLiteral("missing-archive")}));
 }
@@ -282,7 +277,7 @@ TEST(Check, TexturesBesideTheDocumentAreThere)
                     "<snapRoot><snapshot><snapShotSettings><param name=\"Reflected Env Path\" "
                     "type=\"string\" val=\"maps\\sky.hdr\"/></snapShotSettings><camera/></snapshot>"
                     "</snapRoot>");
-    EXPECT_EQ(check(workspace, {QStringLiteral("x/a.xml")}).rules, QStringList());
+    EXPECT_EQ(check(workspace, words("x/a.xml")).rules, QStringList());
 }
 
 TEST(Check, ThumbnailsAreLookedForAndDecoded)
@@ -292,8 +287,7 @@ TEST(Check, ThumbnailsAreLookedForAndDecoded)
         "<presets type=\"Zorvane\"><colours><colour cat=\"C\" path=\"P\" imgname=\"a\"/></colours>"
         "</presets>";
     workspace.write(QStringLiteral("a.rvx"), archive);
-    const QStringList arguments{QStringLiteral("a.rvx"), QStringLiteral("--install"),
-                                QStringLiteral(".")};
+    const QStringList arguments = words("a.rvx --install .");
     EXPECT_EQ(check(workspace, arguments).rules, QStringList(QStringLiteral("missing-thumbnail")));
     workspace.write(QStringLiteral("sethumbs/C/P/a.jpg"), "no picture");
     EXPECT_EQ(check(workspace, arguments).rules, QStringList(QStringLiteral("unreadable-preview")));
@@ -306,9 +300,7 @@ TEST(Check, ThumbnailsOfSnapShotsAreLookedFor)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), inSnapShot("<camera/>"));
     QDir(workspace.path()).mkdir(QStringLiteral("pictures"));
-    EXPECT_EQ(check(workspace, {QStringLiteral("a.xml"), QStringLiteral("--snapshots"),
-                                QStringLiteral("pictures")})
-                  .rules,
+    EXPECT_EQ(check(workspace, words("a.xml --snapshots pictures")).rules,
               QStringList(QStringLiteral("missing-thumbnail")));
 }
 
@@ -317,7 +309,7 @@ TEST(Check, CommentsAndInstructionsHideNoParameter)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"),
                     inCamera("<!-- x --><?x y?>\n<param name=\"Near\" type=\"float\" val=\"1\"/>"));
-    EXPECT_EQ(check(workspace, {QStringLiteral("a.xml")}).rules, QStringList());
+    EXPECT_EQ(check(workspace, words("a.xml")).rules, QStringList());
 }
 
 TEST(Check, FixMendsWhatIsSafeAndNothingElse)
@@ -326,13 +318,11 @@ TEST(Check, FixMendsWhatIsSafeAndNothingElse)
     workspace.write(QStringLiteral("a.xml"),
                     inCamera("ink<param name=\"Near\" type=\"integer\" val=\"1\"/>"
                              "<param name=\"Far\" val=\"far\"/>"));
-    const Outcome run = workspace.run({QStringLiteral("check"), QStringLiteral("--fix"),
-                                       QStringLiteral("--in-place"), QStringLiteral("a.xml")});
+    const Outcome run = workspace.run("check --fix --in-place a.xml");
     EXPECT_EQ(run.code, 1);
     EXPECT_THAT(run.out.toStdString(), ::testing::HasSubstr("1 error, 0 warnings, 0 notes in 1 "
                                                             "file; 3 fixed"));
-    EXPECT_EQ(check(workspace, {QStringLiteral("a.xml")}).rules,
-              QStringList(QStringLiteral("missing-type")));
+    EXPECT_EQ(check(workspace, words("a.xml")).rules, QStringList(QStringLiteral("missing-type")));
     EXPECT_TRUE(workspace.read(QStringLiteral("a.xml")).contains("ink"));
 }
 
@@ -343,11 +333,7 @@ TEST(Check, FixKeepsTheOrderOfParameters)
                     inCamera("<param name=\"From\" type=\"point\" val=\"1 1 1\"/>ink"
                              "<param name=\"Near\" type=\"float\" val=\"1\"/>"
                              "<param name=\"Far\" type=\"float\" val=\"2\"/>"));
-    EXPECT_EQ(workspace
-                  .run({QStringLiteral("check"), QStringLiteral("--fix"), QStringLiteral("a.xml"),
-                        QStringLiteral("-o"), QStringLiteral("b.xml")})
-                  .code,
-              0);
+    EXPECT_EQ(workspace.run("check --fix a.xml -o b.xml").code, 0);
     const QByteArray xml = workspace.read(QStringLiteral("b.xml"));
     EXPECT_LT(xml.indexOf("From"), xml.indexOf("Near"));
     EXPECT_LT(xml.indexOf("Near"), xml.indexOf("Far"));
@@ -359,10 +345,7 @@ TEST(Check, FixNeedsToBeToldWhereToWrite)
     const Workspace workspace;
     const QByteArray xml = "<snapRoot><snapshots name=\"SnapShots\"/></snapRoot>";
     workspace.write(QStringLiteral("a.xml"), xml);
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("check"), QStringLiteral("--fix"), QStringLiteral("a.xml")})
-            .code,
-        2);
+    EXPECT_EQ(workspace.run("check --fix a.xml").code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), xml);
 }
 
@@ -371,12 +354,8 @@ TEST(Check, IsOfItsSchema)
     Workspace workspace;
     workspace.copySamples();
     workspace.write(QStringLiteral("bad.xml"), "<a><b></a>");
-    EXPECT_TRUE(isOfSchema(
-        workspace.run({QStringLiteral("check"), QStringLiteral("--json"), QStringLiteral(".")}),
-        QStringLiteral("check")));
-    EXPECT_TRUE(isOfSchema(workspace.run({QStringLiteral("check"), QStringLiteral("--json"),
-                                          QStringLiteral("--rules")}),
-                           QStringLiteral("check")));
+    EXPECT_TRUE(isOfSchema(workspace.run("check --json ."), QStringLiteral("check")));
+    EXPECT_TRUE(isOfSchema(workspace.run("check --json --rules"), QStringLiteral("check")));
 }
 
 TEST(Check, SarifIsOfItsSchema)
@@ -384,20 +363,36 @@ TEST(Check, SarifIsOfItsSchema)
     Workspace workspace;
     workspace.copySamples();
     workspace.write(QStringLiteral("bad.xml"), "<a><b></a>");
-    EXPECT_TRUE(isOfSchema(workspace.run({QStringLiteral("check"), QStringLiteral("--format"),
-                                          QStringLiteral("sarif"), QStringLiteral(".")}),
-                           QStringLiteral("sarif")));
+    EXPECT_TRUE(isOfSchema(workspace.run("check --format sarif ."), QStringLiteral("sarif")));
+}
+
+TEST(Check, SarifListsWhatIsLeftToDoOnly)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"),
+                    inCamera("<param name=\"Near\" type=\"integer\" val=\"1\"/>"
+                             "<param name=\"Far\" val=\"far\"/>"));
+    const auto rulesOf = [](const Outcome& run) {
+        QStringList rules;
+        for (const auto& result : run.json()[QStringLiteral("runs")]
+                                      .toArray()
+                                      .first()[QStringLiteral("results")]
+                                      .toArray())
+            rules << result.toObject()[QStringLiteral("ruleId")].toString();
+        return rules;
+    };
+    EXPECT_EQ(rulesOf(workspace.run("check --format sarif a.xml")),
+              words("wrong-type missing-type"));
+    EXPECT_EQ(rulesOf(workspace.run("check --format sarif --fix a.xml -o b.xml")),
+              words("missing-type"));
 }
 
 TEST(Check, SampleDocumentsAreCleanButForTheOlderForm)
 {
     Workspace workspace;
     workspace.copySamples(Workspace::Pictures::Copied);
-    const Found checked = check(
-        workspace, {QStringLiteral("."), QStringLiteral("--install"), QStringLiteral("install"),
-                    QStringLiteral("--archives"), QStringLiteral("archives/Zorvane"),
-                    QStringLiteral("--custom"), QStringLiteral("archives/Custom"),
-                    QStringLiteral("--snapshots"), QStringLiteral("snapshots")});
+    const Found checked = check(workspace, words(". --install install --archives archives/Zorvane "
+                                                 "--custom archives/Custom --snapshots snapshots"));
     QSet<QString> rules;
     for (const QString& rule : checked.rules)
         rules.insert(rule);
@@ -411,15 +406,12 @@ TEST(Check, TenThousandPresetsWithFindingsAreNoTrouble)
     QByteArray xml = largeArchive(10000);
     xml.replace("type=\"float\"", "type=\"integer\"");
     workspace.write(QStringLiteral("a.rvx"), xml);
-    EXPECT_EQ(check(workspace, {QStringLiteral("a.rvx"), QStringLiteral("--only"),
-                                QStringLiteral("wrong-type")})
-                  .rules.size(),
-              10000);
+    EXPECT_EQ(check(workspace, words("a.rvx --only wrong-type")).rules.size(), 10000);
 }
 
 TEST(Check, ReadsStandardInput)
 {
-    const Outcome run = Workspace().run({QStringLiteral("check"), QStringLiteral("-")}, "<html/>");
+    const Outcome run = Workspace().run("check -", "<html/>");
     EXPECT_EQ(run.code, 1);
     EXPECT_THAT(run.out.toStdString(), ::testing::StartsWith("<stdin>:1:1: error: "));
 }

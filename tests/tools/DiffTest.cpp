@@ -13,8 +13,7 @@ Outcome diff(const QByteArray& before, const QByteArray& after, const QStringLis
     const Workspace workspace;
     workspace.write(QStringLiteral("a"), before);
     workspace.write(QStringLiteral("b"), after);
-    return workspace.run(
-        QStringList{QStringLiteral("diff"), QStringLiteral("a"), QStringLiteral("b")} + options);
+    return workspace.run(words("diff a b") + options);
 }
 
 QByteArray replaced(QByteArray text, const char* from, const char* to)
@@ -129,30 +128,21 @@ TEST(Diff, ToleranceTakesNumbersForEqual)
 {
     const QByteArray after = replaced(smallDocument(), "val=\"1 2 3\"", "val=\"1.001 2 2.999\"");
     EXPECT_EQ(diff(smallDocument(), after).code, 1);
-    EXPECT_EQ(
-        diff(smallDocument(), after, {QStringLiteral("--tolerance"), QStringLiteral("0.001")}).code,
-        0);
-    EXPECT_EQ(
-        diff(smallDocument(), after, {QStringLiteral("--tolerance"), QStringLiteral("0.0009")})
-            .code,
-        1);
+    EXPECT_EQ(diff(smallDocument(), after, words("--tolerance 0.001")).code, 0);
+    EXPECT_EQ(diff(smallDocument(), after, words("--tolerance 0.0009")).code, 1);
 }
 
 TEST(Diff, IsOfItsSchema)
 {
     Workspace workspace;
     workspace.copySamples();
-    EXPECT_TRUE(isOfSchema(workspace.run({QStringLiteral("diff"), QStringLiteral("--json"),
-                                          QStringLiteral("snapshots/house.xml"),
-                                          QStringLiteral("snapshots/import_me.xml")}),
+    EXPECT_TRUE(isOfSchema(workspace.run("diff --json snapshots/house.xml snapshots/import_me.xml"),
                            QStringLiteral("diff")));
 }
 
 TEST(Diff, AMissingFileAnswersTwo)
 {
-    EXPECT_EQ(
-        Workspace().run({QStringLiteral("diff"), QStringLiteral("a"), QStringLiteral("b")}).code,
-        2);
+    EXPECT_EQ(Workspace().run("diff a b").code, 2);
 }
 
 } // namespace rvopen::test

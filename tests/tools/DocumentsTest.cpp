@@ -75,8 +75,7 @@ TEST(Git, IsSetUpAsDocumented)
 TEST(ManualPage, HasEveryCommandAndOption)
 {
     const Workspace workspace;
-    const QString page = workspace.run({QStringLiteral("--generate"), QStringLiteral("man")})
-                             .out.remove(QLatin1Char('\\'));
+    const QString page = workspace.run("--generate man").out.remove(QLatin1Char('\\'));
     for (const QString& command : QStringLiteral(RVOPEN_COMMANDS).split(QLatin1Char(' '))) {
         EXPECT_TRUE(page.contains(QStringLiteral(".SS \"rvopen %1 ").arg(command)));
         const QString help = workspace.run({command, QStringLiteral("--help")}).out;
@@ -116,6 +115,29 @@ TEST(Completion, OfBashOffersCommandsOptionsAndChoices)
     EXPECT_EQ(complete(QStringLiteral("tree --pa")), QStringLiteral("--params --paths\n"));
     EXPECT_EQ(complete(QStringLiteral("tree --qu")), QStringLiteral("--quiet\n"));
     EXPECT_EQ(complete(QStringLiteral("check --severity w")), QStringLiteral("warning\n"));
+}
+
+TEST(Completion, OfFishOffersEveryChoice)
+{
+    const Workspace workspace;
+    const QString fish = workspace.run("--generate fish").out;
+    EXPECT_TRUE(fish.contains(QLatin1String(" -l color -x -a 'auto always never' ")));
+    EXPECT_TRUE(fish.contains(QLatin1String(" -l severity -x -a 'note warning error' ")));
+}
+
+TEST(Completion, OfFishIsTakenByFish)
+{
+    if (!hasProgram("fish"))
+        GTEST_SKIP() << "there is no fish";
+    Workspace workspace;
+    workspace.environment.insert(QStringLiteral("HOME"), workspace.path());
+    workspace.run("--generate fish");
+    EXPECT_EQ(
+        workspace
+            .shell(QStringLiteral("rvopen --generate fish > c; fish --no-config -c 'source c; "
+                                  "complete -C \"rvopen check --severity \"' | cut -f1 | sort"))
+            .out,
+        QStringLiteral("error\nnote\nwarning\n"));
 }
 
 class CompletionSyntax : public ::testing::TestWithParam<const char*> {};

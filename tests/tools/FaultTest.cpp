@@ -3,8 +3,6 @@
 
 #include "Program.h"
 
-#include <QFile>
-
 namespace rvopen::test {
 
 namespace {
@@ -23,42 +21,33 @@ void PrintTo(const Fault& fault, std::ostream* out)
 
 class Faults : public ::testing::TestWithParam<Fault> {
 protected:
-    void SetUp() override
-    {
-#if defined(__SANITIZE_ADDRESS__)
-        GTEST_SKIP() << "the calls of the sanitizer itself would fail";
-#endif
-        const Outcome tried = Workspace().shell(QStringLiteral("strace -o /dev/null true"));
-        if (tried.code != 0)
-            GTEST_SKIP() << "processes cannot be traced";
-    }
-
-    /// Runs the line with the fault at the first, second, ... call, until it comes no more.
-    /// \p isGood looks at what is left each time.
+    /// Runs the line with the fault at the first, second, ... call, until it comes no more. \p
+    /// isGood looks at what is left each time.
     template <typename Prepare, typename IsGood>
     static void forEachFault(const QString& line, Prepare prepare, IsGood isGood)
     {
-        for (int number = 1; number < 40; ++number) {
+        const int most = 40;
+        for (int number = 1; number < most; ++number) {
             SCOPED_TRACE(number);
             const Workspace workspace;
             prepare(workspace);
-            const Outcome run = workspace.shell(
-                QStringLiteral(
-                    "strace -f -qq -o ../trace.%1 -e trace=%2 -e inject=%2:%3:when=%4 %5")
-                    .arg(QString::number(quintptr(&workspace), 16), QLatin1String(GetParam().calls),
-                         QLatin1String(GetParam().what))
-                    .arg(number)
-                    .arg(line));
-            const QString trace =
-                QStringLiteral("../trace.") + QString::number(quintptr(&workspace), 16);
-            const bool isInjected = workspace.read(trace).contains("INJECTED") ||
-                                    workspace.read(trace).contains("--- SIG") ||
-                                    workspace.read(trace).contains("+++ killed");
-            QFile::remove(workspace.path(trace));
+            QString trace;
+            const Outcome run = workspace.traced(
+                QStringLiteral("-e trace=%1 -e inject=%1:%2:when=%3")
+                    .arg(QLatin1String(GetParam().calls), QLatin1String(GetParam().what))
+                    .arg(number),
+                line, trace);
+            const bool isInjected = trace.contains(QLatin1String("INJECTED")) ||
+                                    trace.contains(QLatin1String("--- SIG")) ||
+                                    trace.contains(QLatin1String("+++ killed"));
+            ASSERT_TRUE(isInjected || number > 1)
+                << "there was no such call, or processes cannot be traced\n"
+                << run.err.toStdString() << trace.toStdString();
             isGood(workspace, run);
             if (!isInjected || ::testing::Test::HasFailure())
                 return;
         }
+        ADD_FAILURE() << "the fault came " << most - 1 << " times";
     }
 
     static bool kills()
@@ -66,6 +55,9 @@ protected:
         return QLatin1String(GetParam().what) == QLatin1String("signal=SIGKILL");
     }
 };
+
+/// Faults of what makes folders too.
+class FolderFaults : public Faults {};
 
 QByteArray oldDocument()
 {
@@ -122,7 +114,7 @@ TEST_P(Faults, ImportLeavesItsInputsWhole)
         });
 }
 
-TEST_P(Faults, CollectLeavesItsInputsWhole)
+TEST_P(FolderFaults, CollectLeavesItsInputsWhole)
 {
     const QByteArray xml =
         "<snapRoot><snapshot><background subcat=\"Image\"><param name=\"File Name\" "
@@ -147,13 +139,17 @@ TEST_P(Faults, CollectLeavesItsInputsWhole)
         });
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Calls, Faults,
+const auto s_faults =
     ::testing::Values(Fault{"write", "error=ENOSPC"}, Fault{"fsync,fdatasync", "error=EIO"},
                       Fault{"rename,renameat,renameat2,link,linkat", "error=EACCES"},
-                      Fault{"mkdir", "error=EACCES"}, Fault{"write", "signal=SIGKILL"},
+                      Fault{"write", "signal=SIGKILL"},
                       Fault{"rename,renameat,renameat2,link,linkat", "signal=SIGKILL"},
                       Fault{"rename,renameat,renameat2,link,linkat", "signal=SIGINT"},
-                      Fault{"fsync,fdatasync", "signal=SIGINT"}));
+                      Fault{"fsync,fdatasync", "signal=SIGINT"});
+
+INSTANTIATE_TEST_SUITE_P(Calls, Faults, s_faults);
+INSTANTIATE_TEST_SUITE_P(Calls, FolderFaults, s_faults);
+INSTANTIATE_TEST_SUITE_P(MakingFolders, FolderFaults,
+                         ::testing::Values(Fault{"mkdir", "error=EACCES"}));
 
 } // namespace rvopen::test

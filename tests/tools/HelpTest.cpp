@@ -13,7 +13,7 @@ namespace {
 QStringList commands()
 {
     const Workspace workspace;
-    const QString help = workspace.run({QStringLiteral("--help")}).out;
+    const QString help = workspace.run("--help").out;
     const QString list =
         help.section(QStringLiteral("Commands:\n"), 1).section(QStringLiteral("\n\n"), 0, 0);
     QStringList names;
@@ -74,13 +74,13 @@ TEST(Help, FitsInto80ColumnsBesidesExamples)
 TEST(Help, WithoutArgumentsItIsPrinted)
 {
     const Workspace workspace;
-    EXPECT_EQ(workspace.run({}).out, workspace.run({QStringLiteral("--help")}).out);
+    EXPECT_EQ(workspace.run("").out, workspace.run("--help").out);
 }
 
 TEST(CommandLine, UnknownOptionsAnswerTwo)
 {
     const Workspace workspace;
-    const Outcome run = workspace.run({QStringLiteral("info"), QStringLiteral("--wrong")});
+    const Outcome run = workspace.run("info --wrong");
     EXPECT_EQ(run.code, 2);
     EXPECT_EQ(run.out, QString());
     EXPECT_NE(run.err, QString());
@@ -89,10 +89,7 @@ TEST(CommandLine, UnknownOptionsAnswerTwo)
 TEST(CommandLine, AFolderOfTheHostMustExist)
 {
     const Workspace workspace;
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("--install"), QStringLiteral("none"), QStringLiteral("list")})
-            .code,
-        2);
+    EXPECT_EQ(workspace.run("--install none list").code, 2);
 }
 
 TEST(CommandLine, FoldersComeFromTheEnvironment)
@@ -100,14 +97,14 @@ TEST(CommandLine, FoldersComeFromTheEnvironment)
     Workspace workspace;
     workspace.write(QStringLiteral("mine/a.rvx"), smallArchive());
     workspace.environment.insert(QStringLiteral("RVOPEN_CUSTOM"), QStringLiteral("mine"));
-    EXPECT_EQ(workspace.run({QStringLiteral("list")}).lines().size(), 4);
+    EXPECT_EQ(workspace.run("list").lines().size(), 4);
 }
 
 TEST(Output, IsColouredOnDemandOnly)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), smallDocument());
-    const QStringList arguments{QStringLiteral("tree"), QStringLiteral("a.xml")};
+    const QStringList arguments = words("tree a.xml");
     EXPECT_FALSE(workspace.run(arguments).out.contains(QChar(27)));
     EXPECT_TRUE(
         workspace.run(arguments + QStringList{QStringLiteral("--color"), QStringLiteral("always")})
@@ -118,7 +115,7 @@ TEST(Output, ControlCharactersOfADocumentDoNotReachTheTerminal)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), "<snapRoot name=\"a&#x9b;31m&#x85;b&#x202e;c\"/>");
-    const QString out = workspace.run({QStringLiteral("info"), QStringLiteral("a.xml")}).out;
+    const QString out = workspace.run("info a.xml").out;
     EXPECT_THAT(out.toStdString(), ::testing::HasSubstr("a\\u009b31m\\u0085b\\u202ec"));
 }
 

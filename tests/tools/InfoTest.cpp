@@ -11,8 +11,7 @@ QJsonObject infoOf(const QByteArray& xml)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), xml);
-    const Outcome run =
-        workspace.run({QStringLiteral("info"), QStringLiteral("--json"), QStringLiteral("a.xml")});
+    const Outcome run = workspace.run("info --json a.xml");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     return run.json()[QStringLiteral("files")].toArray().first().toObject();
 }
@@ -24,9 +23,7 @@ TEST(Info, IsOfItsSchema)
     Workspace workspace;
     workspace.copySamples();
     workspace.write(QStringLiteral("bad.xml"), "<a><b></a>");
-    EXPECT_TRUE(isOfSchema(
-        workspace.run({QStringLiteral("info"), QStringLiteral("--json"), QStringLiteral(".")}),
-        QStringLiteral("info")));
+    EXPECT_TRUE(isOfSchema(workspace.run("info --json ."), QStringLiteral("info")));
 }
 
 TEST(Info, TellsASnapShotDocument)
@@ -73,15 +70,14 @@ TEST(Info, SampleDocumentsHaveNothingUnknown)
 {
     Workspace workspace;
     workspace.copySamples();
-    const QString out = workspace.run({QStringLiteral("info"), QStringLiteral(".")}).out;
+    const QString out = workspace.run("info .").out;
     EXPECT_FALSE(out.contains(QLatin1String("unknown")));
 }
 
 TEST(Info, ReadsStandardInput)
 {
     const Workspace workspace;
-    const Outcome run =
-        workspace.run({QStringLiteral("info"), QStringLiteral("-")}, smallDocument());
+    const Outcome run = workspace.run("info -", smallDocument());
     EXPECT_EQ(run.code, 0);
     EXPECT_THAT(run.out.toStdString(), ::testing::HasSubstr("snapshot document"));
 }
@@ -92,8 +88,7 @@ TEST(Info, GoesIntoFolders)
     workspace.write(QStringLiteral("x/y/a.rvx"), smallArchive());
     workspace.write(QStringLiteral("x/b.xml"), smallDocument());
     workspace.write(QStringLiteral("x/c.txt"), "no document");
-    const Outcome run =
-        workspace.run({QStringLiteral("info"), QStringLiteral("--json"), QStringLiteral("x")});
+    const Outcome run = workspace.run("info --json x");
     EXPECT_EQ(run.json()[QStringLiteral("files")].toArray().size(), 2);
 }
 
@@ -101,7 +96,7 @@ TEST(Info, NamesFileLineAndColumnOfAnError)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("bad.xml"), "<a>\n  <b></c>\n</a>");
-    const Outcome run = workspace.run({QStringLiteral("info"), QStringLiteral("bad.xml")});
+    const Outcome run = workspace.run("info bad.xml");
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::MatchesRegex("bad.xml:2:[0-9]+: .+\n"));
 }
@@ -110,8 +105,7 @@ TEST(Info, AMissingFileDoesNotStopTheOthers)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("b.xml"), smallDocument());
-    const Outcome run =
-        workspace.run({QStringLiteral("info"), QStringLiteral("a.xml"), QStringLiteral("b.xml")});
+    const Outcome run = workspace.run("info a.xml b.xml");
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::StartsWith("a.xml: "));
     EXPECT_THAT(run.out.toStdString(), ::testing::StartsWith("b.xml\n"));
@@ -121,8 +115,7 @@ TEST(Info, TakesNamesWithBlanksBackslashesAndOtherLetters)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("Häuser & Gärten/a b.xml"), smallDocument());
-    const Outcome run =
-        workspace.run({QStringLiteral("info"), QStringLiteral("Häuser & Gärten\\a b.xml")});
+    const Outcome run = workspace.run("info 'Häuser & Gärten\\a b.xml'");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
 }
 
@@ -131,7 +124,7 @@ TEST(Info, TakesNamesWithOtherLettersInAnyLocale)
     Workspace workspace;
     workspace.environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
     workspace.write(QStringLiteral("雪.xml"), smallDocument());
-    const Outcome run = workspace.run({QStringLiteral("info"), QStringLiteral("雪.xml")});
+    const Outcome run = workspace.run("info 雪.xml");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_THAT(run.out.toStdString(), ::testing::StartsWith("雪.xml\n"));
 }

@@ -12,9 +12,7 @@ QStringList listed(const QStringList& options)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), smallArchive());
-    const Outcome run = workspace.run(
-        QStringList{QStringLiteral("list"), QStringLiteral("--json"), QStringLiteral("a.rvx")} +
-        options);
+    const Outcome run = workspace.run(words("list --json a.rvx") + options);
     QStringList names;
     for (const auto& preset : run.json()[QStringLiteral("presets")].toArray())
         names << preset.toObject()[QStringLiteral("refname")].toString();
@@ -32,42 +30,36 @@ TEST(List, SortsByKindAndName)
 
 TEST(List, SelectsByType)
 {
-    EXPECT_EQ(listed({QStringLiteral("--type"), QStringLiteral("camera")}),
-              QStringList(QStringLiteral("c.above")));
+    EXPECT_EQ(listed(words("--type camera")), QStringList(QStringLiteral("c.above")));
 }
 
 TEST(List, SelectsBySection)
 {
-    EXPECT_EQ(listed({QStringLiteral("--type"), QStringLiteral("cameras")}),
-              QStringList(QStringLiteral("c.above")));
+    EXPECT_EQ(listed(words("--type cameras")), QStringList(QStringLiteral("c.above")));
 }
 
 TEST(List, SelectsBySubCategory)
 {
-    EXPECT_EQ(listed({QStringLiteral("--subcat"), QStringLiteral("Transparent")}),
-              QStringList(QStringLiteral("m.window")));
+    EXPECT_EQ(listed(words("--subcat Transparent")), QStringList(QStringLiteral("m.window")));
 }
 
 TEST(List, SelectsByCategory)
 {
-    EXPECT_EQ(listed({QStringLiteral("--category"), QStringLiteral("Metals")}),
+    EXPECT_EQ(listed(words("--category Metals")),
               QStringList({QStringLiteral("m.brass"), QStringLiteral("m.zinc")}));
 }
 
 TEST(List, SelectsByAllWordsInNamesAndDescriptionsInAnyCase)
 {
-    EXPECT_EQ(listed({QStringLiteral("--text"), QStringLiteral("YELLOW brass")}),
-              QStringList(QStringLiteral("m.brass")));
-    EXPECT_EQ(listed({QStringLiteral("--text"), QStringLiteral("yellow zinc")}), QStringList());
+    EXPECT_EQ(listed(words("--text 'YELLOW brass'")), QStringList(QStringLiteral("m.brass")));
+    EXPECT_EQ(listed(words("--text 'yellow zinc'")), QStringList());
 }
 
 TEST(List, GivesPathsThatTreeAndGetTake)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), smallArchive());
-    const Outcome run =
-        workspace.run({QStringLiteral("list"), QStringLiteral("--json"), QStringLiteral("--text"),
-                       QStringLiteral("zinc"), QStringLiteral("a.rvx")});
+    const Outcome run = workspace.run("list --json --text zinc a.rvx");
     const QString path =
         run.json()[QStringLiteral("presets")].toArray().first()[QStringLiteral("path")].toString();
     EXPECT_EQ(workspace
@@ -77,12 +69,38 @@ TEST(List, GivesPathsThatTreeAndGetTake)
               QStringLiteral("m.zinc\n"));
 }
 
+TEST(List, FindsArchivesWhoseExtensionsAreCapitals)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("mine/Sub/A.RVX"), smallArchive());
+    workspace.write(QStringLiteral("mine/B.Rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("list --custom mine").lines().size(), 8);
+    EXPECT_EQ(workspace.run("list mine").lines().size(), 8);
+}
+
+TEST(List, AlignsColumnsOfWideCharacters)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><colours><colour name=\"雪\"/><colour name=\"Größe\"/><colour "
+                    "name=\"a\u0301\"/></colours></presets>");
+    int columns = 0;
+    for (const QString& line : workspace.run("list a.rvx").lines()) {
+        const QString before = line.section(QStringLiteral("a.rvx: "), 0, 0);
+        int width = 0;
+        for (const QChar c : before)
+            width += c == QChar(0x96ea) ? 2 : c == QChar(0x301) ? 0 : 1;
+        EXPECT_EQ(width, columns == 0 ? width : columns) << line.toStdString();
+        columns = width;
+    }
+    EXPECT_GT(columns, 5);
+}
+
 TEST(List, AlignsItsColumns)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), smallArchive());
-    const QStringList lines =
-        workspace.run({QStringLiteral("list"), QStringLiteral("a.rvx")}).lines();
+    const QStringList lines = workspace.run("list a.rvx").lines();
     for (const QString& line : lines)
         EXPECT_EQ(line.indexOf(QLatin1String("a.rvx: ")),
                   lines.first().indexOf(QLatin1String("a.rvx: ")));
@@ -92,22 +110,19 @@ TEST(List, IsOfItsSchema)
 {
     Workspace workspace;
     workspace.copySamples();
-    EXPECT_TRUE(isOfSchema(workspace.run({QStringLiteral("list"), QStringLiteral("--json"),
-                                          QStringLiteral("install")}),
-                           QStringLiteral("list")));
+    EXPECT_TRUE(isOfSchema(workspace.run("list --json install"), QStringLiteral("list")));
 }
 
 TEST(List, NeedsFilesOrFolders)
 {
-    EXPECT_EQ(Workspace().run({QStringLiteral("list")}).code, 2);
+    EXPECT_EQ(Workspace().run("list").code, 2);
 }
 
 TEST(List, TakesTenThousandPresets)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(10000));
-    EXPECT_EQ(workspace.run({QStringLiteral("list"), QStringLiteral("a.rvx")}).lines().size(),
-              10000);
+    EXPECT_EQ(workspace.run("list a.rvx").lines().size(), 10000);
 }
 
 } // namespace rvopen::test

@@ -8,28 +8,16 @@ namespace rvopen::test {
 TEST(New, DocumentsHaveNoFindingsAndAreCanonical)
 {
     const Workspace workspace;
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("new"), QStringLiteral("snapshots"), QStringLiteral("a.xml")})
-            .code,
-        0);
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("new"), QStringLiteral("archive"), QStringLiteral("b.rvx")})
-            .code,
-        0);
-    EXPECT_EQ(workspace.run({QStringLiteral("check"), QStringLiteral(".")}).code, 0);
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("format"), QStringLiteral("--check"), QStringLiteral(".")})
-            .code,
-        0);
+    EXPECT_EQ(workspace.run("new snapshots a.xml").code, 0);
+    EXPECT_EQ(workspace.run("new archive b.rvx").code, 0);
+    EXPECT_EQ(workspace.run("check .").code, 0);
+    EXPECT_EQ(workspace.run("format --check .").code, 0);
 }
 
 TEST(New, TakesVersionAndUnitsScale)
 {
     const Workspace workspace;
-    const Outcome run =
-        workspace.run({QStringLiteral("new"), QStringLiteral("snapshots"), QStringLiteral("-"),
-                       QStringLiteral("--document-version"), QStringLiteral("2.7"),
-                       QStringLiteral("--units-scale"), QStringLiteral("1000")});
+    const Outcome run = workspace.run("new snapshots - --document-version 2.7 --units-scale 1000");
     EXPECT_THAT(run.out.toStdString(),
                 ::testing::HasSubstr("unitsScale=\"1000\" zorvane_version=\"2.7\""));
 }
@@ -37,8 +25,7 @@ TEST(New, TakesVersionAndUnitsScale)
 TEST(New, TellsProgramsWhatItWrote)
 {
     const Workspace workspace;
-    const Outcome run = workspace.run({QStringLiteral("new"), QStringLiteral("--json"),
-                                       QStringLiteral("archive"), QStringLiteral("b.rvx")});
+    const Outcome run = workspace.run("new --json archive b.rvx");
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("new")));
     EXPECT_EQ(run.json().value(QStringLiteral("kind")).toString(), QStringLiteral("archive"));
     EXPECT_EQ(run.json().value(QStringLiteral("written")).toString(), QStringLiteral("b.rvx"));
@@ -48,10 +35,7 @@ TEST(New, OverwritesNothing)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), "old");
-    EXPECT_EQ(
-        workspace.run({QStringLiteral("new"), QStringLiteral("snapshots"), QStringLiteral("a.xml")})
-            .code,
-        2);
+    EXPECT_EQ(workspace.run("new snapshots a.xml").code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), QByteArray("old"));
 }
 

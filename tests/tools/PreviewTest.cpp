@@ -12,9 +12,8 @@ TEST(Preview, WritesAnEmbeddedPicture)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run = workspace.run(
-        {QStringLiteral("preview"), QStringLiteral("archives/Custom/MyPresets.rvx"),
-         QStringLiteral("colour[Our orange]"), QStringLiteral("-o"), QStringLiteral("a.png")});
+    const Outcome run =
+        workspace.run("preview archives/Custom/MyPresets.rvx 'colour[Our orange]' -o a.png");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.png"))).size(), QSize(32, 32));
 }
@@ -23,9 +22,8 @@ TEST(Preview, FindsTheThumbnailOfASnapShotBesideTheDocument)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run = workspace.run(
-        {QStringLiteral("preview"), QStringLiteral("snapshots/import_me.xml"),
-         QStringLiteral("snapshot[Winter noon]"), QStringLiteral("-o"), QStringLiteral("a.jpg")});
+    const Outcome run =
+        workspace.run("preview snapshots/import_me.xml 'snapshot[Winter noon]' -o a.jpg");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.jpg"))).size(), QSize(128, 96));
     EXPECT_EQ(workspace.read(QStringLiteral("snapshots/import_me.xml")), [&] {
@@ -44,10 +42,7 @@ TEST(Preview, FindsTheThumbnailOfAPresetBelowTheInstallation)
     QImage image(4, 3, QImage::Format_RGB32);
     image.fill(Qt::red);
     EXPECT_TRUE(image.save(workspace.path(QStringLiteral("sethumbs/C/Red.jpg"))));
-    const Outcome run =
-        workspace.run({QStringLiteral("preview"), QStringLiteral("--install"), QStringLiteral("."),
-                       QStringLiteral("a.rvx"), QStringLiteral("colour[Red]"), QStringLiteral("-o"),
-                       QStringLiteral("a.bmp")});
+    const Outcome run = workspace.run("preview --install . a.rvx colour[Red] -o a.bmp");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.bmp"))).size(), QSize(4, 3));
 }
@@ -56,10 +51,8 @@ TEST(Preview, TellsProgramsWhatItWrote)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run = workspace.run({QStringLiteral("preview"), QStringLiteral("--json"),
-                                       QStringLiteral("archives/Custom/MyPresets.rvx"),
-                                       QStringLiteral("colour[Our orange]"), QStringLiteral("-o"),
-                                       QStringLiteral("a.png")});
+    const Outcome run =
+        workspace.run("preview --json archives/Custom/MyPresets.rvx 'colour[Our orange]' -o a.png");
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("preview")));
     EXPECT_EQ(run.json().value(QStringLiteral("written")).toString(), QStringLiteral("a.png"));
     EXPECT_EQ(run.json().value(QStringLiteral("width")).toInt(), 32);
@@ -69,12 +62,7 @@ TEST(Preview, WithoutPictureAnswersOne)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), smallDocument());
-    EXPECT_EQ(
-        workspace
-            .run({QStringLiteral("preview"), QStringLiteral("a.xml"),
-                  QStringLiteral("snapshot[Größe]"), QStringLiteral("-o"), QStringLiteral("a.png")})
-            .code,
-        1);
+    EXPECT_EQ(workspace.run("preview a.xml snapshot[Größe] -o a.png").code, 1);
     EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
 }
 
@@ -83,9 +71,8 @@ TEST(Preview, OverwritesNothingUnlessForced)
     Workspace workspace;
     workspace.copySamples();
     workspace.write(QStringLiteral("a.png"), "old");
-    const QStringList arguments{
-        QStringLiteral("preview"), QStringLiteral("archives/Custom/MyPresets.rvx"),
-        QStringLiteral("colour[Our orange]"), QStringLiteral("-o"), QStringLiteral("a.png")};
+    const QStringList arguments =
+        words("preview archives/Custom/MyPresets.rvx 'colour[Our orange]' -o a.png");
     EXPECT_EQ(workspace.run(arguments).code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
     EXPECT_EQ(workspace.run(arguments + QStringList(QStringLiteral("--force"))).code, 0);

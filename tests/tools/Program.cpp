@@ -8,11 +8,46 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QProcess>
 
 #include <algorithm>
 
+#if defined(Q_OS_UNIX)
+#include <csignal>
+#endif
+
 namespace rvopen::test {
+
+namespace {
+
+/// What is ignored stays so in all that is started, and could be reset by no shell.
+void resetSignals()
+{
+#if defined(Q_OS_UNIX)
+    for (const int signal : {SIGINT, SIGHUP, SIGTERM, SIGQUIT, SIGPIPE, SIGXFSZ})
+        std::signal(signal, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+#endif
+}
+
+} // namespace
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+Child::Child() = default;
+
+void Child::setupChildProcess()
+{
+    resetSignals();
+}
+#else
+Child::Child()
+{
+#if defined(Q_OS_UNIX)
+    setChildProcessModifier(resetSignals);
+#endif
+}
+#endif
 
 QStringList Outcome::lines() const
 {
@@ -25,6 +60,35 @@ QJsonObject Outcome::json() const
     const QJsonDocument document = QJsonDocument::fromJson(out.toUtf8(), &error);
     EXPECT_EQ(error.error, QJsonParseError::NoError) << out.toStdString() << err.toStdString();
     return document.object();
+}
+
+QStringList words(const char* line)
+{
+    QStringList list;
+    QString word;
+    bool isWord = false;
+    QChar quote;
+    for (const QChar c : QString::fromUtf8(line)) {
+        const bool isQuote = c == QLatin1Char('\'') || c == QLatin1Char('"');
+        if (!quote.isNull() && c == quote) {
+            quote = QChar();
+        } else if (quote.isNull() && isQuote) {
+            quote = c;
+            isWord = true;
+        } else if (quote.isNull() && c == QLatin1Char(' ')) {
+            if (isWord)
+                list << word;
+            word.clear();
+            isWord = false;
+        } else {
+            word += c;
+            isWord = true;
+        }
+    }
+    EXPECT_TRUE(quote.isNull()) << "a quote is open in: " << line;
+    if (isWord)
+        list << word;
+    return list;
 }
 
 Workspace::Workspace()
@@ -96,15 +160,36 @@ Outcome Workspace::run(const QStringList& arguments, const QByteArray& input) co
     return start(QStringLiteral(RVOPEN_COMMAND), arguments, input);
 }
 
+Outcome Workspace::run(const char* line, const QByteArray& input) const
+{
+    return run(words(line), input);
+}
+
 Outcome Workspace::shell(const QString& line, const QByteArray& input) const
 {
     return start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line}, input);
 }
 
+Outcome Workspace::traced(const QString& options, const QString& line, QString& trace) const
+{
+    // Beside the folder, whose files the tests look at.
+    const QString file = path() + QLatin1String(".trace");
+    // Looking for leaks, a sanitizer would trace the process itself.
+    const Outcome run =
+        shell(QStringLiteral("ASAN_OPTIONS=\"${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0\" "
+                             "strace -f -qq -s 4096 -o '%1' %2 %3")
+                  .arg(file, options, line));
+    QFile traced(file);
+    EXPECT_TRUE(traced.open(QIODevice::ReadOnly)) << run.err.toStdString();
+    trace = QString::fromUtf8(traced.readAll());
+    traced.remove();
+    return run;
+}
+
 Outcome Workspace::start(const QString& program, const QStringList& arguments,
                          const QByteArray& input) const
 {
-    QProcess process;
+    Child process;
     process.setWorkingDirectory(path());
     process.setProcessEnvironment(environment);
     process.start(program, arguments);

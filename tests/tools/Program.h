@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
@@ -44,6 +45,22 @@ struct Outcome {
     QJsonObject json() const;
 };
 
+/// A process on which signals act as they do by default, whatever the tests themselves are told to
+/// ignore.
+class Child : public QProcess {
+public:
+    Child();
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+protected:
+    void setupChildProcess() override;
+#endif
+};
+
+/// The words of a command line, which blanks separate. What stands between single or double quotes
+/// is taken as it is.
+QStringList words(const char* line);
+
 /// A folder of the test's own, in which the program runs.
 class Workspace {
 public:
@@ -63,8 +80,12 @@ public:
 
     /// Runs rvopen with these arguments.
     Outcome run(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
+    /// The same with its words().
+    Outcome run(const char* line, const QByteArray& input = QByteArray()) const;
     /// Runs a line of the shell, in which "rvopen" is the program.
     Outcome shell(const QString& line, const QByteArray& input = QByteArray()) const;
+    /// The same under strace, which takes these options; what it saw comes into \p trace.
+    Outcome traced(const QString& options, const QString& line, QString& trace) const;
 
     QProcessEnvironment environment;
 

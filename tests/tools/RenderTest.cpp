@@ -50,14 +50,6 @@ QColor middle(const QImage& image)
     return QColor(int(sums[0] / count), int(sums[1] / count), int(sums[2] / count));
 }
 
-QStringList arguments(std::initializer_list<const char*> texts)
-{
-    QStringList list{QStringLiteral("render")};
-    for (const char* const text : texts)
-        list << QString::fromUtf8(text);
-    return list;
-}
-
 const char s_colours[] = R"(<presets><colours name="Colours">
 <colour name="Red" cat="House" path="Warm"><diffuse enabled="1"><param name="Colour" type="shader" val="colour"><plainColour enabled="1"><param name="Colour" type="colour" val="0.9 0.1 0.1"/></plainColour></param></diffuse></colour>
 <colour name="Blue"><diffuse enabled="1"><param name="Colour" type="shader" val="colour"><plainColour enabled="1"><param name="Colour" type="colour" val="0.1 0.1 0.9"/></plainColour></param></diffuse></colour>
@@ -120,19 +112,31 @@ TEST(Render, WritesWhereTheHostLooks)
     const Workspace workspace;
     workspace.write(QStringLiteral("host/x"), "");
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    const Outcome run =
-        workspace.run(arguments({"--all", "--size", "32", "--install", "host", "a.rvx"}));
+    const Outcome run = workspace.run("render --all --size 32 --install host a.rvx");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(workspace.files(),
               (QStringList{QStringLiteral("a.rvx"), QStringLiteral("host/sethumbs/Blue.jpg"),
                            QStringLiteral("host/sethumbs/House/Warm/Red.jpg"),
                            QStringLiteral("host/x")}));
-    const Outcome found = workspace.run({QStringLiteral("preview"), QStringLiteral("--install"),
-                                         QStringLiteral("host"), QStringLiteral("a.rvx"),
-                                         QStringLiteral("colour[Red]"), QStringLiteral("-o"),
-                                         QStringLiteral("red.png")});
+    const Outcome found = workspace.run("preview --install host a.rvx colour[Red] -o red.png");
     EXPECT_EQ(found.code, 0) << found.err.toStdString();
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("red.png"))));
+    EXPECT_GT(colour.red(), 2 * colour.blue());
+}
+
+TEST(Render, OfPresetsThatShareAPictureTheFirstIsDrawn)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("host/x"), "");
+    QByteArray shared = s_colours;
+    shared.replace("name=\"Red\" cat=\"House\" path=\"Warm\"", "name=\"Red\" imgname=\"one\"");
+    shared.replace("name=\"Blue\"", "name=\"Blue\" imgname=\"one\"");
+    workspace.write(QStringLiteral("a.rvx"), shared);
+    const Outcome run = workspace.run("render --json --all --size 32 --install host a.rvx");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toArray().size(), 1);
+    EXPECT_EQ(run.json().value(QStringLiteral("kept")).toInt(), 1);
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("host/sethumbs/one.jpg"))));
     EXPECT_GT(colour.red(), 2 * colour.blue());
 }
 
@@ -140,9 +144,7 @@ TEST(Render, WritesAUsersPicturesBelowTheCustomFolder)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("mine/a.rvx"), smallArchive());
-    EXPECT_EQ(
-        workspace.run(arguments({"--all", "--size", "16", "--custom", "mine", "mine/a.rvx"})).code,
-        0);
+    EXPECT_EQ(workspace.run("render --all --size 16 --custom mine mine/a.rvx").code, 0);
     EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Metals/thumbs/Brass.jpg")));
     EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Cameras/thumbs/Above.jpg")));
 }
@@ -151,7 +153,7 @@ TEST(Render, WritesPicturesOfSnapShotsBesideTheDocument)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("in/a.xml"), smallDocument());
-    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "32", "in/a.xml"})).code, 0);
+    EXPECT_EQ(workspace.run("render --all --size 32 in/a.xml").code, 0);
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("in/icon_Front %2f left.jpg"))).size(),
               QSize(32, 24));
 }
@@ -161,10 +163,7 @@ TEST(Render, WritesPicturesOfSnapShotsIntoTheirFolder)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), smallDocument());
     workspace.write(QStringLiteral("pictures/x"), "");
-    EXPECT_EQ(
-        workspace.run(arguments({"--all", "--size", "16", "--snapshots", "pictures", "a.xml"}))
-            .code,
-        0);
+    EXPECT_EQ(workspace.run("render --all --size 16 --snapshots pictures a.xml").code, 0);
     EXPECT_TRUE(workspace.exists(QStringLiteral("pictures/icon_Größe.jpg")));
 }
 
@@ -173,8 +172,7 @@ TEST(Render, MissingLeavesPicturesThatAreThere)
     const Workspace workspace;
     workspace.write(QStringLiteral("host/x"), "");
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    const QStringList missing =
-        arguments({"--missing", "--json", "--size", "16", "--install", "host", "a.rvx"});
+    const QStringList missing = words("render --missing --json --size 16 --install host a.rvx");
     EXPECT_EQ(workspace.run(missing).json().value(QStringLiteral("pictures")).toArray().size(), 2);
     const QByteArray blue = workspace.read(QStringLiteral("host/sethumbs/Blue.jpg"));
     workspace.write(QStringLiteral("host/sethumbs/House/Warm/Red.jpg"), blue);
@@ -189,9 +187,7 @@ TEST(Render, MissingDrawsWhatCannotBeDecoded)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
     workspace.write(QStringLiteral("host/sethumbs/Blue.jpg"), "no picture");
-    EXPECT_EQ(
-        workspace.run(arguments({"--missing", "--size", "16", "--install", "host", "a.rvx"})).code,
-        0);
+    EXPECT_EQ(workspace.run("render --missing --size 16 --install host a.rvx").code, 0);
     EXPECT_FALSE(QImage(workspace.path(QStringLiteral("host/sethumbs/Blue.jpg"))).isNull());
 }
 
@@ -199,14 +195,9 @@ TEST(Render, EmbedsPicturesThatTheLibraryDecodes)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    EXPECT_EQ(workspace.run(arguments({"--all", "--embed", "--size", "24", "a.rvx"})).code, 0);
+    EXPECT_EQ(workspace.run("render --all --embed --size 24 a.rvx").code, 0);
     EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
-    EXPECT_EQ(
-        workspace
-            .run({QStringLiteral("preview"), QStringLiteral("a.rvx"),
-                  QStringLiteral("colour[Blue]"), QStringLiteral("-o"), QStringLiteral("b.png")})
-            .code,
-        0);
+    EXPECT_EQ(workspace.run("preview a.rvx colour[Blue] -o b.png").code, 0);
     EXPECT_EQ(QImage(workspace.path(QStringLiteral("b.png"))).size(), QSize(24, 24));
 }
 
@@ -229,7 +220,7 @@ TEST(Render, WritesADocumentOnlyWhenItChanged)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    const QStringList embed = arguments({"--all", "--embed", "--size", "16", "a.rvx"});
+    const QStringList embed = words("render --all --embed --size 16 a.rvx");
     EXPECT_EQ(workspace.run(embed).code, 0);
     const QByteArray once = workspace.read(QStringLiteral("a.rvx")) + "\n<!-- kept -->\n";
     workspace.write(QStringLiteral("a.rvx"), once);
@@ -241,8 +232,7 @@ TEST(Render, TellsProgramsWhatItDrew)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    const Outcome run =
-        workspace.run(arguments({"--json", "--all", "--size", "20", "-o", "out", "a.rvx"}));
+    const Outcome run = workspace.run("render --json --all --size 20 -o out a.rvx");
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("render")));
     const QJsonObject first =
         run.json().value(QStringLiteral("pictures")).toArray().at(0).toObject();
@@ -258,8 +248,7 @@ TEST(Render, NamesTheSecondOfANameApart)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
     workspace.write(QStringLiteral("b.rvx"), QByteArray(s_colours).replace("Red", "RED"));
-    EXPECT_EQ(
-        workspace.run(arguments({"--all", "--size", "16", "-o", "out", "a.rvx", "b.rvx"})).code, 0);
+    EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx b.rvx").code, 0);
     EXPECT_EQ(QDir(workspace.path(QStringLiteral("out"))).entryList(QDir::Files).size(), 4);
 }
 
@@ -267,8 +256,7 @@ TEST(Render, FlatColoursAreThemselves)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    EXPECT_EQ(
-        workspace.run(arguments({"--all", "--flat", "--size", "32", "-o", ".", "a.rvx"})).code, 0);
+    EXPECT_EQ(workspace.run("render --all --flat --size 32 -o . a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Red.png"))));
     EXPECT_NEAR(colour.red(), 230, 26);
     EXPECT_LT(colour.green(), 90);
@@ -285,11 +273,7 @@ TEST(Render, FindsTexturesInTheHostsFolders)
 <param name="Colour" type="shader" val="colour"><map enabled="1">
 <param name="Texture" type="string" val="textures\green.png"/></map></param></diffuse></colour>
 </colours></presets>)");
-    EXPECT_EQ(
-        workspace
-            .run(arguments({"--all", "--size", "32", "--install", "host", "-o", ".", "in/a.rvx"}))
-            .code,
-        0);
+    EXPECT_EQ(workspace.run("render --all --size 32 --install host -o . in/a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
     EXPECT_GT(colour.green(), 2 * colour.red());
 }
@@ -304,7 +288,7 @@ TEST(Render, ATextureThatIsTooLargeIsNotDecoded)
 <param name="Colour" type="shader" val="colour"><map enabled="1">
 <param name="Texture" type="string" val="huge.png"/></map></param></diffuse></colour>
 </colours></presets>)");
-    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "16", "-o", ".", "a.rvx"})).code, 0);
+    EXPECT_EQ(workspace.run("render --all --size 16 -o . a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Huge.png"))));
     EXPECT_LT(colour.green() - colour.red(), 20);
 }
@@ -317,14 +301,12 @@ TEST(Render, NamesLeadOutOfNoFolder)
                     "<presets><colours><colour name=\"..\\..\\up\"/><colour cat=\"..\" "
                     "path=\"..\\..\" name=\"b\"/><colour imgname=\"..\\..\\c\" name=\"c\"/>"
                     "</colours></presets>");
-    const Outcome run =
-        workspace.run(arguments({"--all", "--size", "16", "--install", "in/host", "in/a.rvx"}));
+    const Outcome run = workspace.run("render --all --size 16 --install in/host in/a.rvx");
     EXPECT_EQ(run.code, 2);
     EXPECT_EQ(run.err.count(QLatin1String("give no place")), 3);
     EXPECT_EQ(workspace.files(),
               (QStringList{QStringLiteral("in/a.rvx"), QStringLiteral("in/host/x")}));
-    EXPECT_EQ(workspace.run(arguments({"--all", "--size", "16", "-o", "in/out", "in/a.rvx"})).code,
-              0);
+    EXPECT_EQ(workspace.run("render --all --size 16 -o in/out in/a.rvx").code, 0);
     for (const QString& file : workspace.files())
         EXPECT_TRUE(file.startsWith(QLatin1String("in/"))) << file.toStdString();
 }
@@ -344,8 +326,7 @@ TEST(Render, ValuesThatAreNoNumbersAreDrawnToo)
 </camera></cameras><naturalLights><naturalLightStudio name="e">
 <param name="Sun Azimuth" type="float" val="1e30"/><param name="Sun Altitude" type="float" val="nan"/>
 </naturalLightStudio></naturalLights></presets>)");
-    const Outcome run =
-        workspace.run(arguments({"--json", "--all", "--size", "16", "-o", "out", "a.rvx"}));
+    const Outcome run = workspace.run("render --json --all --size 16 -o out a.rvx");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toArray().size(), 5);
 }
@@ -354,7 +335,7 @@ TEST(Render, WithoutTheHostsFolderAnswersTwo)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    const Outcome run = workspace.run(arguments({"--all", "a.rvx"}));
+    const Outcome run = workspace.run("render --all a.rvx");
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("--install"));
     EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
@@ -365,7 +346,11 @@ TEST(Render, RefusesSizesThatNobodyNeeds)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
     for (const char* const size : {"15", "2049", "100000"})
-        EXPECT_EQ(workspace.run(arguments({"--all", "--size", size, "-o", "out", "a.rvx"})).code, 2)
+        EXPECT_EQ(
+            workspace
+                .run(words("render --all -o out a.rvx --size") + QStringList(QLatin1String(size)))
+                .code,
+            2)
             << size;
 }
 
@@ -373,8 +358,8 @@ TEST(Render, AsksForMissingOrAll)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
-    EXPECT_EQ(workspace.run(arguments({"-o", "out", "a.rvx"})).code, 2);
-    EXPECT_EQ(workspace.run(arguments({"--all", "--missing", "-o", "out", "a.rvx"})).code, 2);
+    EXPECT_EQ(workspace.run("render -o out a.rvx").code, 2);
+    EXPECT_EQ(workspace.run("render --all --missing -o out a.rvx").code, 2);
 }
 
 TEST(Render, AFileThatCannotBeWrittenAnswersTwo)
@@ -382,8 +367,7 @@ TEST(Render, AFileThatCannotBeWrittenAnswersTwo)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), s_colours);
     workspace.write(QStringLiteral("host/sethumbs"), "a file where a folder should be");
-    EXPECT_EQ(
-        workspace.run(arguments({"--all", "--size", "16", "--install", "host", "a.rvx"})).code, 2);
+    EXPECT_EQ(workspace.run("render --all --size 16 --install host a.rvx").code, 2);
 }
 
 } // namespace rvopen::test

@@ -9,14 +9,6 @@ namespace rvopen::test {
 
 namespace {
 
-QStringList arguments(std::initializer_list<const char*> texts)
-{
-    QStringList list{QStringLiteral("sheet")};
-    for (const char* const text : texts)
-        list << QString::fromUtf8(text);
-    return list;
-}
-
 /// Pixels that are darker than any picture's frame or ground.
 int inkIn(const QImage& image)
 {
@@ -34,12 +26,8 @@ TEST(Sheet, IsAsWideAsItsColumns)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(5));
-    EXPECT_EQ(
-        workspace.run(arguments({"a.rvx", "-o", "a.png", "--size", "64", "--columns", "4"})).code,
-        0);
-    EXPECT_EQ(
-        workspace.run(arguments({"a.rvx", "-o", "b.png", "--size", "64", "--columns", "2"})).code,
-        0);
+    EXPECT_EQ(workspace.run("sheet a.rvx -o a.png --size 64 --columns 4").code, 0);
+    EXPECT_EQ(workspace.run("sheet a.rvx -o b.png --size 64 --columns 2").code, 0);
     const QSize wide = QImage(workspace.path(QStringLiteral("a.png"))).size();
     const QSize narrow = QImage(workspace.path(QStringLiteral("b.png"))).size();
     EXPECT_GE(wide.width(), 4 * 64);
@@ -74,8 +62,7 @@ TEST(Sheet, ShowsPicturesThatAreThere)
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::magenta);
     EXPECT_TRUE(image.save(workspace.path(QStringLiteral("icon_Größe.jpg"))));
-    const Outcome run =
-        workspace.run(arguments({"--json", "a.xml", "-o", "a.png", "--size", "40"}));
+    const Outcome run = workspace.run("sheet --json a.xml -o a.png --size 40");
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("sheet")));
     EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 2);
     EXPECT_EQ(run.json().value(QStringLiteral("drawn")).toInt(), 1);
@@ -104,8 +91,7 @@ TEST(Sheet, AsPdfHasThePagesThatItSays)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(30));
-    const Outcome run = workspace.run(
-        arguments({"--json", "a.rvx", "-o", "a.pdf", "--size", "32", "--columns", "3"}));
+    const Outcome run = workspace.run("sheet --json a.rvx -o a.pdf --size 32 --columns 3");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     const QByteArray pdf = workspace.read(QStringLiteral("a.pdf"));
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
@@ -121,11 +107,28 @@ TEST(Sheet, OverwritesNothingUnlessForced)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(1));
     workspace.write(QStringLiteral("a.png"), "old");
-    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png"})).code, 2);
+    EXPECT_EQ(workspace.run("sheet a.rvx -o a.png").code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
-    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png", "--force", "--size", "16"})).code,
-              0);
+    EXPECT_EQ(workspace.run("sheet a.rvx -o a.png --force --size 16").code, 0);
     EXPECT_NE(workspace.read(QStringLiteral("a.png")), QByteArray("old"));
+}
+
+TEST(Sheet, IsNotWrittenOverItsInput)
+{
+    const Workspace workspace;
+    const QByteArray archive = largeArchive(1);
+    workspace.write(QStringLiteral("a.png"), archive);
+    workspace.write(QStringLiteral("b.rvx"), archive);
+    workspace.shell(QStringLiteral("ln -s b.rvx link.png; mkdir d"));
+    for (const char* const line :
+         {"sheet --force a.png -o a.png", "sheet --force a.png -o d/../a.png",
+          "sheet --force b.rvx a.png -o a.png", "sheet --force b.rvx -o link.png"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr(".png")) << line;
+        EXPECT_EQ(workspace.read(QStringLiteral("a.png")), archive) << line;
+        EXPECT_EQ(workspace.read(QStringLiteral("b.rvx")), archive) << line;
+    }
 }
 
 TEST(Sheet, RefusesFormatsThatItDoesNotWrite)
@@ -133,7 +136,8 @@ TEST(Sheet, RefusesFormatsThatItDoesNotWrite)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(1));
     for (const char* const file : {"a.gif", "a", "a.svg"})
-        EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", file})).code, 2) << file;
+        EXPECT_EQ(workspace.run(words("sheet a.rvx -o") + QStringList(QLatin1String(file))).code, 2)
+            << file;
     EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
 }
 
@@ -141,8 +145,7 @@ TEST(Sheet, TooLongForOnePictureAnswersTwo)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(1000));
-    const Outcome run =
-        workspace.run(arguments({"a.rvx", "-o", "a.png", "--columns", "1", "--size", "100"}));
+    const Outcome run = workspace.run("sheet a.rvx -o a.png --columns 1 --size 100");
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("PDF"));
     EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
@@ -152,7 +155,7 @@ TEST(Sheet, OfNothingAnswersTwo)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), "<presets/>");
-    EXPECT_EQ(workspace.run(arguments({"a.rvx", "-o", "a.png"})).code, 2);
+    EXPECT_EQ(workspace.run("sheet a.rvx -o a.png").code, 2);
 }
 
 TEST(Sheet, WithoutAnyFontSaysSo)
@@ -164,7 +167,7 @@ TEST(Sheet, WithoutAnyFontSaysSo)
                     "<fontconfig><dir>none</dir><cachedir>cache</cachedir></fontconfig>");
     workspace.environment.insert(QStringLiteral("FONTCONFIG_FILE"),
                                  workspace.path(QStringLiteral("fonts.conf")));
-    const Outcome run = workspace.run(arguments({"a.rvx", "-o", "a.png"}));
+    const Outcome run = workspace.run("sheet a.rvx -o a.png");
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("font"));
     EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));

@@ -3,7 +3,6 @@
 
 #include "Program.h"
 
-#include <QProcess>
 #include <QStandardPaths>
 
 #include <csignal>
@@ -60,7 +59,7 @@ TEST_F(Terminal, ShowsNoProgressWhenQuiet)
 TEST(Interrupt, EndsTheProgramAndWritesNothing)
 {
     Workspace workspace;
-    QProcess process;
+    Child process;
     process.setWorkingDirectory(workspace.path());
     process.start(QStringLiteral(RVOPEN_COMMAND),
                   {QStringLiteral("set"), QStringLiteral("-"), QStringLiteral("@name=x"),

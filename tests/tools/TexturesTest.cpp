@@ -23,7 +23,7 @@ QByteArray referringTo(const QStringList& references)
 
 Outcome textures(const Workspace& workspace, const QStringList& arguments)
 {
-    return workspace.run(QStringList(QStringLiteral("textures")) + arguments);
+    return workspace.run(words("textures") + arguments);
 }
 
 /// The references of the document, in order.
@@ -43,9 +43,8 @@ TEST(Textures, AreListedWithWhatRefersToThem)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("C:\\x.png"), QStringLiteral("C:\\x.png")}));
-    const QJsonArray list = textures(workspace, {QStringLiteral("--json"), QStringLiteral("a.xml")})
-                                .json()[QStringLiteral("textures")]
-                                .toArray();
+    const QJsonArray list =
+        textures(workspace, words("--json a.xml")).json()[QStringLiteral("textures")].toArray();
     ASSERT_EQ(list.size(), 1);
     EXPECT_EQ(list.at(0).toObject()[QStringLiteral("uses")].toArray().size(), 2);
 }
@@ -73,7 +72,7 @@ TEST(Textures, MissingOnesAnswerOne)
     workspace.write(QStringLiteral("here.png"), "here");
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("here.png"), QStringLiteral("gone.png")}));
-    const Outcome run = textures(workspace, {QStringLiteral("--missing"), QStringLiteral("a.xml")});
+    const Outcome run = textures(workspace, words("--missing a.xml"));
     EXPECT_EQ(run.code, 1);
     EXPECT_FALSE(run.out.contains(QLatin1String("here.png")));
     EXPECT_TRUE(run.out.contains(QLatin1String("gone.png")));
@@ -85,9 +84,7 @@ TEST(Textures, RelinkFindsByNameInAnyCaseAndEitherSeparator)
     workspace.write(QStringLiteral("lib/deep/Wood Grain.PNG"), "wood");
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("D:\\T\\wood grain.png")}));
-    const Outcome run = textures(workspace, {QStringLiteral("--relink"), QStringLiteral("lib"),
-                                             QStringLiteral("a.xml"), QStringLiteral("-o"),
-                                             QStringLiteral("b.xml")});
+    const Outcome run = textures(workspace, words("--relink lib a.xml -o b.xml"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(references(workspace, QStringLiteral("b.xml")),
               QStringList(QFileInfo(workspace.path(QStringLiteral("lib/deep/Wood Grain.PNG")))
@@ -100,8 +97,7 @@ TEST(Textures, RelinkTakesTheFileWhoseFoldersAgree)
     workspace.write(QStringLiteral("lib/oak/a.png"), "oak");
     workspace.write(QStringLiteral("lib/elm/a.png"), "elm");
     workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\Elm\\a.png")}));
-    textures(workspace, {QStringLiteral("--relink"), QStringLiteral("lib"), QStringLiteral("a.xml"),
-                         QStringLiteral("--in-place")});
+    textures(workspace, words("--relink lib a.xml --in-place"));
     EXPECT_TRUE(references(workspace, QStringLiteral("a.xml"))
                     .first()
                     .endsWith(QLatin1String("lib/elm/a.png")));
@@ -113,12 +109,32 @@ TEST(Textures, RelinkDoesNotGuess)
     workspace.write(QStringLiteral("lib/oak/a.png"), "oak");
     workspace.write(QStringLiteral("lib/elm/a.png"), "elm");
     workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\a.png")}));
-    const Outcome run =
-        textures(workspace, {QStringLiteral("--relink"), QStringLiteral("lib"),
-                             QStringLiteral("a.xml"), QStringLiteral("--in-place")});
+    const Outcome run = textures(workspace, words("--relink lib a.xml --in-place"));
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(references(workspace, QStringLiteral("a.xml")),
               QStringList(QStringLiteral("D:\\a.png")));
+}
+
+TEST(Textures, RelinkTakesTheFirstOfEqualCopies)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("lib/elm/a.png"), "same");
+    workspace.write(QStringLiteral("lib/oak/a.png"), "same");
+    workspace.write(QStringLiteral("lib/oak/b/a.png"), "same");
+    workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\a.png")}));
+    const Outcome run = textures(workspace, words("--relink lib a.xml --in-place"));
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(references(workspace, QStringLiteral("a.xml"))
+                    .first()
+                    .endsWith(QLatin1String("lib/elm/a.png")));
+    // One that differs among them makes it a guess again.
+    workspace.write(QStringLiteral("lib/oak/b/a.png"), "other");
+    workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\a.png")}));
+    const Outcome guess = textures(workspace, words("--relink lib a.xml --in-place"));
+    EXPECT_EQ(guess.code, 1);
+    EXPECT_THAT(guess.err.toStdString(), ::testing::HasSubstr("lib/elm/a.png"));
+    EXPECT_THAT(guess.err.toStdString(), ::testing::HasSubstr("lib/oak/b/a.png"));
+    EXPECT_THAT(guess.err.toStdString(), ::testing::Not(::testing::HasSubstr("lib/oak/a.png")));
 }
 
 TEST(Textures, CollectCopiesTheDocumentAndAllOfIt)
@@ -129,8 +145,7 @@ TEST(Textures, CollectCopiesTheDocumentAndAllOfIt)
     const QByteArray xml =
         referringTo({QStringLiteral("maps\\one.png"), QStringLiteral("maps/zwei größer.png")});
     workspace.write(QStringLiteral("a.xml"), xml);
-    const Outcome run = textures(workspace, {QStringLiteral("--collect"),
-                                             QStringLiteral("out/deep"), QStringLiteral("a.xml")});
+    const Outcome run = textures(workspace, words("--collect out/deep a.xml"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(workspace.read(QStringLiteral("out/deep/one.png")), pictureOf("one"));
     EXPECT_EQ(workspace.read(QStringLiteral("out/deep/zwei größer.png")), pictureOf("two"));
@@ -148,8 +163,7 @@ TEST(Textures, CollectKeepsDifferentFilesOfOneNameApart)
     workspace.write(QStringLiteral("a.xml"),
                     referringTo({QStringLiteral("x/a.png"), QStringLiteral("y/A.png"),
                                  QStringLiteral("z/a.png")}));
-    textures(workspace,
-             {QStringLiteral("--collect"), QStringLiteral("out"), QStringLiteral("a.xml")});
+    textures(workspace, words("--collect out a.xml"));
     EXPECT_EQ(references(workspace, QStringLiteral("out/a.xml")),
               QStringList({QStringLiteral("a.png"), QStringLiteral("A (2).png")}));
     EXPECT_EQ(workspace.read(QStringLiteral("out/A (2).png")), pictureOf("y"));
@@ -164,8 +178,7 @@ TEST(Textures, CollectOverwritesNothing)
     QFile::link(workspace.path(QStringLiteral("secret")),
                 workspace.path(QStringLiteral("out/a (2).png")));
     workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("x/a.png")}));
-    textures(workspace,
-             {QStringLiteral("--collect"), QStringLiteral("out"), QStringLiteral("a.xml")});
+    textures(workspace, words("--collect out a.xml"));
     EXPECT_EQ(workspace.read(QStringLiteral("out/a.png")), pictureOf("old"));
     EXPECT_EQ(workspace.read(QStringLiteral("secret")), QByteArray("secret"));
     EXPECT_EQ(workspace.read(QStringLiteral("out/a (3).png")), pictureOf("new"));
@@ -175,10 +188,7 @@ TEST(Textures, CollectDoesNotTakeTheDocumentsOwnFolder)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), referringTo({}));
-    EXPECT_EQ(textures(workspace,
-                       {QStringLiteral("--collect"), QStringLiteral("."), QStringLiteral("a.xml")})
-                  .code,
-              2);
+    EXPECT_EQ(textures(workspace, words("--collect . a.xml")).code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), referringTo({}));
 }
 
@@ -187,8 +197,7 @@ TEST(Textures, CollectLeavesOutWhatIsMissing)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("D:\\gone.png"),
                                                           QStringLiteral("..\\..\\gone.png")}));
-    const Outcome run = textures(
-        workspace, {QStringLiteral("--collect"), QStringLiteral("out"), QStringLiteral("a.xml")});
+    const Outcome run = textures(workspace, words("--collect out a.xml"));
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(workspace.files(),
               QStringList({QStringLiteral("a.xml"), QStringLiteral("out/a.xml")}));
@@ -214,8 +223,7 @@ TEST(Textures, IsOfItsSchema)
     Workspace workspace;
     workspace.copySamples();
     EXPECT_TRUE(
-        isOfSchema(textures(workspace, {QStringLiteral("--json"), QStringLiteral("snapshots")}),
-                   QStringLiteral("textures")));
+        isOfSchema(textures(workspace, words("--json snapshots")), QStringLiteral("textures")));
 }
 
 } // namespace rvopen::test

@@ -4,7 +4,11 @@
 #include "Program.h"
 
 #include <QDirIterator>
+#include <QFile>
 #include <QImage>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace rvopen::test {
 
@@ -28,8 +32,7 @@ TEST(Thumbnail, IsAsLargeAsAskedFor)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx",
-                                  {QStringLiteral("-s"), QStringLiteral("64")});
+    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx", words("-s 64"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(made(workspace).size(), QSize(64, 64));
@@ -51,7 +54,7 @@ TEST(Thumbnail, ShowsOnePresetAlone)
                     "<presets><colours><colour name='Red'><shader_colour name='plain'>"
                     "<params name='colour' type='rgb' value='1 0 0'/></shader_colour></colour>"
                     "</colours></presets>");
-    const Outcome run = thumbnail(workspace, "a.rvx", {QStringLiteral("--json")});
+    const Outcome run = thumbnail(workspace, "a.rvx", words("--json"));
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
     EXPECT_EQ(run.json()[QStringLiteral("pictures")].toInt(), 1);
 }
@@ -65,23 +68,186 @@ TEST(Thumbnail, ReplacesTheOneThatIsThere)
     EXPECT_FALSE(made(workspace).isNull());
 }
 
-TEST(Thumbnail, ReadsNothingButTheDocument)
+namespace {
+
+struct Reference {
+    const char* what;
+    const char* document;
+    QByteArray xml;
+    /// The file that is referred to.
+    const char* file;
+    /// Whether check looks for it.
+    bool isChecked = true;
+};
+
+void PrintTo(const Reference& reference, std::ostream* out)
 {
-    const Workspace workspace;
-    const QByteArray document =
-        "<presets><backgrounds><background name='Wall' subcat='Image'>"
-        "<params name='Image Name' type='string' value='wall.png'/></background></backgrounds>"
-        "<folder name='F' archive='other.rvx'/></presets>";
-    workspace.write(QStringLiteral("a.rvx"), document);
-    ASSERT_EQ(thumbnail(workspace, "a.rvx").code, 0);
-    const QImage without = made(workspace);
-    QImage wall(16, 16, QImage::Format_RGB32);
-    wall.fill(Qt::magenta);
-    ASSERT_TRUE(wall.save(workspace.path(QStringLiteral("wall.png"))));
-    workspace.write(QStringLiteral("other.rvx"), document);
-    ASSERT_EQ(thumbnail(workspace, "a.rvx").code, 0);
-    EXPECT_EQ(made(workspace), without);
+    *out << reference.what;
 }
+
+class ThumbnailReference : public ::testing::TestWithParam<Reference> {
+protected:
+    /// As a host would have it, with all folders that references lead into.
+    static QString folders()
+    {
+        return QStringLiteral("--install host --archives theirs --custom mine --snapshots icons");
+    }
+
+    /// How many files check misses that the document refers to.
+    int missing() const
+    {
+        int count = 0;
+        const Outcome run =
+            workspace.shell(QStringLiteral("rvopen check --json %1 d/%2")
+                                .arg(folders(), QLatin1String(GetParam().document)));
+        for (const auto& finding : run.json()[QStringLiteral("findings")].toArray())
+            count += finding.toObject()[QStringLiteral("rule")].toString().startsWith(
+                         QLatin1String("missing-"))
+                         ? 1
+                         : 0;
+        return count;
+    }
+
+    Workspace workspace;
+};
+
+/// A shader with a texture, which bumps and transparencies have too.
+QByteArray map(const char* file)
+{
+    return QByteArray("<param name='Colour' type='shader' val='colour'><map enabled='1'><param "
+                      "name='Texture' type='string' val='") +
+           file + "'/></map></param>";
+}
+
+QByteArray inSnapShot(const QByteArray& settings, const QByteArray& xml)
+{
+    return "<snapRoot><snapshots name='Model SnapShots'><snapshot name='A'><snapShotSettings>" +
+           settings + "</snapShotSettings><camera/>" + xml + "</snapshot></snapshots></snapRoot>";
+}
+
+QByteArray fileName(const char* type, const char* subcat)
+{
+    return QByteArray("<") + type + " name='x' subcat='" + subcat +
+           "'><param name='File Name' type='string' val='p.png'/></" + type + ">";
+}
+
+} // namespace
+
+TEST_P(ThumbnailReference, IsNotFollowed)
+{
+    const Reference& reference = GetParam();
+    for (const char* const folder : {"host", "theirs", "mine", "icons"})
+        workspace.write(QLatin1String(folder) + QLatin1String("/x"), "");
+    if (reference.xml.contains("<snapRoot"))
+        workspace.write(QStringLiteral("icons/icon_A.jpg"), pictureOf("A"));
+    workspace.write(QLatin1String("d/") + QLatin1String(reference.document),
+                    QByteArray(reference.xml).replace("%1", workspace.path().toUtf8()));
+    // What the words of the document mean is known by what check says without the file.
+    const QString file = QLatin1String(reference.file);
+    QFile::remove(workspace.path(file));
+    ASSERT_EQ(missing(), reference.isChecked ? 1 : 0);
+    workspace.write(file, file.endsWith(QLatin1String(".rvx")) ? smallArchive() : pictureOf("x"));
+    ASSERT_EQ(missing(), 0);
+
+    QString trace;
+    const Outcome run = workspace.traced(QStringLiteral("-y -e 'trace=/^(open|creat)'"),
+                                         QStringLiteral("rvopen thumbnail -s 16 %1 d/%2 t.png")
+                                             .arg(folders(), QLatin1String(reference.document)),
+                                         trace);
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    // The command itself and the library, wherever they were built.
+    QStringList foreign{QStringLiteral(RVOPEN_LIBRARIES)};
+    foreign << words("/usr/ /lib /etc/ /proc/ /sys/ /dev/ /var/ /run/ /opt/");
+    int documents = 0;
+    for (const QString& line : trace.split(QLatin1Char('\n'))) {
+        static const QRegularExpression result(QStringLiteral("\\) = \\d+<(.*)>$"));
+        const QString opened = result.match(line).captured(1);
+        const bool isForeign = std::any_of(foreign.cbegin(), foreign.cend(), [&](const auto& part) {
+            return opened.startsWith(part);
+        });
+        if (opened.isEmpty() || isForeign)
+            continue;
+        const QString name = opened.mid(workspace.path().size() + 1);
+        EXPECT_TRUE(opened == workspace.path() ||
+                    opened.startsWith(workspace.path() + QLatin1String("/")))
+            << line.toStdString();
+        // The output is a new file first, and its folder is made lasting.
+        const bool isOutput = name.isEmpty() || line.contains(QLatin1String("O_EXCL"));
+        if (name == QLatin1String("d/") + QLatin1String(reference.document))
+            ++documents;
+        else
+            EXPECT_TRUE(isOutput) << line.toStdString();
+    }
+    EXPECT_GT(documents, 0) << trace.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, ThumbnailReference,
+    ::testing::Values(
+        Reference{"texture of a colour", "a.rvx",
+                  "<presets><colours><colour name='x'><diffuse>" + map("p.png") +
+                      "</diffuse></colour></colours></presets>",
+                  "d/p.png"},
+        Reference{"texture of a material's colour", "a.rvx",
+                  "<presets><materials><material name='x'><colour><diffuse>" + map("p.png") +
+                      "</diffuse></colour></material></materials></presets>",
+                  "d/p.png"},
+        Reference{"texture of a transparency", "a.rvx",
+                  "<presets><transparencies><transparency name='x'>" + map("p.png") +
+                      "</transparency></transparencies></presets>",
+                  "d/p.png"},
+        Reference{"texture of a bump", "a.rvx",
+                  "<presets><bumps><bump name='x'>" + map("p.png") + "</bump></bumps></presets>",
+                  "d/p.png"},
+        Reference{"texture by a whole path", "a.rvx",
+                  "<presets><colours><colour name='x'><diffuse>" + map("%1/far/p.png") +
+                      "</diffuse></colour></colours></presets>",
+                  "far/p.png"},
+        Reference{"texture above the document", "a.rvx",
+                  "<presets><colours><colour name='x'><diffuse>" + map("..\\far\\p.png") +
+                      "</diffuse></colour></colours></presets>",
+                  "far/p.png"},
+        Reference{"image of a background", "a.rvx",
+                  "<presets><backgrounds>" + fileName("background", "Image") +
+                      "</backgrounds></presets>",
+                  "d/p.png"},
+        Reference{"image of a background with a horizon", "a.rvx",
+                  "<presets><backgrounds>" + fileName("background", "Image3D") +
+                      "</backgrounds></presets>",
+                  "d/p.png"},
+        Reference{"environment of a background", "a.rvx",
+                  "<presets><backgrounds>" + fileName("background", "Reflection") +
+                      "</backgrounds></presets>",
+                  "d/p.png"},
+        Reference{"image of a snapshot's background", "a.xml",
+                  inSnapShot("", fileName("background", "Image")), "d/p.png"},
+        Reference{"environment of a snapshot", "a.xml",
+                  inSnapShot("<param name='Reflected Env Path' type='string' val='p.png'/>", ""),
+                  "d/p.png"},
+        Reference{"texture of a palette's material", "a.xml",
+                  inSnapShot("", "<materialRepository><material name='x' linkname='x'><bump>" +
+                                     map("p.png") + "</bump></material></materialRepository>"),
+                  "d/p.png"},
+        Reference{"picture of a snapshot", "a.xml",
+                  inSnapShot("<param name='Image File Name' type='string' val='p.png'/>", ""),
+                  "d/p.png", false},
+        Reference{"thumbnail of a snapshot", "a.xml", inSnapShot("", ""), "icons/icon_A.jpg"},
+        Reference{"thumbnail of a preset", "a.rvx",
+                  "<presets type='Zorvane'><colours><colour cat='C' path='P' name='x' "
+                  "imgname='p'/></colours></presets>",
+                  "host/sethumbs/C/P/p.jpg"},
+        Reference{"thumbnail of a user's preset", "a.rvx",
+                  "<presets type='UserArchives'><colours><colour cat='C' name='x' imgname='p'/>"
+                  "</colours></presets>",
+                  "mine/C/thumbs/p.jpg"},
+        Reference{"archive of the host", "a.rvx",
+                  "<presets><colours><colour name='x'/><dir name='y' archiveType='Zorvane' "
+                  "path='P' archiveFilename='a'/></colours></presets>",
+                  "theirs/P/a.rvx"},
+        Reference{"archive of the user", "a.rvx",
+                  "<presets><colours><colour name='x'/><dir name='y' archiveType='Custom' "
+                  "archiveFilename='a'/></colours></presets>",
+                  "mine/a.rvx"}));
 
 TEST(Thumbnail, IsNotMadeOfADocumentWithNothingToShow)
 {
@@ -139,8 +305,7 @@ TEST(Thumbnail, TellsProgramsWhatItWrote)
 {
     Workspace workspace;
     workspace.copySamples();
-    const Outcome run =
-        thumbnail(workspace, "archives/Custom/MyPresets.rvx", {QStringLiteral("--json")});
+    const Outcome run = thumbnail(workspace, "archives/Custom/MyPresets.rvx", words("--json"));
     EXPECT_EQ(run.json()[QStringLiteral("written")].toString(), QStringLiteral("a.png"));
     EXPECT_EQ(run.json()[QStringLiteral("width")].toInt(), 256);
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("thumbnail")));

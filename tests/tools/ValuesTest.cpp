@@ -19,13 +19,13 @@ protected:
 
     Outcome get(const QStringList& paths) const
     {
-        return workspace.run(QStringList{QStringLiteral("get"), QStringLiteral("a.xml")} + paths);
+        return workspace.run(words("get a.xml") + paths);
     }
 
     Outcome set(const QStringList& arguments) const
     {
-        return workspace.run(QStringList{QStringLiteral("set"), QStringLiteral("a.xml")} +
-                             arguments + QStringList(QStringLiteral("--in-place")));
+        return workspace.run(words("set a.xml") + arguments +
+                             QStringList(QStringLiteral("--in-place")));
     }
 
     /// The document is what it was, whole.
@@ -46,8 +46,7 @@ const QString s_eye = QStringLiteral("camera[Eye]:");
 
 TEST_F(Values, TreePrintsPathsThatGetTakes)
 {
-    const Outcome tree = workspace.run({QStringLiteral("tree"), QStringLiteral("--params"),
-                                        QStringLiteral("--paths"), QStringLiteral("a.xml")});
+    const Outcome tree = workspace.run("tree --params --paths a.xml");
     int count = 0;
     for (const QString& line : tree.lines()) {
         if (!line.contains(QLatin1String(" = ")))
@@ -68,29 +67,25 @@ TEST_F(Values, AnyNameHasAPath)
                     "<snapRoot><dir name=\"a]b\\c[d/e:f@g#2=h&#xa;i\"><camera><param "
                     "name=\"x]/y:z@w#1=2\\\" type=\"string\" val=\"found\"/></camera></dir>"
                     "<dir name=\"same\"/><dir name=\"same\" desc=\"second\"/></snapRoot>");
-    const QStringList lines = workspace
-                                  .run({QStringLiteral("tree"), QStringLiteral("--params"),
-                                        QStringLiteral("--paths"), QStringLiteral("a.xml")})
-                                  .lines();
+    const QStringList lines = workspace.run("tree --params --paths a.xml").lines();
     const QStringList found = lines.filter(QStringLiteral(" = found"));
     ASSERT_EQ(found.size(), 1);
     const QString path = found.first().section(QStringLiteral(" = "), 0, 0);
     EXPECT_EQ(get({path}).out, QStringLiteral("found\n"));
     EXPECT_EQ(set({path + QStringLiteral("=a=b")}).code, 0);
     EXPECT_EQ(get({path}).out, QStringLiteral("a=b\n"));
-    EXPECT_EQ(get({QStringLiteral("/dir[same]#2@desc")}).out, QStringLiteral("second\n"));
+    EXPECT_EQ(get(words("/dir[same]#2@desc")).out, QStringLiteral("second\n"));
 }
 
 TEST_F(Values, TreeStopsAtTheDepth)
 {
-    const Outcome tree = workspace.run({QStringLiteral("tree"), QStringLiteral("--depth"),
-                                        QStringLiteral("1"), QStringLiteral("a.xml")});
+    const Outcome tree = workspace.run("tree --depth 1 a.xml");
     EXPECT_EQ(tree.lines().size(), 2);
 }
 
 TEST_F(Values, TreeShowsParametersOnDemand)
 {
-    const QStringList arguments{QStringLiteral("tree"), QStringLiteral("a.xml")};
+    const QStringList arguments = words("tree a.xml");
     EXPECT_FALSE(workspace.run(arguments).out.contains(QLatin1String("Field Of View")));
     EXPECT_TRUE(workspace.run(arguments + QStringList(QStringLiteral("-p")))
                     .out.contains(QLatin1String(":Field Of View = 45\n")));
@@ -98,9 +93,7 @@ TEST_F(Values, TreeShowsParametersOnDemand)
 
 TEST_F(Values, TreeIsOfItsSchema)
 {
-    EXPECT_TRUE(isOfSchema(workspace.run({QStringLiteral("tree"), QStringLiteral("--json"),
-                                          QStringLiteral("-p"), QStringLiteral("a.xml")}),
-                           QStringLiteral("tree")));
+    EXPECT_TRUE(isOfSchema(workspace.run("tree --json -p a.xml"), QStringLiteral("tree")));
 }
 
 // get
@@ -117,42 +110,40 @@ TEST_F(Values, GetDividesLengthsByTheUnitsScale)
 
 TEST_F(Values, GetReadsAttributes)
 {
-    EXPECT_EQ(get({QStringLiteral("camera[Eye]@refname")}).out, QStringLiteral("camera.eye\n"));
-    EXPECT_EQ(get({QStringLiteral("@unitsScale")}).out, QStringLiteral("10\n"));
+    EXPECT_EQ(get(words("camera[Eye]@refname")).out, QStringLiteral("camera.eye\n"));
+    EXPECT_EQ(get(words("@unitsScale")).out, QStringLiteral("10\n"));
 }
 
 TEST_F(Values, GetPrintsEveryMatchWithItsPath)
 {
-    EXPECT_EQ(get({QStringLiteral("camera:Field Of View")}).lines().size(), 2);
+    EXPECT_EQ(get(words("'camera:Field Of View'")).lines().size(), 2);
 }
 
 TEST_F(Values, GetTakesNamesWithSlashes)
 {
-    EXPECT_EQ(get({QStringLiteral("snapshot[Front / left]/camera:Orthographic")}).out,
+    EXPECT_EQ(get(words("'snapshot[Front / left]/camera:Orthographic'")).out,
               QStringLiteral("false\n"));
 }
 
 TEST_F(Values, GetTakesNamesOfOtherLetters)
 {
-    EXPECT_EQ(get({QStringLiteral("snapshot[Größe]/camera:Field Of View")}).out,
-              QStringLiteral("30\n"));
+    EXPECT_EQ(get(words("'snapshot[Größe]/camera:Field Of View'")).out, QStringLiteral("30\n"));
 }
 
 TEST_F(Values, GetFindsByReferenceNameAndStars)
 {
-    EXPECT_EQ(get({QStringLiteral("*[camera.eye]:Field Of View")}).out, QStringLiteral("45\n"));
-    EXPECT_EQ(get({QStringLiteral("snapshots/*[*]/background:*")}).out,
-              QStringLiteral("1 0.5 0\n"));
+    EXPECT_EQ(get(words("'*[camera.eye]:Field Of View'")).out, QStringLiteral("45\n"));
+    EXPECT_EQ(get(words("snapshots/*[*]/background:*")).out, QStringLiteral("1 0.5 0\n"));
 }
 
 TEST_F(Values, AnAnchoredPathStartsBelowTheRoot)
 {
-    EXPECT_EQ(get({QStringLiteral("/camera:Field Of View")}).code, 1);
+    EXPECT_EQ(get(words("'/camera:Field Of View'")).code, 1);
 }
 
 TEST_F(Values, GetAnswersOneWhenNothingIsFound)
 {
-    const Outcome run = get({QStringLiteral("camera:Nothing")});
+    const Outcome run = get(words("camera:Nothing"));
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.out, QString());
 }
@@ -165,9 +156,7 @@ TEST_F(Values, GetAnswersTwoForWhatIsNoPath)
 
 TEST_F(Values, GetIsOfItsSchema)
 {
-    EXPECT_TRUE(
-        isOfSchema(get({QStringLiteral("--json"), QStringLiteral("*:*"), QStringLiteral("*@name")}),
-                   QStringLiteral("get")));
+    EXPECT_TRUE(isOfSchema(get(words("--json *:* *@name")), QStringLiteral("get")));
 }
 
 // set
@@ -243,7 +232,7 @@ TEST_F(Values, SetMakesAllAssignmentsOrNone)
 
 TEST_F(Values, SetAllTakesEveryMatch)
 {
-    EXPECT_EQ(set({QStringLiteral("--all"), QStringLiteral("camera:Field Of View=50")}).code, 0);
+    EXPECT_EQ(set(words("--all 'camera:Field Of View=50'")).code, 0);
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")).count("val=\"50\""), 2);
 }
 
@@ -253,6 +242,25 @@ TEST_F(Values, SetForceTakesReadOnlyParametersAndOtherRanges)
                    s_eye + QStringLiteral("Field Of View=150")})
                   .code,
               0);
+}
+
+TEST_F(Values, SetForceTakesNoOtherType)
+{
+    for (const char* const assignment :
+         {"Field Of View=wide", "Field Of View=", "From=1 2", "Orthographic=2", "Far=near"}) {
+        const Outcome run = set({QStringLiteral("--force"), s_eye + QLatin1String(assignment)});
+        EXPECT_EQ(run.code, 2) << assignment;
+        EXPECT_TRUE(isUntouched()) << assignment;
+    }
+}
+
+TEST_F(Values, SetForceChangesNoRange)
+{
+    EXPECT_EQ(set({QStringLiteral("--force"), s_eye + QStringLiteral("Field Of View=150")}).code,
+              0);
+    QByteArray expected = smallDocument();
+    expected.replace("val=\"45\"", "val=\"150\"");
+    EXPECT_EQ(workspace.read(QStringLiteral("a.xml")).toStdString(), expected.toStdString());
 }
 
 TEST_F(Values, SetWritesNowhereUnlessTold)
