@@ -3,7 +3,7 @@
 
 #include <rvopen/AlbumInfo.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -14,14 +14,7 @@ AlbumInfo::AlbumInfo(RVOpenNode* source)
 
 AlbumInfo::~AlbumInfo() = default;
 
-unsigned int AlbumInfo::SetLocation(QString location)
-{
-    return onParam(this, names::parameter::location, &Param::SetValString, location);
-}
-
-QString AlbumInfo::GetLocation()
-{
-    return stringParam(this, names::parameter::location);
-}
+RVOPEN_SET(AlbumInfo, SetLocation, location, String, QString)
+RVOPEN_GET_TEXT(AlbumInfo, GetLocation, location)
 
 } // namespace rvopen

@@ -3,7 +3,7 @@
 
 #include <rvopen/ArtificialLightStudio.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -28,24 +28,9 @@ void ArtificialLightStudio::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int ArtificialLightStudio::SetEnabled(int enabled)
-{
-    return onParam(this, names::parameter::enabled, &Param::SetValBool, enabled);
-}
-
-unsigned int ArtificialLightStudio::GetEnabled(int* out)
-{
-    return onParam(this, names::parameter::enabled, &Param::GetValBool, out);
-}
-
-unsigned int ArtificialLightStudio::SetIntensityScale(float scale)
-{
-    return onParam(this, names::parameter::intensityScale, &Param::SetValFloat, scale);
-}
-
-unsigned int ArtificialLightStudio::GetIntensityScale(float* out)
-{
-    return onParam(this, names::parameter::intensityScale, &Param::GetValFloat, out);
-}
+RVOPEN_SET(ArtificialLightStudio, SetEnabled, enabled, Bool, int)
+RVOPEN_GET(ArtificialLightStudio, GetEnabled, enabled, Bool, int*)
+RVOPEN_SET(ArtificialLightStudio, SetIntensityScale, intensityScale, Float, float)
+RVOPEN_GET(ArtificialLightStudio, GetIntensityScale, intensityScale, Float, float*)
 
 } // namespace rvopen

@@ -4,7 +4,7 @@
 #include <rvopen/Background.h>
 
 #include <rvopen/model/ComponentEquality.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -109,115 +109,28 @@ void Background::PopulateParams()
         populateParams(this, s_imageParams);
 }
 
-int Background::IsPlainColour() const
-{
-    return GetSubCat() == names::subCategory::plain();
-}
-
-int Background::IsGraduated() const
-{
-    return GetSubCat() == names::subCategory::graduated();
-}
-
-int Background::IsHorizon() const
-{
-    return GetSubCat() == names::subCategory::horizon();
-}
-
-int Background::IsImage() const
-{
-    return GetSubCat() == names::subCategory::image();
-}
-
-int Background::IsImage3D() const
-{
-    return GetSubCat() == names::subCategory::image3D();
-}
-
-int Background::IsReflection() const
-{
-    return GetSubCat() == names::subCategory::reflection();
-}
-
-unsigned int Background::GetPlainColour(float* const out)
-{
-    return onParam(this, names::parameter::colour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetPlainColour(float* const rgb)
-{
-    return onParam(this, names::parameter::colour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetPrimaryColour(float* const out)
-{
-    return onParam(this, names::parameter::primaryColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetPrimaryColour(float* const rgb)
-{
-    return onParam(this, names::parameter::primaryColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetSecondaryColour(float* const out)
-{
-    return onParam(this, names::parameter::secondaryColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetSecondaryColour(float* const rgb)
-{
-    return onParam(this, names::parameter::secondaryColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetSkyColour(float* const out)
-{
-    return onParam(this, names::parameter::skyColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetSkyColour(float* const rgb)
-{
-    return onParam(this, names::parameter::skyColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetHorizonSkyColour(float* const out)
-{
-    return onParam(this, names::parameter::horizonSkyColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetHorizonSkyColour(float* const rgb)
-{
-    return onParam(this, names::parameter::horizonSkyColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetHorizonGroundColour(float* const out)
-{
-    return onParam(this, names::parameter::horizonGroundColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetHorizonGroundColour(float* const rgb)
-{
-    return onParam(this, names::parameter::horizonGroundColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::GetGroundColour(float* const out)
-{
-    return onParam(this, names::parameter::groundColour, &Param::GetValColour, out);
-}
-
-unsigned int Background::SetGroundColour(float* const rgb)
-{
-    return onParam(this, names::parameter::groundColour, &Param::SetValColour, rgb);
-}
-
-unsigned int Background::SetImageBackground(QString fileName)
-{
-    return onParam(this, names::parameter::backgroundFileName, &Param::SetValString, fileName);
-}
-
-QString Background::GetImageBackground()
-{
-    return stringParam(this, names::parameter::backgroundFileName);
-}
+RVOPEN_IS_KIND(Background, IsPlainColour, plain)
+RVOPEN_IS_KIND(Background, IsGraduated, graduated)
+RVOPEN_IS_KIND(Background, IsHorizon, horizon)
+RVOPEN_IS_KIND(Background, IsImage, image)
+RVOPEN_IS_KIND(Background, IsImage3D, image3D)
+RVOPEN_IS_KIND(Background, IsReflection, reflection)
+RVOPEN_GET(Background, GetPlainColour, colour, Colour, float*)
+RVOPEN_SET(Background, SetPlainColour, colour, Colour, float*)
+RVOPEN_GET(Background, GetPrimaryColour, primaryColour, Colour, float*)
+RVOPEN_SET(Background, SetPrimaryColour, primaryColour, Colour, float*)
+RVOPEN_GET(Background, GetSecondaryColour, secondaryColour, Colour, float*)
+RVOPEN_SET(Background, SetSecondaryColour, secondaryColour, Colour, float*)
+RVOPEN_GET(Background, GetSkyColour, skyColour, Colour, float*)
+RVOPEN_SET(Background, SetSkyColour, skyColour, Colour, float*)
+RVOPEN_GET(Background, GetHorizonSkyColour, horizonSkyColour, Colour, float*)
+RVOPEN_SET(Background, SetHorizonSkyColour, horizonSkyColour, Colour, float*)
+RVOPEN_GET(Background, GetHorizonGroundColour, horizonGroundColour, Colour, float*)
+RVOPEN_SET(Background, SetHorizonGroundColour, horizonGroundColour, Colour, float*)
+RVOPEN_GET(Background, GetGroundColour, groundColour, Colour, float*)
+RVOPEN_SET(Background, SetGroundColour, groundColour, Colour, float*)
+RVOPEN_SET(Background, SetImageBackground, backgroundFileName, String, QString)
+RVOPEN_GET_TEXT(Background, GetImageBackground, backgroundFileName)
 
 unsigned int Background::SetImage3DBackground(QString fileName)
 {
@@ -239,22 +152,14 @@ QString Background::GetReflectionBackground()
     return GetImageBackground();
 }
 
-unsigned int Background::SetImage3DHorizonPosition(float position)
-{
-    return onParamOrNew(this, {names::parameter::horizonPosition, ParamType::Float},
-                        &Param::SetValFloat, position);
-}
+RVOPEN_SET_OR_NEW(Background, SetImage3DHorizonPosition, horizonPosition, Float, float)
 
 float Background::GetImage3DHorizonPosition()
 {
     return floatParam(this, names::parameter::horizonPosition, 0.5f);
 }
 
-unsigned int Background::SetImage3DFixedSize(float size)
-{
-    return onParamOrNew(this, {names::parameter::fixedSize, ParamType::Float}, &Param::SetValFloat,
-                        size);
-}
+RVOPEN_SET_OR_NEW(Background, SetImage3DFixedSize, fixedSize, Float, float)
 
 float Background::GetImage3DFixedSize()
 {

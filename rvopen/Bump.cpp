@@ -6,8 +6,7 @@
 #include <rvopen/ShaderColour.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Components.h>
-#include <rvopen/model/Names.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -18,49 +17,14 @@ Bump::Bump(Bump* source)
 
 Bump::~Bump() = default;
 
-unsigned int Bump::GetUseDiffuse(int* out)
-{
-    return onParam(this, names::parameter::useDiffuse, &Param::GetValBool, out);
-}
-
-unsigned int Bump::SetUseDiffuse(int value)
-{
-    return onParamOrNew(this, {names::parameter::useDiffuse, ParamType::Bool}, &Param::SetValBool,
-                        value);
-}
-
-unsigned int Bump::GetIsNormalMap(int* out)
-{
-    return onParam(this, names::parameter::isNormalMap, &Param::GetValBool, out);
-}
-
-unsigned int Bump::SetIsNormalMap(int value)
-{
-    return onParamOrNew(this, {names::parameter::isNormalMap, ParamType::Bool}, &Param::SetValBool,
-                        value);
-}
-
-unsigned int Bump::GetHeight(float* out)
-{
-    return onParam(this, names::parameter::height, &Param::GetValFloat, out);
-}
-
-unsigned int Bump::SetHeight(float value)
-{
-    return onParamOrNew(this, {names::parameter::height, ParamType::Float}, &Param::SetValFloat,
-                        value);
-}
-
-unsigned int Bump::GetSoftness(float* out)
-{
-    return onParam(this, names::parameter::softness, &Param::GetValFloat, out);
-}
-
-unsigned int Bump::SetSoftness(float value)
-{
-    return onParamOrNew(this, {names::parameter::softness, ParamType::Float}, &Param::SetValFloat,
-                        value);
-}
+RVOPEN_GET(Bump, GetUseDiffuse, useDiffuse, Bool, int*)
+RVOPEN_SET_OR_NEW(Bump, SetUseDiffuse, useDiffuse, Bool, int)
+RVOPEN_GET(Bump, GetIsNormalMap, isNormalMap, Bool, int*)
+RVOPEN_SET_OR_NEW(Bump, SetIsNormalMap, isNormalMap, Bool, int)
+RVOPEN_GET(Bump, GetHeight, height, Float, float*)
+RVOPEN_SET_OR_NEW(Bump, SetHeight, height, Float, float)
+RVOPEN_GET(Bump, GetSoftness, softness, Float, float*)
+RVOPEN_SET_OR_NEW(Bump, SetSoftness, softness, Float, float)
 
 ShaderColour* Bump::GetColour()
 {

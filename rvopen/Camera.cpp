@@ -3,8 +3,7 @@
 
 #include <rvopen/Camera.h>
 
-#include <rvopen/model/ParamAccess.h>
-#include <rvopen/model/ParamSequence.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -65,21 +64,14 @@ void Camera::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int Camera::SetViewFit(int viewFit)
-{
-    return onParamOrNew(this, {names::parameter::viewFit, ParamType::Bool}, &Param::SetValBool,
-                        viewFit);
-}
+RVOPEN_SET_OR_NEW(Camera, SetViewFit, viewFit, Bool, int)
 
 unsigned int Camera::GetViewFit(int* out)
 {
     return onParamOrDefault(this, names::parameter::viewFit, &Param::GetValBool, out, 0);
 }
 
-int Camera::IsUpVector() const
-{
-    return GetSubCat() == names::subCategory::upVector();
-}
+RVOPEN_IS_KIND(Camera, IsUpVector, upVector)
 
 unsigned int Camera::SetSubCatAsUpVector()
 {

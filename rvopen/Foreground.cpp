@@ -3,7 +3,7 @@
 
 #include <rvopen/Foreground.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -31,24 +31,9 @@ void Foreground::PopulateParams()
         populateParams(this, s_depthCueParams);
 }
 
-int Foreground::IsDepthCue() const
-{
-    return GetSubCat() == names::subCategory::depthCue();
-}
-
-unsigned int Foreground::GetDepthCueBackgroundColour(float* const out)
-{
-    return onParam(this, names::parameter::backgroundColour, &Param::GetValColour, out);
-}
-
-unsigned int Foreground::GetDepthCueNear(float* out)
-{
-    return onParam(this, names::parameter::nearDistance, &Param::GetValFloat, out);
-}
-
-unsigned int Foreground::GetDepthCueFar(float* out)
-{
-    return onParam(this, names::parameter::farDistance, &Param::GetValFloat, out);
-}
+RVOPEN_IS_KIND(Foreground, IsDepthCue, depthCue)
+RVOPEN_GET(Foreground, GetDepthCueBackgroundColour, backgroundColour, Colour, float*)
+RVOPEN_GET(Foreground, GetDepthCueNear, nearDistance, Float, float*)
+RVOPEN_GET(Foreground, GetDepthCueFar, farDistance, Float, float*)
 
 } // namespace rvopen

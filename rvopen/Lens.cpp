@@ -3,7 +3,7 @@
 
 #include <rvopen/Lens.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -14,14 +14,7 @@ Lens::Lens(RVOpenNode* source)
 
 Lens::~Lens() = default;
 
-unsigned int Lens::GetAngle(float* out)
-{
-    return onParam(this, names::parameter::angle, &Param::GetValFloat, out);
-}
-
-unsigned int Lens::SetAngle(float angle)
-{
-    return onParam(this, names::parameter::angle, &Param::SetValFloat, angle);
-}
+RVOPEN_GET(Lens, GetAngle, angle, Float, float*)
+RVOPEN_SET(Lens, SetAngle, angle, Float, float)
 
 } // namespace rvopen

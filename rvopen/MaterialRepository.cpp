@@ -120,7 +120,7 @@ void MaterialRepository::AddMaterial(Material* material)
     NodeAccess::withdraw(material);
     RVOpenNode* const last = NodeAccess::lastChild(this);
     material->SetParent(this);
-    NodeAccess::linkLast(this, last, material);
+    NodeAccess::link(this, last, material);
 }
 
 void MaterialRepository::RemoveMaterial(Material* material)

@@ -3,7 +3,7 @@
 
 #include <rvopen/NaturalLightStudio.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -29,34 +29,11 @@ void NaturalLightStudio::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int NaturalLightStudio::SetEnabled(int enabled)
-{
-    return onParam(this, names::parameter::enabled, &Param::SetValBool, enabled);
-}
-
-unsigned int NaturalLightStudio::GetEnabled(int* out)
-{
-    return onParam(this, names::parameter::enabled, &Param::GetValBool, out);
-}
-
-unsigned int NaturalLightStudio::SetSunAzimuth(float azimuth)
-{
-    return onParam(this, names::parameter::sunAzimuth, &Param::SetValFloat, azimuth);
-}
-
-unsigned int NaturalLightStudio::GetSunAzimuth(float* out)
-{
-    return onParam(this, names::parameter::sunAzimuth, &Param::GetValFloat, out);
-}
-
-unsigned int NaturalLightStudio::SetSunAltitude(float altitude)
-{
-    return onParam(this, names::parameter::sunAltitude, &Param::SetValFloat, altitude);
-}
-
-unsigned int NaturalLightStudio::GetSunAltitude(float* out)
-{
-    return onParam(this, names::parameter::sunAltitude, &Param::GetValFloat, out);
-}
+RVOPEN_SET(NaturalLightStudio, SetEnabled, enabled, Bool, int)
+RVOPEN_GET(NaturalLightStudio, GetEnabled, enabled, Bool, int*)
+RVOPEN_SET(NaturalLightStudio, SetSunAzimuth, sunAzimuth, Float, float)
+RVOPEN_GET(NaturalLightStudio, GetSunAzimuth, sunAzimuth, Float, float*)
+RVOPEN_SET(NaturalLightStudio, SetSunAltitude, sunAltitude, Float, float)
+RVOPEN_GET(NaturalLightStudio, GetSunAltitude, sunAltitude, Float, float*)
 
 } // namespace rvopen

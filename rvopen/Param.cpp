@@ -15,6 +15,28 @@
 #include <algorithm>
 #include <cmath>
 
+/// Definitions of the operations that are alike for several types, a row each.
+#define RVOPEN_IS_TYPE(Operation, type)                                                            \
+    int Param::Operation() const                                                                   \
+    {                                                                                              \
+        return isType(names::paramType::type());                                                   \
+    }
+#define RVOPEN_SET_TRIPLE_TYPE(Operation, type)                                                    \
+    void Param::Operation(float* const triple)                                                     \
+    {                                                                                              \
+        if (triple)                                                                                \
+            setTypeAndValue(names::paramType::type(), valueText::fromTriple(triple));              \
+    }
+#define RVOPEN_TRIPLE(Get, Set, IsType)                                                            \
+    unsigned int Param::Get(float* const out) const                                                \
+    {                                                                                              \
+        return IsType() ? valueText::toTriple(value(), out) : StatusMissing;                       \
+    }                                                                                              \
+    unsigned int Param::Set(float* const newValue)                                                 \
+    {                                                                                              \
+        return IsType() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;   \
+    }
+
 namespace rvopen {
 
 namespace {
@@ -40,45 +62,14 @@ Param* Param::GetNext()
     return paramFrom<Param>(GetNext(0));
 }
 
-int Param::IsFloat() const
-{
-    return isType(names::paramType::floatType());
-}
-
-int Param::IsBool() const
-{
-    return isType(names::paramType::boolean());
-}
-
-int Param::IsShader() const
-{
-    return isType(names::paramType::shader());
-}
-
-int Param::IsColour() const
-{
-    return isType(names::paramType::colour());
-}
-
-int Param::IsVector() const
-{
-    return isType(names::paramType::vector());
-}
-
-int Param::IsPoint() const
-{
-    return isType(names::paramType::point());
-}
-
-int Param::IsString() const
-{
-    return isType(names::paramType::string());
-}
-
-int Param::IsInt() const
-{
-    return isType(names::paramType::integer());
-}
+RVOPEN_IS_TYPE(IsFloat, floatType)
+RVOPEN_IS_TYPE(IsBool, boolean)
+RVOPEN_IS_TYPE(IsShader, shader)
+RVOPEN_IS_TYPE(IsColour, colour)
+RVOPEN_IS_TYPE(IsVector, vector)
+RVOPEN_IS_TYPE(IsPoint, point)
+RVOPEN_IS_TYPE(IsString, string)
+RVOPEN_IS_TYPE(IsInt, integer)
 
 int Param::IsDimensional() const
 {
@@ -117,23 +108,9 @@ void Param::SetTypeShader(QString newValue)
     setTypeAndValue(names::paramType::shader(), newValue);
 }
 
-void Param::SetTypeColour(float* const rgb)
-{
-    if (rgb)
-        setTypeAndValue(names::paramType::colour(), valueText::fromTriple(rgb));
-}
-
-void Param::SetTypeVector(float* const vector)
-{
-    if (vector)
-        setTypeAndValue(names::paramType::vector(), valueText::fromTriple(vector));
-}
-
-void Param::SetTypePoint(float* const point)
-{
-    if (point)
-        setTypeAndValue(names::paramType::point(), valueText::fromTriple(point));
-}
+RVOPEN_SET_TRIPLE_TYPE(SetTypeColour, colour)
+RVOPEN_SET_TRIPLE_TYPE(SetTypeVector, vector)
+RVOPEN_SET_TRIPLE_TYPE(SetTypePoint, point)
 
 unsigned int Param::GetValFloat(float* out)
 {
@@ -170,35 +147,9 @@ unsigned int Param::SetValBool(int newValue)
     return IsBool() ? setValue(valueText::fromBool(newValue)) : StatusMissing;
 }
 
-unsigned int Param::GetValColour(float* const out) const
-{
-    return IsColour() ? valueText::toTriple(value(), out) : StatusMissing;
-}
-
-unsigned int Param::SetValColour(float* const newValue)
-{
-    return IsColour() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
-}
-
-unsigned int Param::GetValVector(float* const out) const
-{
-    return IsVector() ? valueText::toTriple(value(), out) : StatusMissing;
-}
-
-unsigned int Param::SetValVector(float* const newValue)
-{
-    return IsVector() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
-}
-
-unsigned int Param::GetValPoint(float* const out) const
-{
-    return IsPoint() ? valueText::toTriple(value(), out) : StatusMissing;
-}
-
-unsigned int Param::SetValPoint(float* const newValue)
-{
-    return IsPoint() && newValue ? setValue(valueText::fromTriple(newValue)) : StatusMissing;
-}
+RVOPEN_TRIPLE(GetValColour, SetValColour, IsColour)
+RVOPEN_TRIPLE(GetValVector, SetValVector, IsVector)
+RVOPEN_TRIPLE(GetValPoint, SetValPoint, IsPoint)
 
 QString Param::GetValString() const
 {

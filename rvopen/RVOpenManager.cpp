@@ -14,7 +14,6 @@
 #include <rvopen/manager/SnapShotNames.h>
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/TextureReferences.h>
-#include <rvopen/xml/DomWriter.h>
 
 namespace rvopen {
 

@@ -5,7 +5,6 @@
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenPaths.h>
-#include <rvopen/RVOpenSchema.h>
 #include <rvopen/files/Containment.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/LookUp.h>

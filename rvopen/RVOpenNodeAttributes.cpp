@@ -9,6 +9,26 @@
 
 #include <QDir>
 
+/// Definitions of the properties, a row each.
+#define RVOPEN_TEXT(Get, Set, name)                                                                \
+    QString RVOpenNode::Get() const                                                                \
+    {                                                                                              \
+        return attribute(names::attribute::name());                                                \
+    }                                                                                              \
+    void RVOpenNode::Set(QString value)                                                            \
+    {                                                                                              \
+        setAttribute(names::attribute::name(), value);                                             \
+    }
+#define RVOPEN_FLAG(Is, Set, name, valueWhenAbsent)                                                \
+    int RVOpenNode::Is() const                                                                     \
+    {                                                                                              \
+        return flag(names::attribute::name(), valueWhenAbsent);                                    \
+    }                                                                                              \
+    void RVOpenNode::Set(int value)                                                                \
+    {                                                                                              \
+        setAttribute(names::attribute::name(), valueText::fromBool(value));                        \
+    }
+
 namespace rvopen {
 
 unsigned int RVOpenNode::GetAttributeFloat(const char* name, float* out) const
@@ -51,95 +71,15 @@ void RVOpenNode::SetAttributeString(const char* name, QString value)
     setAttribute(QString::fromLatin1(name), value);
 }
 
-QString RVOpenNode::GetName() const
-{
-    return attribute(names::attribute::name());
-}
-
-void RVOpenNode::SetName(QString value)
-{
-    setAttribute(names::attribute::name(), value);
-}
-
-QString RVOpenNode::GetCat() const
-{
-    return attribute(names::attribute::cat());
-}
-
-void RVOpenNode::SetCat(QString value)
-{
-    setAttribute(names::attribute::cat(), value);
-}
-
-QString RVOpenNode::GetDescription() const
-{
-    return attribute(names::attribute::description());
-}
-
-void RVOpenNode::SetDescription(QString value)
-{
-    setAttribute(names::attribute::description(), value);
-}
-
-QString RVOpenNode::GetSubCat() const
-{
-    return attribute(names::attribute::subCat());
-}
-
-void RVOpenNode::SetSubCat(QString value)
-{
-    setAttribute(names::attribute::subCat(), value);
-}
-
-QString RVOpenNode::GetShaderClass() const
-{
-    return attribute(names::attribute::shaderClass());
-}
-
-void RVOpenNode::SetShaderClass(QString value)
-{
-    setAttribute(names::attribute::shaderClass(), value);
-}
-
-QString RVOpenNode::GetPath() const
-{
-    return attribute(names::attribute::path());
-}
-
-void RVOpenNode::SetPath(QString value)
-{
-    setAttribute(names::attribute::path(), value);
-}
-
-QString RVOpenNode::GetRefName() const
-{
-    return attribute(names::attribute::refName());
-}
-
-void RVOpenNode::SetRefName(QString value)
-{
-    setAttribute(names::attribute::refName(), value);
-}
-
-QString RVOpenNode::GetImageName() const
-{
-    return attribute(names::attribute::imageName());
-}
-
-void RVOpenNode::SetImageName(QString value)
-{
-    setAttribute(names::attribute::imageName(), value);
-}
-
-QString RVOpenNode::GetShortArchiveFilename() const
-{
-    return attribute(names::attribute::archiveFilename());
-}
-
-void RVOpenNode::SetShortArchiveFilename(QString value)
-{
-    setAttribute(names::attribute::archiveFilename(), value);
-}
+RVOPEN_TEXT(GetName, SetName, name)
+RVOPEN_TEXT(GetCat, SetCat, cat)
+RVOPEN_TEXT(GetDescription, SetDescription, description)
+RVOPEN_TEXT(GetSubCat, SetSubCat, subCat)
+RVOPEN_TEXT(GetShaderClass, SetShaderClass, shaderClass)
+RVOPEN_TEXT(GetPath, SetPath, path)
+RVOPEN_TEXT(GetRefName, SetRefName, refName)
+RVOPEN_TEXT(GetImageName, SetImageName, imageName)
+RVOPEN_TEXT(GetShortArchiveFilename, SetShortArchiveFilename, archiveFilename)
 
 RVOpenNode::ImageBorder RVOpenNode::GetImageBorder() const
 {
@@ -153,55 +93,11 @@ void RVOpenNode::SetImageBorder(ImageBorder value)
     setAttribute(names::attribute::imageBorder(), QString::number(static_cast<int>(value)));
 }
 
-int RVOpenNode::IsEnabled() const
-{
-    return flag(names::attribute::enabled(), 1);
-}
-
-void RVOpenNode::SetEnabled(int value)
-{
-    setAttribute(names::attribute::enabled(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsTranslationDisabled() const
-{
-    return flag(names::attribute::translationDisabled(), 0);
-}
-
-void RVOpenNode::SetTranslationDisabled(int value)
-{
-    setAttribute(names::attribute::translationDisabled(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsCustom() const
-{
-    return flag(names::attribute::custom(), 0);
-}
-
-void RVOpenNode::SetCustom(int value)
-{
-    setAttribute(names::attribute::custom(), valueText::fromBool(value));
-}
-
-int RVOpenNode::IsReset() const
-{
-    return flag(names::attribute::reset(), 0);
-}
-
-void RVOpenNode::SetReset(int value)
-{
-    setAttribute(names::attribute::reset(), valueText::fromBool(value));
-}
-
-int RVOpenNode::ThumbnailRegenerated() const
-{
-    return flag(names::attribute::thumbRegenerated(), 1);
-}
-
-void RVOpenNode::SetThumbnailRegenerated(int value)
-{
-    setAttribute(names::attribute::thumbRegenerated(), valueText::fromBool(value));
-}
+RVOPEN_FLAG(IsEnabled, SetEnabled, enabled, 1)
+RVOPEN_FLAG(IsTranslationDisabled, SetTranslationDisabled, translationDisabled, 0)
+RVOPEN_FLAG(IsCustom, SetCustom, custom, 0)
+RVOPEN_FLAG(IsReset, SetReset, reset, 0)
+RVOPEN_FLAG(ThumbnailRegenerated, SetThumbnailRegenerated, thumbRegenerated, 1)
 
 QString RVOpenNode::EncodeFloat3(float a, float b, float c) const
 {

@@ -37,6 +37,18 @@
 
 #include <QDomElement>
 
+/// Definitions of the kind tests, a row each.
+#define RVOPEN_GROUP(Operation, name)                                                              \
+    RVOpenNode* RVOpenSchema::Operation(RVOpenNode* node)                                          \
+    {                                                                                              \
+        return isNamed(node, names::element::name) ? node : nullptr;                               \
+    }
+#define RVOPEN_CLASS(Class, Operation, name)                                                       \
+    Class* RVOpenSchema::Operation(RVOpenNode* node)                                               \
+    {                                                                                              \
+        return isNamed(node, names::element::name) ? nodeCast<Class>(node) : nullptr;              \
+    }
+
 namespace rvopen {
 
 namespace {
@@ -95,17 +107,6 @@ constexpr Maker s_makers[] = {
 bool isNamed(const RVOpenNode* node, names::Name name)
 {
     return node && node->GetNodeName() == name();
-}
-
-RVOpenNode* asKind(RVOpenNode* node, names::Name name)
-{
-    return isNamed(node, name) ? node : nullptr;
-}
-
-template <typename Class>
-Class* asClass(RVOpenNode* node, names::Name name)
-{
-    return isNamed(node, name) ? nodeCast<Class>(node) : nullptr;
 }
 
 /// A group element and the kind of preset that it holds.
@@ -169,85 +170,22 @@ RVOpenNode* RVOpenSchema::createNode(QDomNode node)
     return NodeAccess::make(node);
 }
 
-RVOpenNode* RVOpenSchema::isNodeSchemes(RVOpenNode* node)
-{
-    return asKind(node, names::element::schemes);
-}
-
-RVOpenNode* RVOpenSchema::isNodeMaterials(RVOpenNode* node)
-{
-    return asKind(node, names::element::materials);
-}
-
-RVOpenNode* RVOpenSchema::isNodeColours(RVOpenNode* node)
-{
-    return asKind(node, names::element::colours);
-}
-
-RVOpenNode* RVOpenSchema::isNodeFinishes(RVOpenNode* node)
-{
-    return asKind(node, names::element::finishes);
-}
-
-RVOpenNode* RVOpenSchema::isNodeTransparencies(RVOpenNode* node)
-{
-    return asKind(node, names::element::transparencies);
-}
-
-RVOpenNode* RVOpenSchema::isNodeBumps(RVOpenNode* node)
-{
-    return asKind(node, names::element::bumps);
-}
-
-RVOpenNode* RVOpenSchema::isNodeBackgrounds(RVOpenNode* node)
-{
-    return asKind(node, names::element::backgrounds);
-}
-
-RVOpenNode* RVOpenSchema::isNodeForegrounds(RVOpenNode* node)
-{
-    return asKind(node, names::element::foregrounds);
-}
-
-RVOpenNode* RVOpenSchema::isNodeCameras(RVOpenNode* node)
-{
-    return asKind(node, names::element::cameras);
-}
-
-RVOpenNode* RVOpenSchema::isNodeDir(RVOpenNode* node)
-{
-    return asKind(node, names::element::dir);
-}
-
-Lens* RVOpenSchema::isNodeLens(RVOpenNode* node)
-{
-    return asClass<Lens>(node, names::element::lens);
-}
-
-AspectRatio* RVOpenSchema::isNodeAspectRatio(RVOpenNode* node)
-{
-    return asClass<AspectRatio>(node, names::element::aspectRatio);
-}
-
-AspectRatioOrient* RVOpenSchema::isNodeAspectRatioOrient(RVOpenNode* node)
-{
-    return asClass<AspectRatioOrient>(node, names::element::aspectRatioOrient);
-}
-
-Scheme* RVOpenSchema::isNodeScheme(RVOpenNode* node)
-{
-    return asClass<Scheme>(node, names::element::scheme);
-}
-
-Material* RVOpenSchema::isNodeMaterial(RVOpenNode* node)
-{
-    return asClass<Material>(node, names::element::material);
-}
-
-Colour* RVOpenSchema::isNodeColour(RVOpenNode* node)
-{
-    return asClass<Colour>(node, names::element::colour);
-}
+RVOPEN_GROUP(isNodeSchemes, schemes)
+RVOPEN_GROUP(isNodeMaterials, materials)
+RVOPEN_GROUP(isNodeColours, colours)
+RVOPEN_GROUP(isNodeFinishes, finishes)
+RVOPEN_GROUP(isNodeTransparencies, transparencies)
+RVOPEN_GROUP(isNodeBumps, bumps)
+RVOPEN_GROUP(isNodeBackgrounds, backgrounds)
+RVOPEN_GROUP(isNodeForegrounds, foregrounds)
+RVOPEN_GROUP(isNodeCameras, cameras)
+RVOPEN_GROUP(isNodeDir, dir)
+RVOPEN_CLASS(Lens, isNodeLens, lens)
+RVOPEN_CLASS(AspectRatio, isNodeAspectRatio, aspectRatio)
+RVOPEN_CLASS(AspectRatioOrient, isNodeAspectRatioOrient, aspectRatioOrient)
+RVOPEN_CLASS(Scheme, isNodeScheme, scheme)
+RVOPEN_CLASS(Material, isNodeMaterial, material)
+RVOPEN_CLASS(Colour, isNodeColour, colour)
 
 ShaderColour* RVOpenSchema::isNodeShaderColour(RVOpenNode* node)
 {
@@ -257,95 +195,24 @@ ShaderColour* RVOpenSchema::isNodeShaderColour(RVOpenNode* node)
                : nullptr;
 }
 
-ShaderPlainColour* RVOpenSchema::isNodeShaderPlainColour(RVOpenNode* node)
-{
-    return asClass<ShaderPlainColour>(node, names::element::plainColour);
-}
-
-ShaderMap* RVOpenSchema::isNodeShaderMap(RVOpenNode* node)
-{
-    return asClass<ShaderMap>(node, names::element::map);
-}
-
-ShaderDiffuse* RVOpenSchema::isNodeShaderDiffuse(RVOpenNode* node)
-{
-    return asClass<ShaderDiffuse>(node, names::element::diffuse);
-}
-
-Finish* RVOpenSchema::isNodeFinish(RVOpenNode* node)
-{
-    return asClass<Finish>(node, names::element::finish);
-}
-
-Transparency* RVOpenSchema::isNodeTransparency(RVOpenNode* node)
-{
-    return asClass<Transparency>(node, names::element::transparency);
-}
-
-Bump* RVOpenSchema::isNodeBump(RVOpenNode* node)
-{
-    return asClass<Bump>(node, names::element::bump);
-}
-
-MaterialRepository* RVOpenSchema::isNodeMaterialRepository(RVOpenNode* node)
-{
-    return asClass<MaterialRepository>(node, names::element::materialRepository);
-}
-
-Background* RVOpenSchema::isNodeBackground(RVOpenNode* node)
-{
-    return asClass<Background>(node, names::element::background);
-}
-
-Foreground* RVOpenSchema::isNodeForeground(RVOpenNode* node)
-{
-    return asClass<Foreground>(node, names::element::foreground);
-}
-
-Param* RVOpenSchema::isNodeParam(RVOpenNode* node)
-{
-    return asClass<Param>(node, names::element::param);
-}
-
-SnapShot* RVOpenSchema::isNodeSnapShot(RVOpenNode* node)
-{
-    return asClass<SnapShot>(node, names::element::snapShot);
-}
-
-SnapShots* RVOpenSchema::isNodeSnapShots(RVOpenNode* node)
-{
-    return asClass<SnapShots>(node, names::element::snapShots);
-}
-
-NaturalLightStudio* RVOpenSchema::isNodeNaturalLightStudio(RVOpenNode* node)
-{
-    return asClass<NaturalLightStudio>(node, names::element::naturalLightStudio);
-}
-
-Camera* RVOpenSchema::isNodeCamera(RVOpenNode* node)
-{
-    return asClass<Camera>(node, names::element::camera);
-}
-
-SnapShotSettings* RVOpenSchema::isNodeSnapShotSettings(RVOpenNode* node)
-{
-    return asClass<SnapShotSettings>(node, names::element::snapShotSettings);
-}
-
-RenderTargets* RVOpenSchema::isNodeRenderTargets(RVOpenNode* node)
-{
-    return asClass<RenderTargets>(node, names::element::renderTargets);
-}
-
-RenderTarget* RVOpenSchema::isNodeRenderTarget(RVOpenNode* node)
-{
-    return asClass<RenderTarget>(node, names::element::renderTarget);
-}
-
-Scenery* RVOpenSchema::isNodeScenery(RVOpenNode* node)
-{
-    return asClass<Scenery>(node, names::element::scenery);
-}
+RVOPEN_CLASS(ShaderPlainColour, isNodeShaderPlainColour, plainColour)
+RVOPEN_CLASS(ShaderMap, isNodeShaderMap, map)
+RVOPEN_CLASS(ShaderDiffuse, isNodeShaderDiffuse, diffuse)
+RVOPEN_CLASS(Finish, isNodeFinish, finish)
+RVOPEN_CLASS(Transparency, isNodeTransparency, transparency)
+RVOPEN_CLASS(Bump, isNodeBump, bump)
+RVOPEN_CLASS(MaterialRepository, isNodeMaterialRepository, materialRepository)
+RVOPEN_CLASS(Background, isNodeBackground, background)
+RVOPEN_CLASS(Foreground, isNodeForeground, foreground)
+RVOPEN_CLASS(Param, isNodeParam, param)
+RVOPEN_CLASS(SnapShot, isNodeSnapShot, snapShot)
+RVOPEN_CLASS(SnapShots, isNodeSnapShots, snapShots)
+RVOPEN_CLASS(NaturalLightStudio, isNodeNaturalLightStudio, naturalLightStudio)
+RVOPEN_CLASS(Camera, isNodeCamera, camera)
+RVOPEN_CLASS(SnapShotSettings, isNodeSnapShotSettings, snapShotSettings)
+RVOPEN_CLASS(RenderTargets, isNodeRenderTargets, renderTargets)
+RVOPEN_CLASS(RenderTarget, isNodeRenderTarget, renderTarget)
+RVOPEN_CLASS(Scenery, isNodeScenery, scenery)
 
 int RVOpenSchema::canAddNode(RVOpenNode* parent, RVOpenNode* child)
 {

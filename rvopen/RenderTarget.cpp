@@ -4,7 +4,7 @@
 #include <rvopen/RenderTarget.h>
 
 #include <rvopen/model/NodeAccess.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 #include <limits>
 
@@ -68,35 +68,12 @@ void RenderTarget::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int RenderTarget::SetLightingQuality(int quality)
-{
-    return onParam(this, names::parameter::lightingQuality, &Param::SetValInt, quality);
-}
-
-unsigned int RenderTarget::GetLightingQuality(int* out)
-{
-    return onParam(this, names::parameter::lightingQuality, &Param::GetValInt, out);
-}
-
-unsigned int RenderTarget::SetMaterialQuality(int quality)
-{
-    return onParam(this, names::parameter::materialQuality, &Param::SetValInt, quality);
-}
-
-unsigned int RenderTarget::GetMaterialQuality(int* out)
-{
-    return onParam(this, names::parameter::materialQuality, &Param::GetValInt, out);
-}
-
-unsigned int RenderTarget::SetRenderQuality(QString quality)
-{
-    return onParam(this, names::parameter::renderQuality, &Param::SetValString, quality);
-}
-
-QString RenderTarget::GetRenderQuality()
-{
-    return stringParam(this, names::parameter::renderQuality);
-}
+RVOPEN_SET(RenderTarget, SetLightingQuality, lightingQuality, Int, int)
+RVOPEN_GET(RenderTarget, GetLightingQuality, lightingQuality, Int, int*)
+RVOPEN_SET(RenderTarget, SetMaterialQuality, materialQuality, Int, int)
+RVOPEN_GET(RenderTarget, GetMaterialQuality, materialQuality, Int, int*)
+RVOPEN_SET(RenderTarget, SetRenderQuality, renderQuality, String, QString)
+RVOPEN_GET_TEXT(RenderTarget, GetRenderQuality, renderQuality)
 
 unsigned int RenderTarget::SetModelHint(float hint)
 {
@@ -108,61 +85,22 @@ unsigned int RenderTarget::SetModelHint(float hint)
     return param->SetValFloat(hint);
 }
 
-unsigned int RenderTarget::GetModelHint(float* out)
-{
-    return onParam(this, names::parameter::modelHint, &Param::GetValFloat, out);
-}
-
-unsigned int RenderTarget::SetAspectRatio(float ratio)
-{
-    return onParam(this, names::parameter::aspectRatio, &Param::SetValFloat, ratio);
-}
-
-unsigned int RenderTarget::GetAspectRatio(float* out)
-{
-    return onParam(this, names::parameter::aspectRatio, &Param::GetValFloat, out);
-}
-
-unsigned int RenderTarget::SetUseAspectRatio(int use)
-{
-    return onParam(this, names::parameter::useAspectRatio, &Param::SetValBool, use);
-}
-
-unsigned int RenderTarget::GetUseAspectRatio(int* out)
-{
-    return onParam(this, names::parameter::useAspectRatio, &Param::GetValBool, out);
-}
-
-unsigned int RenderTarget::SetLandscape(int landscape)
-{
-    return onParamOrNew(this, {names::parameter::landscape, ParamType::Bool}, &Param::SetValBool,
-                        landscape);
-}
+RVOPEN_GET(RenderTarget, GetModelHint, modelHint, Float, float*)
+RVOPEN_SET(RenderTarget, SetAspectRatio, aspectRatio, Float, float)
+RVOPEN_GET(RenderTarget, GetAspectRatio, aspectRatio, Float, float*)
+RVOPEN_SET(RenderTarget, SetUseAspectRatio, useAspectRatio, Bool, int)
+RVOPEN_GET(RenderTarget, GetUseAspectRatio, useAspectRatio, Bool, int*)
+RVOPEN_SET_OR_NEW(RenderTarget, SetLandscape, landscape, Bool, int)
 
 unsigned int RenderTarget::GetLandscape(int* out)
 {
     return onParamOrDefault(this, names::parameter::landscape, &Param::GetValBool, out, 1);
 }
 
-unsigned int RenderTarget::SetWidth(int width)
-{
-    return onParam(this, names::parameter::width, &Param::SetValInt, width);
-}
-
-unsigned int RenderTarget::GetWidth(int* out)
-{
-    return onParam(this, names::parameter::width, &Param::GetValInt, out);
-}
-
-unsigned int RenderTarget::SetHeight(int height)
-{
-    return onParam(this, names::parameter::height, &Param::SetValInt, height);
-}
-
-unsigned int RenderTarget::GetHeight(int* out)
-{
-    return onParam(this, names::parameter::height, &Param::GetValInt, out);
-}
+RVOPEN_SET(RenderTarget, SetWidth, width, Int, int)
+RVOPEN_GET(RenderTarget, GetWidth, width, Int, int*)
+RVOPEN_SET(RenderTarget, SetHeight, height, Int, int)
+RVOPEN_GET(RenderTarget, GetHeight, height, Int, int*)
 
 unsigned int RenderTarget::GetWidthHeightUsingAspectRatio(int* width, int* height)
 {
@@ -190,45 +128,13 @@ unsigned int RenderTarget::GetWidthHeightUsingAspectRatio(int* width, int* heigh
     return StatusOk;
 }
 
-unsigned int RenderTarget::SetOutputFormat(QString format)
-{
-    return onParam(this, names::parameter::outputFormat, &Param::SetValString, format);
-}
-
-QString RenderTarget::GetOutputFormat()
-{
-    return stringParam(this, names::parameter::outputFormat);
-}
-
-unsigned int RenderTarget::SetFileName(QString fileName)
-{
-    return onParam(this, names::parameter::fileName, &Param::SetValString, fileName);
-}
-
-QString RenderTarget::GetFileName()
-{
-    return stringParam(this, names::parameter::fileName);
-}
-
-unsigned int RenderTarget::SetShortFileName(QString fileName)
-{
-    return onParam(this, names::parameter::shortFileName, &Param::SetValString, fileName);
-}
-
-QString RenderTarget::GetShortFileName()
-{
-    return stringParam(this, names::parameter::shortFileName);
-}
-
-unsigned int RenderTarget::SetGamma(float gamma)
-{
-    return onParamOrNew(this, {names::parameter::gamma, ParamType::Float}, &Param::SetValFloat,
-                        gamma);
-}
-
-unsigned int RenderTarget::GetGamma(float* out)
-{
-    return onParam(this, names::parameter::gamma, &Param::GetValFloat, out);
-}
+RVOPEN_SET(RenderTarget, SetOutputFormat, outputFormat, String, QString)
+RVOPEN_GET_TEXT(RenderTarget, GetOutputFormat, outputFormat)
+RVOPEN_SET(RenderTarget, SetFileName, fileName, String, QString)
+RVOPEN_GET_TEXT(RenderTarget, GetFileName, fileName)
+RVOPEN_SET(RenderTarget, SetShortFileName, shortFileName, String, QString)
+RVOPEN_GET_TEXT(RenderTarget, GetShortFileName, shortFileName)
+RVOPEN_SET_OR_NEW(RenderTarget, SetGamma, gamma, Float, float)
+RVOPEN_GET(RenderTarget, GetGamma, gamma, Float, float*)
 
 } // namespace rvopen

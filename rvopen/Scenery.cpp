@@ -3,7 +3,7 @@
 
 #include <rvopen/Scenery.h>
 
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -40,103 +40,30 @@ void Scenery::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int Scenery::EnableDropShadow(int enabled)
-{
-    return onParam(this, names::parameter::dropShadow, &Param::SetValBool, enabled);
-}
-
-unsigned int Scenery::GetDropShadowEnabled(int* out)
-{
-    return onParam(this, names::parameter::dropShadow, &Param::GetValBool, out);
-}
-
-unsigned int Scenery::EnableDropSunLight(int enabled)
-{
-    return onParam(this, names::parameter::dropSunlight, &Param::SetValBool, enabled);
-}
-
-unsigned int Scenery::GetDropSunLightEnabled(int* out)
-{
-    return onParam(this, names::parameter::dropSunlight, &Param::GetValBool, out);
-}
-
-unsigned int Scenery::EnableDropReflection(int enabled)
-{
-    return onParam(this, names::parameter::dropReflection, &Param::SetValBool, enabled);
-}
-
-unsigned int Scenery::GetDropReflectionEnabled(int* out)
-{
-    return onParam(this, names::parameter::dropReflection, &Param::GetValBool, out);
-}
-
-unsigned int Scenery::SetDropShadowQuality(int quality)
-{
-    return onParam(this, names::parameter::dropShadowQuality, &Param::SetValInt, quality);
-}
-
-unsigned int Scenery::GetDropShadowQuality(int* out)
-{
-    return onParam(this, names::parameter::dropShadowQuality, &Param::GetValInt, out);
-}
-
-unsigned int Scenery::SetDropShadowContrast(float contrast)
-{
-    return onParam(this, names::parameter::dropShadowContrast, &Param::SetValFloat, contrast);
-}
-
-unsigned int Scenery::GetDropShadowContrast(float* out)
-{
-    return onParam(this, names::parameter::dropShadowContrast, &Param::GetValFloat, out);
-}
-
-unsigned int Scenery::SetDropSunLightBrightness(float brightness)
-{
-    return onParam(this, names::parameter::dropSunlightBrightness, &Param::SetValFloat, brightness);
-}
-
-unsigned int Scenery::GetDropSunLightBrightness(float* out)
-{
-    return onParam(this, names::parameter::dropSunlightBrightness, &Param::GetValFloat, out);
-}
-
-unsigned int Scenery::SetDropReflectionBrightness(float brightness)
-{
-    return onParam(this, names::parameter::dropReflectionBrightness, &Param::SetValFloat,
-                   brightness);
-}
-
-unsigned int Scenery::GetDropReflectionBrightness(float* out)
-{
-    return onParam(this, names::parameter::dropReflectionBrightness, &Param::GetValFloat, out);
-}
-
-unsigned int Scenery::SetDropReflectionBlur(float blur)
-{
-    return onParam(this, names::parameter::dropReflectionBlur, &Param::SetValFloat, blur);
-}
-
-unsigned int Scenery::GetDropReflectionBlur(float* out)
-{
-    return onParam(this, names::parameter::dropReflectionBlur, &Param::GetValFloat, out);
-}
-
-unsigned int Scenery::SetBaseSize(float size)
-{
-    return onParamOrNew(this, {names::parameter::baseSize, ParamType::Float}, &Param::SetValFloat,
-                        size);
-}
+RVOPEN_SET(Scenery, EnableDropShadow, dropShadow, Bool, int)
+RVOPEN_GET(Scenery, GetDropShadowEnabled, dropShadow, Bool, int*)
+RVOPEN_SET(Scenery, EnableDropSunLight, dropSunlight, Bool, int)
+RVOPEN_GET(Scenery, GetDropSunLightEnabled, dropSunlight, Bool, int*)
+RVOPEN_SET(Scenery, EnableDropReflection, dropReflection, Bool, int)
+RVOPEN_GET(Scenery, GetDropReflectionEnabled, dropReflection, Bool, int*)
+RVOPEN_SET(Scenery, SetDropShadowQuality, dropShadowQuality, Int, int)
+RVOPEN_GET(Scenery, GetDropShadowQuality, dropShadowQuality, Int, int*)
+RVOPEN_SET(Scenery, SetDropShadowContrast, dropShadowContrast, Float, float)
+RVOPEN_GET(Scenery, GetDropShadowContrast, dropShadowContrast, Float, float*)
+RVOPEN_SET(Scenery, SetDropSunLightBrightness, dropSunlightBrightness, Float, float)
+RVOPEN_GET(Scenery, GetDropSunLightBrightness, dropSunlightBrightness, Float, float*)
+RVOPEN_SET(Scenery, SetDropReflectionBrightness, dropReflectionBrightness, Float, float)
+RVOPEN_GET(Scenery, GetDropReflectionBrightness, dropReflectionBrightness, Float, float*)
+RVOPEN_SET(Scenery, SetDropReflectionBlur, dropReflectionBlur, Float, float)
+RVOPEN_GET(Scenery, GetDropReflectionBlur, dropReflectionBlur, Float, float*)
+RVOPEN_SET_OR_NEW(Scenery, SetBaseSize, baseSize, Float, float)
 
 unsigned int Scenery::GetBaseSize(float* out)
 {
     return onParamOrDefault(this, names::parameter::baseSize, &Param::GetValFloat, out, 3.0f);
 }
 
-unsigned int Scenery::SetDropShadowCatchSpots(int catchSpots)
-{
-    return onParamOrNew(this, {names::parameter::dropShadowCatchSpots, ParamType::Bool},
-                        &Param::SetValBool, catchSpots);
-}
+RVOPEN_SET_OR_NEW(Scenery, SetDropShadowCatchSpots, dropShadowCatchSpots, Bool, int)
 
 unsigned int Scenery::GetDropShadowCatchSpots(int* out)
 {

@@ -6,7 +6,7 @@
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Names.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -98,32 +98,11 @@ unsigned int ShaderMap::SetOffset(float s, float t)
                    {names::parameter::tOffset, ParamType::Float, true}, &Param::SetValFloat, s, t);
 }
 
-unsigned int ShaderMap::GetRotation(float* out)
-{
-    return onParam(this, names::parameter::rotation, &Param::GetValFloat, out);
-}
-
-unsigned int ShaderMap::SetRotation(float value)
-{
-    return onParamOrNew(this, {names::parameter::rotation, ParamType::Float}, &Param::SetValFloat,
-                        value);
-}
-
-QString ShaderMap::GetTexture()
-{
-    return stringParam(this, names::parameter::texture);
-}
-
-unsigned int ShaderMap::SetTexture(QString path)
-{
-    return onParamOrNew(this, {names::parameter::texture, ParamType::String}, &Param::SetValString,
-                        path);
-}
-
-unsigned int ShaderMap::GetWidth(float* out)
-{
-    return onParam(this, names::parameter::width, &Param::GetValFloat, out);
-}
+RVOPEN_GET(ShaderMap, GetRotation, rotation, Float, float*)
+RVOPEN_SET_OR_NEW(ShaderMap, SetRotation, rotation, Float, float)
+RVOPEN_GET_TEXT(ShaderMap, GetTexture, texture)
+RVOPEN_SET_OR_NEW(ShaderMap, SetTexture, texture, String, QString)
+RVOPEN_GET(ShaderMap, GetWidth, width, Float, float*)
 
 unsigned int ShaderMap::SetWidth(float value)
 {
@@ -131,10 +110,7 @@ unsigned int ShaderMap::SetWidth(float value)
                         &Param::SetValFloat, value);
 }
 
-unsigned int ShaderMap::GetHeight(float* out)
-{
-    return onParam(this, names::parameter::height, &Param::GetValFloat, out);
-}
+RVOPEN_GET(ShaderMap, GetHeight, height, Float, float*)
 
 unsigned int ShaderMap::SetHeight(float value)
 {
@@ -142,16 +118,8 @@ unsigned int ShaderMap::SetHeight(float value)
                         &Param::SetValFloat, value);
 }
 
-unsigned int ShaderMap::GetUseAlpha(int* out)
-{
-    return onParam(this, names::parameter::useAlpha, &Param::GetValBool, out);
-}
-
-unsigned int ShaderMap::SetUseAlpha(int value)
-{
-    return onParamOrNew(this, {names::parameter::useAlpha, ParamType::Bool}, &Param::SetValBool,
-                        value);
-}
+RVOPEN_GET(ShaderMap, GetUseAlpha, useAlpha, Bool, int*)
+RVOPEN_SET_OR_NEW(ShaderMap, SetUseAlpha, useAlpha, Bool, int)
 
 bool ShaderMap::Equal(ShaderMap* other)
 {

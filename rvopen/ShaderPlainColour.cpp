@@ -5,8 +5,7 @@
 
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/model/ComponentEquality.h>
-#include <rvopen/model/Names.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 #include <algorithm>
 #include <iterator>
@@ -17,16 +16,8 @@ ShaderPlainColour::ShaderPlainColour() = default;
 
 ShaderPlainColour::~ShaderPlainColour() = default;
 
-unsigned int ShaderPlainColour::GetColour(float* const out)
-{
-    return onParam(this, names::parameter::colour, &Param::GetValColour, out);
-}
-
-unsigned int ShaderPlainColour::SetColour(float* const rgb)
-{
-    return onParamOrNew(this, {names::parameter::colour, ParamType::Colour}, &Param::SetValColour,
-                        rgb);
-}
+RVOPEN_GET(ShaderPlainColour, GetColour, colour, Colour, float*)
+RVOPEN_SET_OR_NEW(ShaderPlainColour, SetColour, colour, Colour, float*)
 
 bool ShaderPlainColour::Equal(ShaderPlainColour* other)
 {

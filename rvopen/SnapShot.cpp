@@ -30,6 +30,23 @@
 #include <QDomDocument>
 #include <QDomElement>
 
+/// Definitions of the operations that are alike for several components, a row each.
+#define RVOPEN_COMPONENT(Component, member)                                                        \
+    Component* SnapShot::Get##Component() const                                                    \
+    {                                                                                              \
+        return member.object;                                                                      \
+    }
+#define RVOPEN_ADD(Component, member)                                                              \
+    Component* SnapShot::Add##Component(Component* source)                                         \
+    {                                                                                              \
+        return Components::addCopy(this, member, source);                                          \
+    }
+#define RVOPEN_CLEAR(Operation, member)                                                            \
+    void SnapShot::Operation()                                                                     \
+    {                                                                                              \
+        Components::remove(this, member);                                                          \
+    }
+
 namespace rvopen {
 
 const SnapShot::Components::Row SnapShot::Components::s_rows[10] = {
@@ -135,40 +152,13 @@ void SnapShot::Populate()
     }
 }
 
-Scheme* SnapShot::GetScheme() const
-{
-    return m_scheme.object;
-}
-
-Background* SnapShot::GetBackground() const
-{
-    return m_background.object;
-}
-
-Foreground* SnapShot::GetForeground() const
-{
-    return m_foreground.object;
-}
-
-Camera* SnapShot::GetCamera() const
-{
-    return m_camera.object;
-}
-
-SnapShotSettings* SnapShot::GetSnapShotSettings() const
-{
-    return m_snapShotSettings.object;
-}
-
-Scenery* SnapShot::GetScenery() const
-{
-    return m_scenery.object;
-}
-
-NaturalLightStudio* SnapShot::GetNaturalLightStudio() const
-{
-    return m_naturalLightStudio.object;
-}
+RVOPEN_COMPONENT(Scheme, m_scheme)
+RVOPEN_COMPONENT(Background, m_background)
+RVOPEN_COMPONENT(Foreground, m_foreground)
+RVOPEN_COMPONENT(Camera, m_camera)
+RVOPEN_COMPONENT(SnapShotSettings, m_snapShotSettings)
+RVOPEN_COMPONENT(Scenery, m_scenery)
+RVOPEN_COMPONENT(NaturalLightStudio, m_naturalLightStudio)
 
 ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
 {
@@ -238,25 +228,10 @@ Background* SnapShot::AddBackground(Background* background)
                                [](Background& copy) { copy.PopulateParams(); });
 }
 
-Foreground* SnapShot::AddForeground(Foreground* foreground)
-{
-    return Components::addCopy(this, m_foreground, foreground);
-}
-
-Camera* SnapShot::AddCamera(Camera* camera)
-{
-    return Components::addCopy(this, m_camera, camera);
-}
-
-MaterialRepository* SnapShot::AddMaterialRepository(MaterialRepository* repository)
-{
-    return Components::addCopy(this, m_materialRepository, repository);
-}
-
-NaturalLightStudio* SnapShot::AddNaturalLightStudio(NaturalLightStudio* studio)
-{
-    return Components::addCopy(this, m_naturalLightStudio, studio);
-}
+RVOPEN_ADD(Foreground, m_foreground)
+RVOPEN_ADD(Camera, m_camera)
+RVOPEN_ADD(MaterialRepository, m_materialRepository)
+RVOPEN_ADD(NaturalLightStudio, m_naturalLightStudio)
 
 void SnapShot::AddScenery(Scenery* scenery)
 {
@@ -279,25 +254,10 @@ NaturalLightStudio* SnapShot::CreateAndAddNaturalLightStudio()
     return studio ? Components::replace(this, m_naturalLightStudio, studio) : nullptr;
 }
 
-void SnapShot::ClearScheme()
-{
-    Components::remove(this, m_scheme);
-}
-
-void SnapShot::ClearBackground()
-{
-    Components::remove(this, m_background);
-}
-
-void SnapShot::ClearNaturalLightStudio()
-{
-    Components::remove(this, m_naturalLightStudio);
-}
-
-void SnapShot::ClearScenery()
-{
-    Components::remove(this, m_scenery);
-}
+RVOPEN_CLEAR(ClearScheme, m_scheme)
+RVOPEN_CLEAR(ClearBackground, m_background)
+RVOPEN_CLEAR(ClearNaturalLightStudio, m_naturalLightStudio)
+RVOPEN_CLEAR(ClearScenery, m_scenery)
 
 void SnapShot::SetupSnapShotForSerialise()
 {
@@ -347,35 +307,12 @@ QString SnapShot::CreateSnapShotDocumentAsString() const
     return documentText(document, SnapShotFileIndent);
 }
 
-void SnapShot::ClearForeground()
-{
-    Components::remove(this, m_foreground);
-}
-
-void SnapShot::ClearCamera()
-{
-    Components::remove(this, m_camera);
-}
-
-void SnapShot::ClearSnapShotSettings()
-{
-    Components::remove(this, m_snapShotSettings);
-}
-
-void SnapShot::ClearMaterialRepository()
-{
-    Components::remove(this, m_materialRepository);
-}
-
-void SnapShot::ClearArtificialLightStudio()
-{
-    Components::remove(this, m_artificialLightStudio);
-}
-
-void SnapShot::ClearRenderTargets()
-{
-    Components::remove(this, m_renderTargets);
-}
+RVOPEN_CLEAR(ClearForeground, m_foreground)
+RVOPEN_CLEAR(ClearCamera, m_camera)
+RVOPEN_CLEAR(ClearSnapShotSettings, m_snapShotSettings)
+RVOPEN_CLEAR(ClearMaterialRepository, m_materialRepository)
+RVOPEN_CLEAR(ClearArtificialLightStudio, m_artificialLightStudio)
+RVOPEN_CLEAR(ClearRenderTargets, m_renderTargets)
 
 void SnapShot::forget(const RVOpenNode* component)
 {

@@ -3,8 +3,7 @@
 
 #include <rvopen/SnapShotSettings.h>
 
-#include <rvopen/model/ParamAccess.h>
-#include <rvopen/model/ParamSequence.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -52,32 +51,11 @@ void SnapShotSettings::PopulateParams()
     populateParams(this, s_params);
 }
 
-unsigned int SnapShotSettings::IsSelected(int* out)
-{
-    return onParam(this, names::parameter::selected, &Param::GetValBool, out);
-}
-
-unsigned int SnapShotSettings::SetSelected(int selected)
-{
-    return onParamOrNew(this, {names::parameter::selected, ParamType::Bool}, &Param::SetValBool,
-                        selected);
-}
-
-unsigned int SnapShotSettings::SetTwist(float twist)
-{
-    return onParam(this, names::parameter::twist, &Param::SetValFloat, twist);
-}
-
-unsigned int SnapShotSettings::GetTwist(float* out)
-{
-    return onParam(this, names::parameter::twist, &Param::GetValFloat, out);
-}
-
-unsigned int SnapShotSettings::SetReflectBackPlate(int reflect)
-{
-    return onParamOrNew(this, {names::parameter::reflectBackPlate, ParamType::Bool},
-                        &Param::SetValBool, reflect);
-}
+RVOPEN_GET(SnapShotSettings, IsSelected, selected, Bool, int*)
+RVOPEN_SET_OR_NEW(SnapShotSettings, SetSelected, selected, Bool, int)
+RVOPEN_SET(SnapShotSettings, SetTwist, twist, Float, float)
+RVOPEN_GET(SnapShotSettings, GetTwist, twist, Float, float*)
+RVOPEN_SET_OR_NEW(SnapShotSettings, SetReflectBackPlate, reflectBackPlate, Bool, int)
 
 unsigned int SnapShotSettings::GetReflectBackPlate(int* out)
 {
@@ -86,25 +64,12 @@ unsigned int SnapShotSettings::GetReflectBackPlate(int* out)
     return onParam(this, names::parameter::reflectBackPlate, &Param::GetValBool, out);
 }
 
-unsigned int SnapShotSettings::SetAmbientLightsIntensityScale(float scale)
-{
-    return onParam(this, names::parameter::ambientLightsIntensityScale, &Param::SetValFloat, scale);
-}
-
-unsigned int SnapShotSettings::GetAmbientLightsIntensityScale(float* out)
-{
-    return onParam(this, names::parameter::ambientLightsIntensityScale, &Param::GetValFloat, out);
-}
-
-unsigned int SnapShotSettings::SetSessionName(QString name)
-{
-    return onParam(this, names::parameter::sessionFolder, &Param::SetValString, name);
-}
-
-QString SnapShotSettings::GetSessionName()
-{
-    return stringParam(this, names::parameter::sessionFolder);
-}
+RVOPEN_SET(SnapShotSettings, SetAmbientLightsIntensityScale, ambientLightsIntensityScale, Float,
+           float)
+RVOPEN_GET(SnapShotSettings, GetAmbientLightsIntensityScale, ambientLightsIntensityScale, Float,
+           float*)
+RVOPEN_SET(SnapShotSettings, SetSessionName, sessionFolder, String, QString)
+RVOPEN_GET_TEXT(SnapShotSettings, GetSessionName, sessionFolder)
 
 unsigned int SnapShotSettings::SetBackgroundReflected(QString path, float intensity)
 {

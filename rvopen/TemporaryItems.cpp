@@ -13,6 +13,17 @@
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/Names.h>
 
+/// Definitions of a component's getter and setter, a row each.
+#define RVOPEN_ITEM(Component, item)                                                               \
+    Component* TemporaryItems::Get##Component() const                                              \
+    {                                                                                              \
+        return heldIn(item);                                                                       \
+    }                                                                                              \
+    void TemporaryItems::Set##Component(Component* component)                                      \
+    {                                                                                              \
+        holdUnlessHeld(item, component);                                                           \
+    }
+
 namespace rvopen {
 
 namespace {
@@ -64,45 +75,10 @@ void TemporaryItems::SetMaterial(Material* material)
         removeOwnChild(copy, names::element::material);
 }
 
-Colour* TemporaryItems::GetColour() const
-{
-    return heldIn(m_colour);
-}
-
-void TemporaryItems::SetColour(Colour* colour)
-{
-    holdUnlessHeld(m_colour, colour);
-}
-
-Finish* TemporaryItems::GetFinish() const
-{
-    return heldIn(m_finish);
-}
-
-void TemporaryItems::SetFinish(Finish* finish)
-{
-    holdUnlessHeld(m_finish, finish);
-}
-
-Transparency* TemporaryItems::GetTransparency() const
-{
-    return heldIn(m_transparency);
-}
-
-void TemporaryItems::SetTransparency(Transparency* transparency)
-{
-    holdUnlessHeld(m_transparency, transparency);
-}
-
-Bump* TemporaryItems::GetBump() const
-{
-    return heldIn(m_bump);
-}
-
-void TemporaryItems::SetBump(Bump* bump)
-{
-    holdUnlessHeld(m_bump, bump);
-}
+RVOPEN_ITEM(Colour, m_colour)
+RVOPEN_ITEM(Finish, m_finish)
+RVOPEN_ITEM(Transparency, m_transparency)
+RVOPEN_ITEM(Bump, m_bump)
 
 QString TemporaryItems::GetRefname() const
 {

@@ -6,8 +6,7 @@
 #include <rvopen/ShaderColour.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Components.h>
-#include <rvopen/model/Names.h>
-#include <rvopen/model/ParamAccess.h>
+#include <rvopen/model/Rows.h>
 
 namespace rvopen {
 
@@ -18,16 +17,8 @@ Transparency::Transparency(Transparency* source)
 
 Transparency::~Transparency() = default;
 
-unsigned int Transparency::GetInvertMask(int* out)
-{
-    return onParam(this, names::parameter::invertMask, &Param::GetValBool, out);
-}
-
-unsigned int Transparency::SetInvertMask(int value)
-{
-    return onParamOrNew(this, {names::parameter::invertMask, ParamType::Bool}, &Param::SetValBool,
-                        value);
-}
+RVOPEN_GET(Transparency, GetInvertMask, invertMask, Bool, int*)
+RVOPEN_SET_OR_NEW(Transparency, SetInvertMask, invertMask, Bool, int)
 
 ShaderColour* Transparency::GetColour()
 {

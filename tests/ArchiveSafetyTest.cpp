@@ -102,20 +102,48 @@ const QString s_everyComponent =
     mine("naturalLightStudio") + mine("artificialLightStudio") + mine("snapShotSettings") +
     mine("renderTargets") + mine("scenery") + mine("materialRepository");
 
-void replaceComponents(SnapShot& snapShot)
+QString snapShotOf(const QString& component)
 {
-    const auto scheme = bindRoot<Scheme>("<scheme/>");
-    const auto camera = bindRoot<Camera>("<camera/>");
-    const auto scenery = bindRoot<Scenery>("<scenery/>");
-    const auto palette = bindRoot<MaterialRepository>("<materialRepository/>");
-    snapShot.AddCamera(camera.get());
-    snapShot.AddScenery(scenery.get());
-    snapShot.AddMaterialRepository(palette.get());
-    snapShot.AddSnapShotSettings(snapShot.CreateSnapShotSettings(nullptr));
-    snapShot.CreateAndAddNaturalLightStudio();
-    snapShot.AddScheme(scheme.get());
-    snapShot.ClearScheme();
-    snapShot.ClearScenery();
+    return "<snapshot>" + mine(component) + "</snapshot>";
+}
+
+/// An operation of a snapshot that replaces the component of that element.
+template <typename Component, typename Result>
+Removal componentRemoval(const char* name, const char* element, Result (SnapShot::*add)(Component*))
+{
+    return removalOn<SnapShot>(name, snapShotOf(element), [add](SnapShot& snapShot) {
+        const auto fresh = bindRoot<Component>(QStringLiteral("<fresh/>"));
+        (snapShot.*add)(fresh.get());
+    });
+}
+
+Removal componentRemoval(const char* name, const char* element, void (SnapShot::*clear)())
+{
+    return removalOn<SnapShot>(name, snapShotOf(element),
+                               [clear](SnapShot& snapShot) { (snapShot.*clear)(); });
+}
+
+/// A preset takes the place of what a material of a palette is made of.
+Removal presetRemoval(const char* name, const char* element)
+{
+    return removalOn<MaterialRepository>(
+        name, paletteOf(mine(element)), [](MaterialRepository& palette) {
+            palette.Populate();
+            const auto preset = bindRoot<Material>(materialXml(colourXml("1 0 0") + "<finish/>"));
+            EXPECT_NE(palette.ApplyMaterial(preset.get(), "A", nullptr), nullptr);
+        });
+}
+
+/// The clipboard takes a component that stands for the archive, and forgets its copy.
+template <typename Component>
+Removal clipboardRemoval(const char* name, const char* element,
+                         void (TemporaryItems::*set)(Component*))
+{
+    return removalOn<Component>(name, mine(element), [set](Component& component) {
+        TemporaryItems items;
+        (items.*set)(&component);
+        (items.*set)(nullptr);
+    });
 }
 
 QString collectionOf(const QString& content)
@@ -154,13 +182,10 @@ const Removal s_removals[] = {
                                       palette.Populate();
                                       palette.AddBaseMaterial(nullptr, "A");
                                   }),
-    removalOn<MaterialRepository>(
-        "ApplyMaterial", paletteOf(s_everyKind),
-        [](MaterialRepository& palette) {
-            palette.Populate();
-            const auto preset = bindRoot<Material>(materialXml(colourXml("1 0 0") + "<finish/>"));
-            EXPECT_NE(palette.ApplyMaterial(preset.get(), "A", nullptr), nullptr);
-        }),
+    presetRemoval("ApplyMaterialOverAColour", "colour"),
+    presetRemoval("ApplyMaterialOverAFinish", "finish"),
+    presetRemoval("ApplyMaterialOverATransparency", "transparency"),
+    presetRemoval("ApplyMaterialOverABump", "bump"),
     removalOn<MaterialRepository>(
         "RemoveMaterial", "<materialRepository>" + mine("material") + "</materialRepository>",
         [](MaterialRepository& palette) {
@@ -185,12 +210,33 @@ const Removal s_removals[] = {
                              collection.Populate();
                              collection.Clear();
                          }),
-    removalOn<SnapShot>("ReplacingComponents", "<snapshot>" + s_everyComponent + "</snapshot>",
-                        replaceComponents),
+    componentRemoval("AddSchemeOverAScheme", "scheme", &SnapShot::AddScheme),
+    componentRemoval("AddSchemeOverABackground", "background", &SnapShot::AddScheme),
+    componentRemoval("AddSchemeOverAForeground", "foreground", &SnapShot::AddScheme),
+    componentRemoval("AddSchemeOverALight", "naturalLightStudio", &SnapShot::AddScheme),
+    componentRemoval("AddBackground", "background", &SnapShot::AddBackground),
+    componentRemoval("AddForeground", "foreground", &SnapShot::AddForeground),
+    componentRemoval("AddCamera", "camera", &SnapShot::AddCamera),
+    componentRemoval("AddMaterialRepository", "materialRepository",
+                     &SnapShot::AddMaterialRepository),
+    componentRemoval("AddNaturalLightStudio", "naturalLightStudio",
+                     &SnapShot::AddNaturalLightStudio),
+    componentRemoval("AddScenery", "scenery", &SnapShot::AddScenery),
+    componentRemoval("ClearScheme", "scheme", &SnapShot::ClearScheme),
+    componentRemoval("ClearBackground", "background", &SnapShot::ClearBackground),
+    componentRemoval("ClearNaturalLightStudio", "naturalLightStudio",
+                     &SnapShot::ClearNaturalLightStudio),
+    componentRemoval("ClearScenery", "scenery", &SnapShot::ClearScenery),
+    removalOn<SnapShot>("AddSnapShotSettings", snapShotOf("snapShotSettings"),
+                        [](SnapShot& snapShot) {
+                            snapShot.AddSnapShotSettings(snapShot.CreateSnapShotSettings(nullptr));
+                        }),
+    removalOn<SnapShot>("CreateAndAddNaturalLightStudio", snapShotOf("naturalLightStudio"),
+                        [](SnapShot& snapShot) { snapShot.CreateAndAddNaturalLightStudio(); }),
     removalOn<SnapShot>("DeletingASnapShot", "<snapshot>" + s_everyComponent + "</snapshot>",
                         [](SnapShot& snapShot) { children(&snapShot); }),
     removalOn<SnapShot>("SetupSnapShotForSerialise",
-                        "<snapshot>" + paletteOf(s_everyKind) + "</snapshot>",
+                        "<snapshot>" + paletteOf(mine("material")) + "</snapshot>",
                         [](SnapShot& snapShot) { snapShot.SetupSnapShotForSerialise(); }),
     removalOn<RVOpenNode>("ReplaceNode", "<host>" + mine("dir") + mine("dir") + "</host>",
                           [](RVOpenNode& host) {
@@ -205,12 +251,14 @@ const Removal s_removals[] = {
                               materialise(&host);
                               host.DeleteNode(host.GetChild(1, 1));
                           }),
-    removalOn<Material>("SetMaterialOfTheClipboard", materialOf(s_everyKind),
-                        [](Material& material) {
-                            TemporaryItems items;
-                            items.SetMaterial(&material);
-                            items.SetMaterial(nullptr);
-                        }),
+    removalOn<Material>("BaseMaterialOfTheClipboard", materialOf(mine("material")),
+                        [](Material& material) { TemporaryItems().SetMaterial(&material); }),
+    clipboardRemoval("MaterialOfTheClipboard", "material", &TemporaryItems::SetMaterial),
+    clipboardRemoval("ColourOfTheClipboard", "colour", &TemporaryItems::SetColour),
+    clipboardRemoval("FinishOfTheClipboard", "finish", &TemporaryItems::SetFinish),
+    clipboardRemoval("TransparencyOfTheClipboard", "transparency",
+                     &TemporaryItems::SetTransparency),
+    clipboardRemoval("BumpOfTheClipboard", "bump", &TemporaryItems::SetBump),
     {"LoadAndClearOfADocument", collectionOf(s_everyComponent),
      [](const QDomDocument& document) {
          useManager(document, [](RVOpenManager& manager) {

@@ -665,6 +665,9 @@ INSTANTIATE_TEST_SUITE_P(
         Naming{"SameNameTwice",
                "<a xmlns:p='u' xmlns:q='u' p:b='1' q:b='2'/>",
                {"|a|", "@plain q:b", "@plain xmlns:p", "@plain xmlns:q", "@p|b|u"}},
+        Naming{"PrefixOfDeclarations",
+               "<xmlns:a xmlns:xmlns='u' xmlns:p='v'/>",
+               {"plain xmlns:a", "@plain xmlns:p", "@plain xmlns:xmlns"}},
         Naming{
             "ReservedPrefixes",
             "<xmlns:a xmlns:xml='u' xml:b=''/>",

@@ -21,23 +21,10 @@ struct NodeAccess {
     {
         return node->m_next;
     }
-    /// The first child from the node's own element, never from an archive.
-    static RVOpenNode* ownFirstChild(RVOpenNode* node)
-    {
-        return node->GetChild(1, 0);
-    }
     /// The last child of the node's own chain, with all up to it made; null when none is made.
     static RVOpenNode* lastChild(const RVOpenNode* node)
     {
         return node->m_firstChild ? node->m_firstChild->endOfChain() : nullptr;
-    }
-    /// Links \p child behind \p last, which lastChild() gave.
-    static void linkLast(RVOpenNode* node, RVOpenNode* last, RVOpenNode* child)
-    {
-        if (last)
-            RVOpenNode::link(node, last, child);
-        else
-            setFirstChild(node, child);
     }
     /// Links a node that is in no chain behind \p previous, which is null or a child of \p owner.
     static void link(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* child)
@@ -53,11 +40,6 @@ struct NodeAccess {
     static void unlink(RVOpenNode* child)
     {
         child->unlink();
-    }
-    /// True when the node is in the chain of the owner's children.
-    static bool isChild(const RVOpenNode* owner, const RVOpenNode* node)
-    {
-        return node->chainOwner() == owner;
     }
     /// True when the node may be taken over: it is neither \p owner nor above it.
     static bool canTake(const RVOpenNode* owner, const RVOpenNode* node)

@@ -56,6 +56,16 @@ unsigned int onParam(RVOpenNode* node, names::Name name, Operation operation,
     return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : StatusMissing;
 }
 
+/// As onParam(), but \p before when there is no such parameter: of a sequence of accesses the last
+/// parameter that exists decides the status.
+template <typename Operation, typename... Arguments>
+unsigned int onParamAfter(unsigned int before, RVOpenNode* node, names::Name name,
+                          Operation operation, Arguments&&... arguments)
+{
+    Param* const param = findParam(node, name);
+    return param ? (param->*operation)(std::forward<Arguments>(arguments)...) : before;
+}
+
 /// As onParam() with a typed getter, for parameters that older documents lack: where it cannot be
 /// read, the output, unless it is null, gets what its absence means.
 template <typename Getter, typename Value>

@@ -3,8 +3,6 @@
 
 #include <rvopen/xml/XmlReferences.h>
 
-#include <algorithm>
-
 namespace rvopen::xml {
 
 namespace {
