@@ -90,22 +90,37 @@ def files(pattern):
     return sum(1 for path in ROOT.glob(pattern) if path.is_file())
 
 
-IMAGES = lambda: sum(1 for path in ARCHIVES.rglob("*") if path.is_file() and path.suffix != ".rvx")
-MODELS = lambda: len(list(SNAPSHOTS.glob("*.xml"))) - 1  # The neighbour's house is kept by hand.
-LENSES = lambda: folders("lenses")
-LATITUDES = lambda: folders("naturalLights")
-NAMED = lambda: len(folder("colours", "Named colours"))
+def images():
+    return sum(1 for path in ARCHIVES.rglob("*") if path.is_file() and path.suffix != ".rvx")
+
+
+def models():
+    """The sample models; the neighbour's house is kept by hand."""
+    return files("data/snapshots/*.xml") - 1
+
+
+def lenses():
+    return folders("lenses")
+
+
+def latitudes():
+    return folders("naturalLights")
+
+
+def named():
+    return len(folder("colours", "Named colours"))
+
 
 # In which file, the sentence with its number, and what the number is.
 SENTENCES = [
     ("README.md", NUMBER + " archives with [0-9]+ presets", lambda: files("data/install/xml/*.rvx")),
     ("README.md", "archives with " + NUMBER + " presets", count),
-    ("README.md", "each with a picture, and " + NUMBER + " textures, backdrops and environments", IMAGES),
-    ("README.md", "Cameras and lenses of " + NUMBER + " formats", LENSES),
-    ("README.md", "the sun over " + NUMBER + " latitudes", LATITUDES),
-    ("README.md", "the " + NUMBER + " named colours", NAMED),
+    ("README.md", "each with a picture, and " + NUMBER + " textures, backdrops and environments", images),
+    ("README.md", "Cameras and lenses of " + NUMBER + " formats", lenses),
+    ("README.md", "the sun over " + NUMBER + " latitudes", latitudes),
+    ("README.md", "the " + NUMBER + " named colours", named),
     ("README.md", "and " + NUMBER + " materials made of them", lambda: count("materials")),
-    ("README.md", "all of it, and " + NUMBER + " sample models", MODELS),
+    ("README.md", "all of it, and " + NUMBER + " sample models", models),
     ("README.md", r"\[cookbook\]\(docs/cookbook.md\) has " + NUMBER + " tasks", tasks),
     ("packaging/README.md.in", "and " + NUMBER + r" tasks in its \[cookbook\]", tasks),
     ("docs/cookbook.md", NUMBER + " tasks, each with the commands", tasks),
@@ -113,10 +128,10 @@ SENTENCES = [
     ("docs/guide.md", "the " + NUMBER + " default archives are", lambda: files("data/install/xml/*.rvx")),
     ("docs/guide.md", "The " + NUMBER + " extra archives of an installation",
      lambda: files("data/install/xml/*_extra.rvx")),
-    ("data/README.md", "documents of " + NUMBER + " sample models", MODELS),
-    ("data/README.md", "the " + NUMBER + " named colours of style sheets", NAMED),
-    ("data/README.md", "focal lengths of " + NUMBER + " formats", LENSES),
-    ("data/README.md", "the sun over " + NUMBER + " latitudes", LATITUDES),
+    ("data/README.md", "documents of " + NUMBER + " sample models", models),
+    ("data/README.md", "the " + NUMBER + " named colours of style sheets", named),
+    ("data/README.md", "focal lengths of " + NUMBER + " formats", lenses),
+    ("data/README.md", "the sun over " + NUMBER + " latitudes", latitudes),
     ("data/README.md", NUMBER + " complete snapshots, cameras", lambda: members("house.xml", "Model SnapShots")),
     ("data/README.md", "palettes of " + NUMBER + " materials", lambda: palettes("house.xml")),
     ("data/README.md", "reflections; " + NUMBER + " palettes",

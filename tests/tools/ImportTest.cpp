@@ -313,15 +313,19 @@ TEST(ImportPresets, RenamedOnesTakeNoNameThatIsThere)
 
 TEST(ImportPresets, RenamedOnesAreKeptApartFromEachOther)
 {
+    // Of the second both names are what the first got, of the third the reference name alone.
     const Workspace workspace;
     importPresets(workspace,
                   "<presets><colours><colour name=\"A\" refname=\"r\" desc=\"new\"/></colours>"
-                  "<bumps><bump name=\"A\" refname=\"r\" desc=\"new\"/></bumps></presets>",
+                  "<bumps><bump name=\"A\" refname=\"r\" desc=\"new\"/></bumps><lenses><lens "
+                  "name=\"B\" refname=\"r\" desc=\"new\"/></lenses></presets>",
                   "<presets><colours><colour name=\"A\" refname=\"r\"/></colours><bumps><bump "
-                  "name=\"A\" refname=\"r\"/></bumps></presets>",
+                  "name=\"A\" refname=\"r\"/></bumps><lenses><lens name=\"B\" refname=\"r\"/>"
+                  "</lenses></presets>",
                   words("--rename --in-place"));
     EXPECT_EQ(workspace.run("get target.rvx 'colour[r_2]@name'").out, QStringLiteral("A (2)\n"));
     EXPECT_EQ(workspace.run("get target.rvx 'bump[r_3]@name'").out, QStringLiteral("A (3)\n"));
+    EXPECT_EQ(workspace.run("get target.rvx 'lens[r_4]@name'").out, QStringLiteral("B (4)\n"));
 }
 
 TEST(ImportPresets, ObeyThePlacementRule)

@@ -72,6 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         CompareCase{"nothing", "<r a='1'><b/></r>", "<r a='1'><b/></r>", ""},
         CompareCase{"the name of an element", "<r/>", "<s/>", "~=r|s"},
+        CompareCase{"a parameter with what is none", "<param name='x' type='float' val='1'/>",
+                    "<r/>", "~=param|r ~@name=x| ~@type=float| ~@val=1|"},
         CompareCase{"an attribute", "<r a='1' b='2'/>", "<r a='1' b='3'/>", "~@b=2|3"},
         CompareCase{"an attribute that came", "<r/>", "<r a='1'/>", "~@a=|1"},
         CompareCase{"an attribute that went", "<r a='1'/>", "<r/>", "~@a=1|"},

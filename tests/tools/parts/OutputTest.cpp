@@ -7,6 +7,7 @@
 #include "Parts.h"
 
 #include <cstdio>
+#include <functional>
 
 namespace rvopen::test {
 

@@ -6,6 +6,8 @@
 #include "../../../starter/Sun.h"
 #include "drawing/Sky.h"
 
+#include <cmath>
+
 namespace rvopen::test {
 
 namespace {
