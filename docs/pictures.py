@@ -3,15 +3,14 @@
 # SPDX-License-Identifier: MIT
 """The pictures of the documents.
 
-docs/pictures.py          makes layers.dot from the includes of the library, every .svg from its
-                          .dot, and the terminal from the sessions of the README; needs Graphviz
+docs/pictures.py          makes layers.dot from the includes of the library, and every .svg from its
+                          .dot; needs Graphviz
 docs/pictures.py --draw FOLDER  makes the .svg there, from the .dot as they are
 docs/pictures.py --check  says whether that was done after the last change, and whether the library
                           keeps to its layers; needs nothing
 """
 
 import hashlib
-import html
 import pathlib
 import re
 import subprocess
@@ -20,7 +19,6 @@ import textwrap
 
 DOCS = pathlib.Path(__file__).resolve().parent
 LIBRARY = DOCS.parent / "rvopen"
-TERMINAL = DOCS / "images" / "terminal.svg"
 
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
@@ -154,8 +152,6 @@ def check():
         svg = dot.with_suffix(".svg")
         if not svg.exists() or mark(dot) not in svg.read_text(encoding="utf-8"):
             yield f"docs/{svg.name} is not made from {dot.name}: run docs/pictures.py"
-    if TERMINAL.read_text(encoding="utf-8") != terminal_svg():
-        yield f"docs/images/{TERMINAL.name} does not show the README's sessions: run docs/pictures.py"
 
 
 def draw(folder):
@@ -169,39 +165,6 @@ def draw(folder):
                                                            encoding="utf-8")
 
 
-def terminal_svg():
-    """The README's sessions, which the tests compare with what the command prints, as a screen."""
-    readme = (DOCS.parent / "README.md").read_text(encoding="utf-8")
-    lines = []
-    for session in re.findall(r"^```console\n(.*?)^```", readme, re.MULTILINE | re.DOTALL):
-        lines += session.rstrip("\n").split("\n") + [""]
-    lines.pop()
-    if not any(line.startswith("$ ") for line in lines):
-        raise ValueError("README.md has no sessions")
-    char, row, left, top = 7.8, 18, 18, 52
-    width = 2 * left + round(max(map(len, lines)) * char)
-    height = top + row * len(lines) + 4
-    texts = []
-    command = False
-    for number, line in enumerate(lines):
-        command = line.startswith("$ ") or (command and lines[number - 1].endswith("\\"))
-        colour = ("#9ece6a" if command else "#e0af68" if re.search(r"\b(note|warning):", line)
-                  else "#7dcfff" if line.startswith(("+", "~", "new")) else "#c0caf5")
-        if line:
-            texts.append(f'<text x="{left}" y="{top + row * number}" fill="{colour}" '
-                         f'xml:space="preserve">{html.escape(line)}</text>')
-    return "\n".join([
-        "<!-- SPDX-FileCopyrightText: 2026 The rvopen authors -->",
-        "<!-- SPDX-License-Identifier: MIT -->",
-        f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
-        f'viewBox="0 0 {width} {height}" font-size="13" '
-        'font-family="DejaVu Sans Mono, Menlo, Consolas, monospace">',
-        f'<rect width="{width}" height="{height}" rx="9" fill="#1a1b26"/>',
-        *(f'<circle cx="{20 + 18 * i}" cy="18" r="5.5" fill="{colour}"/>'
-          for i, colour in enumerate(("#f7768e", "#e0af68", "#9ece6a"))),
-        *texts, "</svg>", ""])
-
-
 if __name__ == "__main__":
     if sys.argv[1:] == ["--check"]:
         complaints = list(check())
@@ -212,6 +175,5 @@ if __name__ == "__main__":
     elif not sys.argv[1:]:
         (DOCS / "layers.dot").write_text(layers_dot(), encoding="utf-8")
         draw(DOCS)
-        TERMINAL.write_text(terminal_svg(), encoding="utf-8")
     else:
         sys.exit(__doc__)

@@ -250,7 +250,8 @@ double tartan(const PatternSize& size, double u, double v)
     };
     const double warp = sett(u * size.columns / 2);
     const double weft = sett(v * size.rows / 2);
-    const Field thread = fieldAt(u * 32, v * 32, 32, 32);
+    const int threads = int(size.detail);
+    const Field thread = fieldAt(u * threads, v * threads, threads, threads);
     const bool isWarp = wrapped(thread.column + thread.row, 4) < 2;
     return isWarp ? mixed(weft, warp, 0.8) : mixed(weft, warp, 0.2);
 }

@@ -3,8 +3,6 @@
 
 #include "Presets.h"
 
-#include "Sun.h"
-
 #include <rvopen/AspectRatio.h>
 #include <rvopen/Background.h>
 #include <rvopen/Bump.h>
@@ -14,7 +12,6 @@
 #include <rvopen/Foreground.h>
 #include <rvopen/Lens.h>
 #include <rvopen/Material.h>
-#include <rvopen/NaturalLightStudio.h>
 #include <rvopen/Param.h>
 #include <rvopen/ParamHelper.h>
 #include <rvopen/RVOpenManager.h>
@@ -26,8 +23,6 @@
 #include <rvopen/ShaderMap.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
-
-#include <QDomDocument>
 
 #include <cmath>
 
@@ -46,7 +41,6 @@ const Section s_foregrounds{"foregrounds", "Foregrounds"};
 const Section s_cameras{"cameras", "Cameras"};
 const Section s_lenses{"lenses", "Lenses"};
 const Section s_aspectRatios{"aspectratios", "Aspect ratios"};
-const Section s_naturalLights{"naturalLights", "Natural lights"};
 
 /// Across the width of a picture area: 2 atan(w / 2f), in degrees.
 float angleOfLens(double width, double focalLength)
@@ -467,57 +461,6 @@ void Presets::addAspectRatios()
         place(row, s_aspectRatios, QLatin1String(s_aspectRatios.name), row.text("folder"),
               orientation);
     }
-}
-
-void Presets::addNaturalLights()
-{
-    const QString category = QStringLiteral("Natural light");
-    const auto add = [&](Archive& archive, const QString& folder, double latitude, int day,
-                         double hour, const QString& name, const QString& refName,
-                         const QString& image, const QString& description) {
-        // Lower than this the sun is hardly seen from among houses and trees.
-        const double lowest = 2;
-        const SunPosition sun = sunPosition(latitude, day, hour);
-        if (sun.altitude < lowest)
-            return;
-        auto* const studio = new NaturalLightStudio(nullptr);
-        QDomDocument document = archive.root()->GetDomNode().ownerDocument();
-        studio->SetDomNode(document.createElement(QStringLiteral("naturalLightStudio")));
-        studio->PopulateParams();
-        studio->SetEnabled(1);
-        studio->SetSunAzimuth(float(sun.azimuth));
-        studio->SetSunAltitude(float(sun.altitude));
-        studio->SetName(name);
-        studio->SetRefName(refName);
-        studio->SetImageName(image);
-        studio->SetDescription(description);
-        placeIn(archive, s_naturalLights, category, folder, studio);
-    };
-    Archive& archive = **m_archives.constFind(QStringLiteral("Default"));
-    for (const Row& place : m_tables.rows("places")) {
-        const double latitude = double(place.number("latitude"));
-        const bool hasSeasons = std::abs(latitude) > 10;
-        for (const Row& day : m_tables.rows("days")) {
-            const QString season = day.text(!hasSeasons    ? "equator"
-                                            : latitude > 0 ? "north"
-                                                           : "south");
-            for (const Row& hour : m_tables.rows("hours")) {
-                const QString id =
-                    QStringList{place.text("refname"), day.text("refname"), hour.text("refname")}
-                        .join(QLatin1Char('_'));
-                add(archive, place.text("folder"), latitude, day.integer("day"),
-                    double(hour.number("hour")),
-                    QStringLiteral("%1, %2").arg(season, hour.text("name")),
-                    QLatin1String("sun.") + id, id,
-                    QStringLiteral("The sun over %1, %2 in true solar time.")
-                        .arg(place.text("place"), hour.text("name")));
-            }
-        }
-    }
-    for (const Row& row : m_tables.rows("suns"))
-        add(archiveOf(row), row.text("folder"), double(row.number("latitude")), row.integer("day"),
-            double(row.number("hour")), row.text("name"), row.text("refname"), row.text("image"),
-            row.text("description"));
 }
 
 } // namespace rvopen::starter

@@ -3,6 +3,8 @@
 
 #include "Sun.h"
 
+#include <QDate>
+
 #include <cmath>
 
 namespace rvopen::starter {
@@ -22,13 +24,26 @@ double tenths(double value)
     return std::floor(value * 10 + 0.5) / 10 + 0.0;
 }
 
+/// The sun's declination at an hour of world time, in radians, by the "low-precision formulas for
+/// the Sun's coordinates" of The Astronomical Almanac, section C.
+double declinationOf(const QDate& day, double hour)
+{
+    // Noon of 1 January 2000, and of each day as a whole number.
+    const qint64 epoch = 2451545;
+    const double n = double(day.toJulianDay() - epoch) + (hour - 12) / 24;
+    const double meanLongitude = 280.460 + 0.9856474 * n;
+    const double meanAnomaly = radians(357.528 + 0.9856003 * n);
+    const double longitude =
+        radians(meanLongitude + 1.915 * std::sin(meanAnomaly) + 0.020 * std::sin(2 * meanAnomaly));
+    const double obliquity = radians(23.439 - 0.0000004 * n);
+    return std::asin(std::sin(obliquity) * std::sin(longitude));
+}
+
 } // namespace
 
-SunPosition sunPosition(double latitude, int day, double hour)
+SunPosition sunPosition(double latitude, const QDate& day, double hour)
 {
-    // Cooper (1969), "The absorption of radiation in solar stills", Solar Energy 12: the sun's
-    // declination on a day of the year.
-    const double declination = radians(23.45 * std::sin(2 * s_pi * (284 + day) / 365));
+    const double declination = declinationOf(day, hour);
     const double hourAngle = radians(15 * (hour - 12));
     const double phi = radians(latitude);
     // Spherical triangle of pole, zenith and sun.

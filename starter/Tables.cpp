@@ -4,6 +4,7 @@
 #include "Tables.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <utility>
 
@@ -31,6 +32,30 @@ QStringList cellsOf(const QString& line)
         }
     }
     return cells;
+}
+
+/// The key of a note that tells of a source, empty for others.
+QString sourceOf(const QString& note)
+{
+    const QLatin1String start("# [");
+    return note.startsWith(start) ? note.mid(start.size()).section(QLatin1Char(']'), 0, 0)
+                                  : QString();
+}
+
+/// The facts of each row come from somewhere, and nothing is named as a source of none.
+void checkSources(const QString& path, const QSet<QString>& told, const QVector<Row>& rows)
+{
+    QSet<QString> unused = told;
+    for (const Row& row : rows) {
+        const QString source = row.text("source");
+        if (!told.contains(source))
+            throw Failure(
+                QStringLiteral("%1: no note tells of the source \"%2\"").arg(row.place(), source));
+        unused.remove(source);
+    }
+    if (!unused.isEmpty())
+        throw Failure(
+            QStringLiteral("%1: no row is from the source \"%2\"").arg(path, *unused.cbegin()));
 }
 
 } // namespace
@@ -79,6 +104,15 @@ int Row::integer(const char* column) const
     return value;
 }
 
+QDate Row::date(const char* column) const
+{
+    const QDate value = QDate::fromString(text(column), Qt::ISODate);
+    if (!value.isValid())
+        throw Failure(QStringLiteral("%1: \"%2\" is no date in column \"%3\"")
+                          .arg(m_place, text(column), QLatin1String(column)));
+    return value;
+}
+
 QVector<QColor> Row::colours(const char* column) const
 {
     QVector<QColor> colours;
@@ -104,9 +138,16 @@ QVector<Row> readTable(const QString& path)
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
     QVector<Row> rows;
     QStringList columns;
+    QSet<QString> sources;
     for (int i = 0; i < int(lines.size()); ++i) {
         const QString& line = lines[i];
-        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+        if (line.startsWith(QLatin1Char('#'))) {
+            const QString source = sourceOf(line);
+            if (!source.isEmpty())
+                sources.insert(source);
+            continue;
+        }
+        if (line.isEmpty())
             continue;
         const QStringList cells = cellsOf(line);
         if (columns.isEmpty()) {
@@ -124,6 +165,7 @@ QVector<Row> readTable(const QString& path)
             named.insert(columns[column], cells[column]);
         rows.append(Row(named, place));
     }
+    checkSources(path, sources, rows);
     return rows;
 }
 

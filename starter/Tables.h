@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QColor>
+#include <QDate>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -29,6 +30,8 @@ public:
     bool has(const char* column) const;
     float number(const char* column) const;
     int integer(const char* column) const;
+    /// As "2026-12-21".
+    QDate date(const char* column) const;
     /// Colours as "#rrggbb", separated by blanks.
     QVector<QColor> colours(const char* column) const;
     /// File and line, for messages.
@@ -40,7 +43,9 @@ private:
 };
 
 /// Comma-separated values in UTF-8: lines that start with "#" are notes, the first other line names
-/// the columns. Cells with commas or quotes are quoted, quotes in them doubled.
+/// the columns. Cells with commas or quotes are quoted, quotes in them doubled. A note "# [key]
+/// ..." tells of a source; each row names one of them in its column "source". Fails where a row has
+/// another or none, and where no row has a source that there is a note of.
 QVector<Row> readTable(const QString& path);
 
 /// The tables of a folder, by name.

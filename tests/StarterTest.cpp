@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
+#include "StarterSupport.h"
+
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
@@ -13,7 +15,6 @@
 #include <rvopen/SnapShots.h>
 #include <rvopen/XMLUtils.h>
 
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QHash>
 #include <QImage>
@@ -23,7 +24,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <string>
@@ -32,89 +32,6 @@
 /// The starter installation in data/install, and the sample models in data/snapshots.
 namespace rvopen::test {
 namespace {
-
-const QString s_data = QStringLiteral(RVOPEN_DATA_DIR);
-const QString s_install = QStringLiteral(RVOPEN_DATA_DIR "/install");
-const QString s_archives = QStringLiteral(RVOPEN_DATA_DIR "/install/xml");
-
-std::vector<std::string> filesBelow(const QString& folder, const QStringList& names)
-{
-    std::vector<std::string> files;
-    QDirIterator it(folder, names, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext())
-        files.push_back(it.next().toStdString());
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
-struct Preset {
-    QString section;
-    RVOpenNode* node;
-
-    std::string name() const
-    {
-        return node->GetRefName().toStdString();
-    }
-};
-
-/// The presets of archives, which stay open as long as the object is there.
-class OpenArchives {
-public:
-    explicit OpenArchives(const std::vector<std::string>& files)
-    {
-        for (const std::string& file : files) {
-            RVOpenNode* const root = m_manager.LoadArchive(QString::fromStdString(file));
-            EXPECT_TRUE(root) << file;
-            m_roots.emplace_back(root);
-            for (RVOpenNode* section = root->GetChild(1, 1); section; section = section->GetNext(1))
-                collect(section->GetNodeName(), section);
-        }
-    }
-
-    const std::vector<Preset>& presets() const
-    {
-        return m_presets;
-    }
-
-private:
-    void collect(const QString& section, RVOpenNode* parent)
-    {
-        for (RVOpenNode* node = parent->GetChild(1, 0); node; node = node->GetNext(1)) {
-            if (RVOpenSchema::isNodeDir(node))
-                collect(section, node);
-            else
-                m_presets.push_back({section, node});
-        }
-    }
-
-    RVOpenManager m_manager;
-    std::vector<std::unique_ptr<RVOpenNode>> m_roots;
-    std::vector<Preset> m_presets;
-};
-
-class StarterTest : public ::testing::Test {
-protected:
-    static void SetUpTestSuite()
-    {
-        s_open = new OpenArchives(filesBelow(s_install, {"*.rvx"}));
-    }
-
-    static void TearDownTestSuite()
-    {
-        delete s_open;
-        s_open = nullptr;
-    }
-
-    static const std::vector<Preset>& presets()
-    {
-        return s_open->presets();
-    }
-
-private:
-    static OpenArchives* s_open;
-};
-
-OpenArchives* StarterTest::s_open = nullptr;
 
 struct Stock {
     const char* section;
@@ -214,52 +131,6 @@ TEST_P(SampleFileTest, HasTheImageFilesThatItRefersTo)
 
 INSTANTIATE_TEST_SUITE_P(Data, SampleFileTest,
                          ::testing::ValuesIn(filesBelow(s_data, {"*.rvx", "*.xml"})));
-
-/// How much two neighbouring columns of an image differ, on average over their pixels and channels.
-double columnDifference(const QImage& image, int left, int right)
-{
-    int sum = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        const QRgb a = image.pixel(left, y);
-        const QRgb b = image.pixel(right, y);
-        sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
-               std::abs(qBlue(a) - qBlue(b)) + std::abs(qAlpha(a) - qAlpha(b));
-    }
-    return double(sum) / image.height();
-}
-
-/// The last column and the first, side by side, differ hardly more than any others do.
-bool repeatsSideways(const QImage& image)
-{
-    double greatest = 0;
-    for (int x = 1; x < image.width(); ++x)
-        greatest = std::max(greatest, columnDifference(image, x - 1, x));
-    return columnDifference(image, image.width() - 1, 0) <= 1.2 * greatest;
-}
-
-class SeamTest : public ::testing::TestWithParam<std::string> {};
-
-TEST_P(SeamTest, RepeatsInBothDirections)
-{
-    const QImage image =
-        QImage(QString::fromStdString(GetParam())).convertToFormat(QImage::Format_ARGB32);
-    ASSERT_FALSE(image.isNull());
-    EXPECT_TRUE(repeatsSideways(image));
-    EXPECT_TRUE(repeatsSideways(image.transformed(QTransform().rotate(90))));
-}
-
-INSTANTIATE_TEST_SUITE_P(Textures, SeamTest,
-                         ::testing::ValuesIn(filesBelow(s_archives + "/textures", {"*.png"})));
-
-TEST(Seam, IsSeenInAnImageThatDoesNotRepeat)
-{
-    QImage image(32, 32, QImage::Format_ARGB32);
-    for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y)
-            image.setPixel(x, y, qRgb(8 * x, 0, 0));
-    }
-    EXPECT_FALSE(repeatsSideways(image));
-}
 
 class SampleModelTest : public ::testing::TestWithParam<std::string> {
 protected:

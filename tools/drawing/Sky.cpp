@@ -9,10 +9,12 @@ namespace rvopen::drawing {
 
 namespace {
 
-/// Of the air: a clear day.
+/// Of the air: a clear day. All figures of the sky that depend on it are those of the appendix of
+/// A. J. Preetham, P. Shirley and B. Smits, "A practical analytic model for daylight", 1999.
 constexpr double s_turbidity = 2.6;
 
-/// R. Perez and others, "All-weather model for sky luminance distribution", 1993.
+/// The distribution over the sky in the form of R. Perez, R. Seals and J. Michalsky, "All-weather
+/// model for sky luminance distribution", 1993.
 struct Perez {
     double a, b, c, d, e;
 
