@@ -30,6 +30,15 @@ bool hasRule(RVOpenNode* section)
 
 } // namespace
 
+ArchiveSection sectionOf(const char* element)
+{
+    for (const ArchiveSection& section : ArchiveSections()) {
+        if (section.element == QLatin1String(element))
+            return section;
+    }
+    throw Failure(QStringLiteral("archives have no section \"%1\"").arg(QLatin1String(element)));
+}
+
 RVOpenNode* createNode(const RVOpenNode& owner, const char* element)
 {
     QDomDocument document = owner.GetDomNode().ownerDocument();
@@ -55,7 +64,7 @@ RVOpenNode* Archive::root() const
     return m_root;
 }
 
-void Archive::place(const Section& section, const QStringList& folders, RVOpenNode* preset)
+void Archive::place(const ArchiveSection& section, const QStringList& folders, RVOpenNode* preset)
 {
     RVOpenNode* parent = sectionNode(section);
     const bool isRuled = hasRule(parent);
@@ -73,12 +82,12 @@ void Archive::save(const QString& path)
         throw Failure(QStringLiteral("cannot write %1").arg(path));
 }
 
-RVOpenNode* Archive::sectionNode(const Section& section)
+RVOpenNode* Archive::sectionNode(const ArchiveSection& section)
 {
-    const QString key = QLatin1String(section.element);
+    const QString key = section.element;
     if (!m_sections.contains(key)) {
-        RVOpenNode* const node = createNode(*m_root, section.element);
-        node->SetName(QLatin1String(section.name));
+        RVOpenNode* const node = createNode(*m_root, section.element.toLatin1().constData());
+        node->SetName(section.title);
         m_root->AddNode(node, true);
         m_sections.insert(key, node);
     }

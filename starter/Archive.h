@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <rvopen/RVOpenVocabulary.h>
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -14,11 +16,8 @@ class RVOpenNode;
 
 namespace rvopen::starter {
 
-/// A group of presets of one kind.
-struct Section {
-    const char* element;
-    const char* name;
-};
+/// The section of that element, which there must be.
+ArchiveSection sectionOf(const char* element);
 
 /// A new node over a new element of the document that \p owner stands in.
 RVOpenNode* createNode(const RVOpenNode& owner, const char* element);
@@ -35,12 +34,12 @@ public:
 
     /// Places the preset in the section, in these folders, where the library's rule lets it. Its
     /// path, where its picture is looked for, is that of the folders.
-    void place(const Section& section, const QStringList& folders, RVOpenNode* preset);
+    void place(const ArchiveSection& section, const QStringList& folders, RVOpenNode* preset);
 
     void save(const QString& path);
 
 private:
-    RVOpenNode* sectionNode(const Section& section);
+    RVOpenNode* sectionNode(const ArchiveSection& section);
     RVOpenNode* folderNode(RVOpenNode* parent, const QString& name);
 
     RVOpenManager& m_manager;

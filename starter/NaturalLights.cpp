@@ -15,7 +15,7 @@ namespace rvopen::starter {
 
 void Presets::addNaturalLights()
 {
-    const Section section{"naturalLights", "Natural lights"};
+    const ArchiveSection section = sectionOf("naturalLights");
     const QString category = QStringLiteral("Natural light");
     const auto add = [&](Archive& archive, const QString& folder, double latitude, QDate day,
                          double hour, const QString& name, const QString& refName,

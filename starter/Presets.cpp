@@ -30,17 +30,17 @@ namespace rvopen::starter {
 
 namespace {
 
-const Section s_colours{"colours", "Colours"};
-const Section s_finishes{"finishes", "Finishes"};
-const Section s_transparencies{"transparencies", "Transparencies"};
-const Section s_bumps{"bumps", "Bumps"};
-const Section s_materials{"materials", "Materials"};
-const Section s_backgrounds{"backgrounds", "Backgrounds"};
-const Section s_schemes{"schemes", "Schemes"};
-const Section s_foregrounds{"foregrounds", "Foregrounds"};
-const Section s_cameras{"cameras", "Cameras"};
-const Section s_lenses{"lenses", "Lenses"};
-const Section s_aspectRatios{"aspectratios", "Aspect ratios"};
+const ArchiveSection s_colours = sectionOf("colours");
+const ArchiveSection s_finishes = sectionOf("finishes");
+const ArchiveSection s_transparencies = sectionOf("transparencies");
+const ArchiveSection s_bumps = sectionOf("bumps");
+const ArchiveSection s_materials = sectionOf("materials");
+const ArchiveSection s_backgrounds = sectionOf("backgrounds");
+const ArchiveSection s_schemes = sectionOf("schemes");
+const ArchiveSection s_foregrounds = sectionOf("foregrounds");
+const ArchiveSection s_cameras = sectionOf("cameras");
+const ArchiveSection s_lenses = sectionOf("lenses");
+const ArchiveSection s_aspectRatios = sectionOf("aspectratios");
 
 /// Across the width of a picture area: 2 atan(w / 2f), in degrees.
 float angleOfLens(double width, double focalLength)
@@ -258,7 +258,7 @@ const Row& Presets::rowOf(const Rows& rows, const QString& refName, const Row& u
     return *row;
 }
 
-void Presets::place(const Row& row, const Section& section, const QString& category,
+void Presets::place(const Row& row, const ArchiveSection& section, const QString& category,
                     const QString& folders, RVOpenNode* preset)
 {
     preset->SetName(row.text("name"));
@@ -268,7 +268,7 @@ void Presets::place(const Row& row, const Section& section, const QString& categ
     placeIn(archiveOf(row), section, category, folders, preset);
 }
 
-void Presets::placeIn(Archive& archive, const Section& section, const QString& category,
+void Presets::placeIn(Archive& archive, const ArchiveSection& section, const QString& category,
                       const QString& folders, RVOpenNode* preset)
 {
     if (m_presets.contains(preset->GetRefName()))
@@ -289,7 +289,7 @@ void Presets::addColours()
     for (const Row& row : m_tables.rows("colours")) {
         auto* const colour = create<Colour>(archiveOf(row), "colour");
         fillColour(colour->GetDiffuse()->GetColour(), row, 0);
-        place(row, s_colours, QLatin1String(s_colours.name), row.text("folder"), colour);
+        place(row, s_colours, s_colours.title, row.text("folder"), colour);
     }
 }
 
@@ -301,7 +301,7 @@ void Presets::addFinishes()
         addRanges(finish, row);
         if (row.has("reset"))
             finish->SetReset(row.integer("reset"));
-        place(row, s_finishes, QLatin1String(s_finishes.name), row.text("folder"), finish);
+        place(row, s_finishes, s_finishes.title, row.text("folder"), finish);
     }
 }
 
@@ -310,8 +310,7 @@ void Presets::addTransparencies()
     for (const Row& row : m_tables.rows("transparencies")) {
         auto* const transparency = create<Transparency>(archiveOf(row), "transparency");
         fillTransparency(transparency, row);
-        place(row, s_transparencies, QLatin1String(s_transparencies.name), row.text("folder"),
-              transparency);
+        place(row, s_transparencies, s_transparencies.title, row.text("folder"), transparency);
     }
 }
 
@@ -320,7 +319,7 @@ void Presets::addBumps()
     for (const Row& row : m_tables.rows("bumps")) {
         auto* const bump = create<Bump>(archiveOf(row), "bump");
         fillBump(bump, row);
-        place(row, s_bumps, QLatin1String(s_bumps.name), row.text("folder"), bump);
+        place(row, s_bumps, s_bumps.title, row.text("folder"), bump);
     }
 }
 
@@ -357,8 +356,7 @@ void Presets::addBackgrounds()
     for (const Row& row : m_tables.rows("backgrounds")) {
         auto* const background = create<Background>(archiveOf(row), "background");
         fillBackground(background, row);
-        place(row, s_backgrounds, QLatin1String(s_backgrounds.name), row.text("folder"),
-              background);
+        place(row, s_backgrounds, s_backgrounds.title, row.text("folder"), background);
     }
 }
 
@@ -371,7 +369,7 @@ void Presets::addSchemes()
         auto* const background = create<Background>(archive, "background");
         fillBackground(background, rowOf(m_backgrounds, row.text("background"), row));
         scheme->AddNode(background, true);
-        place(row, s_schemes, QLatin1String(s_schemes.name), row.text("folder"), scheme);
+        place(row, s_schemes, s_schemes.title, row.text("folder"), scheme);
     }
 }
 
@@ -388,8 +386,7 @@ void Presets::addForegrounds()
                 ->GetParam(QStringLiteral("Background Colour"))
                 ->SetValColour(tripleOf(row.colours("colour").first()).values);
         }
-        place(row, s_foregrounds, QLatin1String(s_foregrounds.name), row.text("folder"),
-              foreground);
+        place(row, s_foregrounds, s_foregrounds.title, row.text("folder"), foreground);
     }
 }
 
@@ -409,7 +406,7 @@ void Presets::addCameras()
         camera->SetViewFit(row.integer("fit"));
         if (row.has("subcat"))
             camera->SetSubCat(row.text("subcat"));
-        place(row, s_cameras, QLatin1String(s_cameras.name), row.text("folder"), camera);
+        place(row, s_cameras, s_cameras.title, row.text("folder"), camera);
     }
 }
 
@@ -439,7 +436,7 @@ void Presets::addLenses()
             description += QLatin1Char(' ');
         lens->SetDescription(description + QStringLiteral("Angle across a frame %1 mm wide (%2).")
                                                .arg(sensor.text("width"), sensor.text("name")));
-        placeIn(archive, s_lenses, QLatin1String(s_lenses.name),
+        placeIn(archive, s_lenses, s_lenses.title,
                 row.text("format") + QLatin1Char('/') + lens->GetSubCat(), lens);
     }
 }
@@ -451,15 +448,14 @@ void Presets::addAspectRatios()
         ratio->SetSubCat(row.text("folder"));
         ratio->GetParamHelper()->AddFloatParam(QStringLiteral("Aspect Ratio"),
                                                row.number("long") / row.number("short"));
-        place(row, s_aspectRatios, QLatin1String(s_aspectRatios.name), row.text("folder"), ratio);
+        place(row, s_aspectRatios, s_aspectRatios.title, row.text("folder"), ratio);
     }
     for (const Row& row : m_tables.rows("orientations")) {
         RVOpenNode* const orientation = createNode(*archiveOf(row).root(), "aspectratioorient");
         orientation->GetParamHelper()
             ->AddBoolParam(QStringLiteral("Portrait"))
             ->SetValBool(row.integer("portrait"));
-        place(row, s_aspectRatios, QLatin1String(s_aspectRatios.name), row.text("folder"),
-              orientation);
+        place(row, s_aspectRatios, s_aspectRatios.title, row.text("folder"), orientation);
     }
 }
 

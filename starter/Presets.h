@@ -41,9 +41,9 @@ private:
     Rows rowsByName(const char* table) const;
     const Row& rowOf(const Rows& rows, const QString& refName, const Row& user) const;
     /// Names the preset as its row does and places it.
-    void place(const Row& row, const Section& section, const QString& category,
+    void place(const Row& row, const ArchiveSection& section, const QString& category,
                const QString& folders, RVOpenNode* preset);
-    void placeIn(Archive& archive, const Section& section, const QString& category,
+    void placeIn(Archive& archive, const ArchiveSection& section, const QString& category,
                  const QString& folders, RVOpenNode* preset);
 
     void addColours();
