@@ -339,7 +339,8 @@ TEST_F(StarterTest, ColoursOfPaintsAreThoseOfTheirStandard)
         float colour[3];
         Colour* const preset = RVOpenSchema::isNodeColour(find(name));
         EXPECT_EQ(preset->GetDiffuse()->GetColour()->GetPlainColour(0)->GetColour(colour), 0U);
-        return QColor::fromRgbF(qreal(colour[0]), qreal(colour[1]), qreal(colour[2])).name();
+        const auto level = [](float value) { return int(double(value) * 255 + 0.5); };
+        return QColor(level(colour[0]), level(colour[1]), level(colour[2])).name();
     };
     EXPECT_TRUE(find("colour.signal_white")->GetDescription().contains("RAL 9003"));
     EXPECT_EQ(hex("colour.signal_white"), QStringLiteral("#ecece7"));

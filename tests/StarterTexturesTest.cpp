@@ -67,19 +67,27 @@ public:
         }
     }
 
-    /// How much the last column and the first differ, to what neighbours within differ at most: in
-    /// their values, and in how these go up and down.
+    /// How much neighbours differ where the last column meets the first, to what others differ at
+    /// most: in their values, and in how these go up and down. Normals lean on both sides of a
+    /// break, so that the pairs next to it count as it does.
     double seam() const
     {
-        double greatest = 1;
+        const std::size_t last = m_columns.size() - 1;
+        double difference = 0;
+        double unlikeness = 0;
+        double greatestDifference = 1;
         // Neighbours that are nearly the same say nothing.
-        double most = 0.02;
-        for (std::size_t x = 0; x + 1 < m_columns.size(); ++x) {
-            greatest = std::max(greatest, difference(m_columns[x], m_columns[x + 1]));
-            most = std::max(most, unlikeness(m_columns[x], m_columns[x + 1]));
+        double greatestUnlikeness = 0.02;
+        for (std::size_t x = 0; x <= last; ++x) {
+            const auto& a = m_columns[x];
+            const auto& b = m_columns[x < last ? x + 1 : 0];
+            const bool isAtSeam = x == 0 || x + 1 >= last;
+            double& apart = isAtSeam ? difference : greatestDifference;
+            apart = std::max(apart, differenceOf(a, b));
+            double& strange = isAtSeam ? unlikeness : greatestUnlikeness;
+            strange = std::max(strange, unlikenessOf(a, b));
         }
-        return std::max(difference(m_columns.back(), m_columns.front()) / greatest,
-                        unlikeness(m_columns.back(), m_columns.front()) / most);
+        return std::max(difference / greatestDifference, unlikeness / greatestUnlikeness);
     }
 
     /// How much of the change from column to column, all around, comes so many times.
@@ -88,7 +96,7 @@ public:
         const std::size_t n = m_columns.size();
         std::vector<double> changes;
         for (std::size_t x = 0; x < n; ++x)
-            changes.push_back(difference(m_columns[x], m_columns[(x + 1) % n]));
+            changes.push_back(differenceOf(m_columns[x], m_columns[(x + 1) % n]));
         double all = 0;
         double own = 0;
         for (std::size_t k = 1; k <= n / 2; ++k) {
@@ -107,7 +115,7 @@ public:
     }
 
 private:
-    static double difference(const std::vector<double>& a, const std::vector<double>& b)
+    static double differenceOf(const std::vector<double>& a, const std::vector<double>& b)
     {
         double sum = 0;
         for (std::size_t i = 0; i < a.size(); ++i)
@@ -116,7 +124,7 @@ private:
     }
 
     /// 1 less the correlation.
-    static double unlikeness(const std::vector<double>& a, const std::vector<double>& b)
+    static double unlikenessOf(const std::vector<double>& a, const std::vector<double>& b)
     {
         double meanA = 0;
         double meanB = 0;
