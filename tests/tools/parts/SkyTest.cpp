@@ -3,68 +3,11 @@
 
 #include "Parts.h"
 
-#include "../../../starter/Sun.h"
 #include "drawing/Sky.h"
 
 #include <cmath>
 
 namespace rvopen::test {
-
-namespace {
-
-using starter::sunPosition;
-
-struct SunCase {
-    double latitude;
-    int day;
-    double hour;
-    double azimuth;
-    double altitude;
-};
-
-void PrintTo(const SunCase& one, std::ostream* out)
-{
-    *out << "latitude " << one.latitude << ", day " << one.day << ", " << one.hour << " h";
-}
-
-class SunStands : public ::testing::TestWithParam<SunCase> {};
-
-} // namespace
-
-TEST_P(SunStands, There)
-{
-    const SunCase& one = GetParam();
-    const auto sun = sunPosition(one.latitude, one.day, one.hour);
-    EXPECT_NEAR(sun.azimuth, one.azimuth, 0.051);
-    EXPECT_NEAR(sun.altitude, one.altitude, 0.051);
-}
-
-/// From the vector towards the sun instead of the spherical triangle. On day 81 day and night are
-/// of one length.
-INSTANTIATE_TEST_SUITE_P(
-    Places, SunStands,
-    ::testing::Values(SunCase{0, 81, 9, 90, 45}, SunCase{50, 81, 12, 180, 40},
-                      SunCase{50, 81, 6, 90, 0}, SunCase{50, 81, 18, 270, 0},
-                      SunCase{50, 81, 9, 127.45, 27.03}, SunCase{50, 172, 12, 180, 63.45},
-                      SunCase{50, 172, 15, 249.61, 46.21}, SunCase{50, 172, 0, 0, -16.55},
-                      SunCase{50, 355, 12, 180, 16.55}, SunCase{50, 355, 10, 152.05, 11.88},
-                      SunCase{-35, 355, 12, 0, 78.45}, SunCase{-35, 355, 9, 85.93, 49.43},
-                      SunCase{52.5, 172, 5.5, 69.66, 14.05}, SunCase{70, 172, 0, 0, 3.45},
-                      SunCase{48, 1, 12, 180, 18.99}, SunCase{48, 365, 12, 180, 18.91},
-                      SunCase{40, 100, 14.25, 232.06, 45.7}));
-
-TEST(SunPosition, IsRoundedToTenths)
-{
-    for (int hour = 0; hour < 24; ++hour) {
-        const auto sun = sunPosition(47.3, 200, hour);
-        for (const double degrees : {sun.azimuth, sun.altitude})
-            EXPECT_NEAR(degrees * 10, std::round(degrees * 10), 1e-9);
-        EXPECT_GE(sun.azimuth, 0);
-        EXPECT_LT(sun.azimuth, 360);
-    }
-}
-
-// The sky that is drawn under it.
 
 namespace {
 
