@@ -34,7 +34,7 @@ LAYERS = {
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
         model/Binding model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population
         model/UnitsScale""",
-    "Parameters": "Param model/ParamAccess model/ParamSequence",
+    "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
     "Materials": """
         Material MaterialRepository Colour Finish Transparency Bump ShaderColour ShaderDiffuse

@@ -34,9 +34,9 @@ RVOPEN_EXPORT bool WriteXmlDocument(const QDomDocument& document, const QString&
 /// Makes the bytes the content of the file in the same way.
 RVOPEN_EXPORT bool WriteFile(const QByteArray& bytes, const QString& path);
 
-/// Why the thread's last attempt to write a file failed, by whichever operation of the library:
-/// the system's own words, such as "No space left on device", where the system refused. Empty when
-/// that attempt succeeded.
+/// Why the thread's last attempt to write a document or bytes to a file failed, by one of the above
+/// or by an operation of the library that saves: the system's own words, such as "No space left on
+/// device", where the system refused. Empty when that attempt succeeded.
 RVOPEN_EXPORT QString LastWriteError();
 
 } // namespace rvopen

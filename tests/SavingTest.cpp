@@ -78,8 +78,9 @@ protected:
     }
     bool save()
     {
+        QString reason;
         return GetParam() == Build::Own ? m_handler.SaveArchive(path())
-                                        : replaceFile(path(), s_new) == SaveResult::Saved;
+                                        : replaceFile(path(), s_new, reason) == SaveResult::Saved;
     }
 
     OpenFolder m_root;

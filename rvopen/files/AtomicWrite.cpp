@@ -5,7 +5,6 @@
 
 #include <rvopen/QtCompat.h>
 #include <rvopen/RVOpenLimits.h>
-#include <rvopen/RVOpenWriter.h>
 #include <rvopen/files/PlatformRename.h>
 
 #include <QFile>
@@ -20,9 +19,6 @@ namespace rvopen {
 namespace {
 
 using compat::Size;
-
-/// What hosts ask for after operations whose interface says no more than that they failed.
-thread_local QString s_lastError;
 
 bool readWhole(QFile& file, QByteArray& bytes)
 {
@@ -74,48 +70,39 @@ bool writeOnce(QFile& file, const QByteArray& bytes, QString& reason)
 }
 
 SaveResult writeThere(const QString& path, QIODevice::OpenMode mode, const QByteArray& bytes,
-                      bool (*write)(QFile&, const QByteArray&, QString&))
+                      bool (*write)(QFile&, const QByteArray&, QString&), QString& reason)
 {
     QFile file(path);
+    reason.clear();
     if (!file.open(mode | QIODevice::ExistingOnly | QIODevice::Unbuffered))
-        return finishSaving(SaveResult::NotOpened, file.errorString());
-    QString reason;
-    const bool isWritten = write(file, bytes, reason);
-    return finishSaving(isWritten ? SaveResult::Saved : SaveResult::NotWritten, reason);
+        reason = file.errorString();
+    else if (write(file, bytes, reason))
+        return SaveResult::Saved;
+    return file.isOpen() ? SaveResult::NotWritten : SaveResult::NotOpened;
 }
 
 } // namespace
 
-QString LastWriteError()
-{
-    return s_lastError;
-}
-
-SaveResult replaceFile(const QString& path, const QByteArray& bytes)
+SaveResult replaceFile(const QString& path, const QByteArray& bytes, QString& reason)
 {
     // A name up to a zero is another file's.
-    if (path.isEmpty() || path.contains(QChar(0)))
-        return finishSaving(SaveResult::NotOpened, QStringLiteral("No file can have this name"));
-    QString reason;
+    if (path.isEmpty() || path.contains(QChar(0))) {
+        reason = QStringLiteral("No file can have this name");
+        return SaveResult::NotOpened;
+    }
     switch (substituteFile(path, bytes, reason)) {
     case Substitution::Done:
-        return finishSaving(SaveResult::Saved, QString());
+        return SaveResult::Saved;
     case Substitution::InPlace:
-        return writeThere(path, QIODevice::ReadWrite, bytes, overwrite);
+        return writeThere(path, QIODevice::ReadWrite, bytes, overwrite, reason);
     case Substitution::NoFile:
-        return writeThere(path, QIODevice::WriteOnly, bytes, writeOnce);
+        return writeThere(path, QIODevice::WriteOnly, bytes, writeOnce, reason);
     case Substitution::NotOpened:
-        return finishSaving(SaveResult::NotOpened, reason);
+        return SaveResult::NotOpened;
     case Substitution::Failed:
         break;
     }
-    return finishSaving(SaveResult::NotWritten, reason);
-}
-
-SaveResult finishSaving(SaveResult result, const QString& reason)
-{
-    s_lastError = result == SaveResult::Saved ? QString() : reason;
-    return result;
+    return SaveResult::NotWritten;
 }
 
 bool copyFile(const QString& source, const QString& target)
@@ -123,10 +110,11 @@ bool copyFile(const QString& source, const QString& target)
     const QFileInfo place(target);
     QFile file(source);
     QByteArray bytes;
+    QString reason;
     if (place.exists() || place.isSymLink() || !QFileInfo(source).isFile() ||
         !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
         file.size() > GetMaxInputSize() || !readWhole(file, bytes) ||
-        replaceFile(target, bytes) != SaveResult::Saved)
+        replaceFile(target, bytes, reason) != SaveResult::Saved)
         return false;
     QFile::setPermissions(target, file.permissions());
     return true;

@@ -30,11 +30,8 @@ enum class SaveResult {
 /// back, unless the disk refuses that too; but the end of the process, or a crash of the machine,
 /// in the middle leaves a mixture.
 ///
-/// LastWriteError() says why it did not succeed.
-SaveResult replaceFile(const QString& path, const QByteArray& bytes);
-
-/// Sets what LastWriteError() says, nothing for Saved, and gives \p result.
-SaveResult finishSaving(SaveResult result, const QString& reason);
+/// On any result but Saved \p reason says why.
+SaveResult replaceFile(const QString& path, const QByteArray& bytes, QString& reason);
 
 /// Copies a file, with its permissions, to a path where there is nothing yet. False when it does
 /// not arrive as a whole, or is larger than what the library reads; then there still is nothing.

@@ -22,7 +22,10 @@ namespace rvopen {
 namespace {
 
 /// What hosts ask for after operations whose interface says no more than that they failed.
+/// @{
 thread_local ReadError s_lastError;
+thread_local QString s_lastWriteError;
+/// @}
 
 QDomDocument* finish(std::unique_ptr<QDomDocument> document, const ReadError& failure,
                      ReadError* error)
@@ -68,6 +71,19 @@ bool readBytes(const QString& path, QByteArray& bytes, QString& message)
     return message.isEmpty();
 }
 
+SaveResult finishWriting(SaveResult result, const QString& reason)
+{
+    s_lastWriteError = result == SaveResult::Saved ? QString() : reason;
+    return result;
+}
+
+SaveResult write(const QString& path, const QByteArray& bytes)
+{
+    QString reason;
+    const SaveResult result = replaceFile(PathToOpen(path), bytes, reason);
+    return finishWriting(result, reason);
+}
+
 } // namespace
 
 ReadError LastReadError()
@@ -97,7 +113,12 @@ bool WriteXmlDocument(const QDomDocument& document, const QString& path, int ind
 
 bool WriteFile(const QByteArray& bytes, const QString& path)
 {
-    return replaceFile(PathToOpen(path), bytes) == SaveResult::Saved;
+    return write(path, bytes) == SaveResult::Saved;
+}
+
+QString LastWriteError()
+{
+    return s_lastWriteError;
 }
 
 QDomDocument* readDocument(const QString& path, ReadError* error)
@@ -135,12 +156,12 @@ SaveResult saveDocument(const QDomDocument& document, const QString& path, int i
 {
     const QString text = fileText(document, indent);
     if (text.isNull())
-        return finishSaving(SaveResult::NotWritten,
-                            QStringLiteral("The document could not be read again"));
+        return finishWriting(SaveResult::NotWritten,
+                             QStringLiteral("The document could not be read again"));
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() > GetMaxInputSize())
-        return finishSaving(SaveResult::NotWritten, tooLarge());
-    return replaceFile(PathToOpen(path), bytes);
+        return finishWriting(SaveResult::NotWritten, tooLarge());
+    return write(path, bytes);
 }
 
 } // namespace rvopen
