@@ -39,10 +39,8 @@ unsigned int Finish::SetAndPopulateShaderClass(QString shaderClass)
     if (shaderClass != names::value::litAppearance())
         return StatusUnknownShaderClass;
     SetShaderClass(shaderClass);
-    for (const ParamSpec& spec : s_litAppearance) {
-        if (hiddenParam(this, spec.name()).isNull())
-            addParam(this, spec);
-    }
+    for (const ParamSpec& spec : s_litAppearance)
+        addParam(this, spec);
     return StatusOk;
 }
 

@@ -18,7 +18,7 @@ public:
     Finish& operator=(const Finish&) = default;
     ~Finish() override;
 
-    /// Takes the shader class and appends those of its parameters that the finish lacks.
+    /// Takes the shader class and appends its parameters, also when the finish has some already.
     /// The one class known is "lit appearance", spelt exactly so: the factors "diffuse factor",
     /// "specular factor", "transmission factor" and "mirror factor", "roughness", "refraction" and
     /// "light intensity", the lengths "object area" and "object size", all 0, and "light colour",

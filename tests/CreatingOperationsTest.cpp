@@ -172,24 +172,6 @@ const Operation s_operations[] = {
     populates<ArtificialLightStudio>("ArtificialLightStudio", "artificialLightStudio"),
     populates<Foreground>("Foreground", "foreground subcat='Depth Cue'"),
     populates<Background>("Background", "background subcat='Horizon'"),
-    operation<Finish>("ShaderClass", "finish shaderClass='lit appearance'",
-                      param("roughness", "float", "0.5") + param("light colour", "colour", "0 0 0"),
-                      param("roughness", "float", "0.5") + param("light colour", "colour", "0 0 0"),
-                      [](Finish& finish) {
-                          finish.SetAndPopulateShaderClass("lit appearance");
-                          QDomElement element = finish.GetDomNode().toElement();
-                          // Those that were missing, once each.
-                          for (const char* const name :
-                               {"diffuse factor", "specular factor", "transmission factor",
-                                "mirror factor", "refraction", "light intensity", "object area",
-                                "object size"}) {
-                              QDomElement last = element.lastChildElement();
-                              while (!last.isNull() && last.attribute("name") != name)
-                                  last = last.previousSiblingElement();
-                              ASSERT_FALSE(last.isNull()) << name;
-                              element.removeChild(last);
-                          }
-                      }),
 
     gets<Material>("GetColour", "material", "<colour/>",
                    [](Material& material) { return material.GetColour(1); }),

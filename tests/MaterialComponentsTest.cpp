@@ -258,12 +258,13 @@ TEST(FinishTest, LitAppearanceHasItsParametersInOrder)
     EXPECT_TRUE(mirrorsWholeDom(finish.get()));
 }
 
-TEST(FinishTest, TakingAShaderClassAgainAddsNothing)
+TEST(FinishTest, TakingAShaderClassAgainAddsTheParametersAgain)
 {
     const auto finish = bindRoot<Finish>("<finish/>");
     finish->SetAndPopulateShaderClass("lit appearance");
     EXPECT_EQ(finish->SetAndPopulateShaderClass("lit appearance"), StatusOk);
-    EXPECT_EQ(paramsOf(finish->GetDomNode().toElement()), s_litAppearance);
+    EXPECT_EQ(paramsOf(finish->GetDomNode().toElement()),
+              std::string(s_litAppearance) + s_litAppearance);
 }
 
 class UnknownShaderClassTest : public testing::TestWithParam<const char*> {};
