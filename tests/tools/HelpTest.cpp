@@ -86,6 +86,25 @@ TEST(CommandLine, UnknownOptionsAnswerTwo)
     EXPECT_NE(run.err, QString());
 }
 
+TEST(CommandLine, OptionsThatDoNotGoTogetherAreRefused)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    const QStringList before = workspace.files();
+    for (const char* const line :
+         {"textures a.xml --relink . --collect out", "textures a.xml --relink . -o out --in-place",
+          "set a.xml -o out --in-place snapshots/@name=x", "check a.xml --fix -o out --in-place",
+          "format a.xml --check -o out", "format a.xml --check --in-place",
+          "format a.xml -o out --in-place", "import a.xml a.xml -o out --in-place",
+          "render a.xml --missing --all --embed", "render a.xml --all --embed -o out"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_TRUE(run.err.contains(QLatin1String("excludes"))) << line << run.err.toStdString();
+        EXPECT_EQ(workspace.files(), before) << line;
+        EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), smallDocument()) << line;
+    }
+}
+
 TEST(CommandLine, AFolderOfTheHostMustExist)
 {
     const Workspace workspace;
