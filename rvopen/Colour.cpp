@@ -23,7 +23,7 @@ ShaderDiffuse* Colour::GetDiffuse()
 
 unsigned int Colour::SetDiffuse(ShaderDiffuse* diffuse)
 {
-    replaceChild(this, s_diffuse, diffuse);
+    replaceChild(this, findAmongAll(this, s_diffuse), diffuse);
     return StatusOk;
 }
 

@@ -31,7 +31,7 @@ template <typename Component>
 void inherit(Material* material, const ChildKind<Component>& kind, Material* base)
 {
     if (!findAmongAll<Component>(material, kind))
-        replaceChild(material, kind, cloneOf(findChild<Component>(base, kind)));
+        material->AddNode(cloneOf(findChild<Component>(base, kind)), true);
 }
 
 } // namespace
@@ -89,29 +89,31 @@ Material* Material::GetBaseMaterial()
 
 void Material::SetColour(Colour* colour)
 {
-    if (colour != findAmongAll(this, s_colour))
-        replaceChild(this, s_colour, colour);
+    Colour* const current = findAmongAll(this, s_colour);
+    if (colour != current)
+        replaceChild(this, current, colour);
 }
 
 void Material::SetFinish(Finish* finish)
 {
-    replaceChild(this, s_finish, finish);
+    replaceChild(this, findAmongAll(this, s_finish), finish);
 }
 
 void Material::SetTransparency(Transparency* transparency)
 {
-    if (transparency != findAmongAll(this, s_transparency))
-        replaceChild(this, s_transparency, transparency);
+    Transparency* const current = findAmongAll(this, s_transparency);
+    if (transparency != current)
+        replaceChild(this, current, transparency);
 }
 
 void Material::SetBump(Bump* bump)
 {
-    replaceChild(this, s_bump, bump);
+    replaceChild(this, findAmongAll(this, s_bump), bump);
 }
 
 void Material::SetBaseMaterial(Material* baseMaterial)
 {
-    replaceChild(this, s_baseMaterial, baseMaterial);
+    replaceChild(this, findAmongAll(this, s_baseMaterial), baseMaterial);
 }
 
 bool Material::Equal(Material* other, bool compareBase)

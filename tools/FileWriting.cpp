@@ -11,6 +11,8 @@
 
 #include <QFile>
 
+#include <optional>
+
 #if defined(__unix__) || defined(__APPLE__)
 #include <cerrno>
 #include <chrono>
@@ -25,47 +27,58 @@ namespace rvopen::tools {
 namespace {
 
 #if defined(__unix__) || defined(__APPLE__)
-/// Opening a named pipe waits until somebody reads it, for ever if nobody does. While an object of
-/// this class lives there is one who does, or isMissing().
-class PipeReader {
+/// Opening a named pipe waits until somebody reads it, for ever if nobody does. An object of this
+/// class waits for some seconds.
+class NamedPipe {
 public:
-    explicit PipeReader(const QString& path)
+    explicit NamedPipe(const QString& path)
     {
         using std::chrono::steady_clock;
         const QByteArray name = QFile::encodeName(PathToOpen(path));
         struct stat status = {};
         if (::stat(name.constData(), &status) != 0 || !S_ISFIFO(status.st_mode))
             return;
+        m_isThere = true;
         const auto end = steady_clock::now() + std::chrono::seconds(5);
         do {
             m_number = ::open(name.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-            m_isMissing = m_number < 0 && errno == ENXIO;
-            if (m_isMissing)
+            m_lacksReader = m_number < 0 && errno == ENXIO;
+            if (m_lacksReader)
                 std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        } while (m_isMissing && !isInterrupted() && steady_clock::now() < end);
+        } while (m_lacksReader && !isInterrupted() && steady_clock::now() < end);
     }
-    ~PipeReader()
+    ~NamedPipe()
     {
         if (m_number >= 0)
             ::close(m_number);
     }
-    PipeReader(const PipeReader&) = delete;
-    PipeReader& operator=(const PipeReader&) = delete;
+    NamedPipe(const NamedPipe&) = delete;
+    NamedPipe& operator=(const NamedPipe&) = delete;
 
-    bool isMissing() const
+    bool isThere() const
     {
-        return m_isMissing;
+        return m_isThere;
+    }
+    bool lacksReader() const
+    {
+        return m_lacksReader;
     }
 
 private:
+    /// Stays open, so that the reader does not take the first opening for all there is.
     int m_number = -1;
-    bool m_isMissing = false;
+    bool m_isThere = false;
+    bool m_lacksReader = false;
 };
 #else
-class PipeReader {
+class NamedPipe {
 public:
-    explicit PipeReader(const QString&) {}
-    bool isMissing() const
+    explicit NamedPipe(const QString&) {}
+    bool isThere() const
+    {
+        return false;
+    }
+    bool lacksReader() const
     {
         return false;
     }
@@ -76,11 +89,14 @@ template <typename Call>
 QString write(const QString& path, Call call)
 {
     const QString what = QStringLiteral("it could not be written: ");
-    // Nothing is held up yet while somebody is waited for.
-    const PipeReader reader(path);
-    if (reader.isMissing())
+    const NamedPipe pipe(path);
+    if (pipe.lacksReader())
         return what + QStringLiteral("nobody reads this pipe");
-    const Uninterrupted writing;
+    // What went into a pipe cannot be taken back, and its reader may stop reading: signals are not
+    // held up for that.
+    std::optional<Uninterrupted> writing;
+    if (!pipe.isThere())
+        writing.emplace();
     return call() ? QString() : what + LastWriteError();
 }
 

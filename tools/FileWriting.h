@@ -10,9 +10,9 @@ class QDomDocument;
 
 namespace rvopen::tools {
 
-/// Makes the bytes the content of the file, which no signal interrupts. A named pipe that nobody
-/// reads gets some seconds for somebody to come. Empty when it was written, else why not: "it could
-/// not be written: No space left on device"; the file is as it was then.
+/// Makes the bytes the content of the file, which no signal interrupts unless it is a named pipe.
+/// One that nobody reads gets some seconds for somebody to come. Empty when it was written, else
+/// why not: "it could not be written: No space left on device"; the file is as it was then.
 QString problemOfWriting(const QByteArray& bytes, const QString& path);
 
 /// The same for a document.

@@ -11,6 +11,10 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <filesystem>
+#include <string>
+#include <system_error>
+
 #if defined(__unix__) || defined(__APPLE__)
 #include <sys/stat.h>
 #endif
@@ -53,10 +57,17 @@ bool NewFiles::makeFolder(const QString& path)
     const QFileInfo folder(path);
     if (folder.isDir())
         return true;
-    if (!makeFolder(folder.absolutePath()) || !QDir().mkdir(folder.absoluteFilePath()))
+    if (!makeFolder(folder.absolutePath()))
         return false;
-    m_folders.prepend(folder.absoluteFilePath());
-    return true;
+    std::error_code failure;
+    const std::string name = folder.absoluteFilePath().toStdString();
+    // Neither, where somebody else has made it meanwhile.
+    if (std::filesystem::create_directory(std::filesystem::u8path(name), failure))
+        m_folders.prepend(folder.absoluteFilePath());
+    if (failure)
+        m_problem = QLatin1String("the folder cannot be made: ") +
+                    QString::fromStdString(failure.message());
+    return !failure;
 }
 
 bool NewFiles::create(const QByteArray& bytes, const QString& target)

@@ -18,7 +18,8 @@ public:
     NewFiles(const NewFiles&) = delete;
     NewFiles& operator=(const NewFiles&) = delete;
 
-    /// Makes the folder and those above it as far as they are missing. False when it cannot.
+    /// Makes the folder and those above it as far as they are missing. False when it cannot,
+    /// problem() says why.
     bool makeFolder(const QString& path);
     /// Makes a file under a name that nothing has, not even since it was looked for. False when
     /// that cannot be done, problem() says why; what is there then is somebody else's.
@@ -26,7 +27,8 @@ public:
     /// Copies a file in the same way, whole.
     bool copy(const QString& source, const QString& target);
     void keep();
-    /// Why the last file could not be made: "it is there already", or the system's reason.
+    /// Why the last file or folder could not be made: "it is there already", or the system's
+    /// reason.
     QString problem() const;
 
 private:

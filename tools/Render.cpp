@@ -100,7 +100,7 @@ public:
                               .arg(drawing::MinSize)
                               .arg(drawing::MaxSize));
         if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
-            throw Failure(QStringLiteral("the folder \"%1\" cannot be made").arg(m_output));
+            throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
@@ -249,9 +249,8 @@ private:
     QString write(const QByteArray& bytes, const QString& file)
     {
         const Uninterrupted writing;
-        return m_folders.makeFolder(QFileInfo(file).path())
-                   ? problemOfWriting(bytes, file)
-                   : QStringLiteral("its folder could not be made");
+        return m_folders.makeFolder(QFileInfo(file).path()) ? problemOfWriting(bytes, file)
+                                                            : m_folders.problem();
     }
 
     static void save(const Document& document, Session& session)

@@ -308,7 +308,7 @@ private:
         if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
             throw Failure(QStringLiteral("\"%1\" is there already").arg(copy));
         if (!files.makeFolder(folder))
-            throw Failure(QStringLiteral("the folder \"%1\" cannot be made").arg(m_collect));
+            throw Failure(QStringLiteral("\"%1\": %2").arg(m_collect, files.problem()));
 
         bool isIncomplete = false;
         QJsonArray list;

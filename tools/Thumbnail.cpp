@@ -52,8 +52,7 @@ public:
             "One picture as PNG of up to four presets or snapshots, from all over the document: "
             "embedded ones, or drawn ones. Nothing but the document is read, whatever files it "
             "refers to. Exit code 1 when there is nothing to show; a document of more than 8 MiB, "
-            "or "
-            "one that would take more than 256 MiB of memory, is refused.");
+            "or one that would take more than 256 MiB of memory, is refused.");
         arguments.positional("input", m_input, "Document, archive, or \"-\"");
         arguments.positional("output", m_output, "The PNG file to write, in place of any there is");
         arguments.option("-s,--size", m_size, "PIXELS",

@@ -120,13 +120,12 @@ inline bool deletesAlong(const RVOpenNode* node, const RVOpenNode* wanted)
     return false;
 }
 
-/// Deletes the owner's component of the kind and appends \p replacement, which may be null or
-/// belong to the one deleted: a copy of it goes in then. An archive that the component stands for
-/// stays.
+/// Deletes \p current, which findAmongAll() gave, and appends \p replacement, which may be null or
+/// belong to \p current: a copy of it goes in then. An archive that \p current stands for stays.
 template <typename Component>
-void replaceChild(RVOpenNode* owner, const ChildKind<Component>& kind, Component* replacement)
+void replaceChild(RVOpenNode* owner, Component* current, Component* replacement)
 {
-    if (Component* const current = findAmongAll(owner, kind)) {
+    if (current) {
         if (replacement && deletesAlong(current, replacement))
             replacement = cloneOf(replacement);
         NodeAccess::removeChild(owner, current);

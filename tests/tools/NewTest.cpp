@@ -39,4 +39,15 @@ TEST(New, OverwritesNothing)
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), QByteArray("old"));
 }
 
+TEST(New, ArchivesHaveASectionForEachKindOfPreset)
+{
+    const Workspace workspace;
+    const Outcome run = workspace.shell(QStringLiteral("rvopen new archive -"));
+    for (const char* const section :
+         {"schemes", "backgrounds", "foregrounds", "cameras", "lenses", "aspectratios",
+          "naturalLights", "materials", "colours", "finishes", "transparencies", "bumps"})
+        EXPECT_EQ(run.out.count(QLatin1Char('<') + QLatin1String(section) + QLatin1Char(' ')), 1)
+            << section;
+}
+
 } // namespace rvopen::test

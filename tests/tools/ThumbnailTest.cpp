@@ -311,4 +311,24 @@ TEST(Thumbnail, TellsProgramsWhatItWrote)
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("thumbnail")));
 }
 
+TEST(Thumbnail, IsMadeOfSmallDocumentsOnly)
+{
+    const Workspace workspace;
+    const QByteArray head = "<presets type=\"UserArchives\"><colours><colour name=\"Red\"/>";
+    const QByteArray tail = "</colours></presets>";
+    workspace.write(QStringLiteral("long.rvx"),
+                    head + "<!--" + QByteArray(8 * 1024 * 1024, 'x') + "-->" + tail);
+    workspace.write(QStringLiteral("many.rvx"), head + QByteArray("<b/>").repeated(900000) + tail);
+    workspace.write(QStringLiteral("fits.rvx"), head + "<!--" + QByteArray(7 * 1024 * 1024, 'x') +
+                                                    "-->" + QByteArray("<b/>").repeated(100000) +
+                                                    tail);
+    for (const char* const name : {"long.rvx", "many.rvx"}) {
+        const Outcome run =
+            workspace.shell(QStringLiteral("rvopen thumbnail %1 out.png").arg(QLatin1String(name)));
+        EXPECT_EQ(run.code, 2) << name;
+        EXPECT_FALSE(workspace.exists(QStringLiteral("out.png")));
+    }
+    EXPECT_EQ(workspace.shell(QStringLiteral("rvopen thumbnail fits.rvx out.png")).code, 0);
+}
+
 } // namespace rvopen::test

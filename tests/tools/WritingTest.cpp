@@ -137,35 +137,31 @@ TEST(Writing, WaitingForAReaderEndsWithASignal)
     }
 }
 
-TEST(Writing, ThumbnailsAreMadeOfSmallDocumentsOnly)
+TEST(Writing, AReaderWhoDoesNotReadHoldsNobodyUp)
 {
     const Workspace workspace;
-    const QByteArray head = "<presets type=\"UserArchives\"><colours><colour name=\"Red\"/>";
-    const QByteArray tail = "</colours></presets>";
-    workspace.write(QStringLiteral("long.rvx"),
-                    head + "<!--" + QByteArray(8 * 1024 * 1024, 'x') + "-->" + tail);
-    workspace.write(QStringLiteral("many.rvx"), head + QByteArray("<b/>").repeated(900000) + tail);
-    workspace.write(QStringLiteral("fits.rvx"), head + "<!--" + QByteArray(7 * 1024 * 1024, 'x') +
-                                                    "-->" + QByteArray("<b/>").repeated(100000) +
-                                                    tail);
-    for (const char* const name : {"long.rvx", "many.rvx"}) {
-        const Outcome run =
-            workspace.shell(QStringLiteral("rvopen thumbnail %1 out.png").arg(QLatin1String(name)));
-        EXPECT_EQ(run.code, 2) << name;
-        EXPECT_FALSE(workspace.exists(QStringLiteral("out.png")));
-    }
-    EXPECT_EQ(workspace.shell(QStringLiteral("rvopen thumbnail fits.rvx out.png")).code, 0);
+    workspace.write(QStringLiteral("large.rvx"), largeArchive(2000));
+    const Outcome run =
+        workspace.shell(QStringLiteral("mkfifo pipe; sleep 30 < pipe & "
+                                       "timeout -k 10 -s TERM 2 rvopen format -o pipe large.rvx; "
+                                       "code=$?; kill $!; exit $code"));
+    // 137, where only what cannot be handled ended it.
+    EXPECT_EQ(run.code, 124);
+    EXPECT_TRUE(run.err.contains(QLatin1String("interrupted"))) << run.err.toStdString();
 }
 
-TEST(Writing, NewArchivesHaveASectionForEachKindOfPreset)
+TEST(Writing, AFolderThatCannotBeMadeIsTheReason)
 {
     const Workspace workspace;
-    const Outcome run = workspace.shell(QStringLiteral("rvopen new archive -"));
-    for (const char* const section :
-         {"schemes", "backgrounds", "foregrounds", "cameras", "lenses", "aspectratios",
-          "naturalLights", "materials", "colours", "finishes", "transparencies", "bumps"})
-        EXPECT_EQ(run.out.count(QLatin1Char('<') + QLatin1String(section) + QLatin1Char(' ')), 1)
-            << section;
+    prepare(workspace);
+    for (const char* const line :
+         {"render --size 16 --all -o a.xml/out c.rvx", "textures --collect a.xml/out d.xml"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_TRUE(run.err.contains(QLatin1String("Not a directory")) ||
+                    run.err.contains(QLatin1String("File exists")))
+            << line << run.err.toStdString();
+    }
 }
 
 } // namespace rvopen::test
