@@ -7,6 +7,8 @@
 #include "Values.h"
 #include "Vocabulary.h"
 
+#include <rvopen/toolkit/schema/ValueText.h>
+
 #include <QHash>
 #include <QMap>
 #include <QSet>
@@ -265,7 +267,7 @@ private:
             double x = 0;
             double y = 0;
             // What was written as a number with six digits is no exact multiple of the tolerance.
-            if (!toNumber(first[i], x) || !toNumber(second[i], y) ||
+            if (!toolkit::ToNumber(first[i], x) || !toolkit::ToNumber(second[i], y) ||
                 std::abs(x - y) > m_comparison.tolerance * (1 + 1e-9) + std::abs(x) * 1e-12)
                 return false;
         }

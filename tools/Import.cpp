@@ -15,12 +15,12 @@
 #include "Presets.h"
 #include "Session.h"
 #include "Target.h"
-#include "Values.h"
 #include "Vocabulary.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -121,7 +121,8 @@ double unitsScale(const Document& document)
 {
     double scale = 1;
     const bool isScale =
-        toNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) && scale > 0;
+        toolkit::ToNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) &&
+        scale > 0;
     return isScale ? scale : 1;
 }
 
@@ -132,8 +133,8 @@ void convertLengths(const QDomElement& element, double ratio)
         double length = 0;
         if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
             part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
-            toNumber(part.attribute(QStringLiteral("val")), length))
-            part.setAttribute(QStringLiteral("val"), numberText(length * ratio));
+            toolkit::ToNumber(part.attribute(QStringLiteral("val")), length))
+            part.setAttribute(QStringLiteral("val"), toolkit::NumberText(length * ratio));
         return true;
     });
 }

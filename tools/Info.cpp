@@ -8,6 +8,9 @@
 #include "Session.h"
 #include "Vocabulary.h"
 
+#include <rvopen/toolkit/schema/ElementInfo.h>
+#include <rvopen/toolkit/schema/ParamInfo.h>
+
 #include <QJsonArray>
 #include <QMap>
 
@@ -70,7 +73,7 @@ private:
             countParam(element);
         } else {
             ++contents.kinds[kind];
-            if (!m_vocabulary.isElement(kind))
+            if (!toolkit::FindElement(kind))
                 ++contents.unknownElements[kind];
         }
         for (QDomElement child = element.firstChildElement(); !child.isNull();
@@ -88,13 +91,9 @@ private:
     {
         ++contents.params[param.attribute(QStringLiteral("type"))];
         const QDomElement owner = param.parentNode().toElement();
-        if (!m_vocabulary.hasParams(owner.tagName()))
-            return;
-        const QString kind = owner.attribute(owner.tagName() == QLatin1String("finish")
-                                                 ? QStringLiteral("shaderClass")
-                                                 : QStringLiteral("subcat"));
         const QString name = param.attribute(QStringLiteral("name"));
-        if (!m_vocabulary.params(owner.tagName(), kind).contains(name))
+        if (toolkit::HasParams(owner.tagName()) &&
+            !toolkit::FindParam(owner.tagName(), toolkit::KindOf(owner), name))
             ++contents.unknownParams[owner.tagName() + QLatin1Char(':') + name];
     }
 
@@ -107,7 +106,8 @@ private:
             if (m_vocabulary.isAttribute(kind, name))
                 continue;
             const bool isOfRoot = element == m_root && (name == QLatin1String("type") ||
-                                                        name == QLatin1String("zorvane_version"));
+                                                        name == QLatin1String("zorvane_version") ||
+                                                        name == QLatin1String("unitsScale"));
             if (!isOfRoot)
                 ++contents.unknownAttributes[attributePath(kind, name)];
         }

@@ -8,12 +8,15 @@
 #include "Pictures.h"
 #include "Places.h"
 #include "Session.h"
-#include "Values.h"
 #include "Vocabulary.h"
 
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/toolkit/schema/ElementInfo.h>
+#include <rvopen/toolkit/schema/ParamInfo.h>
+#include <rvopen/toolkit/schema/ValueCheck.h>
+#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -42,8 +45,6 @@ struct Words {
     const QString prop = QStringLiteral("prop");
     const QString rangeMin = QStringLiteral("rangeMin");
     const QString rangeMax = QStringLiteral("rangeMax");
-    const QString subcat = QStringLiteral("subcat");
-    const QString shaderClass = QStringLiteral("shaderClass");
     const QString refname = QStringLiteral("refname");
     const QString linkname = QStringLiteral("linkname");
     const QString imgname = QStringLiteral("imgname");
@@ -57,29 +58,16 @@ struct Words {
     const QString string = QStringLiteral("string");
     const QString shader = QStringLiteral("shader");
     const QString colour = QStringLiteral("colour");
-    const QString vector = QStringLiteral("vector");
-    const QString point = QStringLiteral("point");
-    const QString floating = QStringLiteral("float");
-    const QString integer = QStringLiteral("integer");
-    const QString boolean = QStringLiteral("boolean");
 };
 
-/// Whether the text is a value of the type, as the host would read it.
-bool isValueOf(const Words& words, const QString& type, const QString& text)
+/// Whether the text is a value of the type, as the host would read it. \p type is one.
+bool isValueOf(const QString& type, const QString& text)
 {
-    if (type == words.string || type == words.shader)
-        return true;
-    if (type == words.floating) {
-        double number = 0;
-        return toNumber(text, number);
-    }
-    if (type == words.integer || type == words.boolean) {
-        int number = 0;
-        return toInteger(text, number);
-    }
-    float triple[3];
-    return !text.contains(QLatin1Char(',')) && toTriple(text, triple);
+    const std::optional<toolkit::ValueType> valueType = toolkit::TypeNamed(type);
+    return valueType && !toolkit::CheckText(*valueType, text);
 }
+
+using ParamRows = QVector<const toolkit::ParamInfo*>;
 
 /// What an element is, as far as the inspection treats it in its own way.
 enum class Role { Plain, Root, Collection, SnapShot, Section, Folder, Palette, Material, Targets };
@@ -87,6 +75,8 @@ enum class Role { Plain, Root, Collection, SnapShot, Section, Folder, Palette, M
 struct Frame {
     QDomElement element;
     QString tag;
+    /// What is known of it, if anything.
+    const toolkit::ElementInfo* info = nullptr;
     Role role = Role::Plain;
     /// Of the enclosing section; where presets are told apart by reference name.
     QSet<QString>* refNames = nullptr;
@@ -110,6 +100,7 @@ public:
         Frame frame;
         frame.element = root;
         frame.tag = root.tagName();
+        frame.info = toolkit::FindElement(frame.tag);
         frame.role = Role::Root;
         m_ordinal = 0;
         inspectRoot(frame);
@@ -152,7 +143,7 @@ private:
         if (scale.isEmpty())
             return;
         double number = 0;
-        if (!toNumber(scale, number) || number <= 0)
+        if (!toolkit::ToNumber(scale, number) || number <= 0)
             report(rules::unitsScale, root, 0,
                    QStringLiteral("The units scale is \"%1\"").arg(scale));
         else
@@ -161,8 +152,9 @@ private:
 
     // Elements.
 
-    Role roleOf(const QString& tag) const
+    Role roleOf(const Frame& frame) const
     {
+        const QString& tag = frame.tag;
         if (tag == m_words.dir)
             return Role::Folder;
         if (tag == m_words.snapshots)
@@ -175,7 +167,7 @@ private:
             return Role::Palette;
         if (tag == QLatin1String("renderTargets"))
             return Role::Targets;
-        return m_vocabulary.isSection(tag) ? Role::Section : Role::Plain;
+        return frame.info && frame.info->isSection ? Role::Section : Role::Plain;
     }
 
     void inspectChildren(const Frame& frame, int ordinal)
@@ -185,9 +177,7 @@ private:
         QVarLengthArray<QString, 16> params;
         QSet<QString> components;
         bool isBehindOther = false;
-        const QString kind = frame.element.attribute(
-            frame.tag == QLatin1String("finish") ? m_words.shaderClass : m_words.subcat);
-        const ParamInfos& infos = m_vocabulary.params(frame.tag, kind);
+        const ParamRows infos = toolkit::ParamsOf(frame.tag, toolkit::KindOf(frame.element));
         for (QDomNode node = frame.element.firstChild(); !node.isNull();
              node = node.nextSibling()) {
             if (!node.isElement()) {
@@ -205,7 +195,8 @@ private:
             Frame next;
             next.element = child;
             next.tag = tag;
-            next.role = roleOf(tag);
+            next.info = toolkit::FindElement(tag);
+            next.role = roleOf(next);
             next.refNames = frame.role == Role::Section || frame.role == Role::Folder
                                 ? frame.refNames
                                 : nullptr;
@@ -226,7 +217,7 @@ private:
                         QSet<QString>& components)
     {
         const QDomElement& element = child.element;
-        if (!m_vocabulary.isElement(child.tag)) {
+        if (!child.info) {
             report(rules::unknownElement, element, ordinal,
                    QStringLiteral("Unknown element \"%1\"").arg(child.tag));
             return;
@@ -301,7 +292,7 @@ private:
             // The library has rules for the sections that it creates presets of.
             isGood = m_vocabulary.canAdd(parent.tag, m_words.dir)
                          ? m_vocabulary.canAdd(parent.tag, child.tag)
-                         : child.role == Role::Folder || m_vocabulary.isPreset(child.tag);
+                         : child.role == Role::Folder || (child.info && child.info->isPreset);
             break;
         case Role::Material:
             isGood = child.role == Role::Material || m_vocabulary.canAdd(parent.tag, child.tag);
@@ -317,7 +308,7 @@ private:
             isGood = child.tag == QLatin1String("renderTarget");
             break;
         case Role::SnapShot:
-            if (m_vocabulary.isComponent(child.tag))
+            if (child.info && child.info->isComponent)
                 repeated(child, ordinal, components);
             else
                 report(rules::ignoredChild, child.element, ordinal,
@@ -341,20 +332,14 @@ private:
 
     void inspectKind(const Frame& child, int ordinal)
     {
-        const QString subCat = child.element.attribute(m_words.subcat);
-        const QString shaderClass = child.element.attribute(m_words.shaderClass);
-        bool isKnown = true;
-        QString kind = subCat;
-        if (child.tag == QLatin1String("background")) {
-            isKnown = !m_vocabulary.params(child.tag, subCat).isEmpty();
-        } else if (child.tag == QLatin1String("scheme")) {
-            isKnown = subCat == QLatin1String("Exterior") || subCat == QLatin1String("Interior") ||
-                      subCat == QLatin1String("Product");
-        } else if (child.tag == QLatin1String("finish") && !shaderClass.isEmpty()) {
-            isKnown = !m_vocabulary.params(child.tag, shaderClass).isEmpty();
-            kind = shaderClass;
-        }
-        if (!isKnown)
+        const bool isFinish = child.tag == QLatin1String("finish");
+        const bool matters = isFinish || child.tag == QLatin1String("background") ||
+                             child.tag == QLatin1String("scheme");
+        if (!matters)
+            return;
+        const QString kind = toolkit::KindOf(child.element);
+        // A finish without class is one that nothing was said of yet.
+        if (!child.info->kinds.contains(kind) && !(isFinish && kind.isEmpty()))
             report(rules::unknownKind, child.element, ordinal,
                    QStringLiteral("A %1 of kind \"%2\"").arg(child.tag, kind));
     }
@@ -382,7 +367,7 @@ private:
 
     void inspectAttributes(const Frame& frame, int ordinal)
     {
-        if (!m_vocabulary.isElement(frame.tag))
+        if (!frame.info)
             return;
         const QDomNamedNodeMap attributes = frame.element.attributes();
         const int count = attributes.count();
@@ -400,7 +385,7 @@ private:
 
     // Parameters.
 
-    void inspectParam(const Frame& owner, const ParamInfos& infos, const QDomElement& param,
+    void inspectParam(const Frame& owner, const ParamRows& infos, const QDomElement& param,
                       int ordinal, bool isBehindOther, QVarLengthArray<QString, 16>& names)
     {
         const QString name = param.attribute(m_words.name);
@@ -417,12 +402,16 @@ private:
             report(rules::hiddenParam, param, ordinal,
                    QStringLiteral("\"%1\" is hidden behind another child of \"%2\"")
                        .arg(name, owner.tag));
-        const auto info = infos.constFind(name);
+        const auto info =
+            std::find_if(infos.cbegin(), infos.cend(), [&name](const toolkit::ParamInfo* row) {
+                return row->name == QStringView(name);
+            });
         const bool isExpected = info != infos.cend();
         if (!isExpected && !infos.isEmpty() && !name.isEmpty())
             report(rules::unknownParam, param, ordinal,
                    QStringLiteral("Unknown parameter \"%1\" of \"%2\"").arg(name, owner.tag));
-        const QString expected = isExpected ? info->type : type;
+        const std::optional<toolkit::ValueType> valueType = toolkit::TypeNamed(type);
+        const bool isOfType = !isExpected || valueType == (*info)->type;
         // Most have these three attributes and no others; the rest is looked up where there is
         // more.
         const int usual =
@@ -432,17 +421,17 @@ private:
         if (type.isEmpty())
             report(rules::missingType, param, ordinal,
                    QStringLiteral("\"%1\" has no type").arg(name));
-        else if (!m_vocabulary.isType(type))
+        else if (!valueType)
             report(rules::wrongType, param, ordinal,
                    QStringLiteral("\"%1\" has the unknown type \"%2\"").arg(name, type));
-        else if (type != expected)
+        else if (!isOfType)
             report(rules::wrongType, param, ordinal,
                    QStringLiteral("\"%1\" has type \"%2\" instead of \"%3\"")
-                       .arg(name, type, expected));
+                       .arg(name, type, toolkit::TypeName((*info)->type)));
         else
-            inspectValue(param, ordinal, name, type, text, hasMore);
-        if (int(m_findings.size()) > count && type != expected)
-            m_findings.last().expectedType = expected;
+            inspectValue(param, ordinal, name, *valueType, type, text, hasMore);
+        if (int(m_findings.size()) > count && !isOfType)
+            m_findings.last().expectedType = toolkit::TypeName((*info)->type);
         if (type == m_words.string && !text.isEmpty() && isTextureParam(owner.tag, name) &&
             !isThere(text))
             report(rules::missingTexture, param, ordinal,
@@ -457,14 +446,16 @@ private:
         Frame frame;
         frame.element = param;
         frame.tag = m_words.param;
+        frame.info = toolkit::FindElement(frame.tag);
         frame.isInPreset = owner.isInPreset;
         inspectChildren(frame, ordinal);
     }
 
     void inspectValue(const QDomElement& param, int ordinal, const QString& name,
-                      const QString& type, const QString& text, bool hasMore)
+                      toolkit::ValueType valueType, const QString& type, const QString& text,
+                      bool hasMore)
     {
-        if (!isValueOf(m_words, type, text)) {
+        if (toolkit::CheckText(valueType, text)) {
             const QString message =
                 text.isEmpty() ? QStringLiteral("\"%1\" has no value").arg(name)
                                : QStringLiteral("\"%1\": \"%2\" is no value of type \"%3\"")
@@ -472,7 +463,7 @@ private:
             report(rules::badValue, param, ordinal, message);
             return;
         }
-        if (type != m_words.floating || !hasMore)
+        if (valueType != toolkit::ValueType::Float || !hasMore)
             return;
         const QString lowText = param.attribute(m_words.rangeMin);
         const QString highText = param.attribute(m_words.rangeMax);
@@ -481,17 +472,18 @@ private:
         double value = 0;
         double low = 0;
         double high = 0;
-        toNumber(text, value);
+        toolkit::ToNumber(text, value);
         if (param.attribute(m_words.prop).contains(QLatin1Char('D')))
             value /= m_unitsScale;
-        const bool hasLow = toNumber(lowText, low);
-        const bool hasHigh = toNumber(highText, high);
+        const bool hasLow = toolkit::ToNumber(lowText, low);
+        const bool hasHigh = toolkit::ToNumber(highText, high);
         const auto isLess = [](double a, double b) { return a < b - std::abs(b) * 1e-6; };
         if ((hasLow && isLess(value, low)) || (hasHigh && isLess(high, value)))
             report(rules::outOfRange, param, ordinal,
                    QStringLiteral("\"%1\": %2 is outside of %3 to %4")
-                       .arg(name, numberText(value), hasLow ? numberText(low) : QStringLiteral("?"),
-                            hasHigh ? numberText(high) : QStringLiteral("?")));
+                       .arg(name, toolkit::NumberText(value),
+                            hasLow ? toolkit::NumberText(low) : QStringLiteral("?"),
+                            hasHigh ? toolkit::NumberText(high) : QStringLiteral("?")));
     }
 
     void inspectParamAttributes(const QDomElement& param, int ordinal)
@@ -623,7 +615,7 @@ bool mendOne(const Finding& finding)
         const bool isSafe = !finding.expectedType.isEmpty() &&
                             finding.expectedType != QLatin1String("shader") &&
                             element.attribute(QStringLiteral("type")) != QLatin1String("shader") &&
-                            isValueOf(Words(), finding.expectedType, text);
+                            isValueOf(finding.expectedType, text);
         if (isSafe)
             element.setAttribute(QStringLiteral("type"), finding.expectedType);
         return isSafe;
@@ -656,10 +648,11 @@ int mend(QVector<Finding>& findings)
 
 bool isTextureParam(const QString& owner, const QString& name)
 {
-    return (owner == QLatin1String("map") && name == QLatin1String("Texture")) ||
-           (owner == QLatin1String("background") && name == QLatin1String("File Name")) ||
-           (owner == QLatin1String("snapShotSettings") &&
-            name == QLatin1String("Reflected Env Path"));
+    const toolkit::ParamInfos all = toolkit::AllParams();
+    return std::any_of(all.begin(), all.end(), [&](const toolkit::ParamInfo& info) {
+        return info.content == toolkit::Content::ImageFile && info.element == QStringView(owner) &&
+               info.name == QStringView(name);
+    });
 }
 
 QString findReferenced(const QString& reference, const QString& folder)

@@ -10,6 +10,10 @@
 #include "Target.h"
 #include "Values.h"
 
+#include <rvopen/toolkit/schema/ParamInfo.h>
+#include <rvopen/toolkit/schema/ValueCheck.h>
+#include <rvopen/toolkit/schema/ValueText.h>
+
 #include <QJsonArray>
 
 namespace rvopen::tools {
@@ -25,40 +29,31 @@ struct Change {
     QString after;
 };
 
-/// What is wrong with a value for an attribute; empty when nothing is.
-QString checkAttribute(const QString& name, const QString& value)
+/// What is wrong with a value for an attribute; empty when nothing is. Flags may be written as
+/// people write them, and texts as anybody likes.
+QString checkAttribute(const toolkit::ParamInfo* info, const QString& value)
 {
-    double number = 0;
-    int integer = 0;
-    bool truth = false;
-    const bool isFlag = name == QLatin1String("enabled") || name == QLatin1String("custom") ||
-                        name == QLatin1String("reset") ||
-                        name == QLatin1String("translationDisabled") ||
-                        name == QLatin1String("thumbRegenerated");
-    if (!isXmlText(value))
+    if (!toolkit::IsXmlText(value))
         return QStringLiteral("it has a character that no document may contain");
-    if (isFlag && !toBoolean(value, truth))
-        return QStringLiteral("\"%1\" is neither true nor false").arg(value);
-    if (name == QLatin1String("ImageBorder") && !toInteger(value, integer))
-        return QStringLiteral("\"%1\" is no whole number").arg(value);
-    if (name == QLatin1String("unitsScale") && (!toNumber(value, number) || number <= 0))
-        return QStringLiteral("\"%1\" is no number above 0").arg(value);
-    if ((name == QLatin1String("rangeMin") || name == QLatin1String("rangeMax") ||
-         name == QLatin1String("centre") || name == QLatin1String("range")) &&
-        !toNumber(value, number))
-        return QStringLiteral("\"%1\" is no number").arg(value);
-    return QString();
+    if (!info || info->type == toolkit::ValueType::String)
+        return QString();
+    bool truth = false;
+    if (info->type == toolkit::ValueType::Boolean) {
+        return toBoolean(value, truth)
+                   ? QString()
+                   : QStringLiteral("\"%1\" is neither true nor false").arg(value);
+    }
+    toolkit::ValueFault fault = toolkit::CheckText(info->type, value);
+    if (!fault)
+        fault = toolkit::CheckValue(*info, value);
+    return toolkit::FaultMessage(*info, fault);
 }
 
 /// As it is stored: flags as 1 or 0.
-QString storedAttribute(const QString& name, const QString& value)
+QString storedAttribute(const toolkit::ParamInfo* info, const QString& value)
 {
     bool truth = false;
-    const bool isFlag = name == QLatin1String("enabled") || name == QLatin1String("custom") ||
-                        name == QLatin1String("reset") ||
-                        name == QLatin1String("translationDisabled") ||
-                        name == QLatin1String("thumbRegenerated");
-    if (isFlag && toBoolean(value, truth))
+    if (info && info->type == toolkit::ValueType::Boolean && toBoolean(value, truth))
         return truth ? QStringLiteral("1") : QStringLiteral("0");
     return value;
 }
@@ -111,7 +106,9 @@ public:
                 values.set(change.element, change.after);
                 change.after = values.text(change.element);
             } else {
-                change.after = storedAttribute(change.attribute, change.after);
+                change.after = storedAttribute(
+                    toolkit::FindAttribute(change.element.tagName(), change.attribute),
+                    change.after);
                 change.element.setAttribute(change.attribute, change.after);
             }
         }
@@ -177,7 +174,7 @@ private:
                 return QStringLiteral("set the parameter itself, without \"@%1\"").arg(attribute);
             if (!isAttributeName(attribute))
                 return QStringLiteral("\"%1\" is no name for an attribute").arg(attribute);
-            return checkAttribute(attribute, value);
+            return checkAttribute(toolkit::FindAttribute(element.tagName(), attribute), value);
         }
         if (!isParam(element))
             return QStringLiteral("only parameters (:name) and attributes (@name) have values");

@@ -3,12 +3,10 @@
 
 #include "Values.h"
 
+#include <rvopen/toolkit/schema/ValueText.h>
+
 #include <QJsonArray>
 #include <QRegularExpression>
-#include <QStringList>
-
-#include <algorithm>
-#include <cmath>
 
 namespace rvopen::tools {
 
@@ -21,14 +19,15 @@ QString name(const QDomElement& element, const char* attribute)
 
 QString tripleText(const float (&triple)[3])
 {
-    return numberText(double(triple[0])) + QLatin1Char(' ') + numberText(double(triple[1])) +
-           QLatin1Char(' ') + numberText(double(triple[2]));
+    return toolkit::NumberText(double(triple[0])) + QLatin1Char(' ') +
+           toolkit::NumberText(double(triple[1])) + QLatin1Char(' ') +
+           toolkit::NumberText(double(triple[2]));
 }
 
 /// A float as the number that it was written as.
 double plain(float value)
 {
-    return numberText(double(value)).toDouble();
+    return toolkit::NumberText(double(value)).toDouble();
 }
 
 bool isTriple(const Param& param)
@@ -57,13 +56,14 @@ QString outsideRange(const QDomElement& param, double value)
 {
     double low = 0;
     double high = 0;
-    const bool hasLow = toNumber(name(param, "rangeMin"), low);
-    const bool hasHigh = toNumber(name(param, "rangeMax"), high);
+    const bool hasLow = toolkit::ToNumber(name(param, "rangeMin"), low);
+    const bool hasHigh = toolkit::ToNumber(name(param, "rangeMax"), high);
     if ((!hasLow || value >= low) && (!hasHigh || value <= high))
         return QString();
     return QStringLiteral("%1 is outside of %2 to %3")
-        .arg(numberText(value), hasLow ? numberText(low) : QStringLiteral("-infinity"),
-             hasHigh ? numberText(high) : QStringLiteral("infinity"));
+        .arg(toolkit::NumberText(value),
+             hasLow ? toolkit::NumberText(low) : QStringLiteral("-infinity"),
+             hasHigh ? toolkit::NumberText(high) : QStringLiteral("infinity"));
 }
 
 } // namespace
@@ -83,7 +83,7 @@ QString ParamValues::text(const QDomElement& param)
     int integer = 0;
     float triple[3] = {};
     if (m_param.IsFloat())
-        return m_param.GetValFloat(&number) == 0 ? numberText(double(number)) : QString();
+        return m_param.GetValFloat(&number) == 0 ? toolkit::NumberText(double(number)) : QString();
     if (m_param.IsInt())
         return m_param.GetValInt(&integer) == 0 ? QString::number(integer) : QString();
     if (m_param.IsBool()) {
@@ -126,9 +126,9 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
     float triple[3] = {};
     const QString wrong = QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, type);
     if (m_param.IsFloat())
-        return toNumber(text, number) ? outsideRange(param, number) : wrong;
+        return toolkit::ToNumber(text, number) ? outsideRange(param, number) : wrong;
     if (m_param.IsInt())
-        return toInteger(text, integer) ? outsideRange(param, integer) : wrong;
+        return toolkit::ToInteger(text, integer) ? outsideRange(param, integer) : wrong;
     if (m_param.IsBool())
         return toBoolean(text, truth) ? QString() : wrong;
     if (isTriple(m_param)) {
@@ -137,8 +137,9 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
         return isGood ? QString() : wrong;
     }
     if (m_param.IsString()) {
-        return isXmlText(text) ? QString()
-                               : QStringLiteral("it has a character that no document may contain");
+        return toolkit::IsXmlText(text)
+                   ? QString()
+                   : QStringLiteral("it has a character that no document may contain");
     }
     if (m_param.IsShader()) {
         return text == QLatin1String("colour")
@@ -155,9 +156,9 @@ void ParamValues::set(const QDomElement& param, const QString& text)
     int integer = 0;
     bool truth = false;
     float triple[3] = {};
-    if (m_param.IsFloat() && toNumber(text, number)) {
+    if (m_param.IsFloat() && toolkit::ToNumber(text, number)) {
         m_param.SetValFloat(float(number));
-    } else if (m_param.IsInt() && toInteger(text, integer)) {
+    } else if (m_param.IsInt() && toolkit::ToInteger(text, integer)) {
         m_param.SetValInt(integer);
     } else if (m_param.IsBool() && toBoolean(text, truth)) {
         m_param.SetValBool(truth ? 1 : 0);
@@ -177,46 +178,11 @@ void ParamValues::set(const QDomElement& param, const QString& text)
     }
 }
 
-QString numberText(double value)
-{
-    return QString::number(value, 'g', 6);
-}
-
-bool toNumber(const QString& text, double& value)
-{
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(float(number)))
-        return false;
-    value = number;
-    return true;
-}
-
-bool toInteger(const QString& text, int& value)
-{
-    bool isInteger = false;
-    const int integer = text.toInt(&isInteger);
-    if (isInteger)
-        value = integer;
-    return isInteger;
-}
-
 bool toTriple(const QString& text, float (&triple)[3])
 {
     QString blanks = text;
     blanks.replace(QLatin1Char(','), QLatin1Char(' '));
-    const QStringList parts = blanks.simplified().split(QLatin1Char(' '));
-    if (parts.size() != 3)
-        return false;
-    float numbers[3];
-    for (int i = 0; i < 3; ++i) {
-        double number = 0;
-        if (!toNumber(parts[i], number))
-            return false;
-        numbers[i] = float(number);
-    }
-    std::copy(numbers, numbers + 3, triple);
-    return true;
+    return toolkit::ToTriple(blanks, triple);
 }
 
 bool toBoolean(const QString& text, bool& value)
@@ -235,14 +201,6 @@ bool toBoolean(const QString& text, bool& value)
         }
     }
     return false;
-}
-
-bool isXmlText(const QString& text)
-{
-    return text.isValidUtf16() && std::all_of(text.cbegin(), text.cend(), [](QChar character) {
-               const auto c = character.unicode();
-               return c >= 0x20 ? c != 0xfffe && c != 0xffff : c == 9 || c == 10 || c == 13;
-           });
 }
 
 } // namespace rvopen::tools

@@ -36,16 +36,9 @@ private:
     Param m_param;
 };
 
-/// 6 significant digits in general notation, as the library writes numbers.
-QString numberText(double value);
-/// Finite, in the C locale, without anything around it.
-bool toNumber(const QString& text, double& value);
-bool toInteger(const QString& text, int& value);
-/// Three numbers between blanks or commas.
+/// Three numbers between blanks or commas, as people write them.
 bool toTriple(const QString& text, float (&triple)[3]);
 /// true, yes, on, 1 and their opposites.
 bool toBoolean(const QString& text, bool& value);
-/// Without the characters that no document may contain.
-bool isXmlText(const QString& text);
 
 } // namespace rvopen::tools

@@ -37,10 +37,10 @@ void put(Rows& rows, const ParamInfo& info)
 
 Index makeIndex()
 {
-    Index index;
+    Index result;
     for (const ParamInfo& info : AllParams())
-        index[info.element.toString()][info.kind.toString()];
-    for (auto kinds = index.begin(); kinds != index.end(); ++kinds) {
+        result[info.element.toString()][info.kind.toString()];
+    for (auto kinds = result.begin(); kinds != result.end(); ++kinds) {
         for (auto rows = kinds->begin(); rows != kinds->end(); ++rows) {
             for (const ParamInfo& info : AllParams()) {
                 if (info.element == QStringView(kinds.key()) &&
@@ -49,15 +49,20 @@ Index makeIndex()
             }
         }
     }
-    return index;
+    return result;
+}
+
+const Index& index()
+{
+    static const Index result = makeIndex();
+    return result;
 }
 
 const Rows& rowsOf(const QString& element, const QString& kind)
 {
-    static const Index index = makeIndex();
     static const Rows none;
-    const auto kinds = index.constFind(element);
-    if (kinds == index.cend())
+    const auto kinds = index().constFind(element);
+    if (kinds == index().cend())
         return none;
     auto rows = kinds->constFind(kind);
     if (rows == kinds->cend())
@@ -99,6 +104,11 @@ QString KindOf(const QDomElement& element)
 QString KindOf(const RVOpenNode& node)
 {
     return KindOf(node.GetDomNode().toElement());
+}
+
+bool HasParams(const QString& element)
+{
+    return index().contains(element);
 }
 
 QVector<const ParamInfo*> ParamsOf(const QString& element, const QString& kind)

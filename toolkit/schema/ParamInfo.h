@@ -188,6 +188,8 @@ RVOPEN_TOOLKIT_EXPORT QString KindOf(const RVOpenNode& node);
 /// are good for as long as the library is loaded; null for what is not known.
 /// @{
 
+/// Whether the names of an element's parameters are known, for one of its kinds at least.
+RVOPEN_TOOLKIT_EXPORT bool HasParams(const QString& element);
 /// The parameters of an element of that kind, each once; none where they are not known.
 RVOPEN_TOOLKIT_EXPORT QVector<const ParamInfo*> ParamsOf(const QString& element,
                                                          const QString& kind = QString());

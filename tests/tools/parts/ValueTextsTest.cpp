@@ -32,7 +32,7 @@ std::string valueOf(bool (*read)(const QString&, Value&), const char* text, Valu
     const bool isRead = read(QString::fromUtf8(text), value);
     if (!isRead && value == before)
         return "refused";
-    return (isRead ? "" : "changed to ") + numberText(double(value)).toStdString();
+    return (isRead ? "" : "changed to ") + toolkit::NumberText(double(value)).toStdString();
 }
 
 std::string tripleOf(const char* text)
@@ -41,7 +41,7 @@ std::string tripleOf(const char* text)
     const bool isRead = toTriple(QString::fromUtf8(text), triple);
     std::string result;
     for (const float number : triple)
-        result += (result.empty() ? "" : " ") + numberText(double(number)).toStdString();
+        result += (result.empty() ? "" : " ") + toolkit::NumberText(double(number)).toStdString();
     return !isRead && result == "7 8 9" ? "refused" : result;
 }
 
@@ -51,7 +51,7 @@ class NumberOf : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(NumberOf, TheTextIsThis)
 {
-    EXPECT_EQ(valueOf(toNumber, GetParam().text, 77.0), GetParam().value);
+    EXPECT_EQ(valueOf(toolkit::ToNumber, GetParam().text, 77.0), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, NumberOf,
@@ -67,7 +67,7 @@ class IntegerOf : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(IntegerOf, TheTextIsThis)
 {
-    EXPECT_EQ(valueOf(toInteger, GetParam().text, 77), GetParam().value);
+    EXPECT_EQ(valueOf(toolkit::ToInteger, GetParam().text, 77), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, IntegerOf,
@@ -117,7 +117,7 @@ TEST(NumberText, HasSixSignificantDigits)
                  {123456, "123456"}, {1234567, "1.23457e+06"},
                  {-2.5, "-2.5"},     {0.00001, "1e-05"}};
     for (const auto& one : cases)
-        EXPECT_EQ(numberText(one.number).toStdString(), one.text);
+        EXPECT_EQ(toolkit::NumberText(one.number).toStdString(), one.text);
 }
 
 TEST(XmlText, HasNoCharacterThatNoDocumentMayContain)
@@ -135,9 +135,9 @@ TEST(XmlText, HasNoCharacterThatNoDocumentMayContain)
             text += QChar(ushort(one.code));
         else
             text += QString::fromUtf8("\xf0\x90\x80\x80");
-        EXPECT_EQ(isXmlText(text), one.isGood) << std::hex << one.code;
+        EXPECT_EQ(toolkit::IsXmlText(text), one.isGood) << std::hex << one.code;
     }
-    EXPECT_TRUE(isXmlText(QString()));
+    EXPECT_TRUE(toolkit::IsXmlText(QString()));
 }
 
 // Values of parameters.
