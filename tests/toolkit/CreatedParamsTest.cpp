@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "TestSupport.h"
+#include "../TestSupport.h"
 
 #include <rvopen/ArtificialLightStudio.h>
 #include <rvopen/AspectRatio.h>
@@ -23,36 +23,22 @@
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/toolkit/schema/ElementInfo.h>
+#include <rvopen/toolkit/schema/ParamInfo.h>
 
-#include <QFile>
 #include <QStringList>
 
 #include <gmock/gmock.h>
 
 #include <type_traits>
 
-/// The tables of parameters in docs/formats.md are what the library creates and reads.
+/// The rows of the schema are what the model creates and reads.
 namespace rvopen::test {
 
 namespace {
 
-/// Marks a value that a table leaves open.
-const QString s_open = QString::fromUtf8("\xE2\x80\x93");
-
-QString referenceText()
-{
-    QFile file(QStringLiteral(RVOPEN_DATA_DIR "/../docs/formats.md"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    return QString::fromUtf8(file.readAll());
-}
-
-QString withoutMarks(QString cell)
-{
-    cell = cell.trimmed();
-    if (cell == QLatin1String("empty"))
-        return QString();
-    return cell.remove(QLatin1Char('`')).remove(QLatin1Char('"'));
-}
+/// Marks a parameter that is not created with its element.
+const QString s_open = QStringLiteral("not created");
 
 QString describe(const QString& name, const QString& type, const QString& value, bool isLength)
 {
@@ -60,19 +46,15 @@ QString describe(const QString& name, const QString& type, const QString& value,
         .arg(name, type, value, isLength ? QStringLiteral(", a length") : QString());
 }
 
-/// The rows of the element's table, as describe() puts them.
-QStringList documented(const QString& element)
+/// The rows of the element and kind, as describe() puts them.
+QStringList known(const char* element, const char* kind = "")
 {
-    const QString heading = QStringLiteral("\n### `%1`\n").arg(element);
-    const QString section =
-        referenceText().section(heading, 1, 1).section(QStringLiteral("\n#"), 0, 0);
     QStringList rows;
-    for (const QString& line : section.split(QLatin1Char('\n'))) {
-        if (!line.startsWith(QLatin1String("| \"")))
-            continue;
-        const QStringList cells = line.split(QLatin1Char('|'));
-        rows << describe(withoutMarks(cells[1]), withoutMarks(cells[2]), withoutMarks(cells[3]),
-                         cells[5].trimmed().startsWith(QLatin1String("length")));
+    for (const toolkit::ParamInfo* const info :
+         toolkit::ParamsOf(QLatin1String(element), QLatin1String(kind))) {
+        rows << describe(info->name.toString(), toolkit::TypeName(info->type),
+                         info->createdValue.isNull() ? s_open : info->createdValue.toString(),
+                         info->isLength);
     }
     return rows;
 }
@@ -125,16 +107,16 @@ QStringList populated(const char* subCat = "")
     return created<Class>(subCat, populate<Class>, nothing<Class>);
 }
 
-/// Whether \p read finds a parameter of the name and type that the table of the element has.
+/// Whether \p read finds a parameter of the name and type that the row of the element has.
 template <typename Class, typename Value>
-unsigned int readAsDocumented(const QString& element, unsigned int (Class::*read)(Value*))
+unsigned int readAsKnown(const char* element, unsigned int (Class::*read)(Value*))
 {
-    const QString row = documented(element).value(0);
+    const toolkit::ParamInfo* const info = toolkit::ParamsOf(QLatin1String(element)).value(0);
+    if (!info)
+        return StatusMissing;
     QDomDocument document;
-    document.setContent(
-        QStringLiteral("<e><param name=\"%1\" type=\"%2\" val=\"1\"/></e>")
-            .arg(row.section(QStringLiteral(": "), 0, 0),
-                 row.section(QStringLiteral(": "), 1).section(QLatin1Char(' '), 0, 0)));
+    document.setContent(QStringLiteral("<e><param name=\"%1\" type=\"%2\" val=\"1\"/></e>")
+                            .arg(info->name.toString(), toolkit::TypeName(info->type)));
     Class object(nullptr);
     object.SetDomNode(document.documentElement());
     Value value;
@@ -143,56 +125,57 @@ unsigned int readAsDocumented(const QString& element, unsigned int (Class::*read
 
 } // namespace
 
-TEST(DocumentedParameters, OfTheSettingsAreTheLibrarys)
+TEST(CreatedParams, OfTheSettingsAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("snapShotSettings")),
+    EXPECT_EQ(known("snapShotSettings"),
               created<SnapShotSettings>("", populate<SnapShotSettings>, [](SnapShotSettings& s) {
                   s.SetSelected(1);
                   s.SetReflectBackPlate(1);
               }));
 }
 
-TEST(DocumentedParameters, OfTheSceneryAreTheLibrarys)
+TEST(CreatedParams, OfTheSceneryAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("scenery")),
-              created<Scenery>("", populate<Scenery>,
-                               [](Scenery& scenery) { scenery.SetDropShadowCatchSpots(1); }));
+    EXPECT_EQ(known("scenery"), created<Scenery>("", populate<Scenery>, [](Scenery& scenery) {
+                  scenery.SetDropShadowCatchSpots(1);
+              }));
 }
 
-TEST(DocumentedParameters, OfTheCameraAreTheLibrarys)
+TEST(CreatedParams, OfTheCameraAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("camera")), populated<Camera>());
+    EXPECT_EQ(known("camera"), populated<Camera>());
 }
 
-TEST(DocumentedParameters, OfTheStudiosAreTheLibrarys)
+TEST(CreatedParams, OfTheStudiosAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("naturalLightStudio")), populated<NaturalLightStudio>());
-    EXPECT_EQ(documented(QStringLiteral("artificialLightStudio")),
-              populated<ArtificialLightStudio>());
+    EXPECT_EQ(known("naturalLightStudio"), populated<NaturalLightStudio>());
+    EXPECT_EQ(known("artificialLightStudio"), populated<ArtificialLightStudio>());
 }
 
-TEST(DocumentedParameters, OfTheBackgroundAreTheLibrarys)
+TEST(CreatedParams, OfTheBackgroundAreTheModels)
 {
-    QStringList all;
-    for (const char* kind : {"Plain", "Graduated", "Horizon", "Image", "Image3D", "Reflection"})
-        all << populated<Background>(kind);
-    all.removeDuplicates();
-    EXPECT_EQ(documented(QStringLiteral("background")), all);
+    const toolkit::ElementInfo* const info = toolkit::FindElement(QStringLiteral("background"));
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->kinds.size(), 6);
+    for (const QString& kind : info->kinds) {
+        const QByteArray name = kind.toLatin1();
+        EXPECT_EQ(known("background", name.constData()), populated<Background>(name.constData()));
+    }
 }
 
-TEST(DocumentedParameters, OfTheForegroundAreTheLibrarys)
+TEST(CreatedParams, OfTheForegroundAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("foreground")), populated<Foreground>("Depth Cue"));
+    EXPECT_EQ(known("foreground", "Depth Cue"), populated<Foreground>("Depth Cue"));
 }
 
-TEST(DocumentedParameters, OfTheRenderTargetAreTheLibrarys)
+TEST(CreatedParams, OfTheRenderTargetAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("renderTarget")), populated<RenderTarget>());
+    EXPECT_EQ(known("renderTarget"), populated<RenderTarget>());
 }
 
-TEST(DocumentedParameters, OfTheFinishAreTheLibrarys)
+TEST(CreatedParams, OfTheFinishAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("finish")),
+    EXPECT_EQ(known("finish", "lit appearance"),
               created<Finish>(
                   "",
                   [](Finish& finish) {
@@ -201,18 +184,17 @@ TEST(DocumentedParameters, OfTheFinishAreTheLibrarys)
                   nothing<Finish>));
 }
 
-TEST(DocumentedParameters, OfTheShadersAreTheLibrarys)
+TEST(CreatedParams, OfTheShadersAreTheModels)
 {
-    EXPECT_EQ(documented(QStringLiteral("diffuse")),
+    EXPECT_EQ(known("diffuse"),
               created<ShaderDiffuse>(
                   "", [](ShaderDiffuse& diffuse) { diffuse.GetColour(); }, nothing<ShaderDiffuse>));
-    EXPECT_EQ(documented(QStringLiteral("plainColour")),
+    EXPECT_EQ(known("plainColour"),
               created<ShaderPlainColour>("", nothing<ShaderPlainColour>, [](ShaderPlainColour& c) {
                   float white[] = {1, 1, 1};
                   c.SetColour(white);
               }));
-    EXPECT_EQ(documented(QStringLiteral("map")),
-              created<ShaderMap>("", nothing<ShaderMap>, [](ShaderMap& map) {
+    EXPECT_EQ(known("map"), created<ShaderMap>("", nothing<ShaderMap>, [](ShaderMap& map) {
                   map.SetTexture(QStringLiteral("t"));
                   map.SetWidth(1);
                   map.SetHeight(1);
@@ -223,7 +205,7 @@ TEST(DocumentedParameters, OfTheShadersAreTheLibrarys)
               }));
 }
 
-TEST(DocumentedParameters, OfTransparencyAndBumpAreTheLibrarys)
+TEST(CreatedParams, OfTransparencyAndBumpAreTheModels)
 {
     // Each comes with the shader parameter that a getter adds; its value is not the host's.
     QStringList transparency =
@@ -232,7 +214,7 @@ TEST(DocumentedParameters, OfTransparencyAndBumpAreTheLibrarys)
             object.GetColour();
         });
     transparency.last().replace(s_open, QStringLiteral("colour"));
-    EXPECT_EQ(documented(QStringLiteral("transparency")), transparency);
+    EXPECT_EQ(known("transparency"), transparency);
     QStringList bump = created<Bump>("", nothing<Bump>, [](Bump& object) {
         object.SetUseDiffuse(0);
         object.SetIsNormalMap(0);
@@ -241,16 +223,14 @@ TEST(DocumentedParameters, OfTransparencyAndBumpAreTheLibrarys)
         object.GetColour();
     });
     bump.last().replace(s_open, QStringLiteral("colour"));
-    EXPECT_EQ(documented(QStringLiteral("bump")), bump);
+    EXPECT_EQ(known("bump"), bump);
 }
 
-TEST(DocumentedParameters, OfPresetsThatTheLibraryNeverMakesAreRead)
+TEST(CreatedParams, OfPresetsThatTheLibraryNeverMakesAreRead)
 {
-    EXPECT_EQ(readAsDocumented(QStringLiteral("lens"), &Lens::GetAngle), StatusOk);
-    EXPECT_EQ(readAsDocumented(QStringLiteral("aspectratio"), &AspectRatio::GetAspectRatio),
-              StatusOk);
-    EXPECT_EQ(readAsDocumented(QStringLiteral("aspectratioorient"), &AspectRatioOrient::IsPortrait),
-              StatusOk);
+    EXPECT_EQ(readAsKnown("lens", &Lens::GetAngle), StatusOk);
+    EXPECT_EQ(readAsKnown("aspectratio", &AspectRatio::GetAspectRatio), StatusOk);
+    EXPECT_EQ(readAsKnown("aspectratioorient", &AspectRatioOrient::IsPortrait), StatusOk);
 }
 
 } // namespace rvopen::test
