@@ -47,6 +47,7 @@ std::unique_ptr<Command> makeRender();
 std::unique_ptr<Command> makeSheet();
 std::unique_ptr<Command> makeThumbnail();
 std::unique_ptr<Command> makeNew();
+std::unique_ptr<Command> makeParams();
 /// @}
 
 } // namespace rvopen::tools

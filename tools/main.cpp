@@ -5,6 +5,7 @@
 #include "CommandLine.h"
 #include "Failure.h"
 #include "Interrupts.h"
+#include "ParamTables.h"
 #include "Program.h"
 #include "Session.h"
 
@@ -46,9 +47,9 @@ void useUtf8()
 std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
-    for (const auto make :
-         {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures, makeImport,
-          makeDiff, makeFormat, makePreview, makeRender, makeSheet, makeThumbnail, makeNew})
+    for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures,
+                            makeImport, makeDiff, makeFormat, makePreview, makeRender, makeSheet,
+                            makeThumbnail, makeNew, makeParams})
         commands.push_back(make());
     return commands;
 }
@@ -70,8 +71,10 @@ int generate(const CommandDoc& program, const QString& what, Output& out)
         out.text(zshCompletion(program));
     else if (what == QLatin1String("fish"))
         out.text(fishCompletion(program));
+    else if (what == QLatin1String("tables"))
+        out.text(parameterTables());
     else
-        throw Failure(QStringLiteral("--generate takes man, bash, zsh or fish"));
+        throw Failure(QStringLiteral("--generate takes man, bash, zsh, fish or tables"));
     out.flush();
     return ExitFine;
 }

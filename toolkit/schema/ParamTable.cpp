@@ -208,7 +208,9 @@ constexpr ParamInfo s_params[] = {
         .absentAs(u"0")
         .later(),
 
-    naturalLightStudio.flag(u"Enabled", u"Sun on", u"Whether the sun shines.").made(u"1"),
+    naturalLightStudio
+        .flag(u"Enabled", u"Sun on", u"Whether the sun shines; not the attribute of that name.")
+        .made(u"1"),
     naturalLightStudio
         .number(u"Sun Azimuth", u"Azimuth", u"Direction of the sun, from north clockwise.",
                 Unit::Degrees)
@@ -223,7 +225,9 @@ constexpr ParamInfo s_params[] = {
         .made(u"0")
         .usual(u"45"),
 
-    artificialLightStudio.flag(u"Enabled", u"Lamps on", u"Whether the lamps are on.").made(u"1"),
+    artificialLightStudio
+        .flag(u"Enabled", u"Lamps on", u"Whether the lamps are on; not the attribute of that name.")
+        .made(u"1"),
     artificialLightStudio
         .number(u"Intensity Scale", u"Intensity",
                 u"Factor on the light of all lamps; 1 leaves them as they are.", Unit::Factor)
@@ -348,7 +352,9 @@ constexpr ParamInfo s_params[] = {
         .hard(above(0))
         .soft(1, 4, 0.01)
         .made(u"1.5"),
-    renderTarget.flag(u"Landscape", u"Landscape", u"Whether the long side lies.")
+    renderTarget
+        .flag(u"Landscape", u"Landscape",
+              u"Whether \"Width\" is the long side, and not \"Height\".")
         .made(u"1")
         .absentAs(u"1")
         .later(),
@@ -507,31 +513,33 @@ constexpr ParamInfo s_params[] = {
         .usual(u"1 1 1"),
 
     map.image(u"Texture", u"Image", u"Image that covers the surface.").absentAs(u""),
-    map.number(u"Width", u"Width", u"What one image covers along S, before it is turned.",
+    map.number(u"Width", u"Width", u"What one image covers along its width, before it is turned.",
                Unit::SceneLength)
         .hard(above(0))
         .soft(0.001, 10, 0.001)
         .length()
         .usual(u"1"),
-    map.number(u"Height", u"Height", u"What one image covers along T, before it is turned.",
-               Unit::SceneLength)
+    map.number(u"Height", u"Height",
+               u"What one image covers along its height, before it is turned.", Unit::SceneLength)
         .hard(above(0))
         .soft(0.001, 10, 0.001)
         .length()
         .usual(u"1"),
-    map.number(u"S Offset", u"Offset to the right", u"How far the image is moved along S.",
+    map.number(u"S Offset", u"Offset to the right", u"How far the image is moved along its width.",
                Unit::SceneLength)
         .soft(-1, 1, 0.001)
         .length()
         .usual(u"0"),
-    map.number(u"T Offset", u"Offset upwards", u"How far the image is moved along T.",
+    map.number(u"T Offset", u"Offset upwards", u"How far the image is moved along its height.",
                Unit::SceneLength)
         .soft(-1, 1, 0.001)
         .length()
         .usual(u"0"),
-    map.flag(u"S Reflect", u"Mirror left to right", u"Whether the image is mirrored along S.")
+    map.flag(u"S Reflect", u"Mirror left to right",
+             u"Whether the image is mirrored along its width.")
         .usual(u"0"),
-    map.flag(u"T Reflect", u"Mirror top to bottom", u"Whether the image is mirrored along T.")
+    map.flag(u"T Reflect", u"Mirror top to bottom",
+             u"Whether the image is mirrored along its height.")
         .usual(u"0"),
     map.number(u"Rotation", u"Rotation",
                u"Turn of the image about its left lower corner, counter-clockwise.", Unit::Degrees)
