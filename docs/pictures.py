@@ -3,11 +3,12 @@
 # SPDX-License-Identifier: MIT
 """The pictures of the documents.
 
-docs/pictures.py          makes layers.dot from the includes of the library, and every .svg from its
+docs/pictures.py          makes layers.dot from the includes of the libraries, and every .svg from its
                           .dot; needs Graphviz
 docs/pictures.py --draw FOLDER  makes the .svg there, from the .dot as they are
-docs/pictures.py --check  says whether that was done after the last change, and whether the library
-                          keeps to its layers; needs nothing
+docs/pictures.py --check  says whether that was done after the last change, and whether the libraries
+                          keep to their layers, and what stands above them to what is public; needs
+                          nothing
 """
 
 import hashlib
@@ -19,6 +20,9 @@ import textwrap
 
 DOCS = pathlib.Path(__file__).resolve().parent
 LIBRARY = DOCS.parent / "rvopen"
+# Its headers are included as <rvopen/toolkit/...>.
+TOOLKIT = DOCS.parent / "toolkit"
+COMMAND = DOCS.parent / "tools"
 
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
@@ -47,6 +51,10 @@ LAYERS = {
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
         manager/SnapShotDocument manager/SnapShotNames""",
+    "Toolkit: schema": """
+        toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
+        toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck
+        toolkit/schema/ValueText toolkit/ToolkitExport""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
@@ -61,16 +69,37 @@ UPWARDS = {
 }
 
 
-def includes():
-    """(file, module, included module) for each include of the library's own."""
-    for path in sorted(path for pattern in ("*.h", "*.cpp", "*.h.in")
-                       for path in LIBRARY.rglob(pattern)):
-        file = path.relative_to(LIBRARY).as_posix()
-        module = file.split(".")[0]
-        for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]",
-                                   path.read_text(encoding="utf-8"), re.MULTILINE):
-            yield file, module, included
-        yield file, module, module
+def module_of(path):
+    """What a file is called in LAYERS; of generated headers their name."""
+    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/")):
+        if root in path.parents:
+            return prefix + path.relative_to(root).as_posix().split(".")[0]
+    return path.name.split(".")[0]
+
+
+def sources(*roots):
+    return sorted(path for root in roots for pattern in ("*.h", "*.cpp", "*.h.in")
+                  for path in root.rglob(pattern))
+
+
+def includes(*roots):
+    """(file, module, included module) for each include of the libraries' own."""
+    for path in sources(*(roots or (LIBRARY, TOOLKIT))):
+        module = module_of(path)
+        text = path.read_text(encoding="utf-8")
+        for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]", text, re.MULTILINE):
+            yield path, module, included
+        if TOOLKIT in path.parents:
+            for included in re.findall(r"^#include \"(\w+)\.h\"", text, re.MULTILINE):
+                yield path, module, module_of(path.parent / f"{included}.h")
+        yield path, module, module
+
+
+def public_modules():
+    """What a host includes."""
+    exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
+    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
+            if exports.search(path.read_text(encoding="utf-8"))} | {"RVOpenStatus", "RVOpenVersion"}
 
 
 def layers_of():
@@ -80,9 +109,10 @@ def layers_of():
 def violations():
     layer_of, order = layers_of(), list(LAYERS)
     used = set()
-    for file, module, included in includes():
+    for path, module, included in includes():
+        file = path.relative_to(DOCS.parent).as_posix()
         if module not in layer_of or included not in layer_of:
-            yield f"rvopen/{file}: {module if module not in layer_of else included} has no layer"
+            yield f"{file}: {module if module not in layer_of else included} has no layer"
             continue
         upper = layer_of[included]
         if order.index(upper) <= order.index(layer_of[module]):
@@ -90,19 +120,23 @@ def violations():
         if (module, upper) in UPWARDS and file.endswith(".cpp"):
             used.add((module, upper))
         else:
-            yield f'rvopen/{file} includes {included}.h, which is above it, in "{upper}"'
+            yield f'{file} includes {included}.h, which is above it, in "{upper}"'
     for module, upper in sorted(set(UPWARDS) - used):
         yield f'rvopen/{module}.cpp need not be allowed to know "{upper}": it does not'
+    public = public_modules()
+    for path, module, included in includes(TOOLKIT, COMMAND):
+        is_own = included == module or TOOLKIT in path.parents and included.startswith("toolkit/")
+        if included not in public and not is_own:
+            yield f"{path.relative_to(DOCS.parent)} includes {included}.h, which is not public"
 
 
 def layers_dot():
     layer_of, order = layers_of(), list(LAYERS)
     present = {module for _, module, _ in includes()}
-    public = {path.name.split(".")[0] for path in LIBRARY.glob("*.h")
-              if "RVOPEN_EXPORT" in path.read_text(encoding="utf-8")} | {"RVOpenStatus", "RVOpenVersion"}
+    public = public_modules()
     lines = ["// SPDX-FileCopyrightText: 2026 The rvopen authors",
              "// SPDX-License-Identifier: MIT",
-             "// Made by docs/pictures.py from the includes of the library.",
+             "// Made by docs/pictures.py from the includes of the libraries.",
              "digraph layers {",
              "    rankdir=BT; ranksep=0.45; nodesep=0.3;",
              '    node [shape=plain, fontname="Helvetica,sans-serif", fontsize=11];',

@@ -17,6 +17,7 @@ namespace toolkit {
 
 /// What is known of an element.
 struct ElementInfo {
+    /// Of the element.
     QString name;
     /// The root of a document, or one that archives usually have.
     bool isRoot = false;
@@ -28,9 +29,9 @@ struct ElementInfo {
     bool isPreset = false;
     /// A part of a snapshot, which has at most one of each.
     bool isComponent = false;
-    /// The attribute that tells its kind, "subcat" or "shaderClass", and the kinds that there are.
-    /// Without kinds any text is as good.
+    /// The attribute that tells its kind, "subcat" or "shaderClass"; empty where any is as good.
     QString kindAttribute;
+    /// The kinds that there are.
     QStringList kinds;
     /// Other kinds are as good, but those listed are the usual ones.
     bool areKindsOpen = true;
@@ -43,12 +44,10 @@ struct ElementInfo {
 /// have, and the parts of materials.
 RVOPEN_TOOLKIT_EXPORT QVector<ElementInfo> AllElements();
 
-/// \name Look-ups
-/// Null for an element that is not known. Good for as long as the library is loaded.
-/// @{
+/// The one of that name, good for as long as the library is loaded; null for none.
 RVOPEN_TOOLKIT_EXPORT const ElementInfo* FindElement(const QString& name);
+/// That of the node's element; null for none.
 RVOPEN_TOOLKIT_EXPORT const ElementInfo* FindElement(const RVOpenNode& node);
-/// @}
 
 } // namespace toolkit
 } // namespace rvopen

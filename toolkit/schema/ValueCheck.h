@@ -23,23 +23,26 @@ enum class Fault {
     NoChoice,
 };
 
+/// A fault and where it is.
 struct ValueFault {
+    /// None where nothing is wrong.
     Fault fault = Fault::None;
     /// The part of the text that is wrong, such as the second number of a colour.
     QString part;
 
+    /// Whether something is wrong.
     explicit operator bool() const
     {
         return fault != Fault::None;
     }
 };
 
-/// Whether the stored text is a value of the type.
+/// What is wrong with a stored text as a value of the type.
 RVOPEN_TOOLKIT_EXPORT ValueFault CheckText(ValueType type, const QString& text);
 
-/// Whether the stored text is a value of that parameter or attribute, within its hard range and
-/// among its choices unless these are open. What the library itself creates is not wrong, nor is an
-/// empty attribute, which reads as an absent one.
+/// What is wrong with a stored text as the value of that parameter or attribute: as one of its
+/// type, by its hard range, and by its choices unless these are open. What the library itself
+/// creates is not wrong, nor is an empty attribute, which reads as an absent one.
 RVOPEN_TOOLKIT_EXPORT ValueFault CheckValue(const ParamInfo& info, const QString& text);
 
 /// A sentence in English about a fault that CheckValue() found: "200 is not above 0 and below 180".

@@ -9,19 +9,17 @@
 
 namespace rvopen::toolkit {
 
-/// \name Values as documents have them
-/// In the C locale. Outputs are untouched where the text is no such value.
-/// @{
-
-/// 6 significant digits in general notation, as the library writes numbers.
+/// The number with 6 significant digits in general notation, as the library writes it.
 RVOPEN_TOOLKIT_EXPORT QString NumberText(double value);
-/// A number that is finite in single precision, without anything around it.
+/// Whether the text is a number that is finite in single precision, in the C locale. \p value is
+/// untouched where it is none.
 RVOPEN_TOOLKIT_EXPORT bool ToNumber(const QString& text, double& value);
+/// Whether the text is an integer of 32 bits. \p value is untouched where it is none.
 RVOPEN_TOOLKIT_EXPORT bool ToInteger(const QString& text, int& value);
-/// Three numbers separated by white space.
+/// Whether the text is three such numbers between white space. \p triple is untouched where it is
+/// not.
 RVOPEN_TOOLKIT_EXPORT bool ToTriple(const QString& text, float (&triple)[3]);
-/// Without the characters that no document may contain.
+/// Whether the text is without the characters that no document may contain.
 RVOPEN_TOOLKIT_EXPORT bool IsXmlText(const QString& text);
-/// @}
 
 } // namespace rvopen::toolkit
