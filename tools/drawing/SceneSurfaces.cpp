@@ -11,6 +11,8 @@ namespace {
 
 /// Reflections and refractions that are followed.
 constexpr int s_maxDepth = 3;
+/// Coarse facets of a metal, of the width 0.25, lose nine hundredths of the light among each other.
+constexpr double s_givenBack = 1.1;
 
 double greatest(const Rgb& colour)
 {
@@ -113,7 +115,7 @@ Rgb Scene::mirrored(const Hit& hit, int depth) const
     if (metal > 0) {
         // The diffuse share of a metal is its reflection by coarser facets.
         const double sharp = std::max(factors.mirror, 0.0);
-        const double blurred = std::max(factors.diffuse, 0.0);
+        const double blurred = std::max(factors.diffuse, 0.0) * s_givenBack;
         const double bright = std::max(factors.specular, factors.mirror);
         light += lobe(hit, alpha, hit.colour * std::max(sharp, 0.5 * bright), hit.colour * sharp,
                       grey(sharp), depth) *
