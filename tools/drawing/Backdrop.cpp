@@ -14,17 +14,6 @@ namespace rvopen::drawing {
 
 namespace {
 
-Vec encoded(const float (&rgb)[3])
-{
-    const auto channel = [](float value) { return value > 0 ? std::min(double(value), 1.0) : 0.0; };
-    return {channel(rgb[0]), channel(rgb[1]), channel(rgb[2])};
-}
-
-Rgb decoded(const Vec& colour)
-{
-    return {toLinear(colour.x), toLinear(colour.y), toLinear(colour.z)};
-}
-
 /// The reflections of three soft strips, for an image that is not there.
 Rgb strips(const Vec& direction)
 {
@@ -38,24 +27,34 @@ Rgb strips(const Vec& direction)
     return light;
 }
 
+void readImageOf(Backdrop& backdrop, const QString& file, TextureReader& textures)
+{
+    const QImage image = file.isEmpty() ? QImage() : textures.image(file);
+    if (image.isNull())
+        return;
+    backdrop.image = std::make_shared<const Texture>(image);
+    backdrop.imageAspect = double(image.width()) / image.height();
+}
+
 } // namespace
 
 Rgb Backdrop::at(double height) const
 {
     switch (kind) {
     case Kind::Plain:
-        return decoded(colours[0]);
+        return toLinear(colours[0]);
     case Kind::Graduated:
-        return decoded(mixed(colours[1], colours[0], clamped((height + 1) / 2)));
+        return toLinear(mixed(colours[1], colours[0], clamped((height + 1) / 2)));
     case Kind::Horizon:
         // Most of the change is near the horizon, as outdoors.
-        return decoded(height >= 0 ? mixed(colours[1], colours[0], std::sqrt(clamped(height)))
-                                   : mixed(colours[2], colours[3], std::sqrt(clamped(-height))));
+        return toLinear(height >= 0 ? mixed(colours[1], colours[0], std::sqrt(clamped(height)))
+                                    : mixed(colours[2], colours[3], std::sqrt(clamped(-height))));
     case Kind::Reflection:
         return mixed(fromHex(0x4c4f54), fromHex(0x8b8f95), clamped((height + 1) / 2));
     case Kind::Image:
+    case Kind::Panorama:
         if (image)
-            return image->at(0.5, clamped(horizon + height / 2, 0.002, 0.998), 0.5).colour;
+            return image->inRows(0.5, horizon + height / 2, 0.5).colour;
         return landscape({0.5, clamped(0.6 - height / 2)}, 1);
     case Kind::None:
         break;
@@ -63,21 +62,21 @@ Rgb Backdrop::at(double height) const
     return fromHex(0xe8e8e6);
 }
 
+Rgb Backdrop::seenIn(const Vec& direction) const
+{
+    return kind == Kind::Panorama && image ? allAround(direction) : at(direction.z);
+}
+
 Rgb Backdrop::reflectedFrom(const Vec& direction) const
 {
-    if (kind != Kind::Reflection)
-        return at(direction.z);
-    if (!image)
-        return strips(direction);
-    // All around, with the middle of the image behind the camera.
-    const double s = 0.5 + std::atan2(direction.x, -direction.y) / (2 * Pi);
-    const double t = 0.5 + std::asin(clamped(direction.z, -1, 1)) / Pi;
-    return image->at(s, clamped(t, 0.002, 0.998), 1.0 / 512).colour;
+    if (kind == Kind::Reflection)
+        return image ? allAround(direction) : strips(direction);
+    return seenIn(direction);
 }
 
 Rgb Backdrop::onPlate(const Point& point, double aspect) const
 {
-    if (!isPlate())
+    if (kind != Kind::Image && kind != Kind::Panorama)
         return at(1 - 2 * point.y);
     if (!image)
         return landscape(point, aspect);
@@ -85,12 +84,22 @@ Rgb Backdrop::onPlate(const Point& point, double aspect) const
     const double scale = std::max(aspect / imageAspect, 1.0);
     const double s = (point.x - aspect / 2) / (imageAspect * scale) + 0.5;
     const double t = 0.5 - (point.y - 0.5) / scale;
-    return image->at(clamped(s, 0.002, 0.998), clamped(t, 0.002, 0.998), 1.0 / 256).colour;
+    return image->within(s, t, 1.0 / 256).colour;
 }
 
 bool Backdrop::isPlate() const
 {
-    return kind == Kind::Image;
+    return kind == Kind::Plain || kind == Kind::Graduated || kind == Kind::Image;
+}
+
+Rgb Backdrop::allAround(const Vec& direction) const
+{
+    // From north on the left edge to the east.
+    const double s = std::atan2(direction.x, direction.y) / (2 * Pi);
+    const double altitude = std::asin(clamped(direction.z, -1, 1));
+    // A mirrored image is half a circle high, whatever its shape; degrees of a panorama are square.
+    const double height = kind == Kind::Reflection ? Pi : 2 * Pi / imageAspect;
+    return image->inRows(s, horizon + altitude / height, 1.0 / 512).colour;
 }
 
 Backdrop readBackdrop(Background* background, TextureReader& textures)
@@ -105,7 +114,7 @@ Backdrop readBackdrop(Background* background, TextureReader& textures)
         for (const Get get : getters) {
             float rgb[3] = {0, 0, 0};
             if ((background->*get)(rgb) == 0)
-                last = encoded(rgb);
+                last = withinUnit(rgb);
             backdrop.colours[i++] = last;
         }
     };
@@ -123,18 +132,36 @@ Backdrop readBackdrop(Background* background, TextureReader& textures)
     } else if (background->IsImage() || background->IsImage3D()) {
         backdrop.kind = Backdrop::Kind::Image;
         file = background->GetImageBackground();
-        if (background->IsImage3D())
+        if (background->IsImage3D()) {
+            backdrop.kind = Backdrop::Kind::Panorama;
             backdrop.horizon = clamped(double(background->GetImage3DHorizonPosition()));
+        }
     } else if (background->IsReflection()) {
         backdrop.kind = Backdrop::Kind::Reflection;
         file = background->GetReflectionBackground();
     }
-    const QImage image = file.isEmpty() ? QImage() : textures.image(file);
-    if (!image.isNull()) {
-        backdrop.image = std::make_shared<const Texture>(image);
-        backdrop.imageAspect = double(image.width()) / image.height();
-    }
+    readImageOf(backdrop, file, textures);
     return backdrop;
+}
+
+Backdrop readEnvironment(const QString& file, TextureReader& textures)
+{
+    Backdrop environment;
+    readImageOf(environment, file, textures);
+    if (environment.image)
+        environment.kind = Backdrop::Kind::Reflection;
+    return environment;
+}
+
+Vec inFixedSize(const Vec& direction, const Vec& camera, double size)
+{
+    if (!(size > 0))
+        return direction;
+    const double radius = size / 2;
+    const double b = dot(camera, direction);
+    const double d = b * b - dot(camera, camera) + radius * radius;
+    const double away = std::sqrt(std::max(d, 0.0)) - b;
+    return d >= 0 && away > 0 ? normalised(camera + direction * away) : direction;
 }
 
 void drawBackdrop(Raster& raster, const Backdrop& backdrop)
@@ -161,6 +188,7 @@ void drawBackdrop(Raster& raster, const Backdrop& backdrop)
     scene.groundFadesInto = scene.backdrop({0, 1, 0}, {});
     scene.balls.push_back(studioBall(chromium));
     scene.draw(raster);
+    raster.rollOff();
 }
 
 Rgb landscape(const Point& point, double aspect)

@@ -3,13 +3,15 @@
 
 #include "Diagrams.h"
 
-#include <rvopen/Camera.h>
 #include <rvopen/Foreground.h>
 #include <rvopen/Scheme.h>
 
 namespace rvopen::drawing {
 
 namespace {
+
+/// Width to height of the image of a camera that has none.
+constexpr double s_ratio = 1.5;
 
 const Rgb& paper()
 {
@@ -64,6 +66,35 @@ void drawWedge(Raster& raster, const Point& lens, double from, double to, double
     raster.fill(wedge, accent(), 0.30);
     raster.line({lens, wedge[1]}, 0.008, accent());
     raster.line({lens, wedge.back()}, 0.008, accent());
+}
+
+/// An arrow on a level ground that is seen from the south-east and above.
+void drawUpVector(Raster& raster, const Vec& up)
+{
+    const Point foot{raster.aspect() / 2, 0.60};
+    const auto place = [&foot](const Vec& point) {
+        return Point{foot.x + 0.36 * point.x - 0.22 * point.y,
+                     foot.y + 0.10 * point.x - 0.14 * point.y - 0.40 * point.z};
+    };
+    cover(raster, paper());
+    raster.fill({place({-1, -1, 0}), place({1, -1, 0}), place({1, 1, 0}), place({-1, 1, 0})},
+                faint());
+    for (int i = -1; i <= 1; ++i) {
+        raster.line({place({i * 1.0, -1, 0}), place({i * 1.0, 1, 0})}, 0.006, paper());
+        raster.line({place({-1, i * 1.0, 0}), place({1, i * 1.0, 0})}, 0.006, paper());
+    }
+    const Vec along = length(up) > 0 ? up : Orientation().up;
+    const Point tip = place(along);
+    const double dx = tip.x - foot.x;
+    const double dy = tip.y - foot.y;
+    const double reach = std::max(std::sqrt(dx * dx + dy * dy), 1e-6);
+    const Point ahead{dx / reach * 0.09, dy / reach * 0.09};
+    raster.line({foot, tip}, 0.026, accent());
+    raster.fill({{tip.x + ahead.x, tip.y + ahead.y},
+                 {tip.x - ahead.y * 0.6, tip.y + ahead.x * 0.6},
+                 {tip.x + ahead.y * 0.6, tip.y - ahead.x * 0.6}},
+                accent());
+    raster.disc(foot, 0.024, ink());
 }
 
 Polygon rectangleOf(const Point& centre, double width, double height)
@@ -201,31 +232,6 @@ void drawTree(Raster& raster, const Point& foot, double height, const Rgb& crown
 
 } // namespace
 
-CameraValues readCamera(Camera* camera)
-{
-    CameraValues values;
-    if (!camera)
-        return values;
-    const float unset = 1e30F;
-    float from[3] = {unset, 0, 0};
-    float to[3] = {unset, 0, 0};
-    float up[3] = {0, 0, 1};
-    int isOrthographic = 0;
-    float angle = 45;
-    camera->GetPinhole(from, to, up, &isOrthographic, &angle);
-    values.from = {from[0], from[1], from[2]};
-    values.to = {to[0], to[1], to[2]};
-    const auto isSane = [](const Vec& point) {
-        return std::fabs(point.x) < 1e9 && std::fabs(point.y) < 1e9 && std::fabs(point.z) < 1e9;
-    };
-    values.hasPlace =
-        isSane(values.from) && isSane(values.to) && length(values.from - values.to) > 1e-6;
-    values.isOrthographic = isOrthographic != 0;
-    if (std::isfinite(angle))
-        values.angle = clamped(double(angle), 0.5, 360);
-    return values;
-}
-
 Mist readMist(Foreground* foreground)
 {
     Mist mist;
@@ -240,7 +246,7 @@ Mist readMist(Foreground* foreground)
     mist.isOn = std::isfinite(nearDistance) && std::isfinite(farDistance);
     mist.nearDistance = double(nearDistance);
     mist.farDistance = double(farDistance);
-    mist.colour = toLinear(colour);
+    mist.colour = toLinear(withinUnit(colour));
     return mist;
 }
 
@@ -280,8 +286,12 @@ void drawAngle(Raster& raster, double degrees, bool isOrthographic)
 
 void drawCamera(Raster& raster, const CameraValues& camera)
 {
+    if (camera.isUpVector) {
+        drawUpVector(raster, camera.up);
+        return;
+    }
     if (!camera.hasPlace) {
-        drawAngle(raster, camera.angle, camera.isOrthographic);
+        drawAngle(raster, camera.angle, camera.isParallel);
         return;
     }
     const Vec sight = camera.to - camera.from;
@@ -314,8 +324,9 @@ void drawCamera(Raster& raster, const CameraValues& camera)
         raster.rectangle(corner.x, corner.y, foot.x, foot.y, fromHex(0x9aa7b1));
         raster.rectangle(corner.x, corner.y, (corner.x + foot.x) / 2, foot.y, fromHex(0xb4bfc7));
     }
-    if (camera.isOrthographic) {
-        const double half = 0.16;
+    const double angle = scaledAngle(camera.angle, 1 / s_ratio);
+    if (camera.isParallel) {
+        const double half = length(sight) * std::tan(radians(angle) / 2) * scale;
         const double along = 1.0;
         const Point end{std::cos(turn) * along, std::sin(turn) * along};
         raster.fill({{lens.x + across.x * half, lens.y + across.y * half},
@@ -328,7 +339,7 @@ void drawCamera(Raster& raster, const CameraValues& camera)
             raster.line({start, {start.x + end.x, start.y + end.y}}, 0.008, accent());
         }
     } else
-        drawWedge(raster, lens, direction - camera.angle / 2, direction + camera.angle / 2, 1.6);
+        drawWedge(raster, lens, direction - angle / 2, direction + angle / 2, 1.6);
     raster.line({{0, ground}, {aspect, ground}}, 0.008, mixed(fromHex(0xcbc3ae), ink(), 0.5));
     const double dx = aim.x - lens.x;
     const double dy = aim.y - lens.y;

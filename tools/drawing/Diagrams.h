@@ -6,26 +6,14 @@
 #include "Backdrop.h"
 #include "Raster.h"
 #include "Scene.h"
+#include "View.h"
 
 namespace rvopen {
-class Camera;
 class Foreground;
 class Scheme;
 } // namespace rvopen
 
 namespace rvopen::drawing {
-
-/// A camera as documents have it, z up.
-struct CameraValues {
-    bool hasPlace = false;
-    Vec from;
-    Vec to;
-    bool isOrthographic = false;
-    /// In degrees.
-    double angle = 45;
-};
-
-CameraValues readCamera(Camera* camera);
 
 /// Mist as documents have it, in scene units; off for any other foreground.
 Mist readMist(Foreground* foreground);
@@ -33,7 +21,8 @@ Mist readMist(Foreground* foreground);
 /// From above: the camera, its angle of view to scale, and who of a row of people is in it.
 void drawAngle(Raster& raster, double degrees, bool isOrthographic = false);
 
-/// From the side, to scale: where the camera is above the ground, where it looks to, and its angle.
+/// From the side, to scale: where the camera is above the ground, where it looks to, and its angle
+/// up the height of an image of 3 to 2; of an up vector where it points to.
 void drawCamera(Raster& raster, const CameraValues& camera);
 
 /// A frame of that ratio of width to height with a landscape in it, and its outline on edge.

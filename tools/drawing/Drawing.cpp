@@ -61,6 +61,7 @@ QImage surfacePicture(const Surface& surface, const Wish& wish)
         scene.balls.push_back(ball);
         scene.draw(raster);
     }
+    raster.rollOff();
     return raster.toImage();
 }
 
@@ -143,7 +144,7 @@ Draw lensDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
     Bound<Lens> node(element);
     float angle = 45;
     node->GetAngle(&angle);
-    const double degrees = std::isfinite(angle) ? clamped(double(angle), 0.5, 360) : 45;
+    const double degrees = std::isfinite(angle) ? clamped(double(angle), 0.5, 179) : 45;
     return painted(wish, [degrees](Raster& raster) { drawAngle(raster, degrees); });
 }
 

@@ -26,7 +26,7 @@ double rolledOff(double light)
 
 int quantised(double light)
 {
-    return int(toEncoded(rolledOff(light)) * 255 + 0.5);
+    return int(toEncoded(clamped(light)) * 255 + 0.5);
 }
 
 } // namespace
@@ -41,19 +41,26 @@ double toEncoded(double linear)
     return linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055;
 }
 
-Rgb toLinear(const float (&encoded)[3])
+Rgb toLinear(const Vec& encoded)
 {
-    const auto channel = [](float value) {
-        // Not a number becomes black.
-        return value > 0 ? toLinear(std::min(double(value), 1.0)) : 0.0;
-    };
-    return {channel(encoded[0]), channel(encoded[1]), channel(encoded[2])};
+    return {toLinear(encoded.x), toLinear(encoded.y), toLinear(encoded.z)};
+}
+
+Vec withinUnit(const float (&stored)[3])
+{
+    return {clamped(double(stored[0])), clamped(double(stored[1])), clamped(double(stored[2]))};
 }
 
 Rgb fromHex(unsigned int rgb)
 {
     return {toLinear(double((rgb >> 16) & 255U) / 255), toLinear(double((rgb >> 8) & 255U) / 255),
             toLinear(double(rgb & 255U) / 255)};
+}
+
+double encodedBy(double light, double gamma)
+{
+    const double shown = clamped(light);
+    return gamma > 0 ? std::pow(shown, 1 / gamma) : toEncoded(shown);
 }
 
 Raster::Raster(int width, int height)
@@ -152,6 +159,12 @@ void Raster::rectangle(double left, double top, double right, double bottom, con
                        double opacity)
 {
     fill({{left, top}, {right, top}, {right, bottom}, {left, bottom}}, colour, opacity);
+}
+
+void Raster::rollOff()
+{
+    for (Rgb& pixel : m_pixels)
+        pixel = {rolledOff(pixel.x), rolledOff(pixel.y), rolledOff(pixel.z)};
 }
 
 QImage Raster::toImage() const

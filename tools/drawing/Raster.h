@@ -16,8 +16,9 @@ namespace rvopen::drawing {
 /// @{
 double toLinear(double encoded);
 double toEncoded(double linear);
-/// A colour as documents have them, encoded and within 0 to 1.
-Rgb toLinear(const float (&encoded)[3]);
+Rgb toLinear(const Vec& encoded);
+/// A colour as documents have it, taken into 0 to 1; what is no number is 0.
+Vec withinUnit(const float (&stored)[3]);
 /// 0xrrggbb
 Rgb fromHex(unsigned int rgb);
 /// @}
@@ -28,6 +29,9 @@ struct Point {
 };
 
 using Polygon = std::vector<Point>;
+
+/// The stored value of light in an image of that gamma, 0 to 1; without one, 0, that of sRGB.
+double encodedBy(double light, double gamma);
 
 /// A picture in linear light. Shapes are in the unit of its height, from the left upper corner.
 class Raster {
@@ -55,7 +59,9 @@ public:
                    double opacity = 1);
     /// @}
 
-    /// Encoded; light beyond white rolls off.
+    /// Light of more than four fifths of white approaches white instead of being cut off.
+    void rollOff();
+    /// Encoded; light beyond white is cut off.
     QImage toImage() const;
 
 private:

@@ -71,7 +71,7 @@ std::shared_ptr<const Texture> holes()
                 image.setPixel(x, y, dx * dx + dy * dy < 90 ? 0x00000000 : 0xffffffff);
             }
         }
-        return std::make_shared<const Texture>(image);
+        return std::make_shared<const Texture>(image, TextureUse::Data);
     }();
     return texture;
 }
@@ -97,9 +97,16 @@ std::shared_ptr<const Texture> grain()
                 image.setPixel(x, y, qRgb(sum / 9, sum / 9, sum / 9));
             }
         }
-        return std::make_shared<const Texture>(image);
+        return std::make_shared<const Texture>(image, TextureUse::Heights);
     }();
     return texture;
+}
+
+/// The shader of a colour, null where it is not enabled or has none.
+ShaderColour* shaderOf(Colour* colour)
+{
+    ShaderDiffuse* const diffuse = colour && colour->IsEnabled() ? colour->GetDiffuse() : nullptr;
+    return diffuse && diffuse->IsEnabled() ? diffuse->GetColour() : nullptr;
 }
 
 Mapping mappingOf(ShaderMap* map)
@@ -146,19 +153,20 @@ TextureReader::TextureReader(FindFile find)
 {
 }
 
-std::shared_ptr<const Texture> TextureReader::texture(const QString& reference)
+std::shared_ptr<const Texture> TextureReader::texture(const QString& reference, TextureUse use)
 {
     const QString path = reference.isEmpty() || !m_find ? QString() : m_find(reference);
     if (path.isEmpty())
         return nullptr;
-    const auto known = m_known.constFind(path);
+    const QPair<QString, int> key(path, int(use));
+    const auto known = m_known.constFind(key);
     if (known != m_known.constEnd())
         return *known;
     const QImage image = readImage(path);
     if (m_known.size() >= s_maxKnown)
         m_known.clear();
-    const auto result = image.isNull() ? nullptr : std::make_shared<const Texture>(image);
-    m_known.insert(path, result);
+    const auto result = image.isNull() ? nullptr : std::make_shared<const Texture>(image, use);
+    m_known.insert(key, result);
     return result;
 }
 
@@ -221,7 +229,7 @@ Surface SurfaceReader::ofBump(Bump* bump)
     surface.factors.specular = 0.6;
     surface.factors.mirror = 0.04;
     surface.factors.roughness = 0.4;
-    read(bump, surface);
+    read(bump, nullptr, surface);
     return surface;
 }
 
@@ -246,23 +254,24 @@ void SurfaceReader::read(Material* material, Surface& surface)
     if (transparency)
         read(transparency, surface);
     if (bump)
-        read(bump, surface);
+        read(bump, colour, surface);
 }
 
 void SurfaceReader::read(Colour* colour, Surface& surface)
 {
-    ShaderDiffuse* const diffuse = colour->GetDiffuse();
-    ShaderColour* const shader = diffuse ? diffuse->GetColour() : nullptr;
+    ShaderColour* const shader = shaderOf(colour);
     if (!shader)
         return;
     const Rgb otherwise = surface.paint.colour;
-    surface.paint = paintOf(shader, chequers());
+    surface.paint = paintOf(shader, TextureUse::Colour, chequers());
     if (!surface.paint.hasColour)
         surface.paint.colour = otherwise;
 }
 
 void SurfaceReader::read(Finish* finish, Surface& surface)
 {
+    if (!finish->IsEnabled())
+        return;
     ParamHelper* const params = finish->GetParamHelper();
     const auto get = [params](const char* name, double otherwise, double low, double high) {
         float value = 0;
@@ -276,19 +285,19 @@ void SurfaceReader::read(Finish* finish, Surface& surface)
     factors.transmission = get("transmission factor", factors.transmission, 0, 1);
     factors.mirror = get("mirror factor", factors.mirror, 0, 1);
     factors.roughness = get("roughness", factors.roughness, 0, 1);
-    factors.refraction = get("refraction", factors.refraction, 0.05, 5);
+    factors.refraction = get("refraction", factors.refraction, 1, 5);
     factors.light = get("light intensity", factors.light, 0, 1e6);
     float colour[3] = {1, 1, 1};
     if (params->GetValColour(QStringLiteral("light colour"), colour) == 0)
-        factors.lightColour = toLinear(colour);
+        factors.lightColour = toLinear(withinUnit(colour));
 }
 
 void SurfaceReader::read(Transparency* transparency, Surface& surface)
 {
-    ShaderColour* const shader = transparency->GetColour();
+    ShaderColour* const shader = transparency->IsEnabled() ? transparency->GetColour() : nullptr;
     if (!shader)
         return;
-    const Paint paint = paintOf(shader, holes());
+    const Paint paint = paintOf(shader, TextureUse::Data, holes());
     if (!paint.hasColour && !paint.texture)
         return;
     surface.hasOpacity = true;
@@ -301,8 +310,10 @@ void SurfaceReader::read(Transparency* transparency, Surface& surface)
     surface.isMaskInverted = isInverted != 0;
 }
 
-void SurfaceReader::read(Bump* bump, Surface& surface)
+void SurfaceReader::read(Bump* bump, Colour* colour, Surface& surface)
 {
+    if (!bump->IsEnabled())
+        return;
     int usesDiffuse = 0;
     int isNormalMap = 0;
     float height = 0.5F;
@@ -311,19 +322,20 @@ void SurfaceReader::read(Bump* bump, Surface& surface)
     bump->GetIsNormalMap(&isNormalMap);
     bump->GetHeight(&height);
     bump->GetSoftness(&softness);
-    surface.hasBump = true;
-    surface.isNormalMap = isNormalMap != 0;
+    // Colours are no normals.
+    surface.isNormalMap = isNormalMap && !usesDiffuse;
     surface.bumpHeight = finite(height, 0, -10, 10);
     surface.bumpSoftness = finite(softness, 0, 0, 1);
-    if (usesDiffuse && surface.paint.texture)
-        surface.bump = surface.paint;
-    else if (ShaderColour* const shader = usesDiffuse ? nullptr : bump->GetColour())
-        surface.bump = paintOf(shader, surface.isNormalMap ? nullptr : grain());
-    else
-        surface.hasBump = false;
+    ShaderColour* const shader = usesDiffuse ? shaderOf(colour) : bump->GetColour();
+    if (!shader)
+        return;
+    surface.bump = paintOf(shader, surface.isNormalMap ? TextureUse::Data : TextureUse::Heights,
+                           surface.isNormalMap || usesDiffuse ? nullptr : grain());
+    surface.hasBump = surface.bump.texture != nullptr;
 }
 
-Paint SurfaceReader::paintOf(ShaderColour* shader, const std::shared_ptr<const Texture>& standIn)
+Paint SurfaceReader::paintOf(ShaderColour* shader, TextureUse use,
+                             const std::shared_ptr<const Texture>& standIn)
 {
     Paint paint;
     ShaderPlainColour* const plain = shader->GetPlainColour(0);
@@ -331,12 +343,13 @@ Paint SurfaceReader::paintOf(ShaderColour* shader, const std::shared_ptr<const T
     float rgb[3] = {0.5F, 0.5F, 0.5F};
     if (plain && plain->GetColour(rgb) == 0) {
         paint.hasColour = true;
-        paint.colour = toLinear(rgb);
+        const Vec stored = withinUnit(rgb);
+        paint.colour = use == TextureUse::Colour ? toLinear(stored) : stored;
     }
     if (!map || !map->IsEnabled())
         return paint;
     paint.mapping = mappingOf(map);
-    paint.texture = m_textures.texture(map->GetTexture());
+    paint.texture = m_textures.texture(map->GetTexture(), use);
     if (paint.texture) {
         int usesAlpha = 0;
         map->GetUseAlpha(&usesAlpha);

@@ -6,6 +6,7 @@
 #include "Surface.h"
 
 #include <QHash>
+#include <QPair>
 #include <QString>
 
 #include <functional>
@@ -35,16 +36,19 @@ public:
     explicit TextureReader(FindFile find);
 
     /// Null when the file is not there or cannot be decoded.
-    std::shared_ptr<const Texture> texture(const QString& reference);
+    std::shared_ptr<const Texture> texture(const QString& reference,
+                                           TextureUse use = TextureUse::Colour);
     QImage image(const QString& reference) const;
 
 private:
     FindFile m_find;
-    QHash<QString, std::shared_ptr<const Texture>> m_known;
+    /// By file and use.
+    QHash<QPair<QString, int>, std::shared_ptr<const Texture>> m_known;
 };
 
-/// Surfaces of the library's materials and their components. Where a component is absent the
-/// surface has a plain, fitting one; where an image is absent the plain colour or a stand-in.
+/// Surfaces of the library's materials and their components. Where a component is absent or not
+/// enabled the surface has a plain, fitting one; where an image is absent the plain colour or a
+/// stand-in.
 class SurfaceReader {
 public:
     explicit SurfaceReader(TextureReader& textures);
@@ -63,9 +67,11 @@ private:
     void read(Colour* colour, Surface& surface);
     void read(Finish* finish, Surface& surface);
     void read(Transparency* transparency, Surface& surface);
-    void read(Bump* bump, Surface& surface);
+    /// \p colour, null for none, is that of the surface.
+    void read(Bump* bump, Colour* colour, Surface& surface);
     /// \p standIn is taken for an image that is not there, unless there is a plain colour.
-    Paint paintOf(ShaderColour* shader, const std::shared_ptr<const Texture>& standIn);
+    Paint paintOf(ShaderColour* shader, TextureUse use,
+                  const std::shared_ptr<const Texture>& standIn);
 
     TextureReader& m_textures;
 };

@@ -6,6 +6,7 @@
 #include "Raster.h"
 #include "Surface.h"
 #include "Vec.h"
+#include "View.h"
 
 #include <functional>
 #include <vector>
@@ -20,6 +21,10 @@ struct Ball {
     const Surface* surface = nullptr;
     /// Scene units of the material for one unit of the picture.
     double scale = 1;
+
+    /// At which distances along a ray it is entered and left; false where the ray meets it nowhere
+    /// before it.
+    bool meets(const Ray& ray, double& enter, double& leave) const;
 };
 
 /// A rectangle of light far away.
@@ -33,14 +38,7 @@ struct AreaLight {
     double softness = 0.05;
 };
 
-struct ViewPoint {
-    Vec from;
-    Vec to;
-    /// Vertical, in degrees.
-    double angle = 25;
-};
-
-/// Mist that thickens from one distance to another.
+/// Mist that thickens from one distance from the camera to another.
 struct Mist {
     bool isOn = false;
     Rgb colour;
@@ -48,8 +46,8 @@ struct Mist {
     double farDistance = 1;
 };
 
-/// Balls on a ground under a sky; z is up. Drawn by tracing rays in a fixed pattern, so that the
-/// same scene is the same picture every time.
+/// Balls on a ground under a sky; z is up, whatever the view calls so. Drawn by tracing rays in a
+/// fixed pattern, so that the same scene is the same picture every time.
 class Scene {
 public:
     std::vector<Ball> balls;
@@ -68,33 +66,52 @@ public:
     Rgb groundFadesInto;
     /// 1 for shadows as dark as they are, 0 for none.
     double shadowContrast = 1;
+    /// A factor on the even light from all around, not on what is mirrored.
+    double ambient = 1;
     Mist mist;
-    ViewPoint view;
+    /// A ball that its bounds cut is left out.
+    View view;
 
+    /// In linear light, which may be above 1.
     void draw(Raster& raster);
     /// A square piece of the material in front of the camera instead of the scene.
     void drawFlat(Raster& raster, const Surface& surface, double scale);
 
 private:
-    struct Hit;
+    /// Where a ray meets a surface.
+    struct Hit {
+        const Ball* ball = nullptr;
+        const Surface* surface = nullptr;
+        Vec point;
+        /// That of the ball, and as the bump has it.
+        Vec flat;
+        Vec normal;
+        Vec direction;
+        Rgb colour;
+    };
+
+    /// What a ray meets first: a ball, the ground when there is none, or nothing.
+    struct Met {
+        const Ball* ball = nullptr;
+        double distance = Endless;
+    };
 
     void prepare();
-    Rgb trace(const Vec& from, const Vec& direction, int depth, const Ball* except) const;
-    const Ball* nearest(const Vec& from, const Vec& direction, const Ball* except,
-                        double& distance) const;
+    Met met(const Ray& ray, const Ball* except, double from = 0, double to = Endless) const;
+    Rgb trace(const Ray& ray, int depth, const Ball* except) const;
+    Rgb seen(const Ray& ray, const Met& first, int depth) const;
     Rgb farAway(const Vec& direction, double blur) const;
     Rgb groundLight(const Vec& point, bool isExact) const;
     bool mayBeShadowed(const Vec& point, const AreaLight& light) const;
-    Rgb groundSeen(const Vec& from, const Vec& direction, double distance, bool isExact) const;
-    Rgb ballSeen(const Ball& ball, const Vec& from, const Vec& direction, double distance,
-                 int depth) const;
+    Rgb groundSeen(const Vec& point, bool isExact) const;
+    Rgb ballSeen(const Ball& ball, const Ray& ray, double distance, int depth) const;
     Rgb shaded(const Hit& hit, int depth) const;
     Rgb diffuse(const Hit& hit) const;
     Rgb mirrored(const Hit& hit, int depth) const;
     Rgb lobe(const Hit& hit, double alpha, const Rgb& ofLights, const Rgb& ofSurroundings,
              const Rgb& atGrazing, int depth) const;
     Rgb transmitted(const Hit& hit, int depth) const;
-    Rgb passing(const Ball& ball, const Vec& from, const Vec& towards) const;
+    Rgb passing(const Ball& ball, const Ray& ray) const;
     const Vec& lightSample(std::size_t light, int i) const;
     Point placeOn(const Ball& ball, const Vec& normal) const;
     static Rgb emission(const Surface& surface);

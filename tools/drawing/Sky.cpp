@@ -3,6 +3,8 @@
 
 #include "Sky.h"
 
+#include "View.h"
+
 #include <rvopen/NaturalLightStudio.h>
 
 namespace rvopen::drawing {
@@ -74,13 +76,6 @@ Rgb daySky(const Vec& direction, double sunZenith, const Vec& towardsSun)
                             luminances.relative(zenith, toSun, sunZenith));
 }
 
-Vec towards(double azimuth, double altitude)
-{
-    const double a = radians(azimuth);
-    const double h = radians(altitude);
-    return {std::sin(a) * std::cos(h), std::cos(a) * std::cos(h), std::sin(h)};
-}
-
 } // namespace
 
 Rgb Sun::colour() const
@@ -113,7 +108,8 @@ Sun readSun(NaturalLightStudio* studio)
 Rgb clearSky(const Vec& direction, const Sun& sun)
 {
     const double shown = std::max(sun.altitude, 1.0);
-    const Rgb relative = daySky(direction, radians(90 - shown), towards(sun.azimuth, shown));
+    const Rgb relative =
+        daySky(direction, radians(90 - shown), Orientation().towards(sun.azimuth, shown));
     // The zenith is darker the lower the sun; the exposure follows only in part, as eyes do.
     const double exposure = mixed(0.16, 0.34, smoothStep(-2, 45, sun.altitude));
     const auto exposed = [exposure](double light) { return 1 - std::exp(-light * exposure); };
@@ -139,7 +135,7 @@ void drawSky(Raster& raster, const Sun& sun)
         const double altitude = 90 * (1 - point.y / horizon);
         if (altitude < 0)
             return Rgb();
-        const Vec direction = towards(point.x / aspect * 360, altitude);
+        const Vec direction = Orientation().towards(point.x / aspect * 360, altitude);
         if (!sun.isOn)
             return mixed(fromHex(0xd3d6d8), fromHex(0x9ba3aa), std::sqrt(direction.z));
         Rgb light = clearSky(direction, sun);
@@ -150,6 +146,7 @@ void drawSky(Raster& raster, const Sun& sun)
         return mixed(light, mixed(sun.colour(), {3, 3, 2.8}, 0.5),
                      1 - smoothStep(0.036, 0.042, off));
     });
+    raster.rollOff();
     const double light = sun.isOn ? smoothStep(-10, 40, sun.altitude) : 0.55;
     const Rgb ground = mixed(fromHex(0x1b2126), fromHex(0x6f7a5c), light);
     raster.rectangle(0, horizon, aspect, 1, ground);

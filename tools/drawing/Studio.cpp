@@ -51,9 +51,7 @@ Scene studio(const Surface& surface)
     scene.groundFadesFrom = 2.5;
     scene.groundFadesTo = 9;
     scene.groundFadesInto = room({0, 1, 0});
-    scene.view.from = {0, -8, 2.9};
-    scene.view.to = {0, 0, 0.93};
-    scene.view.angle = 21.5;
+    scene.view = viewFrom({0, -8, 2.9}, {0, 0, 0.93}, 21.5);
     return scene;
 }
 

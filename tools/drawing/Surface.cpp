@@ -34,17 +34,28 @@ const std::array<double, 256>& linearOfByte()
     return table;
 }
 
-Texel average(const QImage& image, int left, int top, int block)
+/// The colour of a picture element as what it stands for.
+Rgb valueOf(QRgb stored, TextureUse use)
 {
+    const bool isGrey = qRed(stored) == qGreen(stored) && qRed(stored) == qBlue(stored);
+    // The brightness of a grey is what is stored.
+    if (use == TextureUse::Data || (use == TextureUse::Heights && isGrey))
+        return {qRed(stored) / 255.0, qGreen(stored) / 255.0, qBlue(stored) / 255.0};
     const auto& table = linearOfByte();
+    const Rgb light{table[std::size_t(qRed(stored))], table[std::size_t(qGreen(stored))],
+                    table[std::size_t(qBlue(stored))]};
+    return use == TextureUse::Colour ? light : grey(toEncoded(luminance(light)));
+}
+
+Texel average(const QImage& image, int left, int top, int block, TextureUse use)
+{
     Texel sum;
     sum.alpha = 0;
     int count = 0;
     for (int y = top; y < std::min(top + block, image.height()); ++y) {
         const auto* const row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
         for (int x = left; x < std::min(left + block, image.width()); ++x, ++count) {
-            sum.colour += {table[std::size_t(qRed(row[x]))], table[std::size_t(qGreen(row[x]))],
-                           table[std::size_t(qBlue(row[x]))]};
+            sum.colour += valueOf(row[x], use);
             sum.alpha += double(qAlpha(row[x])) / 255;
         }
     }
@@ -68,7 +79,7 @@ Point mapped(const Mapping& mapping, double x, double y)
 
 } // namespace
 
-Texture::Texture(const QImage& image)
+Texture::Texture(const QImage& image, TextureUse use)
 {
     const QImage source = image.convertToFormat(QImage::Format_ARGB32);
     // Blocks of so many pixels become one.
@@ -78,7 +89,7 @@ Texture::Texture(const QImage& image)
     level.height = std::max(source.height() / block, 1);
     for (int y = 0; y < level.height; ++y) {
         for (int x = 0; x < level.width; ++x)
-            level.add(average(source, x * block, y * block, block));
+            level.add(average(source, x * block, y * block, block, use));
     }
     m_levels.push_back(std::move(level));
     while (m_levels.back().width > 1 || m_levels.back().height > 1) {
@@ -149,10 +160,16 @@ Texel Texture::at(double s, double t, double footprint) const
     return sum;
 }
 
-Vec Texture::encodedAt(double s, double t, double footprint) const
+Texel Texture::inRows(double s, double t, double footprint) const
 {
-    const Rgb colour = at(s, t, footprint).colour;
-    return {toEncoded(colour.x), toEncoded(colour.y), toEncoded(colour.z)};
+    const double edge = 0.5 / levelFor(footprint).height;
+    return at(s, clamped(t, edge, 1 - edge), footprint);
+}
+
+Texel Texture::within(double s, double t, double footprint) const
+{
+    const double edge = 0.5 / levelFor(footprint).width;
+    return inRows(clamped(s, edge, 1 - edge), t, footprint);
 }
 
 Texel Paint::at(double x, double y, double footprint) const
@@ -187,20 +204,19 @@ double Surface::dielectricReflectance() const
     return r * r;
 }
 
-double Surface::opacityAt(double x, double y, double footprint) const
+Rgb Surface::opacityAt(double x, double y, double footprint) const
 {
-    double result = 1;
+    Rgb result = grey(1);
     // An even transparency beside a transmission says the same once more.
-    if (hasOpacity && (opacity.texture || !isGlass())) {
+    if (hasOpacity && (opacity.texture || factors.transmission <= 0)) {
         const Texel texel = opacity.at(x, y, footprint);
-        // Masks are made by eye: half opaque is what looks half grey.
-        result = opacity.usesAlpha ? texel.alpha : toEncoded(luminance(texel.colour));
+        result = opacity.usesAlpha ? grey(texel.alpha) : texel.colour;
         if (isMaskInverted)
-            result = 1 - result;
+            result = grey(1) - result;
     }
     if (paint.texture && paint.usesAlpha && !paint.hasColour)
-        result *= paint.at(x, y, footprint).alpha;
-    return clamped(result);
+        result = result * paint.at(x, y, footprint).alpha;
+    return {clamped(result.x), clamped(result.y), clamped(result.z)};
 }
 
 Vec Surface::normalAt(double x, double y, double footprint) const
@@ -220,7 +236,7 @@ Vec Surface::normalAt(double x, double y, double footprint) const
                      ms * std::sin(angle) + mt * std::cos(angle)};
     };
     if (isNormalMap) {
-        const Vec coded = bump.texture->encodedAt(place.x, place.y, seen);
+        const Vec coded = bump.texture->at(place.x, place.y, seen).colour;
         const Point lean = onSurface(coded.x * 2 - 1, coded.y * 2 - 1);
         // At a third of the height the map is as it was made.
         const double strength = 3 * bumpHeight;
@@ -229,9 +245,7 @@ Vec Surface::normalAt(double x, double y, double footprint) const
     // J. F. Blinn, "Simulation of wrinkled surfaces", 1978: the normal leans against the slope of
     // the height.
     const double step = std::max(seen, 1.0 / 256);
-    const auto heightAt = [&](double s, double t) {
-        return toEncoded(luminance(bump.texture->at(s, t, seen).colour));
-    };
+    const auto heightAt = [&](double s, double t) { return bump.texture->at(s, t, seen).colour.x; };
     const double ds =
         (heightAt(place.x + step, place.y) - heightAt(place.x - step, place.y)) / (2 * step);
     const double dt =

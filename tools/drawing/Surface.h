@@ -21,19 +21,28 @@ struct Texel {
     double alpha = 1;
 };
 
-/// An image file with its reductions by halves, in linear light.
+/// What the numbers of an image stand for.
+enum class TextureUse {
+    Colour, ///< Display values, which are read as light.
+    Data,   ///< Themselves.
+    Heights ///< The brightness of the colour as it is seen, in all channels.
+};
+
+/// An image file with its reductions by halves, which are means of what the numbers stand for.
 class Texture {
 public:
-    explicit Texture(const QImage& image);
+    explicit Texture(const QImage& image, TextureUse use = TextureUse::Colour);
 
     /// Repeats; \p s and \p t in repeats of the image with t upwards. \p footprint is the part of
     /// the image's side that a pixel sees.
     Texel at(double s, double t, double footprint) const;
-    /// As stored, for normal maps: encoded values, 0 to 1.
-    Vec encodedAt(double s, double t, double footprint) const;
+    /// As at(), but does not repeat upwards and downwards: beyond the edges the last row goes on.
+    Texel inRows(double s, double t, double footprint) const;
+    /// As at(), but does not repeat at all.
+    Texel within(double s, double t, double footprint) const;
 
 private:
-    /// Linear, from 0 to 65535.
+    /// From 0 to 65535.
     struct Stored {
         std::uint16_t channels[4];
     };
@@ -77,14 +86,14 @@ struct Paint {
     Texel at(double x, double y, double footprint) const;
 };
 
-/// The factors of a finish.
+/// The factors of a finish; what is not said is as in the preset "finish.reset".
 struct Factors {
-    double diffuse = 0.85;
+    double diffuse = 0.8;
     double specular = 0.2;
     double transmission = 0;
-    double mirror = 0.02;
+    double mirror = 0;
     double roughness = 0.5;
-    double refraction = 1.45;
+    double refraction = 1.5;
     double light = 0;
     Rgb lightColour{1, 1, 1};
 };
@@ -109,8 +118,8 @@ struct Surface {
     double metalness() const;
     /// Reflectance of a clear coat or of glass at right angles.
     double dielectricReflectance() const;
-    /// 0 where nothing is, 1 where nothing shines through.
-    double opacityAt(double x, double y, double footprint) const;
+    /// By channel: 0 where nothing is, 1 where nothing shines through.
+    Rgb opacityAt(double x, double y, double footprint) const;
     /// The normal in the frame of the surface: x to the right, y upwards, z out of it.
     Vec normalAt(double x, double y, double footprint) const;
     /// Whether light goes through it bent, as through glass.

@@ -19,6 +19,11 @@ struct Vec {
 
 using Rgb = Vec;
 
+inline Rgb grey(double value)
+{
+    return {value, value, value};
+}
+
 inline Vec operator+(const Vec& a, const Vec& b)
 {
     return {a.x + b.x, a.y + b.y, a.z + b.z};
@@ -84,6 +89,12 @@ inline double mixed(double a, double b, double t)
 }
 
 inline Vec mixed(const Vec& a, const Vec& b, double t)
+{
+    return a + (b - a) * t;
+}
+
+/// Channel by channel.
+inline Rgb mixed(const Rgb& a, const Rgb& b, const Rgb& t)
 {
     return a + (b - a) * t;
 }
