@@ -117,6 +117,35 @@ TEST(Completion, OfBashOffersCommandsOptionsAndChoices)
     EXPECT_EQ(complete(QStringLiteral("check --severity w")), QStringLiteral("warning\n"));
 }
 
+TEST(Completion, OfBashTellsFoldersFromFilesAndFromWords)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("x/in"), "");
+    workspace.write(QStringLiteral("xy"), "");
+    const auto complete = [&workspace](const QString& words) {
+        return workspace
+            .shell(QStringLiteral("rvopen --generate bash > c; bash -c 'source ./c; "
+                                  "COMP_WORDS=(rvopen %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                                  "_rvopen; echo ${COMPREPLY[@]}'")
+                       .arg(words))
+            .out;
+    };
+    EXPECT_EQ(complete(QStringLiteral("check --custom x")), QStringLiteral("x\n"));
+    EXPECT_EQ(complete(QStringLiteral("format --output x")), QStringLiteral("x xy\n"));
+    EXPECT_EQ(complete(QStringLiteral("tree --depth x")), QStringLiteral("\n"));
+}
+
+TEST(Completion, OfZshTellsFoldersFromFilesAndFromWords)
+{
+    const QString zsh = Workspace().run("--generate zsh").out;
+    for (const char* const option :
+         {"--custom[The user'\\''s own archives]:folder:_files -/'",
+          "--in-place[Write over the input]'", ":n: '",
+          "-o[Write one document to this file]:file:_files'",
+          "--severity[Leave out findings below this one]:value:(note warning error)'"})
+        EXPECT_TRUE(zsh.contains(QLatin1String(option))) << option;
+}
+
 TEST(Completion, OfFishOffersEveryChoice)
 {
     const Workspace workspace;

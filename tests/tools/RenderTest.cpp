@@ -249,7 +249,31 @@ TEST(Render, NamesTheSecondOfANameApart)
     workspace.write(QStringLiteral("a.rvx"), s_colours);
     workspace.write(QStringLiteral("b.rvx"), QByteArray(s_colours).replace("Red", "RED"));
     EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx b.rvx").code, 0);
-    EXPECT_EQ(QDir(workspace.path(QStringLiteral("out"))).entryList(QDir::Files).size(), 4);
+    EXPECT_EQ(
+        QDir(workspace.path(QStringLiteral("out")))
+            .entryList(QDir::Files)
+            .join(QStringLiteral(", ")),
+        QStringLiteral("colour Blue (2).png, colour Blue.png, colour RED (2).png, colour Red.png"));
+}
+
+TEST(Render, NamesOfFilesAreShortenedBetweenLetters)
+{
+    const Workspace workspace;
+    // Of 2 bytes each: 7 of "colour " leave room for 96 letters and a half.
+    const QByteArray name = QStringLiteral("\u00e4").repeated(150).toUtf8();
+    workspace.write(QStringLiteral("a.rvx"), QByteArray(s_colours).replace("Red", name));
+    EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx").code, 0);
+    EXPECT_TRUE(workspace.exists(QStringLiteral("out/colour ") +
+                                 QStringLiteral("\u00e4").repeated(96) + QStringLiteral(".png")));
+}
+
+TEST(Render, NamesOfFilesHaveNoSignThatASystemRefuses)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    QByteArray(s_colours).replace("Red", "a\\b/c:d*e?f&quot;g&lt;h>i|j%k&#127;l"));
+    EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx").code, 0);
+    EXPECT_TRUE(workspace.exists(QStringLiteral("out/colour a-b-c-d-e-f-g-h-i-j-k-l.png")));
 }
 
 TEST(Render, FlatColoursAreThemselves)
@@ -274,6 +298,21 @@ TEST(Render, FindsTexturesInTheHostsFolders)
 <param name="Texture" type="string" val="textures\green.png"/></map></param></diffuse></colour>
 </colours></presets>)");
     EXPECT_EQ(workspace.run("render --all --size 32 --install host -o . in/a.rvx").code, 0);
+    const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
+    EXPECT_GT(colour.green(), 2 * colour.red());
+}
+
+TEST(Render, TexturesAreWhatTheyHoldWhateverTheirName)
+{
+    const Workspace workspace;
+    QImage green(4, 4, QImage::Format_RGB32);
+    green.fill(QColor(20, 200, 20));
+    EXPECT_TRUE(green.save(workspace.path(QStringLiteral("green.png")), "BMP"));
+    workspace.write(QStringLiteral("a.rvx"), R"(<presets><colours><colour name="Green"><diffuse>
+<param name="Colour" type="shader" val="colour"><map enabled="1">
+<param name="Texture" type="string" val="green.png"/></map></param></diffuse></colour>
+</colours></presets>)");
+    EXPECT_EQ(workspace.run("render --all --size 32 -o . a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
     EXPECT_GT(colour.green(), 2 * colour.red());
 }

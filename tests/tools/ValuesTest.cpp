@@ -114,6 +114,13 @@ TEST_F(Values, GetReadsAttributes)
     EXPECT_EQ(get(words("@unitsScale")).out, QStringLiteral("10\n"));
 }
 
+TEST_F(Values, GetPassesOverElementsWithoutTheAttribute)
+{
+    EXPECT_EQ(get(words("snapshots/*@refname")).out, QString());
+    EXPECT_EQ(get(words("camera@nothing")).code, 1);
+    EXPECT_EQ(get(words("*@refname")).out, QStringLiteral("camera.eye\n"));
+}
+
 TEST_F(Values, GetPrintsEveryMatchWithItsPath)
 {
     EXPECT_EQ(get(words("'camera:Field Of View'")).lines().size(), 2);
@@ -221,6 +228,29 @@ INSTANTIATE_TEST_SUITE_P(
                       "camera:Field Of View=50", "camera:Nothing=1", "camera[Eye]:Near",
                       "@unitsScale=0", "camera[Eye]:Near@val=1", "camera[Eye]@enabled=maybe",
                       "camera[Eye]@1=2"));
+
+TEST_F(Values, SetKnowsWhatAttributesAreMadeOf)
+{
+    const QString near = s_eye + QStringLiteral("Near@");
+    for (const char* const name : {"rangeMin", "rangeMax", "centre", "range"}) {
+        EXPECT_EQ(set({near + QLatin1String(name) + QStringLiteral("=low")}).code, 2) << name;
+        EXPECT_EQ(set({near + QLatin1String(name) + QStringLiteral("=-1.5")}).code, 0) << name;
+        EXPECT_EQ(get({near + QLatin1String(name)}).out, QStringLiteral("-1.5\n")) << name;
+    }
+    const QString camera = QStringLiteral("camera[Eye]@");
+    for (const char* const name :
+         {"enabled", "custom", "reset", "translationDisabled", "thumbRegenerated"}) {
+        EXPECT_EQ(set({camera + QLatin1String(name) + QStringLiteral("=2")}).code, 2) << name;
+        EXPECT_EQ(set({camera + QLatin1String(name) + QStringLiteral("=true")}).code, 0) << name;
+        EXPECT_EQ(get({camera + QLatin1String(name)}).out, QStringLiteral("1\n")) << name;
+    }
+    EXPECT_EQ(set({camera + QStringLiteral("ImageBorder=1.5")}).code, 2);
+    EXPECT_EQ(set({camera + QStringLiteral("ImageBorder=3")}).code, 0);
+    EXPECT_EQ(set({QStringLiteral("@unitsScale=-1")}).code, 2);
+    EXPECT_EQ(set({QStringLiteral("@unitsScale=big")}).code, 2);
+    EXPECT_EQ(set({QStringLiteral("@unitsScale=0.5")}).code, 0);
+    EXPECT_EQ(get({QStringLiteral("@unitsScale")}).out, QStringLiteral("0.5\n"));
+}
 
 TEST_F(Values, SetMakesAllAssignmentsOrNone)
 {

@@ -84,6 +84,26 @@ TEST(Writing, AMissingFolderIsTheReason)
         << run.err.toStdString();
 }
 
+TEST(Writing, AFolderIsNoFileToWriteTo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    workspace.write(QStringLiteral("b.png/x"), "");
+    for (const char* const line :
+         {"set a.xml @unitsScale=2 -o b.png", "check a.xml --fix -o b.png",
+          "textures a.xml --relink . -o b.png", "import a.xml a.xml --rename -o b.png"})
+        EXPECT_EQ(workspace.run(line).err, QStringLiteral("rvopen: \"b.png\" is a folder\n"))
+            << line;
+    for (const char* const line :
+         {"format a.xml -o b.png", "sheet a.rvx -o b.png --force", "new snapshots b.png"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("b.png")) << line;
+    }
+    EXPECT_EQ(workspace.files().join(QLatin1Char(' ')), QStringLiteral("a.rvx a.xml b.png/x"));
+}
+
 TEST(Writing, AFullDeviceAsStandardOutputIsTheReason)
 {
     const Workspace workspace;
