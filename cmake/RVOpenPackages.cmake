@@ -86,9 +86,10 @@ package(runtime "${library_package}" libs
 rendered view with camera, background, light and materials, and archives of
 presets with pictures.")
 package(toolkit "${toolkit_package}" libs
-    "metadata of snapshot documents and preset archives"
+    "toolkit over snapshot documents and preset archives"
     "What programs over the object model share: labels, units, ranges and choices
-of every parameter, and checks of values.")
+of every parameter, loading, checking and comparing of documents, and pictures
+of presets and snapshots.")
 package(development librvopen-dev libdevel
     "object model over snapshot documents, for development"
     "Headers, CMake package and pkg-config files of the libraries.")
@@ -121,7 +122,7 @@ else()
 endif()
 set(both_libraries "${library_package} ${exactly}, ${toolkit_package} ${exactly}")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${both_libraries}, ${qt_development}")
-set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${both_libraries}")
+set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${library_package} ${exactly}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_RECOMMENDS rvopen-data)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS librvopen-dev)
 foreach(component IN ITEMS STARTER DOCUMENTATION)

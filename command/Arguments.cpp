@@ -7,12 +7,11 @@
 #include "Documentation.h"
 
 #include <CLI/CLI.hpp>
-
 #include <sstream>
 #include <string>
 #include <vector>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 namespace {
 
@@ -248,4 +247,4 @@ CommandDoc CommandLine::documentation() const
     return docOf(*m_app);
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

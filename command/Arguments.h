@@ -11,7 +11,7 @@ class App;
 class Option;
 } // namespace CLI
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 /// Declares what a command takes.
 ///
@@ -58,4 +58,4 @@ private:
     CLI::App& m_app;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

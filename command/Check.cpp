@@ -3,14 +3,15 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "Inspection.h"
-#include "Presets.h"
 #include "Session.h"
 #include "Target.h"
 
 #include <rvopen/RVOpenVersion.h>
+#include <rvopen/toolkit/check/Inspection.h>
+#include <rvopen/toolkit/check/Rules.h>
+#include <rvopen/toolkit/documents/Document.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,7 +19,9 @@
 #include <QSet>
 #include <QUrl>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -95,7 +98,7 @@ public:
         forEachDocument(
             files, session,
             [&](Document& document) {
-                QVector<Finding> found = wanted(inspect(document, surroundings));
+                QVector<Finding> found = wanted(Inspect(document, surroundings));
                 if (m_fix)
                     fix(found, document, session);
                 if (m_format == QLatin1String("text"))
@@ -109,13 +112,9 @@ public:
             [&](const QString& file, const ReadError& error) {
                 if (error.line == 0)
                     return false;
-                Finding finding;
-                finding.rule = &rules::malformedXml;
-                finding.file = file;
-                finding.line = error.line;
-                finding.column = error.column;
-                finding.message = error.message;
-                const QVector<Finding> found = wanted({finding});
+                ReadError named = error;
+                named.file = file;
+                const QVector<Finding> found = wanted({FindingOf(named)});
                 if (m_format == QLatin1String("text"))
                     print(found, session.out);
                 findings += found;
@@ -136,19 +135,10 @@ public:
     }
 
 private:
-    static const Rule* ruleOf(const QString& id)
-    {
-        for (int i = 0; i < ruleCount; ++i) {
-            if (id == QLatin1String(allRules[i]->id))
-                return allRules[i];
-        }
-        return nullptr;
-    }
-
     void verifyRules() const
     {
         for (const QString& id : m_only + m_ignored) {
-            if (!ruleOf(id))
+            if (!FindRule(id))
                 throw Failure(
                     QStringLiteral("there is no rule \"%1\"; --rules explains all").arg(id));
         }
@@ -156,29 +146,19 @@ private:
 
     Surroundings lookAround(Session& session) const
     {
-        Surroundings surroundings;
-        surroundings.folders = &session.folders;
+        Surroundings newest;
         bool isMajor = true;
         bool isMinor = true;
         if (!m_knownVersion.isEmpty()) {
-            surroundings.knownMajor =
-                m_knownVersion.section(QLatin1Char('.'), 0, 0).toInt(&isMajor);
-            surroundings.knownMinor = m_knownVersion.section(QLatin1Char('.'), 1).toInt(&isMinor);
+            newest.knownMajor = m_knownVersion.section(QLatin1Char('.'), 0, 0).toInt(&isMajor);
+            newest.knownMinor = m_knownVersion.section(QLatin1Char('.'), 1).toInt(&isMinor);
         }
         if (!isMajor || !isMinor)
             throw Failure(QStringLiteral("a version is MAJOR.MINOR, as in 3.1"));
-        for (const QString& file : archivesIn(session.folders)) {
-            ReadError error;
-            const std::unique_ptr<Document> archive = Document::read(file, error);
-            if (!archive) {
-                session.error(error);
-                continue;
-            }
-            forEachPreset(archive->root(), [&surroundings](const Preset& preset) {
-                surroundings.presets.insert(preset.element.tagName() + QLatin1Char('/') +
-                                            preset.element.attribute(QStringLiteral("refname")));
-            });
-        }
+        Surroundings surroundings = LookAround(
+            session.folders, [&session](const ReadError& error) { session.error(error); });
+        surroundings.knownMajor = newest.knownMajor;
+        surroundings.knownMinor = newest.knownMinor;
         return surroundings;
     }
 
@@ -207,7 +187,7 @@ private:
     void fix(QVector<Finding>& findings, const Document& document, Session& session) const
     {
         m_target.check(document);
-        const int count = mend(findings);
+        const int count = Mend(findings);
         if (count > 0 || !m_target.isInPlace())
             m_target.write(document, document, session);
     }
@@ -222,7 +202,7 @@ private:
                                        .arg(finding.line)
                                        .arg(finding.column)),
                            Style::Bold) +
-                out.styled(finding.isFixed ? QStringLiteral("fixed") : severityName(rule.severity),
+                out.styled(finding.isFixed ? QStringLiteral("fixed") : SeverityName(rule.severity),
                            finding.isFixed ? Style::Green : styleOf(rule.severity)) +
                 QLatin1String(": ") + visible(finding.message) +
                 out.styled(QStringLiteral(" [%1]").arg(QLatin1String(rule.id)), Style::Dim));
@@ -281,7 +261,7 @@ private:
                             {QStringLiteral("column"), finding.column},
                             {QStringLiteral("path"), finding.path},
                             {QStringLiteral("rule"), QLatin1String(finding.rule->id)},
-                            {QStringLiteral("severity"), severityName(finding.rule->severity)},
+                            {QStringLiteral("severity"), SeverityName(finding.rule->severity)},
                             {QStringLiteral("message"), finding.message},
                             {QStringLiteral("advice"), QLatin1String(finding.rule->advice)},
                             {QStringLiteral("fixed"), finding.isFixed}});
@@ -306,14 +286,14 @@ private:
     static QJsonObject sarifOf(const QVector<Finding>& findings)
     {
         QJsonArray described;
-        for (int i = 0; i < ruleCount; ++i) {
-            const Rule& rule = *allRules[i];
+        for (const Rule* const each : AllRules()) {
+            const Rule& rule = *each;
             described.append(
                 QJsonObject{{QStringLiteral("id"), QLatin1String(rule.id)},
                             {QStringLiteral("shortDescription"), sarifText(rule.summary)},
                             {QStringLiteral("help"), sarifText(rule.advice)},
                             {QStringLiteral("defaultConfiguration"),
-                             QJsonObject{{QStringLiteral("level"), severityName(rule.severity)}}}});
+                             QJsonObject{{QStringLiteral("level"), SeverityName(rule.severity)}}}});
         }
         QJsonArray results;
         for (const Finding& finding : findings) {
@@ -333,7 +313,7 @@ private:
                     QJsonArray{QJsonObject{{QStringLiteral("fullyQualifiedName"), finding.path}}});
             results.append(QJsonObject{
                 {QStringLiteral("ruleId"), QLatin1String(finding.rule->id)},
-                {QStringLiteral("level"), severityName(finding.rule->severity)},
+                {QStringLiteral("level"), SeverityName(finding.rule->severity)},
                 {QStringLiteral("message"), QJsonObject{{QStringLiteral("text"), finding.message}}},
                 {QStringLiteral("locations"), QJsonArray{location}}});
         }
@@ -351,11 +331,11 @@ private:
     int explain(Session& session) const
     {
         QJsonArray list;
-        for (int i = 0; i < ruleCount; ++i) {
-            const Rule& rule = *allRules[i];
+        for (const Rule* const each : AllRules()) {
+            const Rule& rule = *each;
             list.append(
                 QJsonObject{{QStringLiteral("rule"), QLatin1String(rule.id)},
-                            {QStringLiteral("severity"), severityName(rule.severity)},
+                            {QStringLiteral("severity"), SeverityName(rule.severity)},
                             {QStringLiteral("summary"), QLatin1String(rule.summary)},
                             {QStringLiteral("advice"), QLatin1String(rule.advice)},
                             {QStringLiteral("fix"),
@@ -364,7 +344,7 @@ private:
                 continue;
             Output& out = session.out;
             out.line(out.styled(QLatin1String(rule.id), Style::Bold) + QLatin1String(" (") +
-                     out.styled(severityName(rule.severity), styleOf(rule.severity)) +
+                     out.styled(SeverityName(rule.severity), styleOf(rule.severity)) +
                      QLatin1String(")"));
             out.line(QLatin1String("    ") + QLatin1String(rule.summary));
             out.line(QLatin1String("    ") + QLatin1String(rule.advice));
@@ -398,4 +378,4 @@ std::unique_ptr<Command> makeCheck()
     return std::make_unique<Check>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 class Arguments;
 class Session;
@@ -50,4 +50,4 @@ std::unique_ptr<Command> makeNew();
 std::unique_ptr<Command> makeParams();
 /// @}
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 /// What stood on a command line.
 struct ParsedLine {
@@ -42,4 +42,4 @@ private:
     std::unique_ptr<CLI::App> m_app;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

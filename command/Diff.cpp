@@ -3,14 +3,17 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Compare.h"
-#include "Failure.h"
 #include "Input.h"
 #include "Session.h"
 
+#include <rvopen/toolkit/compare/Comparer.h>
+#include <rvopen/toolkit/documents/Failure.h>
+
 #include <QJsonArray>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -66,7 +69,7 @@ public:
         const std::unique_ptr<Document> before = readOrFail(m_before, session);
         const std::unique_ptr<Document> after = readOrFail(m_after, session);
         const QVector<Difference> differences =
-            Comparer(m_comparison).run(before->root(), after->root());
+            Comparer(m_comparison).Run(before->Root(), after->Root());
         if (session.json)
             printJson(*before, *after, differences, session);
         else
@@ -118,8 +121,8 @@ private:
             list.append(object);
         }
         QJsonObject result = Session::envelope("diff");
-        result.insert(QStringLiteral("before"), before.name());
-        result.insert(QStringLiteral("after"), after.name());
+        result.insert(QStringLiteral("before"), before.Name());
+        result.insert(QStringLiteral("after"), after.Name());
         result.insert(QStringLiteral("differences"), list);
         session.out.json(result);
     }
@@ -136,4 +139,4 @@ std::unique_ptr<Command> makeDiff()
     return std::make_unique<Diff>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

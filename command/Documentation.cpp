@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 namespace {
 
@@ -378,4 +378,4 @@ QString fishCompletion(const CommandDoc& program)
     return result;
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <QVector>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 /// What the parser knows of an option or argument.
 struct OptionDoc {
@@ -44,4 +44,4 @@ QString zshCompletion(const CommandDoc& program);
 QString fishCompletion(const CommandDoc& program);
 /// @}
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,19 +3,22 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "NewFiles.h"
 #include "Session.h"
+#include "toolkit/documents/FileTransaction.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QFileInfo>
 #include <QJsonArray>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -60,27 +63,27 @@ public:
         forEachDocument(
             files, session,
             [&](Document& document) {
-                const QString text = XmlText(document.dom(), indentOf(document.kind()));
+                const QString text = XmlText(document.Dom(), document.Indent());
                 if (text.isNull()) {
-                    session.error(document.name(), QStringLiteral("it could not be read again"));
+                    session.error(document.Name(), QStringLiteral("it could not be read again"));
                     return;
                 }
                 QByteArray bytes;
-                if (!readWhole(PathToOpen(document.path()), bytes)) {
-                    session.error(document.name(), QStringLiteral("it could not be read"));
+                if (!readWhole(PathToOpen(document.Path()), bytes)) {
+                    session.error(document.Name(), QStringLiteral("it could not be read"));
                     return;
                 }
                 const bool isCanonical = bytes == text.toUtf8();
                 if (!isCanonical)
                     isFound = true;
-                list.append(QJsonObject{{QStringLiteral("file"), document.name()},
+                list.append(QJsonObject{{QStringLiteral("file"), document.Name()},
                                         {QStringLiteral("canonical"), isCanonical}});
                 if (!m_check && !m_inPlace)
                     write(text, document, session);
                 else if (!isCanonical && m_inPlace)
                     writeOver(text, document, session);
                 if (!isCanonical && (m_check || m_inPlace) && !session.json)
-                    session.out.line(visible(document.name()));
+                    session.out.line(visible(document.Name()));
             },
             {}, m_inPlace ? Access::Changing : Access::Reading);
         if (session.json && (m_check || m_inPlace || !m_output.isEmpty())) {
@@ -98,7 +101,7 @@ private:
             session.out.text(text);
             return;
         }
-        if (isSameFile(m_output, document.path()))
+        if (isSameFile(m_output, document.Path()))
             throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
                               .arg(m_output));
         const QString problem = problemOfWriting(text.toUtf8(), m_output);
@@ -108,13 +111,13 @@ private:
 
     static void writeOver(const QString& text, const Document& document, Session& session)
     {
-        if (document.isStream()) {
-            session.error(document.name(), QStringLiteral("it is no file to write over"));
+        if (document.IsStream()) {
+            session.error(document.Name(), QStringLiteral("it is no file to write over"));
             return;
         }
-        const QString problem = problemOfWriting(text.toUtf8(), document.path());
+        const QString problem = problemOfWriting(text.toUtf8(), document.Path());
         if (!problem.isEmpty())
-            session.error(document.name(), problem + QLatin1String("; it is as it was"));
+            session.error(document.Name(), problem + QLatin1String("; it is as it was"));
     }
 
     QStringList m_files;
@@ -130,4 +133,4 @@ std::unique_ptr<Command> makeFormat()
     return std::make_unique<Format>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

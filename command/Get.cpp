@@ -3,15 +3,18 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "NodePath.h"
 #include "Session.h"
-#include "Values.h"
+#include "toolkit/edit/Labels.h"
+
+#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
 
 #include <QJsonArray>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -57,20 +60,20 @@ public:
         bool isIncomplete = false;
         for (const PathPattern& pattern : patterns) {
             int matched = 0;
-            for (const PathPattern::Match& match : pattern.find(document->root())) {
+            for (const PathPattern::Match& match : pattern.Find(document->Root())) {
                 QString path = match.path;
                 QString type = match.element.attribute(QStringLiteral("type"));
                 QJsonValue json;
-                if (!pattern.attribute().isEmpty()) {
-                    if (!match.element.hasAttribute(pattern.attribute()))
+                if (!pattern.Attribute().isEmpty()) {
+                    if (!match.element.hasAttribute(pattern.Attribute()))
                         continue;
-                    path = attributePath(path, pattern.attribute());
+                    path = attributePath(path, pattern.Attribute());
                     type = QStringLiteral("attribute");
-                    only = match.element.attribute(pattern.attribute());
+                    only = match.element.attribute(pattern.Attribute());
                     json = only;
                 } else if (isParam(match.element)) {
-                    only = values.text(match.element);
-                    json = values.json(match.element);
+                    only = values.Text(match.element);
+                    json = QJsonValue::fromVariant(values.Value(match.element));
                 } else {
                     continue;
                 }
@@ -84,13 +87,13 @@ public:
             count += matched;
             if (matched == 0) {
                 isIncomplete = true;
-                session.warning(document->name(),
-                                QStringLiteral("nothing has the path \"%1\"").arg(pattern.text()));
+                session.warning(document->Name(),
+                                QStringLiteral("nothing has the path \"%1\"").arg(pattern.Text()));
             }
         }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
-            result.insert(QStringLiteral("file"), document->name());
+            result.insert(QStringLiteral("file"), document->Name());
             result.insert(QStringLiteral("values"), found);
             session.out.json(result);
         } else if (count == 1 && m_paths.size() == 1) {
@@ -113,4 +116,4 @@ std::unique_ptr<Command> makeGet()
     return std::make_unique<Get>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

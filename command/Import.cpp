@@ -3,140 +3,57 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Compare.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
-#include "NewFiles.h"
-#include "NodePath.h"
-#include "PictureFiles.h"
-#include "Pictures.h"
-#include "Presets.h"
 #include "Session.h"
 #include "Target.h"
-#include "Vocabulary.h"
+#include "toolkit/documents/Interruption.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/exchange/ImportedPictures.h"
+#include "toolkit/exchange/Importer.h"
 
 #include <rvopen/RVOpenPaths.h>
-#include <rvopen/RVOpenWriter.h>
-#include <rvopen/XMLUtils.h>
-#include <rvopen/toolkit/schema/ValueText.h>
+#include <rvopen/toolkit/compare/Comparer.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
-#include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QJsonArray>
-#include <QSet>
 
-#include <filesystem>
+#include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
-const QString s_name = QStringLiteral("name");
-const QString s_refName = QStringLiteral("refname");
-
-enum class State { New, Same, Changed, Refused };
-enum class Action { None, Added, Replaced, Renamed };
-
-struct Item {
-    QDomElement source;
-    QString sourcePath;
-    /// For presets.
-    Preset preset;
-    /// What has its identity in the target already.
-    QDomElement existing;
-    State state = State::New;
-    Action action = Action::None;
-    /// What stands in the target afterwards.
-    QDomElement result;
-    QString note;
-};
-
-QString stateName(State state)
+QString stateName(ImportState state)
 {
     switch (state) {
-    case State::New:
+    case ImportState::New:
         return QStringLiteral("new");
-    case State::Same:
+    case ImportState::Same:
         return QStringLiteral("same");
-    case State::Changed:
+    case ImportState::Changed:
         return QStringLiteral("changed");
-    case State::Refused:
+    case ImportState::Refused:
         break;
     }
     return QStringLiteral("refused");
 }
 
-QString actionName(Action action)
+QString actionName(ImportAction action)
 {
     switch (action) {
-    case Action::Added:
+    case ImportAction::Added:
         return QStringLiteral("added");
-    case Action::Replaced:
+    case ImportAction::Replaced:
         return QStringLiteral("replaced");
-    case Action::Renamed:
+    case ImportAction::Renamed:
         return QStringLiteral("renamed");
-    case Action::None:
+    case ImportAction::None:
         break;
     }
     return QStringLiteral("none");
-}
-
-/// What importing itself sets is no difference.
-Comparison importComparison()
-{
-    Comparison comparison;
-    comparison.ignoredAttributes << QStringLiteral("ImageBorder");
-    return comparison;
-}
-
-/// The collection that holds the snapshots of a model; null without.
-QDomElement mainCollection(const QDomElement& root)
-{
-    QDomElement found;
-    for (QDomElement child = root.firstChildElement(QStringLiteral("snapshots")); !child.isNull();
-         child = child.nextSiblingElement(QStringLiteral("snapshots"))) {
-        const QString name = child.attribute(s_name);
-        // A later one takes the place of an earlier one when the host loads the document.
-        if (name == QLatin1String("Model SnapShots") || name == QLatin1String("SnapShots"))
-            found = child;
-    }
-    return found;
-}
-
-/// What a preset is told by within its section; empty without.
-QString identity(const Preset& preset)
-{
-    const QString refName = preset.element.attribute(s_refName);
-    const QString name = preset.element.attribute(s_name);
-    if (refName.isEmpty() && name.isEmpty())
-        return QString();
-    return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
-                                               : QLatin1String("/refname/") + refName);
-}
-
-double unitsScale(const Document& document)
-{
-    double scale = 1;
-    const bool isScale =
-        toolkit::ToNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) &&
-        scale > 0;
-    return isScale ? scale : 1;
-}
-
-/// Lengths are stored in the units of their document.
-void convertLengths(const QDomElement& element, double ratio)
-{
-    walk(element, QString(), [ratio](QDomElement part, const QString&) {
-        double length = 0;
-        if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
-            part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
-            toolkit::ToNumber(part.attribute(QStringLiteral("val")), length))
-            part.setAttribute(QStringLiteral("val"), toolkit::NumberText(length * ratio));
-        return true;
-    });
 }
 
 class Import : public Command {
@@ -192,373 +109,114 @@ public:
             m_target.check(*target);
         if (!m_dryRun && m_target.isStandardOutput())
             throw Failure(QStringLiteral("an import writes to a file, to read it back"));
-        if (!m_dryRun && isSameFile(m_target.file(*target), source->path()))
+        if (!m_dryRun && isSameFile(m_target.file(*target), source->Path()))
             throw Failure(QStringLiteral("the source cannot be the output"));
-        if (source->kind() != target->kind() || source->kind() == DocumentKind::Unknown)
-            throw Failure(QStringLiteral("both have to be snapshot documents, or both archives"));
-
-        select(*source);
-        QVector<Item> items = source->kind() == DocumentKind::SnapShots
-                                  ? snapShotItems(*source, *target)
-                                  : presetItems(*source, *target);
+        Importer importer(*source, *target);
+        QVector<ImportItem> items = importer.items(m_select);
         if (items.isEmpty())
             throw Failure(
-                QStringLiteral("there is nothing to import in \"%1\"").arg(source->name()));
+                QStringLiteral("there is nothing to import in \"%1\"").arg(source->Name()));
         const bool isStopped = isAnyChanged(items) && !m_skip && !m_rename && !m_replace;
-        for (Item& item : items) {
-            if (!isStopped)
-                apply(item, *target, unitsScale(*target) / unitsScale(*source));
-        }
+        if (!isStopped)
+            importer.apply(items, m_replace  ? ChangedImports::Replaced
+                                  : m_rename ? ChangedImports::Renamed
+                                             : ChangedImports::Left);
         if (!m_dryRun && !isStopped)
             write(items, *source, *target, session);
         report(items, isStopped, *target, session);
-        const bool isRefused = std::any_of(items.cbegin(), items.cend(), [](const Item& item) {
-            return item.state == State::Refused;
-        });
+        const bool isRefused =
+            std::any_of(items.cbegin(), items.cend(),
+                        [](const ImportItem& item) { return item.state == ImportState::Refused; });
         return session.result(isStopped || isRefused ? ExitFindings : ExitFine);
     }
 
 private:
-    // What there is to import.
-
-    void select(const Document& source)
+    static bool isAnyChanged(const QVector<ImportItem>& items)
     {
-        for (const QString& text : m_select) {
-            for (const PathPattern::Match& match : PathPattern(text).find(source.root()))
-                m_selected.append(match.element);
-        }
-    }
-
-    bool isSelected(const QDomElement& element) const
-    {
-        return m_select.isEmpty() || m_selected.contains(element);
-    }
-
-    QVector<Item> snapShotItems(const Document& source, const Document& target)
-    {
-        QVector<Item> items;
-        QHash<QString, QDomElement> existing;
-        const QDomElement into = mainCollection(target.root());
-        for (QDomElement element = into.firstChildElement(); !element.isNull();
-             element = element.nextSiblingElement())
-            existing.insert(element.attribute(s_name), element);
-        const QDomElement from = mainCollection(source.root());
-        Labels labels;
-        for (QDomElement element = from.firstChildElement(); !element.isNull();
-             element = element.nextSiblingElement()) {
-            const QString path = joined(pathOf(from), labels.next(element));
-            if (!isSelected(element))
-                continue;
-            Item item;
-            item.source = element;
-            item.sourcePath = path;
-            item.existing = existing.value(element.attribute(s_name));
-            if (element.tagName() != QLatin1String("snapshot")) {
-                item.state = State::Refused;
-                item.note = QStringLiteral("it is no snapshot");
-            } else {
-                judge(item, element.attribute(s_name));
-            }
-            items.append(item);
-        }
-        return items;
-    }
-
-    QVector<Item> presetItems(const Document& source, const Document& target)
-    {
-        QVector<Item> items;
-        QHash<QString, QDomElement> existing;
-        forEachPreset(target.root(), [&existing](const Preset& preset) {
-            const QString key = identity(preset);
-            if (!key.isEmpty() && !existing.contains(key))
-                existing.insert(key, preset.element);
+        return std::any_of(items.cbegin(), items.cend(), [](const ImportItem& item) {
+            return item.state == ImportState::Changed;
         });
-        forEachPreset(source.root(), [&](const Preset& preset) {
-            if (!isSelected(preset.element))
-                return;
-            Item item;
-            item.source = preset.element;
-            item.sourcePath = preset.path;
-            item.preset = preset;
-            item.existing = existing.value(identity(preset));
-            if (!isPlaceFor(preset)) {
-                item.state = State::Refused;
-                item.note = QStringLiteral("\"%1\" takes no \"%2\"")
-                                .arg(preset.section, preset.element.tagName());
-            } else {
-                judge(item, identity(preset));
-            }
-            items.append(item);
-        });
-        return items;
-    }
-
-    /// The library has rules for the sections that it knows; others take what they had.
-    static bool isPlaceFor(const Preset& preset)
-    {
-        const Vocabulary& vocabulary = Vocabulary::instance();
-        const QString dir = QStringLiteral("dir");
-        return !vocabulary.canAdd(preset.section, dir) ||
-               vocabulary.canAdd(preset.section, preset.element.tagName());
-    }
-
-    void judge(Item& item, const QString& key)
-    {
-        if (!key.isEmpty() && m_seen.contains(key)) {
-            item.state = State::Refused;
-            item.note = QStringLiteral("another one of that name comes first");
-            return;
-        }
-        m_seen.insert(key);
-        if (item.existing.isNull())
-            item.state = State::New;
-        else
-            item.state =
-                m_comparer.run(item.source, item.existing).isEmpty() ? State::Same : State::Changed;
-    }
-
-    static bool isAnyChanged(const QVector<Item>& items)
-    {
-        return std::any_of(items.cbegin(), items.cend(),
-                           [](const Item& item) { return item.state == State::Changed; });
-    }
-
-    // What is done with it, in the target in memory.
-
-    void apply(Item& item, const Document& target, double ratio)
-    {
-        if (item.state == State::Same || item.state == State::Refused ||
-            (item.state == State::Changed && m_skip))
-            return;
-        QDomDocument document = target.dom();
-        item.result = document.importNode(item.source, true).toElement();
-        if (ratio != 1)
-            convertLengths(item.result, ratio);
-        const bool isSnapShot = item.source.tagName() == QLatin1String("snapshot");
-        // As the host marks what came from another document.
-        if (isSnapShot)
-            item.result.setAttribute(QStringLiteral("ImageBorder"), 1);
-        if (item.state == State::Changed && m_replace) {
-            item.action = Action::Replaced;
-            QDomNode parent = item.existing.parentNode();
-            parent.replaceChild(item.result, item.existing);
-            return;
-        }
-        item.action = Action::Added;
-        QDomElement place =
-            isSnapShot ? collectionIn(document) : folderFor(item.preset, item.source, document);
-        if (item.state == State::Changed) {
-            item.action = Action::Renamed;
-            rename(item, document);
-        }
-        place.appendChild(item.result);
-    }
-
-    static QDomElement collectionIn(QDomDocument& document)
-    {
-        QDomElement collection = mainCollection(document.documentElement());
-        if (collection.isNull()) {
-            collection = document.createElement(QStringLiteral("snapshots"));
-            collection.setAttribute(s_name, QStringLiteral("Model SnapShots"));
-            document.documentElement().appendChild(collection);
-        }
-        return collection;
-    }
-
-    /// The section and the folders that the preset stood in, made where they are missing. A folder
-    /// that stands for another archive has its presets there: it takes none.
-    static QDomElement folderFor(const Preset& preset, const QDomElement& source,
-                                 QDomDocument& document)
-    {
-        QVector<QDomElement> line;
-        for (QDomElement element = source.parentNode().toElement();
-             !element.parentNode().isDocument(); element = element.parentNode().toElement())
-            line.prepend(element);
-        QDomElement place = document.documentElement();
-        for (const QDomElement& wanted : line) {
-            QDomElement found;
-            const bool isSection = wanted.tagName() == preset.section;
-            for (QDomElement child = place.firstChildElement(wanted.tagName()); !child.isNull();
-                 child = child.nextSiblingElement(wanted.tagName())) {
-                if ((isSection || child.attribute(s_name) == wanted.attribute(s_name)) &&
-                    child.attribute(QStringLiteral("archiveFilename")).isEmpty()) {
-                    found = child;
-                    break;
-                }
-            }
-            if (found.isNull()) {
-                found = document.importNode(wanted, false).toElement();
-                found.removeAttribute(QStringLiteral("archiveFilename"));
-                place.appendChild(found);
-            }
-            place = found;
-        }
-        return place;
-    }
-
-    /// To names that nothing in the target has.
-    void rename(Item& item, const QDomDocument& document)
-    {
-        if (m_taken.isEmpty()) {
-            walk(document.documentElement(), QString(),
-                 [this](const QDomElement& element, const QString&) {
-                     m_taken.insert(element.attribute(s_name));
-                     m_taken.insert(element.attribute(s_refName));
-                     return !isParam(element);
-                 });
-        }
-        const QString name = item.result.attribute(s_name);
-        const QString refName = item.result.attribute(s_refName);
-        for (int number = 2;; ++number) {
-            const QString newName = QStringLiteral("%1 (%2)").arg(name).arg(number);
-            const QString newRefName = QStringLiteral("%1_%2").arg(refName).arg(number);
-            if (m_taken.contains(newName) || (!refName.isEmpty() && m_taken.contains(newRefName)))
-                continue;
-            item.result.setAttribute(s_name, newName);
-            m_taken.insert(newName);
-            if (!refName.isEmpty())
-                item.result.setAttribute(s_refName, newRefName);
-            m_taken.insert(newRefName);
-            return;
-        }
     }
 
     // Writing.
 
-    void write(QVector<Item>& items, const Document& source, const Document& target,
+    void write(QVector<ImportItem>& items, const Document& source, const Document& target,
                Session& session) const
     {
-        const bool isNothing = std::all_of(items.cbegin(), items.cend(), [](const Item& item) {
-            return item.action == Action::None;
-        });
+        const bool isNothing =
+            std::all_of(items.cbegin(), items.cend(),
+                        [](const ImportItem& item) { return item.action == ImportAction::None; });
         if (isNothing && m_target.isInPlace())
             return;
         const Uninterrupted writing;
-        NewFiles pictures;
-        QVector<QPair<QString, QString>> replaced;
         const QString output = m_target.file(target);
-        for (Item& item : items) {
-            if (item.action != Action::None && item.source.tagName() == QLatin1String("snapshot"))
-                copyPicture(item, source, output, pictures, replaced, session);
+        ImportedPictures pictures(source,
+                                  session.folders.snapshots.isEmpty()
+                                      ? QFileInfo(PathToOpen(output)).absolutePath()
+                                      : session.folders.snapshots,
+                                  [&session](const QString& file, const QString& message) {
+                                      session.error(file, message);
+                                  });
+        for (ImportItem& item : items) {
+            if (item.action != ImportAction::None && item.isSnapShot())
+                pictures.copy(item);
         }
         if (isInterrupted())
             throw Failure(QStringLiteral("interrupted; nothing was imported"));
         m_target.write(target, target, session);
-        pictures.keep();
-        for (const auto& picture : replaced) {
-            QByteArray bytes;
-            if (!readWhole(picture.first, bytes))
-                session.error(picture.first, QStringLiteral("the thumbnail could not be read"));
-            else if (const QString problem = problemOfWriting(bytes, picture.second);
-                     !problem.isEmpty())
-                session.error(picture.second, QLatin1String("the thumbnail: ") + problem);
-        }
+        pictures.finish();
         readBack(target, output);
-    }
-
-    static QString pictureName(const QString& snapShot)
-    {
-        QString name = snapShot;
-        return QLatin1String("icon_") + XMLUtils::ReplaceIllegalCharacters(name) +
-               QLatin1String(".jpg");
-    }
-
-    void copyPicture(Item& item, const Document& source, const QString& output, NewFiles& pictures,
-                     QVector<QPair<QString, QString>>& replaced, Session& session) const
-    {
-        const QString name = item.source.attribute(s_name);
-        const QString folder = session.folders.snapshots.isEmpty()
-                                   ? QFileInfo(PathToOpen(output)).absolutePath()
-                                   : session.folders.snapshots;
-        const QString fileName = pictureName(item.result.attribute(s_name));
-        const QString from = source.folder() + QLatin1Char('/') + pictureName(name);
-        const QString to = folder + QLatin1Char('/') + fileName;
-        if (!StaysInside(fileName) || !StaysInside(pictureName(name)) || !isThere(from))
-            return;
-        if (!QFileInfo(from).isFile() || !isBelow(from, source.folder()) || !isPictureFile(from)) {
-            session.error(from, QStringLiteral("it is no picture of the source, and stays there"));
-            return;
-        }
-        if (QFileInfo(to).isSymLink()) {
-            session.error(to, linkInTheWay(to, folder));
-            return;
-        }
-        if (QFileInfo::exists(to) && haveSameBytes(from, to))
-            return;
-        if (QFileInfo::exists(to) && item.action == Action::Replaced)
-            replaced.append({from, to});
-        else if (QFileInfo::exists(to))
-            item.note = QStringLiteral("another thumbnail \"%1\" is there and stays").arg(to);
-        else if (!pictures.copy(from, to))
-            throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was imported")
-                              .arg(from, pictures.problem()));
-    }
-
-    /// Whether something has the name. That this cannot be told is no answer: the picture would be
-    /// left behind unseen.
-    static bool isThere(const QString& path)
-    {
-        std::error_code failure;
-        const auto type =
-            std::filesystem::symlink_status(std::filesystem::u8path(path.toStdString()), failure)
-                .type();
-        if (type == std::filesystem::file_type::not_found)
-            return false;
-        if (failure) {
-            throw Failure(QStringLiteral("\"%1\": %2; nothing was imported")
-                              .arg(path, QString::fromStdString(failure.message())));
-        }
-        return true;
     }
 
     static void readBack(const Document& target, const QString& output)
     {
         ReadError error;
-        const std::unique_ptr<Document> written = Document::read(output, error);
-        if (!written || !Comparer(Comparison()).run(target.root(), written->root()).isEmpty())
+        const std::unique_ptr<Document> written = Document::Read(output, error);
+        if (!written || !Comparer().Run(target.Root(), written->Root()).isEmpty())
             throw Failure(QStringLiteral("\"%1\" was written, but does not read back").arg(output));
     }
 
     // What is said.
 
-    void report(const QVector<Item>& items, bool isStopped, const Document& target,
+    void report(const QVector<ImportItem>& items, bool isStopped, const Document& target,
                 Session& session) const
     {
         if (session.json) {
             QJsonArray list;
-            for (const Item& item : items) {
+            for (const ImportItem& item : items) {
                 list.append(QJsonObject{
                     {QStringLiteral("path"), item.sourcePath},
                     {QStringLiteral("state"), stateName(item.state)},
                     {QStringLiteral("action"), actionName(item.action)},
-                    {QStringLiteral("name"),
-                     (item.result.isNull() ? item.source : item.result).attribute(s_name)},
+                    {QStringLiteral("name"), (item.result.isNull() ? item.source : item.result)
+                                                 .attribute(QStringLiteral("name"))},
                     {QStringLiteral("note"),
                      item.note.isEmpty() ? QJsonValue() : QJsonValue(item.note)}});
             }
             QJsonObject result = Session::envelope(name());
-            result.insert(QStringLiteral("target"), target.name());
+            result.insert(QStringLiteral("target"), target.Name());
             result.insert(QStringLiteral("written"),
                           m_dryRun || isStopped ? QJsonValue() : QJsonValue(m_target.file(target)));
             result.insert(QStringLiteral("items"), list);
             session.out.json(result);
         } else {
             Table table;
-            for (const Item& item : items)
-                table.row({{stateName(item.state), item.state == State::New    ? Style::Green
-                                                   : item.state == State::Same ? Style::Dim
+            for (const ImportItem& item : items)
+                table.row(
+                    {{stateName(item.state), item.state == ImportState::New    ? Style::Green
+                                             : item.state == ImportState::Same ? Style::Dim
                                                                                : Style::Yellow},
-                           {item.action == Action::None ? QStringLiteral("left out")
+                     {item.action == ImportAction::None ? QStringLiteral("left out")
                                                         : actionName(item.action)},
-                           {item.sourcePath, Style::Bold},
-                           {item.action == Action::Renamed
-                                ? QLatin1String("as ") + item.result.attribute(s_name)
-                                : item.note}});
+                     {item.sourcePath, Style::Bold},
+                     {item.action == ImportAction::Renamed
+                          ? QLatin1String("as ") + item.result.attribute(QStringLiteral("name"))
+                          : item.note}});
             table.print(session.out);
         }
         if (isStopped)
             session.warning(
-                target.name(),
+                target.Name(),
                 QStringLiteral("nothing was imported: say --skip, --rename or --replace "
                                "for what was changed"));
     }
@@ -571,12 +229,6 @@ private:
     bool m_replace = false;
     bool m_dryRun = false;
     Target m_target;
-    QVector<QDomElement> m_selected;
-    Comparer m_comparer{importComparison()};
-    /// Names and reference names in the target.
-    QSet<QString> m_taken;
-    /// What the items before it are told by.
-    QSet<QString> m_seen;
 };
 
 } // namespace
@@ -586,4 +238,4 @@ std::unique_ptr<Command> makeImport()
     return std::make_unique<Import>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

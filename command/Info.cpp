@@ -4,9 +4,9 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
-#include "NodePath.h"
 #include "Session.h"
-#include "Vocabulary.h"
+#include "toolkit/edit/Labels.h"
+#include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
@@ -14,7 +14,9 @@
 #include <QJsonArray>
 #include <QMap>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -42,8 +44,8 @@ class Survey {
 public:
     explicit Survey(const Document& document)
         : m_vocabulary(Vocabulary::instance())
-        , m_isArchive(document.kind() == DocumentKind::Archive)
-        , m_root(document.root())
+        , m_isArchive(document.Kind() == DocumentKind::Archive)
+        , m_root(document.Root())
     {
         countAttributes(m_root);
         Labels labels;
@@ -198,29 +200,29 @@ private:
 
     static void print(const Document& document, const Contents& contents, Output& out)
     {
-        const QDomElement root = document.root();
-        out.line(out.styled(visible(document.name()), Style::Bold));
+        const QDomElement root = document.Root();
+        out.line(out.styled(visible(document.Name()), Style::Bold));
         Table table;
         const auto row = [&table](const char* label, const QString& value) {
             if (!value.isEmpty())
                 table.row({{QLatin1String(label), Style::Dim}, {value}});
         };
-        row("kind", document.kind() == DocumentKind::SnapShots ? QStringLiteral("snapshot document")
-                    : document.kind() == DocumentKind::Archive ? QStringLiteral("preset archive")
+        row("kind", document.Kind() == DocumentKind::SnapShots ? QStringLiteral("snapshot document")
+                    : document.Kind() == DocumentKind::Archive ? QStringLiteral("preset archive")
                                                                : QStringLiteral("unknown"));
         row("root", root.tagName());
         row("name", root.attribute(QStringLiteral("name")));
         row("description", root.attribute(QStringLiteral("desc")));
         row("type", root.attribute(QStringLiteral("type")));
         row("version", root.attribute(QStringLiteral("zorvane_version")));
-        if (document.kind() == DocumentKind::SnapShots)
+        if (document.Kind() == DocumentKind::SnapShots)
             row("units scale", root.attribute(QStringLiteral("unitsScale"), QStringLiteral("1")));
-        row("size", readableSize(document.size()));
+        row("size", readableSize(document.Size()));
         for (const Group& group : contents.groups)
-            row(document.kind() == DocumentKind::Archive ? "section" : "collection",
+            row(document.Kind() == DocumentKind::Archive ? "section" : "collection",
                 QStringLiteral("%1: %2").arg(
                     group.name.isEmpty() ? group.element : group.name,
-                    counted(group.members, document.kind() == DocumentKind::Archive
+                    counted(group.members, document.Kind() == DocumentKind::Archive
                                                ? QStringLiteral("preset")
                                                : QStringLiteral("snapshot"))));
         Counts kinds = contents.kinds;
@@ -235,7 +237,7 @@ private:
 
     static QJsonObject object(const Document& document, const Contents& contents)
     {
-        const QDomElement root = document.root();
+        const QDomElement root = document.Root();
         QJsonArray groups;
         for (const Group& group : contents.groups) {
             groups.append(QJsonObject{{QStringLiteral("path"), group.path},
@@ -248,9 +250,9 @@ private:
             return value.isNull() ? QJsonValue() : QJsonValue(value);
         };
         return {
-            {QStringLiteral("file"), document.name()},
-            {QStringLiteral("size"), document.size()},
-            {QStringLiteral("kind"), kindName(document.kind())},
+            {QStringLiteral("file"), document.Name()},
+            {QStringLiteral("size"), document.Size()},
+            {QStringLiteral("kind"), KindName(document.Kind())},
             {QStringLiteral("root"), root.tagName()},
             {QStringLiteral("name"), attribute("name")},
             {QStringLiteral("description"), attribute("desc")},
@@ -279,4 +281,4 @@ std::unique_ptr<Command> makeInfo()
     return std::make_unique<Info>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,13 +3,14 @@
 
 #include "Input.h"
 
-#include "Failure.h"
-#include "FileLock.h"
-#include "Vocabulary.h"
+#include "toolkit/documents/FileLock.h"
+#include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/documents/Load.h>
 
 #include <QDir>
 #include <QFile>
@@ -20,194 +21,9 @@
 #include <cstdio>
 #include <filesystem>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
-namespace {
-
-bool isDocumentName(const QString& name)
-{
-    return name.endsWith(QLatin1String(".rvx"), Qt::CaseInsensitive) ||
-           name.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
-}
-
-/// Names of files are bytes, and Qt shows those that are not UTF-8 with other characters: what it
-/// would open then is another file.
-QString nameOf(const std::filesystem::path& path)
-{
-    return QString::fromStdString(path.u8string());
-}
-
-bool isUtf8(const std::filesystem::path& path)
-{
-    const std::string bytes = path.u8string();
-    return nameOf(path).toUtf8() == QByteArray::fromStdString(bytes);
-}
-
-void findDocuments(const std::filesystem::path& folder, QStringList& files, Session& session)
-{
-    std::error_code failure;
-    std::filesystem::directory_iterator it(folder, failure);
-    const auto end = std::filesystem::directory_iterator();
-    for (; !failure && it != end; it.increment(failure)) {
-        const std::filesystem::path& path = it->path();
-        std::error_code unknown;
-        const auto type = it->symlink_status(unknown).type();
-        const QString name = nameOf(path);
-        if (type == std::filesystem::file_type::directory) {
-            findDocuments(path, files, session);
-        } else if (isDocumentName(name)) {
-            if (unknown)
-                session.error(name, QString::fromStdString(unknown.message()));
-            else if (!isUtf8(path))
-                session.error(name, QStringLiteral("Its name is not UTF-8; rename the file"));
-            else if (it->is_regular_file(unknown))
-                files << name;
-            else if (type == std::filesystem::file_type::symlink)
-                session.error(name, QStringLiteral("The link leads to no file"));
-        }
-    }
-    if (failure)
-        session.error(nameOf(folder), QString::fromStdString(failure.message()));
-}
-
-QStringList documentsBelow(const QString& folder, Session& session)
-{
-    QStringList files;
-    findDocuments(std::filesystem::u8path(folder.toStdString()), files, session);
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
-} // namespace
-
-QString kindName(DocumentKind kind)
-{
-    switch (kind) {
-    case DocumentKind::SnapShots:
-        return QStringLiteral("snapshots");
-    case DocumentKind::Archive:
-        return QStringLiteral("archive");
-    case DocumentKind::Unknown:
-        break;
-    }
-    return QStringLiteral("unknown");
-}
-
-DocumentKind kindOf(const QDomDocument& document)
-{
-    const QDomElement root = document.documentElement();
-    if (root.tagName() == QLatin1String("snapRoot"))
-        return DocumentKind::SnapShots;
-    const QString type = root.attribute(QStringLiteral("type"));
-    if (root.tagName() == QLatin1String("presets") || type == QLatin1String("UserArchives") ||
-        type == QLatin1String("Zorvane"))
-        return DocumentKind::Archive;
-    for (QDomElement child = root.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        if (Vocabulary::instance().isSection(child.tagName()))
-            return DocumentKind::Archive;
-    }
-    return DocumentKind::Unknown;
-}
-
-int indentOf(DocumentKind kind)
-{
-    return kind == DocumentKind::Archive ? ArchiveFileIndent : SnapShotFileIndent;
-}
-
-Document::Document() = default;
-Document::~Document() = default;
-
-std::unique_ptr<Document> Document::read(const QString& argument, ReadError& error)
-{
-    std::unique_ptr<Document> document(new Document());
-    document->m_name = argument;
-    document->m_path = argument;
-    document->m_isStandardInput = argument == QLatin1String("-");
-    const QFileInfo file(PathToOpen(argument));
-    if (document->m_isStandardInput || (file.exists() && !file.isFile() && !file.isDir())) {
-        QFile input(PathToOpen(argument));
-        const bool isOpen = document->m_isStandardInput ? input.open(stdin, QIODevice::ReadOnly)
-                                                        : input.open(QIODevice::ReadOnly);
-        if (document->m_isStandardInput)
-            document->m_name = QStringLiteral("<stdin>");
-        if (!isOpen || !document->copyOf(input)) {
-            error = ReadError();
-            error.file = document->m_name;
-            error.message = document->m_isStandardInput
-                                ? QStringLiteral("Standard input cannot be read")
-                                : input.errorString();
-            return nullptr;
-        }
-    }
-    document->m_dom.reset(ReadXmlDocument(document->m_path, &error));
-    error.file = document->m_name;
-    if (!document->m_dom)
-        return nullptr;
-    document->m_kind = kindOf(*document->m_dom);
-    return document;
-}
-
-QString Document::name() const
-{
-    return m_name;
-}
-
-QString Document::path() const
-{
-    return m_path;
-}
-
-bool Document::isStandardInput() const
-{
-    return m_isStandardInput;
-}
-
-bool Document::isStream() const
-{
-    return m_copy != nullptr;
-}
-
-QString Document::folder() const
-{
-    return isStandardInput() ? QDir::currentPath() : QFileInfo(PathToOpen(m_path)).absolutePath();
-}
-
-qint64 Document::size() const
-{
-    return QFileInfo(PathToOpen(m_path)).size();
-}
-
-QDomDocument Document::dom() const
-{
-    return *m_dom;
-}
-
-QDomElement Document::root() const
-{
-    return m_dom->documentElement();
-}
-
-DocumentKind Document::kind() const
-{
-    return m_kind;
-}
-
-bool Document::copyOf(QFile& input)
-{
-    m_copy = std::make_unique<QTemporaryFile>();
-    bool isCopied = m_copy->open();
-    qint64 size = 0;
-    for (QByteArray chunk; isCopied && !(chunk = input.read(1 << 20)).isEmpty();) {
-        isCopied = m_copy->write(chunk) == chunk.size();
-        size += chunk.size();
-        // What is too large is told by whoever reads it.
-        if (size > GetMaxInputSize())
-            break;
-    }
-    m_path = m_copy->fileName();
-    return isCopied && input.error() == QFileDevice::NoError && m_copy->flush();
-}
+using namespace toolkit;
 
 QStringList expandedInputs(const QStringList& arguments, Session& session)
 {
@@ -217,7 +33,10 @@ QStringList expandedInputs(const QStringList& arguments, Session& session)
         if (argument == QLatin1String("-") || !file.isDir()) {
             files << argument;
         } else {
-            files << documentsBelow(PathToOpen(argument), session);
+            QVector<ReadError> problems;
+            files << DocumentsBelow(argument, problems);
+            for (const ReadError& problem : problems)
+                session.error(problem);
         }
     }
     return files;
@@ -236,7 +55,7 @@ void forEachDocument(const QStringList& arguments, Session& session,
         if (access == Access::Changing)
             lock.take(file);
         ReadError error;
-        const std::unique_ptr<Document> document = Document::read(file, error);
+        const std::unique_ptr<Document> document = Document::Read(file, error);
         if (document) {
             visit(*document);
             continue;
@@ -255,7 +74,7 @@ std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)
         error.file = argument;
         error.message = QStringLiteral("This is a folder; the command takes one file");
     } else {
-        document = Document::read(argument, error);
+        document = Document::Read(argument, error);
     }
     if (!document) {
         session.error(error);
@@ -264,10 +83,4 @@ std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)
     return document;
 }
 
-bool isSameFile(const QString& a, const QString& b)
-{
-    const QString first = QFileInfo(PathToOpen(a)).canonicalFilePath();
-    return !first.isEmpty() && first == QFileInfo(PathToOpen(b)).canonicalFilePath();
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::command

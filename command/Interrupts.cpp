@@ -4,6 +4,7 @@
 #include "Interrupts.h"
 
 #include "Command.h"
+#include "toolkit/documents/Interruption.h"
 
 #include <array>
 #include <atomic>
@@ -15,7 +16,9 @@
 #include <unistd.h>
 #endif
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -44,6 +47,34 @@ void onSignal(int)
     }
 }
 
+/// By what signals tell.
+class Signals : public toolkit::Interruption {
+public:
+    void hold() override
+    {
+        ++s_depth;
+    }
+
+    void release() override
+    {
+        if (--s_depth == 0 && s_interrupted)
+            onSignal(0);
+    }
+
+    bool isWanted() const override
+    {
+        return s_interrupted;
+    }
+
+    void removeAtEnd(const QByteArray& path) override
+    {
+        const toolkit::Uninterrupted changing;
+        s_litter[0] = '\0';
+        if (std::size_t(path.size()) < s_litter.size())
+            std::memcpy(s_litter.data(), path.constData(), std::size_t(path.size()) + 1);
+    }
+};
+
 /// What the caller wants to be ignored stays so, as the hang-up under nohup.
 void handle(int signal)
 {
@@ -55,6 +86,8 @@ void handle(int signal)
 
 void handleInterrupts()
 {
+    static Signals interruption;
+    toolkit::Interruption::use(&interruption);
     handle(SIGINT);
     handle(SIGTERM);
 #if defined(SIGHUP)
@@ -66,28 +99,4 @@ void handleInterrupts()
 #endif
 }
 
-bool isInterrupted()
-{
-    return s_interrupted;
-}
-
-void removeAtInterrupt(const QByteArray& path)
-{
-    const Uninterrupted changing;
-    s_litter[0] = '\0';
-    if (std::size_t(path.size()) < s_litter.size())
-        std::memcpy(s_litter.data(), path.constData(), std::size_t(path.size()) + 1);
-}
-
-Uninterrupted::Uninterrupted()
-{
-    ++s_depth;
-}
-
-Uninterrupted::~Uninterrupted()
-{
-    if (--s_depth == 0 && s_interrupted)
-        onSignal(0);
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::command

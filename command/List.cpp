@@ -3,17 +3,20 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "Presets.h"
 #include "Session.h"
+#include "toolkit/edit/Placement.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QJsonArray>
 #include <QRegularExpression>
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -89,7 +92,7 @@ public:
 
         std::vector<Entry> entries;
         forEachDocument(files, session, [&](Document& document) {
-            forEachPreset(document.root(), [&](const Preset& preset) {
+            forEachPreset(document.Root(), [&](const Preset& preset) {
                 if (isWanted(preset))
                     entries.push_back(entry(document, preset));
             });
@@ -122,7 +125,7 @@ private:
     static Entry entry(const Document& document, const Preset& preset)
     {
         const QDomElement& element = preset.element;
-        return {document.name(),        element.tagName(),
+        return {document.Name(),        element.tagName(),
                 value(element, "name"), value(element, "refname"),
                 value(element, "cat"),  value(element, "subcat"),
                 preset.folder,          preset.path,
@@ -176,4 +179,4 @@ std::unique_ptr<Command> makeList()
     return std::make_unique<List>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,24 +3,25 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "Interrupts.h"
-#include "NewFiles.h"
-#include "NodePath.h"
 #include "Session.h"
+#include "toolkit/documents/FileTransaction.h"
+#include "toolkit/documents/Interruption.h"
 
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenVocabulary.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QDomDocument>
 #include <QFileInfo>
 
 #include <cmath>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -68,7 +69,7 @@ public:
         }
         const QString path = PathToOpen(m_file);
         const Uninterrupted writing;
-        NewFiles files;
+        FileTransaction files;
         if (!files.create(XmlText(document, indent).toUtf8(), path))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_file, files.problem()));
         files.keep();
@@ -151,4 +152,4 @@ std::unique_ptr<Command> makeNew()
     return std::make_unique<New>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,7 +3,7 @@
 
 #include "Output.h"
 
-#include "Failure.h"
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QJsonDocument>
 #include <QVarLengthArray>
@@ -18,7 +18,9 @@
 #include <unistd.h>
 #endif
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -242,4 +244,4 @@ void Table::print(Output& out, int indent) const
     }
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -10,7 +10,7 @@
 
 #include <cstdio>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 enum class Style { Plain, Bold, Dim, Red, Green, Yellow, Cyan };
 
@@ -67,4 +67,4 @@ private:
     QVector<int> m_widths;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

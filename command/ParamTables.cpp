@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 namespace {
 
@@ -124,4 +124,4 @@ QString parameterTables()
     return text;
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -7,7 +7,7 @@
 
 #include <QString>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 /// Which values a parameter or attribute may have, in a few words: "degrees, above 0 and below
 /// 180", "image file", "0 or 1".
@@ -17,4 +17,4 @@ QString valuesText(const toolkit::ParamInfo& info);
 /// its element.
 QString parameterTables();
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,16 +3,18 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "ParamTables.h"
 #include "Session.h"
 
+#include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 
 #include <QJsonArray>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -181,4 +183,4 @@ std::unique_ptr<Command> makeParams()
     return std::make_unique<Params>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,20 +3,24 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "NodePath.h"
-#include "Pictures.h"
 #include "Session.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/images/HostPicture.h"
+#include "toolkit/images/ImageFiles.h"
 
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QFileInfo>
 #include <QImage>
 #include <QPixmap>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -57,7 +61,7 @@ public:
         if (m_output.isEmpty())
             throw Failure(QStringLiteral("say where to write: --output FILE"));
         const std::unique_ptr<Document> document = readOrFail(m_file, session);
-        const QVector<PathPattern::Match> matches = PathPattern(m_path).find(document->root());
+        const QVector<PathPattern::Match> matches = PathPattern(m_path).Find(document->Root());
         if (matches.size() != 1)
             throw Failure(matches.isEmpty()
                               ? QStringLiteral("nothing has the path \"%1\"").arg(m_path)
@@ -65,10 +69,10 @@ public:
                                     .arg(matches.size())
                                     .arg(m_path, matches.first().path));
         if (session.folders.snapshots.isEmpty())
-            GetDirectoryHandler()->SetSnapshotsFolder(document->folder());
-        const QPixmap picture = pictureOf(matches.first().element, session.folders.install);
+            GetDirectoryHandler()->SetSnapshotsFolder(document->Folder());
+        const QPixmap picture = hostPictureOf(matches.first().element, session.folders.install);
         if (picture.isNull()) {
-            session.warning(document->name(),
+            session.warning(document->Name(),
                             QStringLiteral("\"%1\" has no picture").arg(matches.first().path));
             return ExitFindings;
         }
@@ -79,12 +83,12 @@ public:
             session.out.bytes(bytes);
             return ExitFine;
         }
-        if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->path())))
+        if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->Path())))
             throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
         writeOrFail(bytes, m_output);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
-            result.insert(QStringLiteral("file"), document->name());
+            result.insert(QStringLiteral("file"), document->Name());
             result.insert(QStringLiteral("path"), matches.first().path);
             result.insert(QStringLiteral("written"), m_output);
             result.insert(QStringLiteral("width"), picture.width());
@@ -113,4 +117,4 @@ std::unique_ptr<Command> makePreview()
     return std::make_unique<Preview>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -5,7 +5,7 @@
 
 #include "CommandLine.h"
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command>>& commands,
                     Session& session, GlobalOptions& options)
@@ -34,4 +34,4 @@ void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command
     }
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 class CommandLine;
 
@@ -23,4 +23,4 @@ struct GlobalOptions {
 void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command>>& commands,
                     Session& session, GlobalOptions& options);
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

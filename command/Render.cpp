@@ -3,18 +3,21 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "Interrupts.h"
-#include "NewFiles.h"
-#include "NodePath.h"
-#include "PictureFiles.h"
-#include "Pictures.h"
 #include "Session.h"
-#include "Subjects.h"
+#include "toolkit/documents/FileTransaction.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/Interruption.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/drawing/Drawing.h"
+#include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/PictureApplication.h"
 
-#include "drawing/Drawing.h"
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/drawing/Picture.h>
+#include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
+#include <rvopen/toolkit/images/PictureLocations.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -22,7 +25,9 @@
 #include <QJsonArray>
 #include <QSet>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -95,10 +100,9 @@ public:
     {
         if (!m_missing && !m_all)
             throw Failure(QStringLiteral("say which pictures: --missing or --all"));
-        if (m_wish.size < drawing::MinSize || m_wish.size > drawing::MaxSize)
-            throw Failure(QStringLiteral("--size takes %1 to %2")
-                              .arg(drawing::MinSize)
-                              .arg(drawing::MaxSize));
+        if (m_wish.size < MinPictureSize || m_wish.size > MaxPictureSize)
+            throw Failure(
+                QStringLiteral("--size takes %1 to %2").arg(MinPictureSize).arg(MaxPictureSize));
         if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
         preparePictures();
@@ -117,12 +121,12 @@ public:
 private:
     void render(Document& document, Session& session)
     {
-        if (m_embed && document.isStream())
+        if (m_embed && document.IsStream())
             throw Failure(QStringLiteral("%1 cannot be written over: use --output")
-                              .arg(document.isStandardInput() ? QStringLiteral("standard input")
-                                                              : document.name()));
-        drawing::TextureReader textures(textureFinder(document, session.folders));
-        QVector<Subject> subjects = subjectsOf(document);
+                              .arg(document.IsStandardInput() ? QStringLiteral("standard input")
+                                                              : document.Name()));
+        drawing::TextureReader textures(TextureFinder(document, session.folders));
+        QVector<Subject> subjects = SubjectsOf(document);
         int kept = 0;
         int written = 0;
         bool isChanged = false;
@@ -136,7 +140,7 @@ private:
                 job.draw = drawing::drawingOf(job.subject.element, m_wish, textures);
                 jobs.append(job);
             }
-            session.progress(i, int(subjects.size()), document.name());
+            session.progress(i, int(subjects.size()), document.Name());
             written += finish(jobs, document, session, isChanged);
         }
         session.clearProgress();
@@ -145,7 +149,7 @@ private:
         m_kept += kept;
         if (!session.json)
             session.out.line(QStringLiteral("%1  %2%3")
-                                 .arg(visible(document.name()),
+                                 .arg(visible(document.Name()),
                                       counted(written, QStringLiteral("picture")),
                                       kept ? QStringLiteral(", %1 kept").arg(kept) : QString()));
     }
@@ -154,8 +158,8 @@ private:
     bool decide(Job& job, const Document& document, Session& session, int& kept)
     {
         const QDomElement& element = job.subject.element;
-        const PicturePlace place = pictureFileOf(element, document, session.folders);
-        if (m_missing && findsPicture(element, place.file)) {
+        const PictureLocation place = LocatePicture(element, document, session.folders);
+        if (m_missing && FindsPicture(element, place.file)) {
             ++kept;
             return false;
         }
@@ -166,15 +170,15 @@ private:
             return isFree(job.file, m_output, session);
         }
         if (!place.problem.isEmpty()) {
-            session.error(document.name(), job.subject.path + QLatin1String(": ") + place.problem);
+            session.error(document.Name(), job.subject.path + QLatin1String(": ") + place.problem);
             return false;
         }
         if (!element.attribute(QStringLiteral("xmlImage")).isEmpty()) {
             // The library would not look at a file.
-            if (hasPicture(element))
+            if (HasEmbeddedPreview(element))
                 ++kept;
             else
-                session.error(document.name(),
+                session.error(document.Name(),
                               job.subject.path + QLatin1String(": the embedded picture cannot be "
                                                                "decoded; --embed replaces it"));
             return false;
@@ -235,7 +239,7 @@ private:
             ++count;
             if (session.json)
                 m_pictures.append(
-                    QJsonObject{{QStringLiteral("file"), document.name()},
+                    QJsonObject{{QStringLiteral("file"), document.Name()},
                                 {QStringLiteral("path"), job.subject.path},
                                 {QStringLiteral("written"),
                                  job.file.isEmpty() ? QJsonValue() : QJsonValue(job.file)},
@@ -256,9 +260,9 @@ private:
     static void save(const Document& document, Session& session)
     {
         const QString problem =
-            problemOfWriting(document.dom(), indentOf(document.kind()), document.path());
+            problemOfWriting(document.Dom(), document.Indent(), document.Path());
         if (!problem.isEmpty())
-            session.error(document.name(), problem);
+            session.error(document.Name(), problem);
     }
 
     QStringList m_files;
@@ -266,10 +270,10 @@ private:
     bool m_all = false;
     bool m_embed = false;
     QString m_output;
-    drawing::Wish m_wish;
+    PictureWish m_wish;
 
     /// Folders that were made go again at the end if they stayed empty.
-    NewFiles m_folders;
+    FileTransaction m_folders;
     /// Files of this run, so that none is written twice.
     QSet<QString> m_taken;
     QJsonArray m_pictures;
@@ -283,4 +287,4 @@ std::unique_ptr<Command> makeRender()
     return std::make_unique<Render>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -13,7 +13,7 @@
 #include <unistd.h>
 #endif
 
-namespace rvopen::tools {
+namespace rvopen::command {
 
 namespace {
 
@@ -106,4 +106,4 @@ void Session::complain(const QString& text)
     std::fwrite(line.constData(), 1, std::size_t(line.size()), stderr);
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -6,24 +6,17 @@
 #include "Output.h"
 
 #include <rvopen/RVOpenReader.h>
+#include <rvopen/toolkit/documents/Folders.h>
 
 #include <QJsonObject>
 #include <QString>
 
-namespace rvopen::tools {
-
-/// The folders of the host that the user named; empty where he did not.
-struct Folders {
-    QString install;
-    QString archives;
-    QString custom;
-    QString snapshots;
-};
+namespace rvopen::command {
 
 /// What all commands share while one of them runs.
 class Session {
 public:
-    Folders folders;
+    toolkit::Folders folders;
     bool json = false;
     bool quiet = false;
     Output out;
@@ -62,4 +55,4 @@ private:
     bool m_hasProgress = false;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,20 +3,24 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "NodePath.h"
 #include "Session.h"
 #include "Target.h"
-#include "Values.h"
+#include "toolkit/edit/Labels.h"
+#include "toolkit/edit/TypedText.h"
 
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/toolkit/schema/ValueCheck.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QJsonArray>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -103,8 +107,8 @@ public:
             throw Failure(QStringLiteral("nothing was set"));
         for (Change& change : changes) {
             if (change.attribute.isEmpty()) {
-                values.set(change.element, change.after);
-                change.after = values.text(change.element);
+                values.Set(change.element, change.after);
+                change.after = values.Text(change.element);
             } else {
                 change.after = storedAttribute(
                     toolkit::FindAttribute(change.element.tagName(), change.attribute),
@@ -128,11 +132,11 @@ private:
             return;
         }
         const PathPattern pattern(path);
-        const QVector<PathPattern::Match> matches = pattern.find(document.root());
+        const QVector<PathPattern::Match> matches = pattern.Find(document.Root());
         if (matches.isEmpty())
-            session.error(document.name(), QStringLiteral("nothing has the path \"%1\"").arg(path));
+            session.error(document.Name(), QStringLiteral("nothing has the path \"%1\"").arg(path));
         if (matches.size() > 1 && !m_all) {
-            session.error(document.name(),
+            session.error(document.Name(),
                           QStringLiteral("%1 places have the path \"%2\", the first \"%3\": give "
                                          "more of the path, or --all")
                               .arg(matches.size())
@@ -140,18 +144,18 @@ private:
             return;
         }
         for (const PathPattern::Match& match : matches) {
-            const QString problem = problemOf(match.element, pattern.attribute(), value, values);
+            const QString problem = problemOf(match.element, pattern.Attribute(), value, values);
             if (!problem.isEmpty()) {
-                session.error(document.name(), match.path + QLatin1String(": ") + problem);
+                session.error(document.Name(), match.path + QLatin1String(": ") + problem);
                 continue;
             }
             Change change;
             change.element = match.element;
-            change.attribute = pattern.attribute();
+            change.attribute = pattern.Attribute();
             change.path = match.path;
             change.after = value;
             if (change.attribute.isEmpty()) {
-                change.before = values.text(match.element);
+                change.before = values.Text(match.element);
             } else {
                 change.path = attributePath(match.path, change.attribute);
                 change.before = match.element.attribute(change.attribute);
@@ -179,11 +183,11 @@ private:
         if (!isParam(element))
             return QStringLiteral("only parameters (:name) and attributes (@name) have values");
         if (!m_force)
-            return values.check(element, value);
+            return values.Check(element, value);
         QDomElement free = element.cloneNode(false).toElement();
         free.removeAttribute(QStringLiteral("rangeMin"));
         free.removeAttribute(QStringLiteral("rangeMax"));
-        return values.check(free, value);
+        return values.Check(free, value);
     }
 
     static bool isAttributeName(const QString& name)
@@ -210,7 +214,7 @@ private:
                                         {QStringLiteral("after"), change.after}});
             }
             QJsonObject result = Session::envelope(name());
-            result.insert(QStringLiteral("file"), document.name());
+            result.insert(QStringLiteral("file"), document.Name());
             result.insert(QStringLiteral("written"), m_target.file(document));
             result.insert(QStringLiteral("changes"), list);
             session.out.json(result);
@@ -239,4 +243,4 @@ std::unique_ptr<Command> makeSet()
     return std::make_unique<Set>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,16 +3,20 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "ContactSheet.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "PictureFiles.h"
-#include "Pictures.h"
 #include "Session.h"
-#include "Subjects.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/drawing/Drawing.h"
+#include "toolkit/images/ContactSheet.h"
+#include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/PictureApplication.h"
 
-#include "drawing/Drawing.h"
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/drawing/Picture.h>
+#include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
+#include <rvopen/toolkit/images/PictureLocations.h>
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -23,7 +27,9 @@
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -72,10 +78,10 @@ public:
         const bool isPdf = format == QLatin1String("pdf");
         if (!isPdf && format != QLatin1String("png"))
             throw Failure(QStringLiteral("say where to write: --output FILE.png or FILE.pdf"));
-        if (m_size < drawing::MinSize || m_size > drawing::MaxSize / s_pdfFineness)
+        if (m_size < MinPictureSize || m_size > MaxPictureSize / s_pdfFineness)
             throw Failure(QStringLiteral("--size takes %1 to %2")
-                              .arg(drawing::MinSize)
-                              .arg(drawing::MaxSize / s_pdfFineness));
+                              .arg(MinPictureSize)
+                              .arg(MaxPictureSize / s_pdfFineness));
         if (m_columns < 1 || m_columns > s_maxColumns)
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
         if (QFileInfo::exists(m_output) && (!m_force || isInput()))
@@ -135,21 +141,21 @@ private:
     void collect(Document& document, Session& session)
     {
         const auto textures =
-            std::make_shared<drawing::TextureReader>(textureFinder(document, session.folders));
-        const QString name = document.root().attribute(QStringLiteral("name"));
-        m_names << (document.kind() == DocumentKind::Archive && !name.isEmpty()
+            std::make_shared<drawing::TextureReader>(TextureFinder(document, session.folders));
+        const QString name = document.Root().attribute(QStringLiteral("name"));
+        m_names << (document.Kind() == DocumentKind::Archive && !name.isEmpty()
                         ? name
-                        : QFileInfo(document.name()).completeBaseName());
-        QVector<Subject> subjects = subjectsOf(document);
-        subjects += paletteSubjects(document);
+                        : QFileInfo(document.Name()).completeBaseName());
+        QVector<Subject> subjects = SubjectsOf(document);
+        subjects += PaletteSubjects(document);
         for (const Subject& subject : subjects) {
             Item item;
-            const QString file = pictureFileOf(subject.element, document, session.folders).file;
-            if (!m_drawn && findsPicture(subject.element, file)) {
+            const QString file = LocatePicture(subject.element, document, session.folders).file;
+            if (!m_drawn && FindsPicture(subject.element, file)) {
                 item.embedded = subject.element.attribute(QStringLiteral("xmlImage"));
                 item.file = file;
             } else {
-                item.document = document.dom();
+                item.document = document.Dom();
                 item.element = subject.element;
                 item.textures = textures;
                 ++m_drawnCount;
@@ -171,8 +177,8 @@ private:
                 draws.push_back(drawing::drawingOf(item.element, m_wish, *item.textures));
                 places.append(i);
             } else {
-                images[i] = item.embedded.isEmpty() ? drawing::readImage(item.file)
-                                                    : embeddedPicture(item.embedded);
+                images[i] =
+                    item.embedded.isEmpty() ? readImage(item.file) : EmbeddedPreview(item.embedded);
             }
         }
         const std::vector<QImage> drawn = drawing::drawnTogether(draws);
@@ -226,7 +232,7 @@ private:
     bool m_drawn = false;
     bool m_force = false;
 
-    drawing::Wish m_wish;
+    PictureWish m_wish;
     Session* m_session = nullptr;
     QStringList m_names;
     QVector<Item> m_items;
@@ -241,4 +247,4 @@ std::unique_ptr<Command> makeSheet()
     return std::make_unique<Sheet>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -4,15 +4,18 @@
 #include "Target.h"
 
 #include "Arguments.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
 
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QFileInfo>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 void Target::declare(Arguments& arguments)
 {
@@ -47,12 +50,12 @@ void Target::check(const Document& input) const
 {
     if (!isGiven())
         throw Failure(QStringLiteral("say where to write: --output FILE or --in-place"));
-    if (m_inPlace && input.isStandardInput())
+    if (m_inPlace && input.IsStandardInput())
         throw Failure(QStringLiteral("standard input cannot be written over: use --output"));
-    if (m_inPlace && input.isStream())
+    if (m_inPlace && input.IsStream())
         throw Failure(QStringLiteral("\"%1\" is no file that could be written over: use --output")
-                          .arg(input.name()));
-    if (!m_inPlace && isSameFile(m_output, input.path())) {
+                          .arg(input.Name()));
+    if (!m_inPlace && isSameFile(m_output, input.Path())) {
         throw Failure(
             QStringLiteral("\"%1\" is the input: say --in-place to write over it").arg(m_output));
     }
@@ -63,21 +66,21 @@ void Target::check(const Document& input) const
 QString Target::file(const Document& input) const
 {
     if (m_inPlace)
-        return input.path();
+        return input.Path();
     return isStandardOutput() ? QString() : m_output;
 }
 
 void Target::write(const Document& document, const Document& input, Session& session) const
 {
-    const int indent = indentOf(document.kind());
+    const int indent = document.Indent();
     const QString path = file(input);
     if (path.isEmpty()) {
-        session.out.text(XmlText(document.dom(), indent));
+        session.out.text(XmlText(document.Dom(), indent));
         return;
     }
-    const QString problem = problemOfWriting(document.dom(), indent, path);
+    const QString problem = problemOfWriting(document.Dom(), indent, path);
     if (!problem.isEmpty())
         throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

@@ -3,14 +3,17 @@
 
 #pragma once
 
-#include "FileLock.h"
+#include "toolkit/documents/FileLock.h"
 
 #include <QString>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
+class Document;
+}
+
+namespace rvopen::command {
 
 class Arguments;
-class Document;
 class Session;
 
 /// Where a changed document goes: over the input, to another file, or to standard output for "-".
@@ -21,19 +24,20 @@ public:
     /// Before an input that may be written over is read: from now on nobody else changes it.
     void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
-    void check(const Document& input) const;
+    void check(const toolkit::Document& input) const;
     /// Empty for standard output.
-    QString file(const Document& input) const;
+    QString file(const toolkit::Document& input) const;
     bool isGiven() const;
     bool isInPlace() const;
     bool isStandardOutput() const;
     /// Throws a Failure when it could not be written; the file is as it was then.
-    void write(const Document& document, const Document& input, Session& session) const;
+    void write(const toolkit::Document& document, const toolkit::Document& input,
+               Session& session) const;
 
 private:
     QString m_output;
     bool m_inPlace = false;
-    FileLock m_lock;
+    toolkit::FileLock m_lock;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

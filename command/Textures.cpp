@@ -3,154 +3,24 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
 #include "Input.h"
-#include "Inspection.h"
-#include "Interrupts.h"
-#include "NewFiles.h"
-#include "NodePath.h"
-#include "PictureFiles.h"
-#include "Pictures.h"
 #include "Session.h"
 #include "Target.h"
+#include "toolkit/documents/Interruption.h"
+#include "toolkit/images/FileIndex.h"
+#include "toolkit/images/ReferencedTextures.h"
+#include "toolkit/images/TextureCollection.h"
 
-#include <rvopen/RVOpenPaths.h>
-#include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
-#include <QCryptographicHash>
 #include <QDir>
-#include <QDirIterator>
-#include <QFileInfo>
-#include <QHash>
 #include <QJsonArray>
-#include <QSet>
 
-#include <algorithm>
+namespace rvopen::command {
 
-namespace rvopen::tools {
+using namespace toolkit;
 
 namespace {
-
-/// An image file that a document refers to.
-struct Texture {
-    QString reference;
-    /// Empty when it is not there.
-    QString file;
-    QVector<QDomElement> params;
-    QStringList paths;
-};
-
-QVector<Texture> texturesOf(const Document& document)
-{
-    QVector<Texture> textures;
-    QHash<QString, int> known;
-    const QString folder = document.folder();
-    walk(document.root(), QString(), [&](const QDomElement& element, const QString& path) {
-        const QString owner = element.parentNode().toElement().tagName();
-        if (!isParam(element) || !isTextureParam(owner, element.attribute(QStringLiteral("name"))))
-            return true;
-        const QString reference = element.attribute(QStringLiteral("val"));
-        if (reference.isEmpty() ||
-            element.attribute(QStringLiteral("type")) != QLatin1String("string"))
-            return true;
-        if (!known.contains(reference)) {
-            known.insert(reference, int(textures.size()));
-            textures.append({reference, findReferenced(reference, folder), {}, {}});
-        }
-        Texture& texture = textures[known.value(reference)];
-        texture.params.append(element);
-        texture.paths << path;
-        return true;
-    });
-    return textures;
-}
-
-void refer(const Texture& texture, const QString& reference)
-{
-    for (QDomElement param : texture.params)
-        param.setAttribute(QStringLiteral("val"), reference);
-}
-
-/// The files below folders by their names in lower case.
-class FileIndex {
-public:
-    explicit FileIndex(const QStringList& folders)
-    {
-        for (const QString& folder : folders) {
-            if (!QFileInfo(PathToOpen(folder)).isDir())
-                throw Failure(QStringLiteral("\"%1\" is no folder").arg(folder));
-            QDirIterator it(PathToOpen(folder), QDir::Files, QDirIterator::Subdirectories);
-            while (it.hasNext()) {
-                const QString file = QFileInfo(it.next()).absoluteFilePath();
-                m_files[LastPathComponent(file).toLower()] << file;
-            }
-        }
-        for (QStringList& files : m_files)
-            std::sort(files.begin(), files.end());
-    }
-
-    /// The files that could be meant: of that name, and of these those whose folders agree furthest
-    /// with the reference. Of files with the same bytes only the first.
-    QStringList find(const QString& reference)
-    {
-        QStringList best;
-        int bestCount = -1;
-        for (const QString& file : m_files.value(LastPathComponent(reference).toLower())) {
-            const int count = commonEnd(reference, file);
-            if (count > bestCount)
-                best.clear();
-            if (count >= bestCount)
-                best << file;
-            bestCount = std::max(bestCount, count);
-        }
-        if (best.size() < 2)
-            return best;
-        QStringList different;
-        QSet<QByteArray> known;
-        for (const QString& file : best) {
-            const QByteArray content = digestOf(file);
-            if (content.isEmpty() || !known.contains(content))
-                different << file;
-            known.insert(content);
-        }
-        return different;
-    }
-
-private:
-    static QStringList components(QString path)
-    {
-        return path.replace(QLatin1Char('\\'), QLatin1Char('/')).toLower().split(QLatin1Char('/'));
-    }
-
-    static int commonEnd(const QString& a, const QString& b)
-    {
-        const QStringList first = components(a);
-        const QStringList second = components(b);
-        int count = 0;
-        while (count < int(std::min(first.size(), second.size())) &&
-               first[first.size() - 1 - count] == second[second.size() - 1 - count])
-            ++count;
-        return count;
-    }
-
-    /// What the bytes of the file are told by; empty when it cannot be read. Each file is read
-    /// once, however many references could mean it.
-    QByteArray digestOf(const QString& path)
-    {
-        const auto known = m_digests.constFind(path);
-        if (known != m_digests.cend())
-            return *known;
-        QFile file(path);
-        QCryptographicHash hash(QCryptographicHash::Sha256);
-        const bool isRead = file.open(QIODevice::ReadOnly) && hash.addData(&file);
-        const QByteArray digest = isRead ? hash.result() : QByteArray();
-        m_digests.insert(path, digest);
-        return digest;
-    }
-
-    QHash<QString, QStringList> m_files;
-    QHash<QString, QByteArray> m_digests;
-};
 
 class Textures : public Command {
 public:
@@ -202,7 +72,7 @@ public:
         bool isMissing = false;
         QJsonArray list;
         forEachDocument(m_files, session, [&](Document& document) {
-            for (const Texture& texture : texturesOf(document)) {
+            for (const ReferencedTexture& texture : texturesOf(document)) {
                 if (m_missing && !texture.file.isEmpty())
                     continue;
                 isMissing = isMissing || texture.file.isEmpty();
@@ -218,10 +88,10 @@ public:
     }
 
 private:
-    static QJsonObject object(const Document& document, const Texture& texture,
+    static QJsonObject object(const Document& document, const ReferencedTexture& texture,
                               const QString& became)
     {
-        return {{QStringLiteral("file"), document.name()},
+        return {{QStringLiteral("file"), document.Name()},
                 {QStringLiteral("reference"), texture.reference},
                 {QStringLiteral("found"),
                  texture.file.isEmpty() ? QJsonValue() : QJsonValue(texture.file)},
@@ -236,10 +106,10 @@ private:
         session.out.json(result);
     }
 
-    static void print(const Document& document, const Texture& texture, Output& out)
+    static void print(const Document& document, const ReferencedTexture& texture, Output& out)
     {
         const bool isThere = !texture.file.isEmpty();
-        out.line(out.styled(visible(document.name()) + QLatin1String(": "), Style::Dim) +
+        out.line(out.styled(visible(document.Name()) + QLatin1String(": "), Style::Dim) +
                  out.styled(visible(texture.reference), Style::Bold) + QLatin1String("  ") +
                  (isThere ? out.styled(visible(texture.file), Style::Green)
                           : out.styled(QStringLiteral("missing"), Style::Red)));
@@ -256,14 +126,14 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (Texture texture : texturesOf(*document)) {
+        for (ReferencedTexture texture : texturesOf(*document)) {
             if (!texture.file.isEmpty())
                 continue;
             const QStringList found = index.find(texture.reference);
             if (found.size() != 1) {
                 isIncomplete = true;
                 session.warning(
-                    document->name(),
+                    document->Name(),
                     found.isEmpty()
                         ? QStringLiteral("\"%1\" was not found").arg(texture.reference)
                         : QStringLiteral("\"%1\" could be any of: %2")
@@ -272,7 +142,7 @@ private:
                 continue;
             }
             const QString reference = QDir::toNativeSeparators(found.first());
-            refer(texture, reference);
+            texture.refer(reference);
             texture.file = found.first();
             list.append(object(*document, texture, reference));
             lines << texture.reference + QLatin1String(" -> ") + reference;
@@ -299,95 +169,30 @@ private:
         if (m_target.isGiven())
             throw Failure(QStringLiteral("--collect writes into its folder only"));
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
-        if (document->isStandardInput())
+        if (document->IsStandardInput())
             throw Failure(QStringLiteral("--collect needs a document with a name"));
         const Uninterrupted writing;
-        NewFiles files;
-        const QString folder = QFileInfo(PathToOpen(m_collect)).absoluteFilePath();
-        const QString copy = folder + QLatin1Char('/') + LastPathComponent(document->path());
-        if (QFileInfo::exists(copy) || QFileInfo(copy).isSymLink())
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(copy));
-        if (!files.makeFolder(folder))
-            throw Failure(QStringLiteral("\"%1\": %2").arg(m_collect, files.problem()));
-
+        TextureCollection collection(m_collect, document->Path());
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        m_taken = {{LastPathComponent(copy).toLower(), QString()}};
-        for (const Texture& texture : texturesOf(*document)) {
-            const QString problem = problemOf(texture, *document, session.folders);
+        for (const ReferencedTexture& texture : texturesOf(*document)) {
+            const QString problem =
+                TextureCollection::problemOf(texture, *document, session.folders, m_isEverywhere);
             if (!problem.isEmpty()) {
                 isIncomplete = true;
-                session.warning(document->name(), problem);
+                session.warning(document->Name(), problem);
                 list.append(object(*document, texture, QString()));
                 continue;
             }
-            const QString name = collectOne(texture.file, folder, files);
-            refer(texture, name);
+            const QString name = collection.add(texture.file);
+            texture.refer(name);
             list.append(object(*document, texture, name));
             lines << texture.reference + QLatin1String(" -> ") + name;
         }
-        const QString text = XmlText(document->dom(), indentOf(document->kind()));
-        if (text.isNull())
-            throw Failure(QStringLiteral("\"%1\" could not be read again").arg(copy));
-        if (!files.create(text.toUtf8(), copy))
-            throw Failure(
-                QStringLiteral("\"%1\": %2; nothing was collected").arg(copy, files.problem()));
-        files.keep();
+        collection.finish(*document);
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
-    }
-
-    /// What speaks against handing the file on: a document may come from anybody and name any file
-    /// of the machine. Empty when nothing does.
-    QString problemOf(const Texture& texture, const Document& document,
-                      const Folders& folders) const
-    {
-        if (texture.file.isEmpty())
-            return QStringLiteral("\"%1\" is not there").arg(texture.reference);
-        if (!QFileInfo(texture.file).isFile() || !isPictureFile(texture.file))
-            return QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
-        if (m_isEverywhere)
-            return QString();
-        for (const QString& folder : {document.folder(), folders.install, folders.archives,
-                                      folders.custom, folders.snapshots}) {
-            if (!folder.isEmpty() && isBelow(texture.file, folder))
-                return QString();
-        }
-        return QStringLiteral("\"%1\" lies outside of the document's folder and those of the "
-                              "host; --everywhere collects it too")
-            .arg(texture.file);
-    }
-
-    /// The name that the file has in the folder: its own, or with a number where that is taken by
-    /// another file. Names that differ in the case of letters only are one name elsewhere.
-    QString collectOne(const QString& file, const QString& folder, NewFiles& files)
-    {
-        const QString own = LastPathComponent(file);
-        const QString base = QFileInfo(own).completeBaseName();
-        const QString suffix = QFileInfo(own).suffix();
-        for (int number = 1;; ++number) {
-            QString name = own;
-            if (number > 1) {
-                name = QStringLiteral("%1 (%2)").arg(base).arg(number) +
-                       (suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix);
-            }
-            const QString target = folder + QLatin1Char('/') + name;
-            const auto taken = m_taken.constFind(name.toLower());
-            if (taken != m_taken.cend()) {
-                if (!taken->isEmpty() && haveSameBytes(file, *taken))
-                    return LastPathComponent(*taken);
-                continue;
-            }
-            const QFileInfo there(target);
-            if (there.isSymLink() || (there.exists() && !haveSameBytes(file, target)))
-                continue;
-            if (!there.exists() && !files.copy(file, target))
-                throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
-                                  .arg(file, files.problem()));
-            m_taken.insert(name.toLower(), target);
-            return name;
-        }
     }
 
     QStringList m_files;
@@ -396,8 +201,6 @@ private:
     QString m_collect;
     bool m_isEverywhere = false;
     Target m_target;
-    /// Names in lower case and the files in the folder that have them.
-    QHash<QString, QString> m_taken;
 };
 
 } // namespace
@@ -407,4 +210,4 @@ std::unique_ptr<Command> makeTextures()
     return std::make_unique<Textures>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

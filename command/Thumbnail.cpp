@@ -3,23 +3,28 @@
 
 #include "Arguments.h"
 #include "Command.h"
-#include "Failure.h"
-#include "FileWriting.h"
 #include "Input.h"
-#include "Pictures.h"
 #include "Session.h"
-#include "Subjects.h"
-
-#include "drawing/Drawing.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/drawing/Drawing.h"
+#include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/PictureApplication.h"
 
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/drawing/Picture.h>
+#include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
 
 #include <QImage>
 #include <QPainter>
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -65,18 +70,18 @@ public:
 
     int run(Session& session) override
     {
-        if (m_size < drawing::MinSize || m_size > s_maxSize)
+        if (m_size < MinPictureSize || m_size > s_maxSize)
             throw Failure(
-                QStringLiteral("--size takes %1 to %2").arg(drawing::MinSize).arg(s_maxSize));
+                QStringLiteral("--size takes %1 to %2").arg(MinPictureSize).arg(s_maxSize));
         SetMaxInputSize(s_maxInput);
         SetMaxDocumentMemory(s_maxMemory);
         preparePictures();
         const std::unique_ptr<Document> document = readOrFail(m_input, session);
         if (isSameFile(m_input, m_output))
             throw Failure(QStringLiteral("\"%1\" is the document").arg(m_output));
-        const QVector<Subject> subjects = chosen(subjectsOf(*document));
+        const QVector<Subject> subjects = chosen(SubjectsOf(*document));
         if (subjects.isEmpty()) {
-            session.warning(document->name(), QStringLiteral("there is nothing to show"));
+            session.warning(document->Name(), QStringLiteral("there is nothing to show"));
             return ExitFindings;
         }
         const QImage image = composed(subjects);
@@ -109,14 +114,14 @@ private:
     QImage composed(const QVector<Subject>& subjects) const
     {
         const int side = subjects.size() == 1 ? 1 : s_maxSide;
-        const int cell = std::max(m_size / side, drawing::MinSize);
+        const int cell = std::max(m_size / side, MinPictureSize);
         // Files that a document from anywhere refers to are not for its thumbnail to show.
         drawing::TextureReader textures([](const QString&) { return QString(); });
-        drawing::Wish wish;
+        PictureWish wish;
         wish.size = cell;
         QVector<QImage> images;
         for (const Subject& subject : subjects) {
-            QImage image = embeddedPicture(subject.element.attribute(QStringLiteral("xmlImage")));
+            QImage image = EmbeddedPreview(subject.element.attribute(QStringLiteral("xmlImage")));
             if (image.isNull())
                 image = drawing::drawingOf(subject.element, wish, textures)();
             if (image.width() > cell || image.height() > cell)
@@ -147,4 +152,4 @@ std::unique_ptr<Command> makeThumbnail()
     return std::make_unique<Thumbnail>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

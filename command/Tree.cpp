@@ -4,16 +4,20 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
-#include "NodePath.h"
 #include "Session.h"
-#include "Values.h"
+#include "toolkit/edit/Labels.h"
+
+#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
 
 #include <QJsonArray>
 
 #include <algorithm>
 #include <limits>
 
-namespace rvopen::tools {
+namespace rvopen::command {
+
+using namespace toolkit;
 
 namespace {
 
@@ -74,16 +78,16 @@ public:
             m_values = &values;
             m_out = &session.out;
             if (session.json) {
-                QJsonObject file = object(document.root(), QString(), 0);
-                file.insert(QStringLiteral("file"), document.name());
+                QJsonObject file = object(document.Root(), QString(), 0);
+                file.insert(QStringLiteral("file"), document.Name());
                 files.append(file);
             } else if (m_paths) {
-                printPaths(document.root());
+                printPaths(document.Root());
             } else {
-                const QString title = document.name() + QLatin1String("  ");
+                const QString title = document.Name() + QLatin1String("  ");
                 m_out->line(m_out->styled(visible(title), Style::Dim) +
-                            described(document.root(), document.root().tagName()));
-                printChildren(document.root(), QString(), 1);
+                            described(document.Root(), document.Root().tagName()));
+                printChildren(document.Root(), QString(), 1);
             }
         });
         if (session.json) {
@@ -106,13 +110,13 @@ private:
         QString line = m_out->styled(visible(label), isParam(element) ? Style::Cyan : Style::Bold);
         if (isParam(element)) {
             if (m_params && element.attribute(QStringLiteral("type")) != QLatin1String("shader"))
-                line += QLatin1String(" = ") + visible(m_values->text(element));
+                line += QLatin1String(" = ") + visible(m_values->Text(element));
             return line;
         }
         if (!m_params) {
             for (const char* attribute : {"subcat", "refname"}) {
                 const QString value = element.attribute(QLatin1String(attribute));
-                if (!value.isEmpty() && value != identityOf(element))
+                if (!value.isEmpty() && value != IdentityOf(element))
                     line += m_out->styled(QLatin1String("  ") + visible(value), Style::Dim);
             }
             return line;
@@ -155,12 +159,12 @@ private:
     void printPaths(const QDomElement& root) const
     {
         printAttributes(root, QString());
-        walk(root, QString(), [this](const QDomElement& element, const QString& path) {
+        Walk(root, QString(), [this](const QDomElement& element, const QString& path) {
             if (isParam(element)) {
                 if (m_params &&
                     element.attribute(QStringLiteral("type")) != QLatin1String("shader"))
                     m_out->line(visible(path) + QLatin1String(" = ") +
-                                visible(m_values->text(element)));
+                                visible(m_values->Text(element)));
             } else {
                 m_out->line(visible(path));
             }
@@ -190,7 +194,7 @@ private:
     {
         QJsonObject result{{QStringLiteral("kind"), element.tagName()},
                            {QStringLiteral("path"), path}};
-        const QString identity = identityOf(element);
+        const QString identity = IdentityOf(element);
         if (!identity.isEmpty())
             result.insert(QStringLiteral("name"), identity);
         QJsonObject attributes;
@@ -200,7 +204,8 @@ private:
             result.insert(QStringLiteral("attributes"), attributes);
         if (m_params && isParam(element)) {
             result.insert(QStringLiteral("type"), element.attribute(QStringLiteral("type")));
-            result.insert(QStringLiteral("value"), m_values->json(element));
+            result.insert(QStringLiteral("value"),
+                          QJsonValue::fromVariant(m_values->Value(element)));
         }
         QJsonArray children;
         if (depth < m_depth) {
@@ -232,4 +237,4 @@ std::unique_ptr<Command> makeTree()
     return std::make_unique<Tree>();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::command

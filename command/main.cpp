@@ -3,13 +3,13 @@
 
 #include "Command.h"
 #include "CommandLine.h"
-#include "Failure.h"
 #include "Interrupts.h"
 #include "ParamTables.h"
 #include "Program.h"
 #include "Session.h"
 
 #include <rvopen/RVOpenVersion.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QtGlobal>
 
@@ -26,7 +26,8 @@
 
 namespace {
 
-using namespace rvopen::tools;
+using namespace rvopen::command;
+using rvopen::toolkit::Failure;
 
 /// Names of files are UTF-8 whatever the locale, so that every file can be named; on Windows the
 /// program's manifest says so. Documents go through standard input and output byte by byte.
@@ -136,7 +137,7 @@ int main(int argc, char** argv)
     try {
         return run(argc, argv);
     } catch (const Failure& failure) {
-        return complain(failure.message());
+        return complain(failure.Message());
     } catch (const std::exception& error) {
         return complain(QString::fromLocal8Bit(error.what()));
     }

@@ -1,18 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Inspection.h"
+#include <rvopen/toolkit/check/Inspection.h>
 
-#include "Input.h"
-#include "NodePath.h"
-#include "Pictures.h"
 #include "Places.h"
-#include "Session.h"
-#include "Vocabulary.h"
+#include "RuleTable.h"
+#include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Placement.h"
+#include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/ReferencedTextures.h"
+#include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/toolkit/documents/Document.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/toolkit/schema/ValueCheck.h>
@@ -26,7 +29,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -63,11 +66,11 @@ struct Words {
 /// Whether the text is a value of the type, as the host would read it. \p type is one.
 bool isValueOf(const QString& type, const QString& text)
 {
-    const std::optional<toolkit::ValueType> valueType = toolkit::TypeNamed(type);
-    return valueType && !toolkit::CheckText(*valueType, text);
+    const std::optional<ValueType> valueType = TypeNamed(type);
+    return valueType && !CheckText(*valueType, text);
 }
 
-using ParamRows = QVector<const toolkit::ParamInfo*>;
+using ParamRows = QVector<const ParamInfo*>;
 
 /// What an element is, as far as the inspection treats it in its own way.
 enum class Role { Plain, Root, Collection, SnapShot, Section, Folder, Palette, Material, Targets };
@@ -76,7 +79,7 @@ struct Frame {
     QDomElement element;
     QString tag;
     /// What is known of it, if anything.
-    const toolkit::ElementInfo* info = nullptr;
+    const ElementInfo* info = nullptr;
     Role role = Role::Plain;
     /// Of the enclosing section; where presets are told apart by reference name.
     QSet<QString>* refNames = nullptr;
@@ -90,17 +93,17 @@ public:
         : m_document(document)
         , m_surroundings(surroundings)
         , m_vocabulary(Vocabulary::instance())
-        , m_folder(document.folder())
+        , m_folder(document.Folder())
     {
     }
 
     QVector<Finding> run()
     {
-        const QDomElement root = m_document.root();
+        const QDomElement root = m_document.Root();
         Frame frame;
         frame.element = root;
         frame.tag = root.tagName();
-        frame.info = toolkit::FindElement(frame.tag);
+        frame.info = FindElement(frame.tag);
         frame.role = Role::Root;
         m_ordinal = 0;
         inspectRoot(frame);
@@ -125,7 +128,7 @@ private:
     void inspectRoot(const Frame& frame)
     {
         const QDomElement& root = frame.element;
-        if (m_document.kind() == DocumentKind::Unknown)
+        if (m_document.Kind() == DocumentKind::Unknown)
             report(rules::unknownDocument, root, 0,
                    QStringLiteral("The root is \"%1\"").arg(frame.tag));
         const QString version = root.attribute(QStringLiteral("zorvane_version"));
@@ -143,7 +146,7 @@ private:
         if (scale.isEmpty())
             return;
         double number = 0;
-        if (!toolkit::ToNumber(scale, number) || number <= 0)
+        if (!ToNumber(scale, number) || number <= 0)
             report(rules::unitsScale, root, 0,
                    QStringLiteral("The units scale is \"%1\"").arg(scale));
         else
@@ -177,7 +180,7 @@ private:
         QVarLengthArray<QString, 16> params;
         QSet<QString> components;
         bool isBehindOther = false;
-        const ParamRows infos = toolkit::ParamsOf(frame.tag, toolkit::KindOf(frame.element));
+        const ParamRows infos = ParamsOf(frame.tag, KindOf(frame.element));
         for (QDomNode node = frame.element.firstChild(); !node.isNull();
              node = node.nextSibling()) {
             if (!node.isElement()) {
@@ -195,7 +198,7 @@ private:
             Frame next;
             next.element = child;
             next.tag = tag;
-            next.info = toolkit::FindElement(tag);
+            next.info = FindElement(tag);
             next.role = roleOf(next);
             next.refNames = frame.role == Role::Section || frame.role == Role::Folder
                                 ? frame.refNames
@@ -266,7 +269,7 @@ private:
                 inspectSnapShotPicture(element, ordinal);
         }
         const QString image = element.attribute(m_words.xmlImage);
-        if (!image.isEmpty() && !hasPicture(element))
+        if (!image.isEmpty() && !HasEmbeddedPreview(element))
             report(rules::unreadablePreview, element, ordinal,
                    QStringLiteral("The embedded preview cannot be decoded"));
     }
@@ -337,7 +340,7 @@ private:
                              child.tag == QLatin1String("scheme");
         if (!matters)
             return;
-        const QString kind = toolkit::KindOf(child.element);
+        const QString kind = KindOf(child.element);
         // A finish without class is one that nothing was said of yet.
         if (!child.info->kinds.contains(kind) && !(isFinish && kind.isEmpty()))
             report(rules::unknownKind, child.element, ordinal,
@@ -402,15 +405,14 @@ private:
             report(rules::hiddenParam, param, ordinal,
                    QStringLiteral("\"%1\" is hidden behind another child of \"%2\"")
                        .arg(name, owner.tag));
-        const auto info =
-            std::find_if(infos.cbegin(), infos.cend(), [&name](const toolkit::ParamInfo* row) {
-                return row->name == QStringView(name);
-            });
+        const auto info = std::find_if(infos.cbegin(), infos.cend(), [&name](const ParamInfo* row) {
+            return row->name == QStringView(name);
+        });
         const bool isExpected = info != infos.cend();
         if (!isExpected && !infos.isEmpty() && !name.isEmpty())
             report(rules::unknownParam, param, ordinal,
                    QStringLiteral("Unknown parameter \"%1\" of \"%2\"").arg(name, owner.tag));
-        const std::optional<toolkit::ValueType> valueType = toolkit::TypeNamed(type);
+        const std::optional<ValueType> valueType = TypeNamed(type);
         const bool isOfType = !isExpected || valueType == (*info)->type;
         // Most have these three attributes and no others; the rest is looked up where there is
         // more.
@@ -427,11 +429,11 @@ private:
         else if (!isOfType)
             report(rules::wrongType, param, ordinal,
                    QStringLiteral("\"%1\" has type \"%2\" instead of \"%3\"")
-                       .arg(name, type, toolkit::TypeName((*info)->type)));
+                       .arg(name, type, TypeName((*info)->type)));
         else
             inspectValue(param, ordinal, name, *valueType, type, text, hasMore);
         if (int(m_findings.size()) > count && !isOfType)
-            m_findings.last().expectedType = toolkit::TypeName((*info)->type);
+            m_findings.last().expectedType = TypeName((*info)->type);
         if (type == m_words.string && !text.isEmpty() && isTextureParam(owner.tag, name) &&
             !isThere(text))
             report(rules::missingTexture, param, ordinal,
@@ -446,16 +448,15 @@ private:
         Frame frame;
         frame.element = param;
         frame.tag = m_words.param;
-        frame.info = toolkit::FindElement(frame.tag);
+        frame.info = FindElement(frame.tag);
         frame.isInPreset = owner.isInPreset;
         inspectChildren(frame, ordinal);
     }
 
     void inspectValue(const QDomElement& param, int ordinal, const QString& name,
-                      toolkit::ValueType valueType, const QString& type, const QString& text,
-                      bool hasMore)
+                      ValueType valueType, const QString& type, const QString& text, bool hasMore)
     {
-        if (toolkit::CheckText(valueType, text)) {
+        if (CheckText(valueType, text)) {
             const QString message =
                 text.isEmpty() ? QStringLiteral("\"%1\" has no value").arg(name)
                                : QStringLiteral("\"%1\": \"%2\" is no value of type \"%3\"")
@@ -463,7 +464,7 @@ private:
             report(rules::badValue, param, ordinal, message);
             return;
         }
-        if (valueType != toolkit::ValueType::Float || !hasMore)
+        if (valueType != ValueType::Float || !hasMore)
             return;
         const QString lowText = param.attribute(m_words.rangeMin);
         const QString highText = param.attribute(m_words.rangeMax);
@@ -472,18 +473,17 @@ private:
         double value = 0;
         double low = 0;
         double high = 0;
-        toolkit::ToNumber(text, value);
+        ToNumber(text, value);
         if (param.attribute(m_words.prop).contains(QLatin1Char('D')))
             value /= m_unitsScale;
-        const bool hasLow = toolkit::ToNumber(lowText, low);
-        const bool hasHigh = toolkit::ToNumber(highText, high);
+        const bool hasLow = ToNumber(lowText, low);
+        const bool hasHigh = ToNumber(highText, high);
         const auto isLess = [](double a, double b) { return a < b - std::abs(b) * 1e-6; };
         if ((hasLow && isLess(value, low)) || (hasHigh && isLess(high, value)))
             report(rules::outOfRange, param, ordinal,
                    QStringLiteral("\"%1\": %2 is outside of %3 to %4")
-                       .arg(name, toolkit::NumberText(value),
-                            hasLow ? toolkit::NumberText(low) : QStringLiteral("?"),
-                            hasHigh ? toolkit::NumberText(high) : QStringLiteral("?")));
+                       .arg(name, NumberText(value), hasLow ? NumberText(low) : QStringLiteral("?"),
+                            hasHigh ? NumberText(high) : QStringLiteral("?")));
     }
 
     void inspectParamAttributes(const QDomElement& param, int ordinal)
@@ -517,9 +517,9 @@ private:
         const QString type = element.attribute(QStringLiteral("archiveType"));
         QString folder;
         if (type == QLatin1String("Zorvane"))
-            folder = m_surroundings.folders->archives;
+            folder = m_surroundings.folders.archives;
         else if (type == QLatin1String("Custom"))
-            folder = m_surroundings.folders->custom;
+            folder = m_surroundings.folders.custom;
         else
             report(rules::missingArchive, element, ordinal,
                    QStringLiteral("There is no folder of archives of type \"%1\"").arg(type));
@@ -541,14 +541,14 @@ private:
         if (element.attribute(m_words.imgname).isEmpty() ||
             !element.attribute(m_words.xmlImage).isEmpty())
             return;
-        const QString type = m_document.root().attribute(m_words.type);
+        const QString type = m_document.Root().attribute(m_words.type);
         const bool isOfUser = type == QLatin1String("UserArchives");
-        if ((isOfUser ? m_surroundings.folders->custom : m_surroundings.folders->install).isEmpty())
+        if ((isOfUser ? m_surroundings.folders.custom : m_surroundings.folders.install).isEmpty())
             return;
         RVOpenNode node;
         node.SetDomNode(element);
         XMLUtils utils;
-        const QString file = utils.ImagePathFromRVOpenNode(&node, m_surroundings.folders->install) +
+        const QString file = utils.ImagePathFromRVOpenNode(&node, m_surroundings.folders.install) +
                              QLatin1Char('\\') + utils.GetImageName(&node) + QLatin1String(".jpg");
         node.SetDomNode(QDomNode());
         inspectPicture(file, element, ordinal);
@@ -557,7 +557,7 @@ private:
     void inspectSnapShotPicture(const QDomElement& element, int ordinal)
     {
         QString name = element.attribute(m_words.name);
-        const QString folder = m_surroundings.folders->snapshots;
+        const QString folder = m_surroundings.folders.snapshots;
         if (folder.isEmpty() || name.isEmpty())
             return;
         inspectPicture(folder + QLatin1String("/icon_") + XMLUtils::ReplaceIllegalCharacters(name) +
@@ -625,18 +625,48 @@ bool mendOne(const Finding& finding)
 
 } // namespace
 
-QVector<Finding> inspect(const Document& document, const Surroundings& surroundings)
+Surroundings LookAround(const Folders& folders, const std::function<void(const ReadError&)>& failed)
+{
+    Surroundings surroundings;
+    surroundings.folders = folders;
+    for (const QString& file : archivesIn(folders)) {
+        ReadError error;
+        const std::unique_ptr<Document> archive = Document::Read(file, error);
+        if (archive) {
+            forEachPreset(archive->Root(), [&surroundings](const Preset& preset) {
+                surroundings.presets.insert(preset.element.tagName() + QLatin1Char('/') +
+                                            preset.element.attribute(QStringLiteral("refname")));
+            });
+        } else if (failed) {
+            failed(error);
+        }
+    }
+    return surroundings;
+}
+
+QVector<Finding> Inspect(const Document& document, const Surroundings& surroundings)
 {
     QVector<Finding> findings = Inspector(document, surroundings).run();
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.ordinal < b.ordinal; });
     for (Finding& finding : findings)
-        finding.file = document.name();
+        finding.file = document.Name();
     givePlaces(findings, document);
     return findings;
 }
 
-int mend(QVector<Finding>& findings)
+Finding FindingOf(const ReadError& error)
+{
+    Finding finding;
+    finding.rule = &rules::malformedXml;
+    finding.file = error.file;
+    finding.line = error.line;
+    finding.column = error.column;
+    finding.message = error.message;
+    return finding;
+}
+
+int Mend(QVector<Finding>& findings)
 {
     int count = 0;
     for (Finding& finding : findings) {
@@ -646,27 +676,4 @@ int mend(QVector<Finding>& findings)
     return count;
 }
 
-bool isTextureParam(const QString& owner, const QString& name)
-{
-    const toolkit::ParamInfos all = toolkit::AllParams();
-    return std::any_of(all.begin(), all.end(), [&](const toolkit::ParamInfo& info) {
-        return info.content == toolkit::Content::ImageFile && info.element == QStringView(owner) &&
-               info.name == QStringView(name);
-    });
-}
-
-QString findReferenced(const QString& reference, const QString& folder)
-{
-    if (reference.isEmpty() || reference.contains(QChar(0)))
-        return QString();
-    QString native = reference;
-    native.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    for (const QString& candidate : {reference, native}) {
-        const QFileInfo file(QDir(folder), candidate);
-        if (file.isFile())
-            return file.absoluteFilePath();
-    }
-    return QString();
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

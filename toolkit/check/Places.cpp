@@ -3,18 +3,18 @@
 
 #include "Places.h"
 
-#include "Input.h"
-#include "Inspection.h"
-#include "NodePath.h"
+#include "toolkit/edit/Labels.h"
 
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/toolkit/check/Inspection.h>
+#include <rvopen/toolkit/documents/Document.h>
 
 #include <QFile>
 #include <QTextStream>
 
 #include <cstring>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -191,11 +191,11 @@ void givePlaces(QVector<Finding>& findings, const Document& document)
 {
     if (findings.isEmpty())
         return;
-    QFile file(PathToOpen(document.path()));
+    QFile file(PathToOpen(document.Path()));
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
-    Placing(findings, inUtf8(bytes)).run(document.root());
+    Placing(findings, inUtf8(bytes)).run(document.Root());
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

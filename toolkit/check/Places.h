@@ -5,7 +5,7 @@
 
 #include <QVector>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 class Document;
 struct Finding;
@@ -14,4 +14,4 @@ struct Finding;
 /// path.
 void givePlaces(QVector<Finding>& findings, const Document& document);
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Rules.h"
+#include <rvopen/toolkit/check/Rules.h>
 
-namespace rvopen::tools {
+#include "RuleTable.h"
 
-QString severityName(Severity severity)
+namespace rvopen::toolkit {
+
+QString SeverityName(Severity severity)
 {
     switch (severity) {
     case Severity::Note:
@@ -141,18 +143,29 @@ const Rule unreadablePreview = {
 
 } // namespace rules
 
-const Rule* const allRules[] = {
-    &rules::malformedXml,      &rules::unknownDocument,   &rules::newerVersion,
-    &rules::oldCollectionName, &rules::unitsScale,        &rules::unknownElement,
-    &rules::unknownAttribute,  &rules::unknownKind,       &rules::misplacedChild,
-    &rules::repeatedComponent, &rules::ignoredChild,      &rules::missingComponent,
-    &rules::hiddenParam,       &rules::shaderEndsList,    &rules::unknownParam,
-    &rules::paramWithoutName,  &rules::missingType,       &rules::wrongType,
-    &rules::badValue,          &rules::outOfRange,        &rules::duplicateParam,
-    &rules::duplicateName,     &rules::duplicateLinkName, &rules::duplicateRefName,
-    &rules::missingPreset,     &rules::missingArchive,    &rules::missingTexture,
-    &rules::missingThumbnail,  &rules::unreadablePreview,
-};
-const int ruleCount = int(sizeof allRules / sizeof *allRules);
+QVector<const Rule*> AllRules()
+{
+    return {
+        &rules::malformedXml,      &rules::unknownDocument,   &rules::newerVersion,
+        &rules::oldCollectionName, &rules::unitsScale,        &rules::unknownElement,
+        &rules::unknownAttribute,  &rules::unknownKind,       &rules::misplacedChild,
+        &rules::repeatedComponent, &rules::ignoredChild,      &rules::missingComponent,
+        &rules::hiddenParam,       &rules::shaderEndsList,    &rules::unknownParam,
+        &rules::paramWithoutName,  &rules::missingType,       &rules::wrongType,
+        &rules::badValue,          &rules::outOfRange,        &rules::duplicateParam,
+        &rules::duplicateName,     &rules::duplicateLinkName, &rules::duplicateRefName,
+        &rules::missingPreset,     &rules::missingArchive,    &rules::missingTexture,
+        &rules::missingThumbnail,  &rules::unreadablePreview,
+    };
+}
 
-} // namespace rvopen::tools
+const Rule* FindRule(const QString& id)
+{
+    for (const Rule* const rule : AllRules()) {
+        if (id == QLatin1String(rule->id))
+            return rule;
+    }
+    return nullptr;
+}
+
+} // namespace rvopen::toolkit

@@ -3,60 +3,37 @@
 
 #pragma once
 
+#include <rvopen/toolkit/ToolkitExport.h>
+
 #include <QString>
+#include <QVector>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
+/// How much a finding matters: for information, what may surprise, and what goes wrong.
 enum class Severity { Note, Warning, Error };
 
-QString severityName(Severity severity);
+/// "note", "warning" or "error".
+RVOPEN_TOOLKIT_EXPORT QString SeverityName(Severity severity);
 
-/// What check() looks for. Identifiers are stable: programs and people filter by them.
+/// What Inspect() looks for. Identifiers are stable: programs and people filter by them.
 struct Rule {
+    /// What it is called: "bad-value".
     const char* id;
+    /// Of all its findings.
     Severity severity;
     /// One sentence.
     const char* summary;
     /// Why it matters and what to do.
     const char* advice;
-    /// What --fix does about it; null when that would have to guess.
+    /// What Mend() does about it; null when that would have to guess.
     const char* fix;
 };
 
-namespace rules {
-extern const Rule malformedXml;
-extern const Rule unknownDocument;
-extern const Rule newerVersion;
-extern const Rule oldCollectionName;
-extern const Rule unitsScale;
-extern const Rule unknownElement;
-extern const Rule unknownAttribute;
-extern const Rule unknownKind;
-extern const Rule misplacedChild;
-extern const Rule repeatedComponent;
-extern const Rule ignoredChild;
-extern const Rule missingComponent;
-extern const Rule hiddenParam;
-extern const Rule shaderEndsList;
-extern const Rule unknownParam;
-extern const Rule paramWithoutName;
-extern const Rule missingType;
-extern const Rule wrongType;
-extern const Rule badValue;
-extern const Rule outOfRange;
-extern const Rule duplicateParam;
-extern const Rule duplicateName;
-extern const Rule duplicateLinkName;
-extern const Rule duplicateRefName;
-extern const Rule missingPreset;
-extern const Rule missingArchive;
-extern const Rule missingTexture;
-extern const Rule missingThumbnail;
-extern const Rule unreadablePreview;
-} // namespace rules
+/// All of them, in the order in which they are explained; good for as long as the library is
+/// loaded.
+RVOPEN_TOOLKIT_EXPORT QVector<const Rule*> AllRules();
+/// The one of that identifier; null for none.
+RVOPEN_TOOLKIT_EXPORT const Rule* FindRule(const QString& id);
 
-/// All of them, in the order in which they are explained.
-extern const Rule* const allRules[];
-extern const int ruleCount;
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

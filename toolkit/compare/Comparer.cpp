@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Compare.h"
+#include <rvopen/toolkit/compare/Comparer.h>
 
-#include "NodePath.h"
-#include "Values.h"
-#include "Vocabulary.h"
+#include "toolkit/edit/Labels.h"
+#include "toolkit/schema/Vocabulary.h"
 
+#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QHash>
@@ -16,7 +17,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -244,8 +245,8 @@ private:
     {
         const QString oldType = attribute(before, "type");
         const QString newType = attribute(after, "type");
-        const QString old = m_before.text(before);
-        const QString now = m_after.text(after);
+        const QString old = m_before.Text(before);
+        const QString now = m_after.Text(after);
         if (oldType != newType)
             change(after, attributePath(path, QStringLiteral("type")), oldType, newType);
         if (!isEqual(old, now, newType))
@@ -267,7 +268,7 @@ private:
             double x = 0;
             double y = 0;
             // What was written as a number with six digits is no exact multiple of the tolerance.
-            if (!toolkit::ToNumber(first[i], x) || !toolkit::ToNumber(second[i], y) ||
+            if (!ToNumber(first[i], x) || !ToNumber(second[i], y) ||
                 std::abs(x - y) > m_comparison.tolerance * (1 + 1e-9) + std::abs(x) * 1e-12)
                 return false;
         }
@@ -314,9 +315,9 @@ Comparer::Comparer(const Comparison& comparison)
 
 Comparer::~Comparer() = default;
 
-QVector<Difference> Comparer::run(const QDomElement& before, const QDomElement& after)
+QVector<Difference> Comparer::Run(const QDomElement& before, const QDomElement& after)
 {
     return m_engine->run(before, after);
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

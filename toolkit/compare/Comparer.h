@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <rvopen/toolkit/ToolkitExport.h>
+
 #include <QDomElement>
 #include <QString>
 #include <QStringList>
@@ -10,11 +12,14 @@
 
 #include <memory>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
+/// What became of an element or a value from the first document to the second.
 enum class DifferenceKind { Added, Removed, Moved, Changed };
 
+/// One difference between two documents.
 struct Difference {
+    /// What became of it.
     DifferenceKind kind = DifferenceKind::Changed;
     /// Element name.
     QString type;
@@ -22,11 +27,13 @@ struct Difference {
     QString path;
     /// Path in the first document, for what was moved.
     QString from;
-    /// Values, for what was changed.
+    /// The value in the first document, for what was changed.
     QString before;
+    /// The value in the second.
     QString after;
 };
 
+/// How documents are compared.
 struct Comparison {
     /// Numbers that differ by no more are equal.
     double tolerance = 0;
@@ -38,18 +45,21 @@ struct Comparison {
 /// Comments, the order of parameters and attributes, and how a number is written mean nothing.
 ///
 /// One comparer serves two documents, whose units scales are looked up once.
-class Comparer {
+class RVOPEN_TOOLKIT_EXPORT Comparer {
 public:
-    explicit Comparer(const Comparison& comparison);
+    /// For comparisons of that sort.
+    explicit Comparer(const Comparison& comparison = {});
     ~Comparer();
     Comparer(const Comparer&) = delete;
     Comparer& operator=(const Comparer&) = delete;
 
-    QVector<Difference> run(const QDomElement& before, const QDomElement& after);
+    /// What is in \p after and not in \p before, and the other way round. The documents stay as
+    /// they are.
+    QVector<Difference> Run(const QDomElement& before, const QDomElement& after);
 
 private:
     class Engine;
     std::unique_ptr<Engine> m_engine;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

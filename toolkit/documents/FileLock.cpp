@@ -3,15 +3,15 @@
 
 #include "FileLock.h"
 
-#include "Failure.h"
-#include "Interrupts.h"
+#include "Interruption.h"
 
 #include <rvopen/RVOpenPaths.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QFile>
 #include <QFileInfo>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -47,4 +47,4 @@ void FileLock::take(const QString& path)
     m_lock.reset();
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

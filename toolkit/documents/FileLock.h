@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 /// Keeps other runs of the program from changing a file between reading and writing it: a file
 /// beside it, "NAME.lock", which goes at the end. Where the folder takes no file nobody can be kept
@@ -25,4 +25,4 @@ private:
     std::unique_ptr<QLockFile> m_lock;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

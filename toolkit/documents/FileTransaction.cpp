@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "NewFiles.h"
+#include "FileTransaction.h"
 
 #include "FileWriting.h"
-#include "Interrupts.h"
+#include "Interruption.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,7 +19,7 @@
 #include <sys/stat.h>
 #endif
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -44,7 +44,7 @@ QFile::Permissions permissionsOfNewFiles()
 
 } // namespace
 
-NewFiles::~NewFiles()
+FileTransaction::~FileTransaction()
 {
     for (const QString& file : m_files)
         QFile::remove(file);
@@ -52,7 +52,7 @@ NewFiles::~NewFiles()
         QDir().rmdir(folder);
 }
 
-bool NewFiles::makeFolder(const QString& path)
+bool FileTransaction::makeFolder(const QString& path)
 {
     const QFileInfo folder(path);
     if (folder.isDir())
@@ -70,7 +70,7 @@ bool NewFiles::makeFolder(const QString& path)
     return !failure;
 }
 
-bool NewFiles::create(const QByteArray& bytes, const QString& target)
+bool FileTransaction::create(const QByteArray& bytes, const QString& target)
 {
     QTemporaryFile name(QFileInfo(target).absolutePath() + QLatin1String("/.rvopen-XXXXXX.tmp"));
     // A link that leads nowhere is a name that is taken, too.
@@ -95,20 +95,20 @@ bool NewFiles::create(const QByteArray& bytes, const QString& target)
     return true;
 }
 
-bool NewFiles::copy(const QString& source, const QString& target)
+bool FileTransaction::copy(const QString& source, const QString& target)
 {
     QByteArray bytes;
     m_problem = QStringLiteral("it could not be read");
     return readWhole(source, bytes) && create(bytes, target);
 }
 
-void NewFiles::keep()
+void FileTransaction::keep()
 {
     m_files.clear();
     m_folders.clear();
 }
 
-QString NewFiles::problem() const
+QString FileTransaction::problem() const
 {
     return m_problem;
 }
@@ -140,4 +140,4 @@ bool haveSameBytes(const QString& a, const QString& b)
     }
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

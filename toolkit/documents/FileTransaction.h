@@ -7,16 +7,16 @@
 #include <QString>
 #include <QStringList>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
-/// Files that one command makes. Unless keep() is called they are removed again at the end, with
+/// Files that are made together. Unless keep() is called they are removed again at the end, with
 /// the folders that were made for them: all or nothing.
-class NewFiles {
+class FileTransaction {
 public:
-    NewFiles() = default;
-    ~NewFiles();
-    NewFiles(const NewFiles&) = delete;
-    NewFiles& operator=(const NewFiles&) = delete;
+    FileTransaction() = default;
+    ~FileTransaction();
+    FileTransaction(const FileTransaction&) = delete;
+    FileTransaction& operator=(const FileTransaction&) = delete;
 
     /// Makes the folder and those above it as far as they are missing. False when it cannot,
     /// problem() says why.
@@ -43,4 +43,4 @@ bool readWhole(const QString& path, QByteArray& bytes);
 /// Whether both files have the same bytes.
 bool haveSameBytes(const QString& a, const QString& b);
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -3,11 +3,11 @@
 
 #include "FileWriting.h"
 
-#include "Failure.h"
-#include "Interrupts.h"
+#include "Interruption.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <QFile>
 
@@ -22,7 +22,7 @@
 #include <unistd.h>
 #endif
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -119,4 +119,4 @@ void writeOrFail(const QByteArray& bytes, const QString& path)
         throw Failure(QStringLiteral("\"%1\": %2").arg(path, problem));
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -8,7 +8,7 @@
 
 class QDomDocument;
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 /// Makes the bytes the content of the file, which no signal interrupts unless it is a named pipe.
 /// One that nobody reads gets some seconds for somebody to come. Empty when it was written, else
@@ -21,4 +21,4 @@ QString problemOfWriting(const QDomDocument& document, int indent, const QString
 /// The same; throws a Failure that names the file.
 void writeOrFail(const QByteArray& bytes, const QString& path);
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

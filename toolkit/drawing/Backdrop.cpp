@@ -10,7 +10,7 @@
 
 #include <QImage>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -210,4 +210,4 @@ Rgb landscape(const Point& point, double aspect)
     return mixed(colour, fromHex(0x55735a), edge(front));
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -12,7 +12,7 @@ namespace rvopen {
 class Background;
 }
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// What stands behind a model.
 struct Backdrop {
@@ -59,4 +59,4 @@ void drawBackdrop(Raster& raster, const Backdrop& backdrop);
 /// Hills before a sky, for an image that is not there.
 Rgb landscape(const Point& point, double aspect);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

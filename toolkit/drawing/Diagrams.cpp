@@ -6,7 +6,7 @@
 #include <rvopen/Foreground.h>
 #include <rvopen/Scheme.h>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -434,4 +434,4 @@ void drawMist(Raster& raster, const Mist& mist)
                  through(fromHex(0x5b4634), tree.distance));
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -13,7 +13,7 @@ class Foreground;
 class Scheme;
 } // namespace rvopen
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// Mist as documents have it, in scene units; off for any other foreground.
 Mist readMist(Foreground* foreground);
@@ -36,4 +36,4 @@ void drawScheme(Raster& raster, SchemeKind kind, const Backdrop& backdrop);
 /// Trees at 5 to 500 scene units in the mist.
 void drawMist(Raster& raster, const Mist& mist);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -28,7 +28,7 @@
 #include <future>
 #include <thread>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -50,7 +50,7 @@ QDomElement freeCopy(const QDomElement& element)
     return copy;
 }
 
-QImage surfacePicture(const Surface& surface, const Wish& wish)
+QImage surfacePicture(const Surface& surface, const PictureWish& wish)
 {
     Raster raster(wish.size, wish.size);
     Scene scene = studio(surface);
@@ -66,7 +66,7 @@ QImage surfacePicture(const Surface& surface, const Wish& wish)
 }
 
 /// What draws one kind of element.
-using Prepare = Draw (*)(const QDomElement&, const Wish&, TextureReader&);
+using Prepare = Draw (*)(const QDomElement&, const PictureWish&, TextureReader&);
 
 /// Binds a library object of the kind to a copy of the element.
 template <class Node>
@@ -94,7 +94,7 @@ private:
 
 /// A picture of the surface that the reader makes of the library's object.
 template <class Node, Surface (SurfaceReader::*read)(Node*)>
-Draw surfaceDrawing(const QDomElement& element, const Wish& wish, TextureReader& textures)
+Draw surfaceDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
     Bound<Node> node(element);
     const Surface surface = (SurfaceReader(textures).*read)(node.get());
@@ -103,7 +103,7 @@ Draw surfaceDrawing(const QDomElement& element, const Wish& wish, TextureReader&
 
 /// A picture of \p width to \p height that \p paint fills.
 template <class Paint>
-Draw painted(const Wish& wish, const Paint& paint, int width = 1, int height = 1)
+Draw painted(const PictureWish& wish, const Paint& paint, int width = 1, int height = 1)
 {
     return [wish, paint, width, height] {
         Raster raster(wish.size, std::max(wish.size * height / width, 1));
@@ -112,7 +112,7 @@ Draw painted(const Wish& wish, const Paint& paint, int width = 1, int height = 1
     };
 }
 
-Draw backgroundDrawing(const QDomElement& element, const Wish& wish, TextureReader& textures)
+Draw backgroundDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
     Bound<Background> node(element);
     return painted(wish, [backdrop = readBackdrop(node.get(), textures)](Raster& raster) {
@@ -120,26 +120,26 @@ Draw backgroundDrawing(const QDomElement& element, const Wish& wish, TextureRead
     });
 }
 
-Draw foregroundDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw foregroundDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<Foreground> node(element);
     return painted(wish, [mist = readMist(node.get())](Raster& raster) { drawMist(raster, mist); });
 }
 
-Draw lightDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw lightDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<NaturalLightStudio> node(element);
     return painted(wish, [sun = readSun(node.get())](Raster& raster) { drawSky(raster, sun); });
 }
 
-Draw cameraDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw cameraDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<Camera> node(element);
     return painted(
         wish, [camera = readCamera(node.get())](Raster& raster) { drawCamera(raster, camera); });
 }
 
-Draw lensDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw lensDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<Lens> node(element);
     float angle = 45;
@@ -148,7 +148,7 @@ Draw lensDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
     return painted(wish, [degrees](Raster& raster) { drawAngle(raster, degrees); });
 }
 
-Draw aspectDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw aspectDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<AspectRatio> node(element);
     float ratio = 1;
@@ -156,7 +156,7 @@ Draw aspectDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
     return painted(wish, [ratio](Raster& raster) { drawAspectRatio(raster, double(ratio)); });
 }
 
-Draw orientationDrawing(const QDomElement& element, const Wish& wish, TextureReader&)
+Draw orientationDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
 {
     Bound<AspectRatioOrient> node(element);
     int isPortrait = 0;
@@ -164,7 +164,7 @@ Draw orientationDrawing(const QDomElement& element, const Wish& wish, TextureRea
     return painted(wish, [isPortrait](Raster& raster) { drawOrientation(raster, isPortrait); });
 }
 
-Draw schemeDrawing(const QDomElement& element, const Wish& wish, TextureReader& textures)
+Draw schemeDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
     Bound<Scheme> node(element);
     const SchemeKind kind = schemeKind(*node.get());
@@ -173,7 +173,7 @@ Draw schemeDrawing(const QDomElement& element, const Wish& wish, TextureReader& 
 }
 
 /// Pictures of snapshots are as wide as photographs.
-Draw snapShotDrawing(const QDomElement& element, const Wish& wish, TextureReader& textures)
+Draw snapShotDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
     SnapShot snapShot(freeCopy(element));
     return painted(
@@ -212,7 +212,7 @@ bool isDrawable(const QDomElement& element)
     return prepareFor(element.tagName()) != nullptr;
 }
 
-Draw drawingOf(const QDomElement& element, const Wish& wish, TextureReader& textures)
+Draw drawingOf(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
     const Prepare prepare = prepareFor(element.tagName());
     return prepare ? prepare(element, wish, textures) : Draw();
@@ -237,4 +237,4 @@ std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)
     return images;
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -5,7 +5,7 @@
 
 #include <array>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -91,4 +91,4 @@ Rgb afterGlass(const Rgb& colour, double part)
     return {channel(colour.x), channel(colour.y), channel(colour.z)};
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -5,7 +5,7 @@
 
 #include "Vec.h"
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// \name How finely scenes are sampled
 /// @{
@@ -46,4 +46,4 @@ bool refracted(const Vec& direction, const Vec& normal, double ratio, Vec& resul
 /// ball or the thickness of a plate. The whole of it shows the colour as it is.
 Rgb afterGlass(const Rgb& colour, double part);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

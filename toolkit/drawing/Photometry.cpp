@@ -8,7 +8,7 @@
 #include <rvopen/Finish.h>
 #include <rvopen/ParamHelper.h>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 double luminanceOf(double flux, double area)
 {
@@ -26,4 +26,4 @@ double luminanceOf(Finish* finish)
     return luminanceOf(double(flux), double(area));
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -7,7 +7,7 @@ namespace rvopen {
 class Finish;
 }
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// Luminance of a surface that gives \p flux in lumen off evenly from \p area in square metres, in
 /// candela per square metre. 0 without light or area.
@@ -16,4 +16,4 @@ double luminanceOf(double flux, double area);
 /// That of an object with the finish.
 double luminanceOf(Finish* finish);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -3,7 +3,7 @@
 
 #include "Raster.h"
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -246,4 +246,4 @@ Polygon arc(const Point& centre, double radius, double from, double to)
     return points;
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

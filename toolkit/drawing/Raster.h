@@ -10,7 +10,7 @@
 #include <functional>
 #include <vector>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// \name Transfer function of sRGB (IEC 61966-2-1)
 /// @{
@@ -77,4 +77,4 @@ Polygon circle(const Point& centre, double radius);
 /// A part of a circle from one angle to another in degrees, clockwise from the right.
 Polygon arc(const Point& centre, double radius, double from, double to);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

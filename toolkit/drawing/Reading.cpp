@@ -4,6 +4,7 @@
 #include "Reading.h"
 
 #include "Raster.h"
+#include "toolkit/images/ImageFiles.h"
 
 #include <rvopen/Bump.h>
 #include <rvopen/Colour.h>
@@ -17,16 +18,13 @@
 #include <rvopen/Transparency.h>
 
 #include <QImage>
-#include <QImageReader>
 
 #include <utility>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
-constexpr int s_maxSide = 8192;
-constexpr qint64 s_maxPixels = 16 * 1024 * 1024;
 /// Textures that are kept for the next one that uses them.
 constexpr int s_maxKnown = 16;
 /// Base materials of base materials that are looked at.
@@ -135,18 +133,6 @@ Mapping mappingOf(ShaderMap* map)
 }
 
 } // namespace
-
-QImage readImage(const QString& path)
-{
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    // A format that does not tell its size before it is decoded cannot be bounded.
-    const QSize size = reader.size();
-    if (size.isEmpty() || size.width() > s_maxSide || size.height() > s_maxSide ||
-        qint64(size.width()) * size.height() > s_maxPixels)
-        return QImage();
-    return reader.read();
-}
 
 TextureReader::TextureReader(FindFile find)
     : m_find(std::move(find))
@@ -361,4 +347,4 @@ Paint SurfaceReader::paintOf(ShaderColour* shader, TextureUse use,
     return paint;
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -5,11 +5,12 @@
 
 #include "Surface.h"
 
+#include <rvopen/toolkit/drawing/Picture.h>
+
 #include <QHash>
 #include <QPair>
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 namespace rvopen {
@@ -21,14 +22,7 @@ class ShaderColour;
 class Transparency;
 } // namespace rvopen
 
-namespace rvopen::drawing {
-
-/// The file that a document's reference means; empty when it is not there.
-using FindFile = std::function<QString(const QString& reference)>;
-
-/// The image in a file, which comes from anywhere: beyond 8192 pixels a side or 16 million pixels
-/// it is not decoded. Null then.
-QImage readImage(const QString& path);
+namespace rvopen::toolkit::drawing {
 
 /// Images that documents refer to.
 class TextureReader {
@@ -76,4 +70,4 @@ private:
     TextureReader& m_textures;
 };
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

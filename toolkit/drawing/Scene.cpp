@@ -5,7 +5,7 @@
 
 #include "Optics.h"
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -274,4 +274,4 @@ Rgb Scene::groundSeen(const Vec& point, bool isExact) const
     return mixed(lit, groundFadesInto, smoothStep(groundFadesFrom, groundFadesTo, away));
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -11,7 +11,7 @@
 #include <functional>
 #include <vector>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// A ball with a material. Images are laid on it around the point that faces the camera, where they
 /// are not distorted.
@@ -130,4 +130,4 @@ private:
     double m_pixel = 0;
 };
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

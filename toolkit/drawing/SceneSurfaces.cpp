@@ -1,11 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
+#include "Optics.h"
 #include "Scene.h"
 
-#include "Optics.h"
-
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -285,4 +284,4 @@ Rgb Scene::emission(const Surface& surface)
     return light > 0 ? surface.factors.lightColour * (1.3 * light / (light + 0.3)) : Rgb();
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -7,7 +7,7 @@
 
 #include <rvopen/NaturalLightStudio.h>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -172,4 +172,4 @@ void drawSky(Raster& raster, const Sun& sun)
     raster.disc(centre, 0.016, pale);
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

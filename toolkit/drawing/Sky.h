@@ -9,7 +9,7 @@ namespace rvopen {
 class NaturalLightStudio;
 }
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// Where the sun stands, in degrees: azimuth from north clockwise.
 struct Sun {
@@ -30,4 +30,4 @@ Rgb clearSky(const Vec& direction, const Sun& sun);
 /// The sky all around, south in the middle, with the sun in it, and below a compass with its ray.
 void drawSky(Raster& raster, const Sun& sun);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -14,7 +14,7 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -325,4 +325,4 @@ void drawSnapShot(Raster& raster, const SnapShotValues& values)
     raster.rollOff();
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

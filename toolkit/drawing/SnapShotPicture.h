@@ -16,7 +16,7 @@ namespace rvopen {
 class SnapShot;
 }
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// What a snapshot's picture shows of it.
 struct SnapShotValues {
@@ -52,4 +52,4 @@ Scene snapShotScene(const SnapShotValues& values, double aspect);
 /// The scene; what has only a camera or a background is drawn as that.
 void drawSnapShot(Raster& raster, const SnapShotValues& values);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

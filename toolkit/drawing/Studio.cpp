@@ -3,7 +3,7 @@
 
 #include "Studio.h"
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -72,4 +72,4 @@ Ball studioBall(const Surface& surface)
     return ball;
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

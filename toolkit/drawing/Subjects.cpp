@@ -1,35 +1,35 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Subjects.h"
+#include <rvopen/toolkit/drawing/Subjects.h>
 
-#include "Input.h"
-#include "Inspection.h"
-#include "NodePath.h"
-#include "Presets.h"
-#include "Session.h"
+#include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Placement.h"
+#include "toolkit/images/ReferencedTextures.h"
 
-#include "drawing/Drawing.h"
+#include <rvopen/toolkit/documents/Document.h>
+#include <rvopen/toolkit/documents/Folders.h>
+#include <rvopen/toolkit/edit/NodePath.h>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
-QVector<Subject> subjectsOf(const Document& document)
+QVector<Subject> SubjectsOf(const Document& document)
 {
     QVector<Subject> subjects;
-    if (document.kind() != DocumentKind::SnapShots) {
-        forEachPreset(document.root(), [&](const Preset& preset) {
-            if (!drawing::isDrawable(preset.element))
+    if (document.Kind() != DocumentKind::SnapShots) {
+        forEachPreset(document.Root(), [&](const Preset& preset) {
+            if (!IsDrawable(preset.element))
                 return;
-            const QDomElement section = document.root().firstChildElement(preset.section);
+            const QDomElement section = document.Root().firstChildElement(preset.section);
             const QString title = section.attribute(QStringLiteral("name"), preset.section);
             subjects.append(
-                {preset.element, preset.path, identityOf(preset.element),
+                {preset.element, preset.path, IdentityOf(preset.element),
                  preset.folder.isEmpty() ? title : title + QLatin1String(" / ") + preset.folder});
         });
         return subjects;
     }
     Labels labels;
-    for (QDomElement collection = document.root().firstChildElement(); !collection.isNull();
+    for (QDomElement collection = document.Root().firstChildElement(); !collection.isNull();
          collection = collection.nextSiblingElement()) {
         const QString path = labels.next(collection);
         if (collection.tagName() != QLatin1String("snapshots"))
@@ -38,18 +38,18 @@ QVector<Subject> subjectsOf(const Document& document)
         for (QDomElement member = collection.firstChildElement(); !member.isNull();
              member = member.nextSiblingElement()) {
             const QString label = members.next(member);
-            if (drawing::isDrawable(member))
+            if (IsDrawable(member))
                 subjects.append(
-                    {member, joined(path, label), identityOf(member), identityOf(collection)});
+                    {member, joined(path, label), IdentityOf(member), IdentityOf(collection)});
         }
     }
     return subjects;
 }
 
-QVector<Subject> paletteSubjects(const Document& document)
+QVector<Subject> PaletteSubjects(const Document& document)
 {
     QVector<Subject> subjects;
-    walk(document.root(), QString(), [&](const QDomElement& element, const QString& path) {
+    Walk(document.Root(), QString(), [&](const QDomElement& element, const QString& path) {
         const QString tag = element.tagName();
         if (tag == QLatin1String("snapshots"))
             return element.attribute(QStringLiteral("name")) ==
@@ -59,9 +59,9 @@ QVector<Subject> paletteSubjects(const Document& document)
         if (tag == QLatin1String("material") &&
             element.parentNode().nodeName() == QLatin1String("materialRepository")) {
             const QDomElement owner = element.parentNode().parentNode().toElement();
-            subjects.append({element, path, identityOf(element),
+            subjects.append({element, path, IdentityOf(element),
                              owner.parentNode().nodeName() == QLatin1String("snapshots")
-                                 ? QStringLiteral("Palette of ") + identityOf(owner)
+                                 ? QStringLiteral("Palette of ") + IdentityOf(owner)
                                  : QStringLiteral("Current palette")});
         }
         return false;
@@ -69,9 +69,9 @@ QVector<Subject> paletteSubjects(const Document& document)
     return subjects;
 }
 
-drawing::FindFile textureFinder(const Document& document, const Folders& folders)
+FindFile TextureFinder(const Document& document, const Folders& folders)
 {
-    const QStringList places{document.folder(), folders.install, folders.archives, folders.custom};
+    const QStringList places{document.Folder(), folders.install, folders.archives, folders.custom};
     return [places](const QString& reference) {
         for (const QString& folder : places) {
             const QString file = folder.isEmpty() ? QString() : findReferenced(reference, folder);
@@ -82,4 +82,4 @@ drawing::FindFile textureFinder(const Document& document, const Folders& folders
     };
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -9,7 +9,7 @@
 
 #include <array>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -271,4 +271,4 @@ double Surface::largestImage() const
     return largest;
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -13,7 +13,7 @@
 
 class QImage;
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// One picture element of a texture.
 struct Texel {
@@ -128,4 +128,4 @@ struct Surface {
     double largestImage() const;
 };
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

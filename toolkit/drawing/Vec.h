@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 inline constexpr double Pi = 3.14159265358979323846;
 
@@ -144,4 +144,4 @@ struct Frame {
     }
 };
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

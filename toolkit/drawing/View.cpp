@@ -10,7 +10,7 @@
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/SnapShotSettings.h>
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 namespace {
 
@@ -211,4 +211,4 @@ unsigned int applyLens(Lens* lens, Camera* camera)
     return field->SetValFloat(angle);
 }
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

@@ -11,7 +11,7 @@ class Lens;
 class SnapShotSettings;
 } // namespace rvopen
 
-namespace rvopen::drawing {
+namespace rvopen::toolkit::drawing {
 
 /// How a model stands: up and north at right angles, of the length 1.
 struct Orientation {
@@ -102,4 +102,4 @@ double fittingDistance(double radius, double angle, double aspect, bool isParall
 /// the lens has no angle or the camera no "Field Of View".
 unsigned int applyLens(Lens* lens, Camera* camera);
 
-} // namespace rvopen::drawing
+} // namespace rvopen::toolkit::drawing

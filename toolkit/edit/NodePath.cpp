@@ -1,50 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "NodePath.h"
+#include <rvopen/toolkit/edit/NodePath.h>
 
-#include "Failure.h"
+#include "Labels.h"
 
-namespace rvopen::tools {
+#include <rvopen/toolkit/documents/Failure.h>
+
+namespace rvopen::toolkit {
 
 namespace {
 
 const QLatin1Char s_escape('\\');
 
-QString escaped(const QString& text, const char* special)
-{
-    QString result;
-    for (const QChar c : text) {
-        if (c == s_escape || QLatin1String(special).contains(c))
-            result += s_escape;
-        if (c == QLatin1Char('\n'))
-            result += QLatin1String("\\n");
-        else if (c == QLatin1Char('\t'))
-            result += QLatin1String("\\t");
-        else
-            result += c;
-    }
-    return result;
-}
-
-QString labelOf(const QDomElement& element)
-{
-    if (isParam(element))
-        return QLatin1Char(':') + escaped(element.attribute(QStringLiteral("name")), "/:@#=");
-    const QString identity = identityOf(element);
-    if (identity.isEmpty())
-        return element.tagName();
-    return element.tagName() + QLatin1Char('[') + escaped(identity, "]") + QLatin1Char(']');
-}
-
 } // namespace
 
-bool isParam(const QDomElement& element)
-{
-    return element.tagName() == QLatin1String("param");
-}
-
-QString identityOf(const QDomElement& element)
+QString IdentityOf(const QDomElement& element)
 {
     for (const auto& attribute :
          {QStringLiteral("name"), QStringLiteral("refname"), QStringLiteral("linkname")}) {
@@ -55,26 +26,7 @@ QString identityOf(const QDomElement& element)
     return QString();
 }
 
-QString Labels::next(const QDomElement& child)
-{
-    const QString label = labelOf(child);
-    const int count = ++m_counts[label];
-    return count == 1 ? label : label + QLatin1Char('#') + QString::number(count);
-}
-
-QString joined(const QString& parentPath, const QString& label)
-{
-    if (parentPath.isEmpty() || label.startsWith(QLatin1Char(':')))
-        return parentPath + label;
-    return parentPath + QLatin1Char('/') + label;
-}
-
-QString attributePath(const QString& path, const QString& attribute)
-{
-    return path + QLatin1Char('@') + attribute;
-}
-
-QString pathOf(const QDomElement& element)
+QString PathOf(const QDomElement& element)
 {
     const QDomElement parent = element.parentNode().toElement();
     if (parent.isNull())
@@ -84,12 +36,12 @@ QString pathOf(const QDomElement& element)
          child = child.nextSiblingElement()) {
         const QString label = labels.next(child);
         if (child == element)
-            return joined(pathOf(parent), label);
+            return joined(PathOf(parent), label);
     }
     return QString();
 }
 
-void walk(const QDomElement& parent, const QString& parentPath,
+void Walk(const QDomElement& parent, const QString& parentPath,
           const std::function<bool(const QDomElement&, const QString&)>& visit)
 {
     Labels labels;
@@ -97,7 +49,7 @@ void walk(const QDomElement& parent, const QString& parentPath,
          child = child.nextSiblingElement()) {
         const QString path = joined(parentPath, labels.next(child));
         if (visit(child, path))
-            walk(child, path, visit);
+            Walk(child, path, visit);
     }
 }
 
@@ -205,8 +157,8 @@ bool PathPattern::matches(const Segment& segment, const QDomElement& element,
 
 /// \p reached: how many segments the elements down to \p parent have matched, in every way that
 /// they can.
-void PathPattern::find(const QDomElement& parent, const QString& parentPath,
-                       const QVector<int>& reached, QVector<Match>& matches) const
+void PathPattern::descend(const QDomElement& parent, const QString& parentPath,
+                          const QVector<int>& reached, QVector<Match>& matches) const
 {
     Labels labels;
     for (QDomElement child = parent.firstChildElement(); !child.isNull();
@@ -228,48 +180,28 @@ void PathPattern::find(const QDomElement& parent, const QString& parentPath,
         if (!m_isAnchored)
             next.append(0);
         if (!next.isEmpty())
-            find(child, path, next, matches);
+            descend(child, path, next, matches);
     }
 }
 
-QVector<PathPattern::Match> PathPattern::find(const QDomElement& root) const
+QVector<PathPattern::Match> PathPattern::Find(const QDomElement& root) const
 {
     QVector<Match> matches;
     if (m_segments.isEmpty())
         matches.append({root, QString()});
     else
-        find(root, QString(), {0}, matches);
+        descend(root, QString(), {0}, matches);
     return matches;
 }
 
-QString PathPattern::attribute() const
+QString PathPattern::Attribute() const
 {
     return m_attribute;
 }
 
-QString PathPattern::text() const
+QString PathPattern::Text() const
 {
     return m_text;
 }
 
-bool splitAssignment(const QString& text, QString& path, QString& value)
-{
-    bool isInBrackets = false;
-    for (int i = 0; i < int(text.size()); ++i) {
-        const QChar c = text[i];
-        if (c == s_escape)
-            ++i;
-        else if (c == QLatin1Char('[') && !isInBrackets)
-            isInBrackets = true;
-        else if (c == QLatin1Char(']'))
-            isInBrackets = false;
-        else if (c == QLatin1Char('=') && !isInBrackets) {
-            path = text.left(i);
-            value = text.mid(i + 1);
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -3,14 +3,15 @@
 
 #pragma once
 
+#include <rvopen/toolkit/ToolkitExport.h>
+
 #include <QDomElement>
-#include <QHash>
 #include <QString>
 #include <QVector>
 
 #include <functional>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 /// \name Readable paths
 /// Elements are "kind" or "kind[name]", joined by "/"; the second with the same text is "...#2". A
@@ -19,47 +20,40 @@ namespace rvopen::tools {
 /// named. A backslash takes the meaning from the character after it.
 /// @{
 
-bool isParam(const QDomElement& element);
-/// "name", else "refname", else "linkname".
-QString identityOf(const QDomElement& element);
+/// What an element is told by: its "name", else its "refname", else its "linkname".
+RVOPEN_TOOLKIT_EXPORT QString IdentityOf(const QDomElement& element);
 
-/// The texts of the children of one element, asked for in document order.
-class Labels {
-public:
-    QString next(const QDomElement& child);
-
-private:
-    QHash<QString, int> m_counts;
-};
-
-QString joined(const QString& parentPath, const QString& label);
-QString attributePath(const QString& path, const QString& attribute);
-/// One element alone; for many, walk with Labels.
-QString pathOf(const QDomElement& element);
+/// The path of one element alone; for many, Walk() is quicker.
+RVOPEN_TOOLKIT_EXPORT QString PathOf(const QDomElement& element);
 
 /// Calls \p visit for each element below \p parent in document order, with its path; where it
 /// answers false what is below the element is left out.
-void walk(const QDomElement& parent, const QString& parentPath,
-          const std::function<bool(const QDomElement&, const QString&)>& visit);
+RVOPEN_TOOLKIT_EXPORT void
+Walk(const QDomElement& parent, const QString& parentPath,
+     const std::function<bool(const QDomElement&, const QString&)>& visit);
 
 /// A path as the user wrote it. Without a leading "/" it may start at any element; "*" as kind or
 /// name takes any, a kind without brackets any name. What stands in brackets is the name, the
 /// reference name or the link name.
-class PathPattern {
+class RVOPEN_TOOLKIT_EXPORT PathPattern {
 public:
     /// Throws a Failure when the text is no path.
     explicit PathPattern(const QString& text);
 
+    /// What a path fits.
     struct Match {
+        /// In the document.
         QDomElement element;
+        /// As PathOf() has it.
         QString path;
     };
-    /// In document order.
-    QVector<Match> find(const QDomElement& root) const;
+    /// What it fits below the root, or the root itself for an attribute alone, in document order.
+    QVector<Match> Find(const QDomElement& root) const;
 
-    /// Empty without.
-    QString attribute() const;
-    QString text() const;
+    /// The attribute at its end; empty without.
+    QString Attribute() const;
+    /// As the user wrote it.
+    QString Text() const;
 
 private:
     struct Segment {
@@ -72,17 +66,14 @@ private:
 
     void parse();
     bool matches(const Segment& segment, const QDomElement& element, const QString& label) const;
-    void find(const QDomElement& parent, const QString& parentPath, const QVector<int>& reached,
-              QVector<Match>& matches) const;
+    void descend(const QDomElement& parent, const QString& parentPath, const QVector<int>& reached,
+                 QVector<Match>& matches) const;
 
     QString m_text;
     bool m_isAnchored = false;
     QVector<Segment> m_segments;
     QString m_attribute;
 };
-
-/// Splits "path=value" at the first "=" that is no part of a name; false when there is none.
-bool splitAssignment(const QString& text, QString& path, QString& value);
 /// @}
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

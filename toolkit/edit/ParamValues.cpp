@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Values.h"
+#include <rvopen/toolkit/edit/ParamValues.h>
+
+#include "TypedText.h"
 
 #include <rvopen/toolkit/schema/ValueText.h>
 
-#include <QJsonArray>
 #include <QRegularExpression>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -19,15 +20,14 @@ QString name(const QDomElement& element, const char* attribute)
 
 QString tripleText(const float (&triple)[3])
 {
-    return toolkit::NumberText(double(triple[0])) + QLatin1Char(' ') +
-           toolkit::NumberText(double(triple[1])) + QLatin1Char(' ') +
-           toolkit::NumberText(double(triple[2]));
+    return NumberText(double(triple[0])) + QLatin1Char(' ') + NumberText(double(triple[1])) +
+           QLatin1Char(' ') + NumberText(double(triple[2]));
 }
 
 /// A float as the number that it was written as.
 double plain(float value)
 {
-    return toolkit::NumberText(double(value)).toDouble();
+    return NumberText(double(value)).toDouble();
 }
 
 bool isTriple(const Param& param)
@@ -56,14 +56,13 @@ QString outsideRange(const QDomElement& param, double value)
 {
     double low = 0;
     double high = 0;
-    const bool hasLow = toolkit::ToNumber(name(param, "rangeMin"), low);
-    const bool hasHigh = toolkit::ToNumber(name(param, "rangeMax"), high);
+    const bool hasLow = ToNumber(name(param, "rangeMin"), low);
+    const bool hasHigh = ToNumber(name(param, "rangeMax"), high);
     if ((!hasLow || value >= low) && (!hasHigh || value <= high))
         return QString();
     return QStringLiteral("%1 is outside of %2 to %3")
-        .arg(toolkit::NumberText(value),
-             hasLow ? toolkit::NumberText(low) : QStringLiteral("-infinity"),
-             hasHigh ? toolkit::NumberText(high) : QStringLiteral("infinity"));
+        .arg(NumberText(value), hasLow ? NumberText(low) : QStringLiteral("-infinity"),
+             hasHigh ? NumberText(high) : QStringLiteral("infinity"));
 }
 
 } // namespace
@@ -76,14 +75,14 @@ ParamValues::~ParamValues()
     m_param.SetDomNode(QDomNode());
 }
 
-QString ParamValues::text(const QDomElement& param)
+QString ParamValues::Text(const QDomElement& param)
 {
     m_param.SetDomNode(param);
     float number = 0;
     int integer = 0;
     float triple[3] = {};
     if (m_param.IsFloat())
-        return m_param.GetValFloat(&number) == 0 ? toolkit::NumberText(double(number)) : QString();
+        return m_param.GetValFloat(&number) == 0 ? NumberText(double(number)) : QString();
     if (m_param.IsInt())
         return m_param.GetValInt(&integer) == 0 ? QString::number(integer) : QString();
     if (m_param.IsBool()) {
@@ -96,27 +95,27 @@ QString ParamValues::text(const QDomElement& param)
     return name(param, "val");
 }
 
-QJsonValue ParamValues::json(const QDomElement& param)
+QVariant ParamValues::Value(const QDomElement& param)
 {
     m_param.SetDomNode(param);
     float number = 0;
     int integer = 0;
     float triple[3] = {};
     if (m_param.IsFloat())
-        return m_param.GetValFloat(&number) == 0 ? QJsonValue(plain(number)) : QJsonValue();
+        return m_param.GetValFloat(&number) == 0 ? QVariant(plain(number)) : QVariant();
     if (m_param.IsInt())
-        return m_param.GetValInt(&integer) == 0 ? QJsonValue(integer) : QJsonValue();
+        return m_param.GetValInt(&integer) == 0 ? QVariant(integer) : QVariant();
     if (m_param.IsBool())
-        return m_param.GetValBool(&integer) == 0 ? QJsonValue(integer != 0) : QJsonValue();
+        return m_param.GetValBool(&integer) == 0 ? QVariant(integer != 0) : QVariant();
     if (isTriple(m_param)) {
         if (getTriple(m_param, triple) != 0)
-            return QJsonValue();
-        return QJsonArray{plain(triple[0]), plain(triple[1]), plain(triple[2])};
+            return QVariant();
+        return QVariantList{plain(triple[0]), plain(triple[1]), plain(triple[2])};
     }
     return name(param, "val");
 }
 
-QString ParamValues::check(const QDomElement& param, const QString& text)
+QString ParamValues::Check(const QDomElement& param, const QString& text)
 {
     m_param.SetDomNode(param);
     const QString type = name(param, "type");
@@ -126,9 +125,9 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
     float triple[3] = {};
     const QString wrong = QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, type);
     if (m_param.IsFloat())
-        return toolkit::ToNumber(text, number) ? outsideRange(param, number) : wrong;
+        return ToNumber(text, number) ? outsideRange(param, number) : wrong;
     if (m_param.IsInt())
-        return toolkit::ToInteger(text, integer) ? outsideRange(param, integer) : wrong;
+        return ToInteger(text, integer) ? outsideRange(param, integer) : wrong;
     if (m_param.IsBool())
         return toBoolean(text, truth) ? QString() : wrong;
     if (isTriple(m_param)) {
@@ -137,9 +136,8 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
         return isGood ? QString() : wrong;
     }
     if (m_param.IsString()) {
-        return toolkit::IsXmlText(text)
-                   ? QString()
-                   : QStringLiteral("it has a character that no document may contain");
+        return IsXmlText(text) ? QString()
+                               : QStringLiteral("it has a character that no document may contain");
     }
     if (m_param.IsShader()) {
         return text == QLatin1String("colour")
@@ -149,16 +147,16 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
     return QStringLiteral("the parameter has no type that the host knows");
 }
 
-void ParamValues::set(const QDomElement& param, const QString& text)
+void ParamValues::Set(const QDomElement& param, const QString& text)
 {
     m_param.SetDomNode(param);
     double number = 0;
     int integer = 0;
     bool truth = false;
     float triple[3] = {};
-    if (m_param.IsFloat() && toolkit::ToNumber(text, number)) {
+    if (m_param.IsFloat() && ToNumber(text, number)) {
         m_param.SetValFloat(float(number));
-    } else if (m_param.IsInt() && toolkit::ToInteger(text, integer)) {
+    } else if (m_param.IsInt() && ToInteger(text, integer)) {
         m_param.SetValInt(integer);
     } else if (m_param.IsBool() && toBoolean(text, truth)) {
         m_param.SetValBool(truth ? 1 : 0);
@@ -178,29 +176,4 @@ void ParamValues::set(const QDomElement& param, const QString& text)
     }
 }
 
-bool toTriple(const QString& text, float (&triple)[3])
-{
-    QString blanks = text;
-    blanks.replace(QLatin1Char(','), QLatin1Char(' '));
-    return toolkit::ToTriple(blanks, triple);
-}
-
-bool toBoolean(const QString& text, bool& value)
-{
-    const QString lower = text.toLower();
-    for (const char* word : {"true", "yes", "on", "1"}) {
-        if (lower == QLatin1String(word)) {
-            value = true;
-            return true;
-        }
-    }
-    for (const char* word : {"false", "no", "off", "0"}) {
-        if (lower == QLatin1String(word)) {
-            value = false;
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -1,17 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Presets.h"
+#include "Placement.h"
 
-#include "NodePath.h"
-#include "Session.h"
+#include "Labels.h"
+
+#include <rvopen/toolkit/documents/Folders.h>
+#include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QDir>
 #include <QDirIterator>
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -27,7 +29,7 @@ void visitShelf(const QDomElement& shelf, const Preset& where,
         preset.element = child;
         preset.path = joined(where.path, labels.next(child));
         if (child.tagName() == s_dir) {
-            const QString name = identityOf(child);
+            const QString name = IdentityOf(child);
             preset.folder += (preset.folder.isEmpty() ? QString() : QStringLiteral(" / ")) + name;
             visitShelf(child, preset, visit);
         } else if (!isParam(child)) {
@@ -72,4 +74,4 @@ QStringList archivesIn(const Folders& folders)
     return files;
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

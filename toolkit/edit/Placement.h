@@ -9,7 +9,7 @@
 
 #include <functional>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 struct Folders;
 
@@ -29,4 +29,4 @@ void forEachPreset(const QDomElement& root, const std::function<void(const Prese
 /// The archives in the folders that the user named: the installation's, the product's, his own.
 QStringList archivesIn(const Folders& folders);
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

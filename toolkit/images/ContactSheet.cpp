@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -267,4 +267,4 @@ int ContactSheet::namePixels() const
     return std::max(m_side / 11, 9);
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -12,7 +12,7 @@
 
 class QPainter;
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 /// Pictures with their names under headings; small groups stand side by side. Measures are in
 /// points of which a picture is `side` wide.
@@ -81,4 +81,4 @@ private:
     int m_side;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

@@ -1,22 +1,24 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "PictureFiles.h"
+#include <rvopen/toolkit/images/PictureLocations.h>
 
-#include "Input.h"
-#include "NodePath.h"
-#include "Pictures.h"
-#include "Session.h"
+#include "ImageFiles.h"
+#include "PictureApplication.h"
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/XMLUtils.h>
+#include <rvopen/toolkit/documents/Document.h>
+#include <rvopen/toolkit/documents/Folders.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QVector>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -52,17 +54,17 @@ QString presetFile(const QDomElement& element, const QString& install)
 
 } // namespace
 
-PicturePlace pictureFileOf(const QDomElement& element, const Document& document,
-                           const Folders& folders)
+PictureLocation LocatePicture(const QDomElement& element, const Document& document,
+                              const Folders& folders)
 {
     const QDomElement parent = element.parentNode().toElement();
-    PicturePlace place;
+    PictureLocation place;
     if (parent.tagName() == QLatin1String("snapshots")) {
-        place.folder = folders.snapshots.isEmpty() ? document.folder() : folders.snapshots;
+        place.folder = folders.snapshots.isEmpty() ? document.Folder() : folders.snapshots;
         place.file = memberFile(element, parent, place.folder);
     } else {
         const bool isCustom =
-            document.root().attribute(QStringLiteral("type")) == QLatin1String("UserArchives");
+            document.Root().attribute(QStringLiteral("type")) == QLatin1String("UserArchives");
         place.folder = isCustom ? folders.custom : folders.install;
         if (place.folder.isEmpty()) {
             place.problem =
@@ -81,33 +83,21 @@ PicturePlace pictureFileOf(const QDomElement& element, const Document& document,
     return place;
 }
 
-bool findsPicture(const QDomElement& element, const QString& file)
+bool FindsPicture(const QDomElement& element, const QString& file)
 {
     if (!element.attribute(QStringLiteral("xmlImage")).isEmpty())
-        return hasPicture(element);
+        return HasEmbeddedPreview(element);
     return !file.isEmpty() && isPictureFile(file);
 }
 
-bool isBelow(const QString& path, const QString& folder)
+QImage ExistingPicture(const QDomElement& element, const Document& document, const Folders& folders)
 {
-    const QString place = QFileInfo(path).canonicalFilePath();
-    const QString root = QFileInfo(PathToOpen(folder)).canonicalFilePath();
-    if (place.isEmpty() || root.isEmpty())
-        return false;
-    return place == root ||
-           place.startsWith(root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/'));
+    preparePictures();
+    const QString embedded = element.attribute(QStringLiteral("xmlImage"));
+    if (!embedded.isEmpty())
+        return EmbeddedPreview(embedded);
+    const QString file = LocatePicture(element, document, folders).file;
+    return file.isEmpty() ? QImage() : readImage(file);
 }
 
-QString linkInTheWay(const QString& file, const QString& folder)
-{
-    if (QFileInfo(file).isSymLink())
-        return QStringLiteral("it is a link; pictures are not written through links");
-    QString place = QFileInfo(file).absolutePath();
-    while (!QFileInfo::exists(place) && !QFileInfo(place).isSymLink())
-        place = QFileInfo(place).absolutePath();
-    if (!isBelow(place, folder))
-        return QStringLiteral("a link leads out of \"%1\"").arg(folder);
-    return QString();
-}
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

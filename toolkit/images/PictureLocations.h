@@ -3,15 +3,20 @@
 
 #pragma once
 
+#include <rvopen/toolkit/ToolkitExport.h>
+
 #include <QDomElement>
+#include <QImage>
 #include <QString>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 class Document;
 struct Folders;
 
-struct PicturePlace {
+/// Where the file of a picture is or would be.
+struct PictureLocation {
+    /// Whether it is there or not.
     QString file;
     /// The host's or the document's folder that the file lies below.
     QString folder;
@@ -21,18 +26,17 @@ struct PicturePlace {
 
 /// Where the library looks for the picture of a preset or of a member of a snapshot collection,
 /// when none is embedded. Snapshots without a named folder have theirs beside the document.
-PicturePlace pictureFileOf(const QDomElement& element, const Document& document,
-                           const Folders& folders);
+RVOPEN_TOOLKIT_EXPORT PictureLocation LocatePicture(const QDomElement& element,
+                                                    const Document& document,
+                                                    const Folders& folders);
 
 /// Whether the library finds a picture for the element: the embedded one if there is one at all,
 /// else that file.
-bool findsPicture(const QDomElement& element, const QString& file);
+RVOPEN_TOOLKIT_EXPORT bool FindsPicture(const QDomElement& element, const QString& file);
 
-/// Whether a file or folder that is there lies below the folder, once all links are followed.
-bool isBelow(const QString& path, const QString& folder);
+/// The picture that there is of a preset or a snapshot: the embedded one if there is one at all,
+/// else the one in its file. Null where there is none or it cannot be decoded.
+RVOPEN_TOOLKIT_EXPORT QImage ExistingPicture(const QDomElement& element, const Document& document,
+                                             const Folders& folders);
 
-/// Why a file whose name was made from what stands in a document is not written below \p folder:
-/// a link may lead anywhere. Empty when there is no link in the way.
-QString linkInTheWay(const QString& file, const QString& folder);
-
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

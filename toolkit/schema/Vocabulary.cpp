@@ -10,7 +10,7 @@
 
 #include <QDomDocument>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
 const Vocabulary& Vocabulary::instance()
 {
@@ -20,13 +20,13 @@ const Vocabulary& Vocabulary::instance()
 
 bool Vocabulary::isSection(const QString& name) const
 {
-    const toolkit::ElementInfo* const info = toolkit::FindElement(name);
+    const ElementInfo* const info = FindElement(name);
     return info && info->isSection;
 }
 
 bool Vocabulary::isAttribute(const QString& element, const QString& attribute) const
 {
-    return toolkit::FindAttribute(element, attribute) || attribute == QLatin1String("xmlns") ||
+    return FindAttribute(element, attribute) || attribute == QLatin1String("xmlns") ||
            attribute.startsWith(QLatin1String("xmlns:"));
 }
 
@@ -48,4 +48,4 @@ bool Vocabulary::canAdd(const QString& parent, const QString& child) const
     return can;
 }
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

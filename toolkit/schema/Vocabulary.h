@@ -6,9 +6,9 @@
 #include <QHash>
 #include <QString>
 
-namespace rvopen::tools {
+namespace rvopen::toolkit {
 
-/// What the commands ask of the vocabulary of the documents besides the schema of the toolkit.
+/// What is asked of the vocabulary of documents besides what the rows of the schema say.
 class Vocabulary {
 public:
     static const Vocabulary& instance();
@@ -27,4 +27,4 @@ private:
     mutable QHash<QString, bool> m_placement;
 };
 
-} // namespace rvopen::tools
+} // namespace rvopen::toolkit

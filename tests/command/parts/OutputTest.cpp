@@ -3,8 +3,9 @@
 
 #include "Output.h"
 
-#include "Failure.h"
-#include "Parts.h"
+#include "../../toolkit/Parts.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <cstdio>
 #include <functional>
@@ -13,7 +14,8 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace command;
+using toolkit::Failure;
 
 /// What is written into a file meanwhile.
 std::string written(const std::function<void(Output&)>& write)

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Places.h"
+#include "toolkit/check/Places.h"
 
-#include "Input.h"
-#include "Inspection.h"
-#include "Parts.h"
+#include "../Parts.h"
 
 #include <rvopen/RVOpenReader.h>
+#include <rvopen/toolkit/check/Inspection.h>
+#include <rvopen/toolkit/documents/Document.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -16,7 +16,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit;
 
 struct PlaceCase {
     const char* what;
@@ -55,7 +55,7 @@ TEST_P(Placed, FindingsStandHere)
     file.write(GetParam().text);
     file.close();
     ReadError error;
-    const auto document = Document::read(path, error);
+    const auto document = Document::Read(path, error);
     ASSERT_TRUE(document) << error.message.toStdString();
     const QStringList expected = QString::fromUtf8(GetParam().places).split(QLatin1String(", "));
     QVector<Finding> findings;
@@ -110,7 +110,7 @@ TEST(Places, AreNotLookedForWithoutFindings)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("<r/>");
     file.close();
-    const auto document = Document::read(path, error);
+    const auto document = Document::Read(path, error);
     ASSERT_TRUE(document);
     givePlaces(findings, *document);
     EXPECT_TRUE(findings.isEmpty());

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Compare.h"
+#include <rvopen/toolkit/compare/Comparer.h>
 
-#include "Parts.h"
+#include "../Parts.h"
 
 namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit;
 
 struct CompareCase {
     const char* what;
@@ -60,10 +60,10 @@ TEST_P(Compared, DifferInThis)
     const QDomDocument before = parsed(one.before);
     const QDomDocument after = parsed(one.after);
     Comparer comparer(comparison);
-    EXPECT_EQ(linesOf(comparer.run(before.documentElement(), after.documentElement())),
+    EXPECT_EQ(linesOf(comparer.Run(before.documentElement(), after.documentElement())),
               one.differences);
     // Nothing of the first run is left in the second.
-    EXPECT_EQ(linesOf(comparer.run(before.documentElement(), after.documentElement())),
+    EXPECT_EQ(linesOf(comparer.Run(before.documentElement(), after.documentElement())),
               one.differences);
 }
 
@@ -180,7 +180,7 @@ TEST(Comparison, LeavesOutWhatItIsToldTo)
     comparison.ignoredAttributes << QStringLiteral("a");
     const QDomDocument before = parsed("<r a='1' b='1'><s a='1'/></r>");
     const QDomDocument after = parsed("<r a='2' b='2'><s a='2'/></r>");
-    EXPECT_EQ(linesOf(Comparer(comparison).run(before.documentElement(), after.documentElement())),
+    EXPECT_EQ(linesOf(Comparer(comparison).Run(before.documentElement(), after.documentElement())),
               "~@b=1|2");
 }
 

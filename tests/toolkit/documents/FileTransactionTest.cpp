@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "NewFiles.h"
+#include "toolkit/documents/FileTransaction.h"
 
-#include "Parts.h"
+#include "../Parts.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,7 +13,7 @@ namespace rvopen::test {
 
 namespace {
 
-using tools::NewFiles;
+using toolkit::FileTransaction;
 
 class NewFile : public ::testing::Test {
 protected:
@@ -52,14 +52,14 @@ private:
 TEST_F(NewFile, IsGoneWithItsFoldersUnlessItIsKept)
 {
     {
-        NewFiles files;
+        FileTransaction files;
         ASSERT_TRUE(files.makeFolder(path("a/b")));
         ASSERT_TRUE(files.create("x", path("a/b/c")));
         EXPECT_EQ(read("a/b/c"), QByteArray("x"));
     }
     EXPECT_EQ(names(), "");
     {
-        NewFiles files;
+        FileTransaction files;
         ASSERT_TRUE(files.makeFolder(path("a/b")));
         ASSERT_TRUE(files.create("x", path("a/b/c")));
         files.keep();
@@ -71,7 +71,7 @@ TEST_F(NewFile, LeavesFoldersThatWereThere)
 {
     ASSERT_TRUE(QDir().mkpath(path("a")));
     {
-        NewFiles files;
+        FileTransaction files;
         ASSERT_TRUE(files.makeFolder(path("a")));
         ASSERT_TRUE(files.makeFolder(path("a/b")));
     }
@@ -83,7 +83,7 @@ TEST_F(NewFile, TakesNoNameThatIsTaken)
 {
     write("there", "old");
     ASSERT_TRUE(QFile::link(QStringLiteral("nowhere"), path("link")));
-    NewFiles files;
+    FileTransaction files;
     for (const char* const name : {"there", "link"}) {
         EXPECT_FALSE(files.create("new", path(name)));
         EXPECT_EQ(files.problem(), QStringLiteral("it is there already")) << name;
@@ -95,7 +95,7 @@ TEST_F(NewFile, TakesNoNameThatIsTaken)
 TEST_F(NewFile, IsNoneBelowAFile)
 {
     write("file", "");
-    NewFiles files;
+    FileTransaction files;
     EXPECT_FALSE(files.makeFolder(path("file/a")));
     EXPECT_THAT(files.problem().toStdString(), ::testing::StartsWith("the folder cannot be made"));
     EXPECT_FALSE(files.create("x", path("file/b")));
@@ -106,7 +106,7 @@ TEST_F(NewFile, IsACopyOfTheWholeOrNone)
 {
     const QByteArray bytes("\0\n\r\xff", 4);
     write("from", bytes);
-    NewFiles files;
+    FileTransaction files;
     EXPECT_TRUE(files.copy(path("from"), path("to")));
     EXPECT_EQ(read("to"), bytes);
     for (const char* const source : {"nothing", "."}) {
@@ -124,11 +124,11 @@ TEST_F(NewFile, SameBytesAreToldWhateverTheName)
     write("longer", large + 'a');
     write("other", QByteArray(1 << 20, 'a') + 'b');
     ASSERT_TRUE(QFile::link(path("a"), path("link")));
-    EXPECT_TRUE(tools::haveSameBytes(path("a"), path("b")));
-    EXPECT_TRUE(tools::haveSameBytes(path("a"), path("link")));
-    EXPECT_FALSE(tools::haveSameBytes(path("a"), path("longer")));
-    EXPECT_FALSE(tools::haveSameBytes(path("a"), path("other")));
-    EXPECT_FALSE(tools::haveSameBytes(path("a"), path("nothing")));
+    EXPECT_TRUE(toolkit::haveSameBytes(path("a"), path("b")));
+    EXPECT_TRUE(toolkit::haveSameBytes(path("a"), path("link")));
+    EXPECT_FALSE(toolkit::haveSameBytes(path("a"), path("longer")));
+    EXPECT_FALSE(toolkit::haveSameBytes(path("a"), path("other")));
+    EXPECT_FALSE(toolkit::haveSameBytes(path("a"), path("nothing")));
 }
 
 } // namespace rvopen::test

@@ -3,13 +3,12 @@
 
 #pragma once
 
-#include "Parts.h"
-
-#include "drawing/Drawing.h"
-#include "drawing/Reading.h"
-#include "drawing/Scene.h"
-#include "drawing/SnapShotPicture.h"
-#include "drawing/View.h"
+#include "../Parts.h"
+#include "toolkit/drawing/Drawing.h"
+#include "toolkit/drawing/Reading.h"
+#include "toolkit/drawing/Scene.h"
+#include "toolkit/drawing/SnapShotPicture.h"
+#include "toolkit/drawing/View.h"
 
 #include <rvopen/Camera.h>
 #include <rvopen/Material.h>
@@ -178,7 +177,7 @@ inline QImage bands(int width, int height)
 }
 
 /// "red", "green", "blue", "white", "black", or what else is seen.
-inline std::string nameOf(const drawing::Rgb& light)
+inline std::string nameOf(const toolkit::drawing::Rgb& light)
 {
     const auto isOn = [](double value) { return value > 0.04; };
     const auto isOff = [](double value) { return value < 0.004; };
@@ -195,10 +194,11 @@ inline std::string nameOf(const drawing::Rgb& light)
     return std::to_string(light.x) + ' ' + std::to_string(light.y) + ' ' + std::to_string(light.z);
 }
 
-inline drawing::Rgb lightOf(QRgb pixel)
+inline toolkit::drawing::Rgb lightOf(QRgb pixel)
 {
-    return {drawing::toLinear(qRed(pixel) / 255.0), drawing::toLinear(qGreen(pixel) / 255.0),
-            drawing::toLinear(qBlue(pixel) / 255.0)};
+    return {toolkit::drawing::toLinear(qRed(pixel) / 255.0),
+            toolkit::drawing::toLinear(qGreen(pixel) / 255.0),
+            toolkit::drawing::toLinear(qBlue(pixel) / 255.0)};
 }
 
 inline std::string nameOf(QRgb pixel)
@@ -239,39 +239,39 @@ public:
         EXPECT_TRUE(image.save(m_folder.filePath(QLatin1String(name)))) << name;
     }
 
-    drawing::TextureReader& textures()
+    toolkit::drawing::TextureReader& textures()
     {
         return m_textures;
     }
 
-    drawing::Surface surface(const QByteArray& text)
+    toolkit::drawing::Surface surface(const QByteArray& text)
     {
         const QDomDocument document = parsed(text.constData());
         const RVOpenView<Material> node(document.documentElement());
-        return drawing::SurfaceReader(m_textures).ofMaterial(node.get());
+        return toolkit::drawing::SurfaceReader(m_textures).ofMaterial(node.get());
     }
 
-    drawing::Backdrop backdrop(const QByteArray& text)
+    toolkit::drawing::Backdrop backdrop(const QByteArray& text)
     {
         return snapShot(text).backdrop;
     }
 
     /// Of a snapshot with these components.
-    drawing::SnapShotValues snapShot(const QByteArray& components)
+    toolkit::drawing::SnapShotValues snapShot(const QByteArray& components)
     {
         const QByteArray text = "<snapshot>" + components + "</snapshot>";
         const QDomDocument document = parsed(text.constData());
         const RVOpenView<SnapShot> node(document.documentElement());
-        return drawing::readSnapShot(node.get(), m_textures);
+        return toolkit::drawing::readSnapShot(node.get(), m_textures);
     }
 
     QImage picture(const QByteArray& text, int size, bool isFlat = false)
     {
         const QDomDocument document = parsed(text.constData());
-        drawing::Wish wish;
+        toolkit::PictureWish wish;
         wish.size = size;
         wish.isFlat = isFlat;
-        return drawing::drawingOf(document.documentElement(), wish, m_textures)();
+        return toolkit::drawing::drawingOf(document.documentElement(), wish, m_textures)();
     }
 
     /// A flat piece of one scene unit, of 64 pixels, with the origin in the middle. Behind it are
@@ -283,7 +283,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    drawing::TextureReader m_textures;
+    toolkit::drawing::TextureReader m_textures;
 };
 
 inline constexpr QPoint s_onLight(33, 22);
@@ -293,7 +293,7 @@ inline constexpr double s_light = 0.75;
 /// A display value of light, 0 to 255.
 inline double display(double light)
 {
-    return drawing::toEncoded(light) * 255;
+    return toolkit::drawing::toEncoded(light) * 255;
 }
 
 /// The names of the colours in the middle of the quarters of a flat piece: upper right, upper left,
@@ -310,13 +310,13 @@ inline std::vector<std::string> quarters(const QImage& image)
 /// light that it gives back. The eye is 10 in front of it.
 class Furnace {
 public:
-    explicit Furnace(const drawing::Surface& surface)
+    explicit Furnace(const toolkit::drawing::Surface& surface)
         : m_surface(surface)
     {
         scene.hasGround = false;
-        scene.surroundings = [](const drawing::Vec&) { return drawing::grey(1); };
-        scene.view = drawing::viewFrom({0, -10, 10}, {0, 0, 10}, 20);
-        drawing::Ball ball;
+        scene.surroundings = [](const toolkit::drawing::Vec&) { return toolkit::drawing::grey(1); };
+        scene.view = toolkit::drawing::viewFrom({0, -10, 10}, {0, 0, 10}, 20);
+        toolkit::drawing::Ball ball;
         ball.centre = {0, 0, 10};
         ball.surface = &m_surface;
         scene.balls = {ball};
@@ -328,75 +328,77 @@ public:
     /// Without the light from everywhere.
     Furnace& inTheDark()
     {
-        scene.surroundings = [](const drawing::Vec&) { return drawing::Rgb(); };
+        scene.surroundings = [](const toolkit::drawing::Vec&) { return toolkit::drawing::Rgb(); };
         return *this;
     }
 
     /// The light of 1 from where \p isLit says.
-    Furnace& lit(const std::function<bool(const drawing::Vec&)>& isLit)
+    Furnace& lit(const std::function<bool(const toolkit::drawing::Vec&)>& isLit)
     {
-        scene.surroundings = [isLit](const drawing::Vec& direction) {
-            return drawing::grey(isLit(direction) ? 1 : 0);
+        scene.surroundings = [isLit](const toolkit::drawing::Vec& direction) {
+            return toolkit::drawing::grey(isLit(direction) ? 1 : 0);
         };
         return *this;
     }
 
-    drawing::Raster picture(int width = s_side, int height = s_side)
+    toolkit::drawing::Raster picture(int width = s_side, int height = s_side)
     {
-        drawing::Raster raster(width, height);
+        toolkit::drawing::Raster raster(width, height);
         scene.draw(raster);
         return raster;
     }
 
     /// The pixel in the middle of a picture of s_side pixels, drawn alone.
-    drawing::Rgb middle()
+    toolkit::drawing::Rgb middle()
     {
         const double whole = scene.view.halfTangent;
         scene.view.halfTangent = whole / s_side;
-        drawing::Raster raster = picture(1, 1);
+        toolkit::drawing::Raster raster = picture(1, 1);
         scene.view.halfTangent = whole;
         return raster.at(0, 0);
     }
 
     static constexpr int s_side = 65;
 
-    drawing::Scene scene;
+    toolkit::drawing::Scene scene;
 
 private:
-    drawing::Surface m_surface;
+    toolkit::drawing::Surface m_surface;
 };
 
 /// The middle of a ball of a material in a furnace.
-inline drawing::Rgb furnace(const QByteArray& components)
+inline toolkit::drawing::Rgb furnace(const QByteArray& components)
 {
     Room room;
     return Furnace(room.surface(material(components))).middle();
 }
 
 /// The view of a camera in an orientation.
-inline drawing::View view(const QByteArray& cameraText,
-                          const QByteArray& settingsText = settings(""))
+inline toolkit::drawing::View view(const QByteArray& cameraText,
+                                   const QByteArray& settingsText = settings(""))
 {
     const QDomDocument cameras = parsed(cameraText.constData());
     const QDomDocument others = parsed(settingsText.constData());
     const RVOpenView<Camera> node(cameras.documentElement());
     const RVOpenView<SnapShotSettings> set(others.documentElement());
-    return drawing::viewOf(drawing::readCamera(node.get()), drawing::readOrientation(set.get()),
-                           drawing::readTwist(set.get()));
+    return toolkit::drawing::viewOf(toolkit::drawing::readCamera(node.get()),
+                                    toolkit::drawing::readOrientation(set.get()),
+                                    toolkit::drawing::readTwist(set.get()));
 }
 
 /// A picture of nothing but directions, white where \p isWhite and black elsewhere.
 class Wall {
 public:
-    Wall(const drawing::View& view, int width, int height,
-         const std::function<bool(const drawing::Vec&)>& isWhite)
+    Wall(const toolkit::drawing::View& view, int width, int height,
+         const std::function<bool(const toolkit::drawing::Vec&)>& isWhite)
         : m_raster(width, height)
     {
-        drawing::Scene scene;
+        toolkit::drawing::Scene scene;
         scene.hasGround = false;
-        scene.surroundings = [](const drawing::Vec&) { return drawing::Rgb(); };
-        scene.backdrop = [isWhite](const drawing::Vec& direction, const drawing::Point&) {
-            return drawing::grey(isWhite(direction) ? 1 : 0);
+        scene.surroundings = [](const toolkit::drawing::Vec&) { return toolkit::drawing::Rgb(); };
+        scene.backdrop = [isWhite](const toolkit::drawing::Vec& direction,
+                                   const toolkit::drawing::Point&) {
+            return toolkit::drawing::grey(isWhite(direction) ? 1 : 0);
         };
         scene.view = view;
         scene.draw(m_raster);
@@ -426,19 +428,20 @@ public:
     }
 
 private:
-    drawing::Raster m_raster;
+    toolkit::drawing::Raster m_raster;
 };
 
-inline void expectLight(const drawing::Rgb& light, const drawing::Rgb& expected, double tolerance)
+inline void expectLight(const toolkit::drawing::Rgb& light, const toolkit::drawing::Rgb& expected,
+                        double tolerance)
 {
     EXPECT_NEAR(light.x, expected.x, tolerance);
     EXPECT_NEAR(light.y, expected.y, tolerance);
     EXPECT_NEAR(light.z, expected.z, tolerance);
 }
 
-inline void expectLight(const drawing::Rgb& light, double expected, double tolerance)
+inline void expectLight(const toolkit::drawing::Rgb& light, double expected, double tolerance)
 {
-    expectLight(light, drawing::grey(expected), tolerance);
+    expectLight(light, toolkit::drawing::grey(expected), tolerance);
 }
 
 /// A pixel, of display values.

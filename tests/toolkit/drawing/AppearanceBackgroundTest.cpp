@@ -7,7 +7,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 QByteArray graduated(double above, double below)
 {

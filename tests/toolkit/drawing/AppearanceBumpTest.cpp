@@ -7,7 +7,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 constexpr double s_footprint = 1.0 / 256;
 

@@ -9,7 +9,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 QByteArray plainBackground(double value)
 {

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Appearance.h"
-
-#include "drawing/Optics.h"
+#include "toolkit/drawing/Optics.h"
 
 #include <rvopen/Finish.h>
 #include <rvopen/MaterialRepository.h>
@@ -19,7 +18,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 double metalOf(double refraction, double mirror, double transmission)
 {

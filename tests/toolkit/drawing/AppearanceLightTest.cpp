@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "Appearance.h"
-
-#include "drawing/Photometry.h"
+#include "toolkit/drawing/Photometry.h"
 
 #include <rvopen/Finish.h>
 
@@ -11,7 +10,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 QByteArray sun(double azimuth, double altitude, bool isOn = true)
 {

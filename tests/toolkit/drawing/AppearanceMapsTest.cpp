@@ -7,7 +7,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 using Names = std::vector<std::string>;
 
 /// Flat pieces with four quarters, from left to right and upwards: red and green, blue and white.

@@ -7,7 +7,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 const QByteArray s_black = s_half + matt(0);
 const char s_tint[] = "0.101961 0.301961 0.2";

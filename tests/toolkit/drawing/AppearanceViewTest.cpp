@@ -12,7 +12,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 /// On a wall at y = 10 in front of the eye.
 bool isWithin(double coordinate, const Vec& direction, double half)
@@ -49,7 +49,7 @@ QByteArray ahead(double angle)
 }
 
 /// The shining ball of a furnace through a parallel view of 200 to 100, 10 units from the eye.
-drawing::Raster parallelBall(double distance)
+toolkit::drawing::Raster parallelBall(double distance)
 {
     Room room;
     Furnace furnace(room.surface(material(lamp(1000))));
@@ -127,7 +127,7 @@ TEST(AppearanceView, V3_PicturesOfCamerasTakeAnImageOfThreeToTwo)
 TEST(AppearanceView, V4_AParallelViewShowsTheWidthInThePlaneOfItsAim)
 {
     for (const double distance : {10.0, 5.0}) {
-        drawing::Raster raster = parallelBall(distance);
+        toolkit::drawing::Raster raster = parallelBall(distance);
         expectBand(
             200, 84, 115, [&](int x) { return raster.at(x, 50).x > 0.1; },
             [&](int x) { return raster.at(x, 50).x <= 0; });
@@ -220,7 +220,7 @@ TEST(AppearanceView, V8_DistancesAreAlongTheLineOfSight)
         camera("0 -10 10", "0 0 10", 100, "0 0 1", false, param("Near", 8.9) + param("Far", 10.1)));
     // 12 away to the right of the line of sight: farther than "Far" in a straight line alone.
     furnace.scene.balls[0].centre = {8, 0, 10};
-    drawing::Raster raster = furnace.picture();
+    toolkit::drawing::Raster raster = furnace.picture();
     const int column = int(std::lround(32 + 65 / 2.0 * 8 / (10 * std::tan(radians(50)))));
     EXPECT_GT(raster.at(column, 32).x, 0.3);
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Parts.h"
+#include "toolkit/drawing/Sky.h"
 
-#include "drawing/Sky.h"
+#include "../Parts.h"
 
 #include <cmath>
 
@@ -11,7 +11,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace drawing;
+using namespace toolkit::drawing;
 
 Rgb skyIn(double azimuth, double altitude, const Sun& sun)
 {

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "NodePath.h"
+#include <rvopen/toolkit/edit/NodePath.h>
 
-#include "Failure.h"
-#include "Parts.h"
+#include "../Parts.h"
+#include "toolkit/edit/Labels.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
 
 #include <algorithm>
 
@@ -12,7 +14,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit;
 
 const char s_tree[] = R"(<snapRoot a="1">
 <snapshots name="S">
@@ -43,7 +45,7 @@ TEST_P(FoundPaths, AreThese)
     const QDomDocument document = parsed(s_tree);
     QStringList paths;
     for (const PathPattern::Match& match :
-         PathPattern(QString::fromUtf8(GetParam().pattern)).find(document.documentElement()))
+         PathPattern(QString::fromUtf8(GetParam().pattern)).Find(document.documentElement()))
         paths << match.path;
     EXPECT_EQ(joinedBy(" ", paths), GetParam().paths);
 }
@@ -80,11 +82,11 @@ TEST(NodePath, IsFoundByThePathThatIsGiven)
 {
     const QDomDocument document = parsed(s_tree);
     int count = 0;
-    walk(document.documentElement(), QString(),
+    Walk(document.documentElement(), QString(),
          [&count](const QDomElement& element, const QString& path) {
-             EXPECT_EQ(pathOf(element), path);
+             EXPECT_EQ(PathOf(element), path);
              const auto found = PathPattern(QLatin1Char('/') + path)
-                                    .find(element.ownerDocument().documentElement());
+                                    .Find(element.ownerDocument().documentElement());
              // Without a number the second of a name is found as well.
              EXPECT_TRUE(!found.isEmpty() &&
                          std::any_of(found.begin(), found.end(),
@@ -100,7 +102,7 @@ TEST(NodePath, WalksWhereItIsWelcomeOnly)
 {
     const QDomDocument document = parsed(s_tree);
     QStringList paths;
-    walk(document.documentElement(), QStringLiteral("x"),
+    Walk(document.documentElement(), QStringLiteral("x"),
          [&paths](const QDomElement& element, const QString& path) {
              paths << path;
              return element.tagName() == QLatin1String("snapshots");
@@ -112,7 +114,7 @@ TEST(NodePath, WalksWhereItIsWelcomeOnly)
 
 TEST(NodePath, OfTheRootIsEmpty)
 {
-    EXPECT_EQ(pathOf(parsed("<a/>").documentElement()), QString());
+    EXPECT_EQ(PathOf(parsed("<a/>").documentElement()), QString());
 }
 
 struct LabelCase {
@@ -131,7 +133,7 @@ TEST_P(LabelOf, TheOnlyChildIsThis)
 {
     const QDomDocument document = parsed(GetParam().xml);
     const QDomElement child = document.documentElement().firstChildElement();
-    EXPECT_EQ(pathOf(child), QString::fromUtf8(GetParam().path));
+    EXPECT_EQ(PathOf(child), QString::fromUtf8(GetParam().path));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -162,8 +164,8 @@ class AttributeOf : public ::testing::TestWithParam<ParsedCase> {};
 TEST_P(AttributeOf, ThePathIsThis)
 {
     const PathPattern pattern(QString::fromUtf8(GetParam().pattern));
-    EXPECT_EQ(pattern.attribute(), QString::fromUtf8(GetParam().attribute));
-    EXPECT_EQ(pattern.text(), QString::fromUtf8(GetParam().pattern));
+    EXPECT_EQ(pattern.Attribute(), QString::fromUtf8(GetParam().attribute));
+    EXPECT_EQ(pattern.Text(), QString::fromUtf8(GetParam().pattern));
 }
 
 INSTANTIATE_TEST_SUITE_P(Patterns, AttributeOf,

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Parts.h"
-#include "Values.h"
+#include "../Parts.h"
+#include "toolkit/edit/TypedText.h"
 
+#include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QJsonDocument>
@@ -13,7 +14,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit;
 
 /// A reader of texts and what each of these gives: null where it is refused, and then the value
 /// that was there stays.
@@ -49,15 +50,15 @@ std::string tripleOf(const char* text)
 
 } // namespace
 
-class BooleanOf : public ::testing::TestWithParam<TextCase> {};
+class TypedBoolean : public ::testing::TestWithParam<TextCase> {};
 
-TEST_P(BooleanOf, TheTextIsThis)
+TEST_P(TypedBoolean, TheTextIsThis)
 {
     for (const bool before : {false, true})
         EXPECT_EQ(valueOf(toBoolean, GetParam().text, before), GetParam().value);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, BooleanOf,
+INSTANTIATE_TEST_SUITE_P(Texts, TypedBoolean,
                          ::testing::Values(TextCase{"true", "1"}, TextCase{"YES", "1"},
                                            TextCase{"On", "1"}, TextCase{"1", "1"},
                                            TextCase{"false", "0"}, TextCase{"no", "0"},
@@ -65,14 +66,14 @@ INSTANTIATE_TEST_SUITE_P(Texts, BooleanOf,
                                            TextCase{"2", "refused"}, TextCase{"", "refused"},
                                            TextCase{"truee", "refused"}));
 
-class TripleOf : public ::testing::TestWithParam<TextCase> {};
+class TypedTriple : public ::testing::TestWithParam<TextCase> {};
 
-TEST_P(TripleOf, TheTextIsThis)
+TEST_P(TypedTriple, TheTextIsThis)
 {
     EXPECT_EQ(tripleOf(GetParam().text), GetParam().value);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, TripleOf,
+INSTANTIATE_TEST_SUITE_P(Texts, TypedTriple,
                          ::testing::Values(TextCase{"1 2 3", "1 2 3"}, TextCase{"1,2,3", "1 2 3"},
                                            TextCase{" 1,  2 3 ", "1 2 3"},
                                            TextCase{"1 2", "refused"},
@@ -103,9 +104,11 @@ TEST_P(ParamValue, IsShownAs)
     const QDomDocument document = parsed(xml.constData());
     const QDomElement param = document.documentElement().firstChildElement().firstChildElement();
     ParamValues values;
-    EXPECT_EQ(values.text(param).toStdString(), GetParam().text);
-    const QByteArray json = QJsonDocument(QJsonObject{{QStringLiteral("v"), values.json(param)}})
-                                .toJson(QJsonDocument::Compact);
+    EXPECT_EQ(values.Text(param).toStdString(), GetParam().text);
+    const QByteArray json =
+        QJsonDocument(
+            QJsonObject{{QStringLiteral("v"), QJsonValue::fromVariant(values.Value(param))}})
+            .toJson(QJsonDocument::Compact);
     EXPECT_EQ(json.toStdString(), "{\"v\":" + std::string(GetParam().json) + "}");
 }
 
@@ -151,11 +154,11 @@ TEST_P(ParamSetting, IsCheckedAndStored)
     const QDomElement param = document.documentElement().firstChildElement().firstChildElement();
     ParamValues values;
     const QString text = QString::fromUtf8(GetParam().text);
-    const QString problem = values.check(param, text);
+    const QString problem = values.Check(param, text);
     EXPECT_EQ(problem.isEmpty(), GetParam().stored != nullptr) << problem.toStdString();
     EXPECT_EQ(param.attribute(QStringLiteral("val")), QStringLiteral("old"));
     if (GetParam().stored) {
-        values.set(param, text);
+        values.Set(param, text);
         EXPECT_EQ(param.attribute(QStringLiteral("val")).toStdString(), GetParam().stored);
     }
 }

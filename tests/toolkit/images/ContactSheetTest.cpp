@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "ContactSheet.h"
+#include "toolkit/images/ContactSheet.h"
 
-#include "Parts.h"
-#include "Pictures.h"
+#include "../Parts.h"
+#include "toolkit/images/PictureApplication.h"
+
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
 
 #include <QPainter>
 
@@ -12,7 +14,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit;
 
 const int s_side = 64;
 /// Room for two rows.

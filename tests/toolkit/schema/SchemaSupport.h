@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "../TestSupport.h"
+#include "../../TestSupport.h"
 
 #include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/toolkit/schema/ValueCheck.h>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "../TestSupport.h"
+#include "../../TestSupport.h"
 
 #include <rvopen/toolkit/schema/ValueText.h>
 

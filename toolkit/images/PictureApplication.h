@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+namespace rvopen::toolkit {
+
+/// \name The application that pictures need
+/// Qt decodes and draws with an application alone. A program with windows has one, and nothing is
+/// done; for others the first call makes one, for which no screen is needed.
+/// @{
+void preparePictures();
+
+/// The same with fonts; throws a Failure when there are none. To be called before
+/// preparePictures().
+void prepareTexts();
+/// @}
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "toolkit/documents/FileTransaction.h"
+
+#include <QHash>
+#include <QString>
+
+namespace rvopen::toolkit {
+
+class Document;
+struct Folders;
+struct ReferencedTexture;
+
+/// A folder into which a document and the images that it refers to are copied, to hand them on: all
+/// of them, or nothing.
+class TextureCollection {
+public:
+    /// For a document with that path. Throws a Failure when the folder has it already, or cannot be
+    /// made.
+    TextureCollection(const QString& folder, const QString& document);
+
+    /// What speaks against handing the file on: a document may come from anybody and name any file
+    /// of the machine. Empty when nothing does. \p isEverywhere: also from outside of the
+    /// document's folder and those of the host.
+    static QString problemOf(const ReferencedTexture& texture, const Document& document,
+                             const Folders& folders, bool isEverywhere);
+
+    /// Copies the file, unless the folder has it. The name that it has there: its own, or with a
+    /// number where that is taken by another file. Throws a Failure when it cannot be copied.
+    QString add(const QString& file);
+
+    /// Writes the document, which refers to these names by now, and keeps all that was copied.
+    /// Throws a Failure when it cannot be written; nothing stays then.
+    void finish(const Document& document);
+
+private:
+    QString m_folder;
+    /// The document's copy.
+    QString m_copy;
+    FileTransaction m_files;
+    /// Names in lower case and the files in the folder that have them.
+    QHash<QString, QString> m_taken;
+};
+
+} // namespace rvopen::toolkit
