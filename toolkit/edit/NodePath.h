@@ -13,17 +13,15 @@
 
 namespace rvopen::toolkit {
 
-/// \name Readable paths
+/// What an element is told by: its "name", else its "refname", else its "linkname".
+RVOPEN_TOOLKIT_EXPORT QString IdentityOf(const QDomElement& element);
+
+/// The readable path of an element; for many, Walk() is quicker.
+///
 /// Elements are "kind" or "kind[name]", joined by "/"; the second with the same text is "...#2". A
 /// parameter is ":name" behind its element, an attribute "@name" behind its element or parameter:
 /// "snapshots[Model SnapShots]/snapshot[Garden side]/camera:Field Of View". The root element is not
 /// named. A backslash takes the meaning from the character after it.
-/// @{
-
-/// What an element is told by: its "name", else its "refname", else its "linkname".
-RVOPEN_TOOLKIT_EXPORT QString IdentityOf(const QDomElement& element);
-
-/// The path of one element alone; for many, Walk() is quicker.
 RVOPEN_TOOLKIT_EXPORT QString PathOf(const QDomElement& element);
 
 /// Calls \p visit for each element below \p parent in document order, with its path; where it
@@ -32,9 +30,9 @@ RVOPEN_TOOLKIT_EXPORT void
 Walk(const QDomElement& parent, const QString& parentPath,
      const std::function<bool(const QDomElement&, const QString&)>& visit);
 
-/// A path as the user wrote it. Without a leading "/" it may start at any element; "*" as kind or
-/// name takes any, a kind without brackets any name. What stands in brackets is the name, the
-/// reference name or the link name.
+/// A path as the user wrote it, in the form of PathOf(). Without a leading "/" it may start at any
+/// element; "*" as kind or name takes any, a kind without brackets any name. What stands in
+/// brackets is the name, the reference name or the link name.
 class RVOPEN_TOOLKIT_EXPORT PathPattern {
 public:
     /// Throws a Failure when the text is no path.
@@ -74,6 +72,5 @@ private:
     QVector<Segment> m_segments;
     QString m_attribute;
 };
-/// @}
 
 } // namespace rvopen::toolkit
