@@ -14,7 +14,7 @@
 #include <rvopen/toolkit/documents/Failure.h>
 
 #include <QDir>
-#include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QSet>
 #include <QUrl>
@@ -30,6 +30,28 @@ Style styleOf(Severity severity)
     if (severity == Severity::Note)
         return Style::Cyan;
     return severity == Severity::Warning ? Style::Yellow : Style::Red;
+}
+
+/// What the user of the command does about a finding, where its options help.
+QString adviceOf(const Rule& rule)
+{
+    static const QHash<QString, QString> ofCommand{
+        {QStringLiteral("newer-version"),
+         QStringLiteral("What that version added is kept but not understood. Open it with that "
+                        "version, or tell the newest version that you know with "
+                        "--known-version.")},
+        {QStringLiteral("missing-preset"),
+         QStringLiteral("Looked for in the folders of the host (--install, --archives, --custom) "
+                        "when these are named.")},
+        {QStringLiteral("missing-archive"),
+         QStringLiteral("Looked for in the folder of its type (--archives, --custom) when that is "
+                        "named.")},
+        {QStringLiteral("missing-texture"),
+         QStringLiteral("\"rvopen textures --relink DIR\" finds it again by its name.")},
+        {QStringLiteral("missing-thumbnail"),
+         QStringLiteral("Looked for below --install, --custom or --snapshots when these are named. "
+                        "The host can make it anew.")}};
+    return ofCommand.value(QLatin1String(rule.id), QLatin1String(rule.advice));
 }
 
 class Check : public Command {
@@ -209,8 +231,7 @@ private:
             if (!finding.path.isEmpty())
                 out.line(out.styled(QLatin1String("    at ") + visible(finding.path), Style::Dim));
             if (!m_advised.contains(&rule))
-                out.line(
-                    out.styled(QLatin1String("    ") + QLatin1String(rule.advice), Style::Dim));
+                out.line(out.styled(QLatin1String("    ") + adviceOf(rule), Style::Dim));
             m_advised.insert(&rule);
         }
     }
@@ -263,7 +284,7 @@ private:
                             {QStringLiteral("rule"), QLatin1String(finding.rule->id)},
                             {QStringLiteral("severity"), SeverityName(finding.rule->severity)},
                             {QStringLiteral("message"), finding.message},
-                            {QStringLiteral("advice"), QLatin1String(finding.rule->advice)},
+                            {QStringLiteral("advice"), adviceOf(*finding.rule)},
                             {QStringLiteral("fixed"), finding.isFixed}});
         }
         const Sums sums = sumsOf(findings);
@@ -278,9 +299,9 @@ private:
         return result;
     }
 
-    static QJsonObject sarifText(const char* text)
+    static QJsonObject sarifText(const QString& text)
     {
-        return {{QStringLiteral("text"), QLatin1String(text)}};
+        return {{QStringLiteral("text"), text}};
     }
 
     static QJsonObject sarifOf(const QVector<Finding>& findings)
@@ -288,12 +309,12 @@ private:
         QJsonArray described;
         for (const Rule* const each : AllRules()) {
             const Rule& rule = *each;
-            described.append(
-                QJsonObject{{QStringLiteral("id"), QLatin1String(rule.id)},
-                            {QStringLiteral("shortDescription"), sarifText(rule.summary)},
-                            {QStringLiteral("help"), sarifText(rule.advice)},
-                            {QStringLiteral("defaultConfiguration"),
-                             QJsonObject{{QStringLiteral("level"), SeverityName(rule.severity)}}}});
+            described.append(QJsonObject{
+                {QStringLiteral("id"), QLatin1String(rule.id)},
+                {QStringLiteral("shortDescription"), sarifText(QLatin1String(rule.summary))},
+                {QStringLiteral("help"), sarifText(adviceOf(rule))},
+                {QStringLiteral("defaultConfiguration"),
+                 QJsonObject{{QStringLiteral("level"), SeverityName(rule.severity)}}}});
         }
         QJsonArray results;
         for (const Finding& finding : findings) {
@@ -337,7 +358,7 @@ private:
                 QJsonObject{{QStringLiteral("rule"), QLatin1String(rule.id)},
                             {QStringLiteral("severity"), SeverityName(rule.severity)},
                             {QStringLiteral("summary"), QLatin1String(rule.summary)},
-                            {QStringLiteral("advice"), QLatin1String(rule.advice)},
+                            {QStringLiteral("advice"), adviceOf(rule)},
                             {QStringLiteral("fix"),
                              rule.fix ? QJsonValue(QLatin1String(rule.fix)) : QJsonValue()}});
             if (m_format == QLatin1String("json"))
@@ -347,7 +368,7 @@ private:
                      out.styled(SeverityName(rule.severity), styleOf(rule.severity)) +
                      QLatin1String(")"));
             out.line(QLatin1String("    ") + QLatin1String(rule.summary));
-            out.line(QLatin1String("    ") + QLatin1String(rule.advice));
+            out.line(QLatin1String("    ") + adviceOf(rule));
             if (rule.fix)
                 out.line(QLatin1String("    --fix: ") + QLatin1String(rule.fix));
         }

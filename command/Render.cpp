@@ -59,6 +59,21 @@ QString fileSafe(const QString& text)
     return name;
 }
 
+QString problemOf(PictureLack lack)
+{
+    switch (lack) {
+    case PictureLack::CustomFolder:
+        return QStringLiteral("pictures of a user's archive lie below --custom DIR");
+    case PictureLack::InstallFolder:
+        return QStringLiteral("pictures of presets lie below --install DIR");
+    case PictureLack::Names:
+        return QStringLiteral("its names give no place for a picture");
+    case PictureLack::Nothing:
+        break;
+    }
+    return QString();
+}
+
 class Render : public Command {
 public:
     const char* name() const override
@@ -169,8 +184,9 @@ private:
             job.file = outputFile(job.subject);
             return isFree(job.file, m_output, session);
         }
-        if (!place.problem.isEmpty()) {
-            session.error(document.Name(), job.subject.path + QLatin1String(": ") + place.problem);
+        if (place.lack != PictureLack::Nothing) {
+            session.error(document.Name(),
+                          job.subject.path + QLatin1String(": ") + problemOf(place.lack));
             return false;
         }
         if (!element.attribute(QStringLiteral("xmlImage")).isEmpty()) {

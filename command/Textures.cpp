@@ -22,6 +22,24 @@ using namespace toolkit;
 
 namespace {
 
+/// Why the file is not collected; empty when it is.
+QString problemOf(const ReferencedTexture& texture, TextureCollection::Objection objection)
+{
+    switch (objection) {
+    case TextureCollection::Objection::NotThere:
+        return QStringLiteral("\"%1\" is not there").arg(texture.reference);
+    case TextureCollection::Objection::NoImage:
+        return QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
+    case TextureCollection::Objection::Outside:
+        return QStringLiteral("\"%1\" lies outside of the document's folder and those of the "
+                              "host; --everywhere collects it too")
+            .arg(texture.file);
+    case TextureCollection::Objection::None:
+        break;
+    }
+    return QString();
+}
+
 class Textures : public Command {
 public:
     const char* name() const override
@@ -178,7 +196,8 @@ private:
         QStringList lines;
         for (const ReferencedTexture& texture : texturesOf(*document)) {
             const QString problem =
-                TextureCollection::problemOf(texture, *document, session.folders, m_isEverywhere);
+                problemOf(texture, TextureCollection::objectionTo(texture, *document,
+                                                                  session.folders, m_isEverywhere));
             if (!problem.isEmpty()) {
                 isIncomplete = true;
                 session.warning(document->Name(), problem);

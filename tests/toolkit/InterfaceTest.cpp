@@ -123,8 +123,8 @@ TEST(Interface, HasPicturesWithTheApplicationOfTheProgram)
         embedded += picture.isNull() ? 0 : 1;
     }
     EXPECT_GT(embedded, 0);
-    EXPECT_FALSE(
-        LocatePicture(subjects.first().element, *load.document, Folders()).problem.isEmpty());
+    EXPECT_EQ(LocatePicture(subjects.first().element, *load.document, Folders()).lack,
+              PictureLack::CustomFolder);
     PictureWish wish;
     wish.size = MinPictureSize;
     const FindFile find = TextureFinder(*load.document, Folders());

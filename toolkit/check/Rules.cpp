@@ -33,9 +33,7 @@ const Rule unknownDocument = {
     nullptr};
 const Rule newerVersion = {
     "newer-version", Severity::Warning, "The document comes from a newer version of the host.",
-    "What that version added is kept but not understood. Open it with that version, or tell the "
-    "newest version that you know with --known-version.",
-    nullptr};
+    "What that version added is kept but not understood. Open it with that version.", nullptr};
 const Rule oldCollectionName = {"old-collection-name", Severity::Note,
                                 "The collection of snapshots has its old name, \"SnapShots\".",
                                 "The host renames it when it loads the document.",
@@ -121,21 +119,17 @@ const Rule duplicateRefName = {"duplicate-reference-name", Severity::Error,
                                "The first is found, the others never. Give each its own.", nullptr};
 const Rule missingPreset = {"missing-preset", Severity::Warning,
                             "No archive has the preset that is referred to.",
-                            "Looked for in the folders of the host (--install, --archives, "
-                            "--custom) when these are named.",
-                            nullptr};
-const Rule missingArchive = {
-    "missing-archive", Severity::Error, "The archive that is referred to is not there.",
-    "Looked for in the folder of its type (--archives, --custom) when that "
-    "is named.",
-    nullptr};
-const Rule missingTexture = {
-    "missing-texture", Severity::Warning, "The image file that is referred to is not there.",
-    "\"rvopen textures --relink DIR\" finds it again by its name.", nullptr};
+                            "Looked for in the folders of the host when these are named.", nullptr};
+const Rule missingArchive = {"missing-archive", Severity::Error,
+                             "The archive that is referred to is not there.",
+                             "Looked for in the folder of its type when that is named.", nullptr};
+const Rule missingTexture = {"missing-texture", Severity::Warning,
+                             "The image file that is referred to is not there.",
+                             "Put it where the document says, or beside the document.", nullptr};
 const Rule missingThumbnail = {"missing-thumbnail", Severity::Note,
                                "The thumbnail that is referred to is not there.",
-                               "Looked for below --install, --custom or --snapshots when these are "
-                               "named. The host can make it anew.",
+                               "Looked for in the folders of the host when these are named. The "
+                               "host can make it anew.",
                                nullptr};
 const Rule unreadablePreview = {
     "unreadable-preview", Severity::Warning, "The preview cannot be decoded.",

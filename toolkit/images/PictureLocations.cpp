@@ -67,9 +67,7 @@ PictureLocation LocatePicture(const QDomElement& element, const Document& docume
             document.Root().attribute(QStringLiteral("type")) == QLatin1String("UserArchives");
         place.folder = isCustom ? folders.custom : folders.install;
         if (place.folder.isEmpty()) {
-            place.problem =
-                isCustom ? QStringLiteral("pictures of a user's archive lie below --custom DIR")
-                         : QStringLiteral("pictures of presets lie below --install DIR");
+            place.lack = isCustom ? PictureLack::CustomFolder : PictureLack::InstallFolder;
             return place;
         }
         place.file = presetFile(element, folders.install);
@@ -78,7 +76,7 @@ PictureLocation LocatePicture(const QDomElement& element, const Document& docume
     if (QDir::separator() == QLatin1Char('/'))
         place.file.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (place.file.isEmpty() || place.file.contains(QChar(0)))
-        return {QString(), QString(), QStringLiteral("its names give no place for a picture")};
+        return {QString(), QString(), PictureLack::Names};
     place.file = QDir::cleanPath(place.file);
     return place;
 }

@@ -14,6 +14,14 @@ namespace rvopen::toolkit {
 class Document;
 struct Folders;
 
+/// What there is not, where a picture has no place.
+enum class PictureLack {
+    Nothing,
+    InstallFolder, ///< Pictures of presets lie below it.
+    CustomFolder,  ///< Pictures of a user's archive lie below it.
+    Names          ///< The names of the element give no place.
+};
+
 /// Where the file of a picture is or would be.
 struct PictureLocation {
     /// Whether it is there or not.
@@ -21,7 +29,7 @@ struct PictureLocation {
     /// The host's or the document's folder that the file lies below.
     QString folder;
     /// Why there is no such place; file and folder are empty then.
-    QString problem;
+    PictureLack lack = PictureLack::Nothing;
 };
 
 /// Where the library looks for the picture of a preset or of a member of a snapshot collection,

@@ -28,23 +28,23 @@ TextureCollection::TextureCollection(const QString& folder, const QString& docum
         throw Failure(QStringLiteral("\"%1\": %2").arg(folder, m_files.problem()));
 }
 
-QString TextureCollection::problemOf(const ReferencedTexture& texture, const Document& document,
-                                     const Folders& folders, bool isEverywhere)
+TextureCollection::Objection TextureCollection::objectionTo(const ReferencedTexture& texture,
+                                                            const Document& document,
+                                                            const Folders& folders,
+                                                            bool isEverywhere)
 {
     if (texture.file.isEmpty())
-        return QStringLiteral("\"%1\" is not there").arg(texture.reference);
+        return Objection::NotThere;
     if (!QFileInfo(texture.file).isFile() || !isPictureFile(texture.file))
-        return QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
+        return Objection::NoImage;
     if (isEverywhere)
-        return QString();
+        return Objection::None;
     for (const QString& folder : {document.Folder(), folders.install, folders.archives,
                                   folders.custom, folders.snapshots}) {
         if (!folder.isEmpty() && isBelow(texture.file, folder))
-            return QString();
+            return Objection::None;
     }
-    return QStringLiteral("\"%1\" lies outside of the document's folder and those of the "
-                          "host; --everywhere collects it too")
-        .arg(texture.file);
+    return Objection::Outside;
 }
 
 /// Names that differ in the case of letters only are one name elsewhere.

@@ -18,15 +18,22 @@ struct ReferencedTexture;
 /// of them, or nothing.
 class TextureCollection {
 public:
+    /// What speaks against handing a file on: a document may come from anybody and name any file of
+    /// the machine.
+    enum class Objection {
+        None,
+        NotThere,
+        NoImage,
+        Outside ///< Neither in the document's folder nor in one of the host's.
+    };
+
     /// For a document with that path. Throws a Failure when the folder has it already, or cannot be
     /// made.
     TextureCollection(const QString& folder, const QString& document);
 
-    /// What speaks against handing the file on: a document may come from anybody and name any file
-    /// of the machine. Empty when nothing does. \p isEverywhere: also from outside of the
-    /// document's folder and those of the host.
-    static QString problemOf(const ReferencedTexture& texture, const Document& document,
-                             const Folders& folders, bool isEverywhere);
+    /// \p isEverywhere: what lies outside is handed on, too.
+    static Objection objectionTo(const ReferencedTexture& texture, const Document& document,
+                                 const Folders& folders, bool isEverywhere);
 
     /// Copies the file, unless the folder has it. The name that it has there: its own, or with a
     /// number where that is taken by another file. Throws a Failure when it cannot be copied.

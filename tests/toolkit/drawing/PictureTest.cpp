@@ -106,7 +106,7 @@ TEST(Picture, OfAUsersPresetHasNoPlaceWithoutTheFolderOfHisArchives)
     ASSERT_TRUE(archive);
     const QDomElement element = archive->Root().firstChildElement().firstChildElement();
     const PictureLocation nowhere = LocatePicture(element, *archive, Folders());
-    EXPECT_EQ(nowhere.problem.toStdString(), "pictures of a user's archive lie below --custom DIR");
+    EXPECT_EQ(nowhere.lack, PictureLack::CustomFolder);
     EXPECT_TRUE(nowhere.file.isEmpty());
     EXPECT_FALSE(FindsPicture(element, QString()));
 }
