@@ -62,8 +62,8 @@ struct Surroundings {
 RVOPEN_TOOLKIT_EXPORT Surroundings
 LookAround(const Folders& folders, const std::function<void(const ReadError&)>& failed = {});
 
-/// What is to be said of the document, in document order, with places and paths. An application
-/// has to be there, since previews are decoded; the toolkit makes one where there is none.
+/// What is to be said of the document, in document order, with places and paths. Previews
+/// are decoded, which needs a QGuiApplication; a program without any application gets one.
 RVOPEN_TOOLKIT_EXPORT QVector<Finding> Inspect(const Document& document,
                                                const Surroundings& surroundings = {});
 

@@ -7,7 +7,8 @@ namespace rvopen::toolkit {
 
 /// \name The application that pictures need
 /// Qt decodes and draws with an application alone. A program with windows has one, and nothing is
-/// done; for others the first call makes one, for which no screen is needed.
+/// done; one without any application gets one by the first call, for which no screen is needed. One
+/// with an application of another kind has to make a QGuiApplication itself.
 /// @{
 void preparePictures();
 
