@@ -28,16 +28,17 @@ void printValues(QTextStream& out, const QDomElement& owner, toolkit::ParamValue
     const QString kind = toolkit::KindOf(owner);
     for (QDomElement child = owner.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
+        const QString name = child.attribute(QStringLiteral("name"));
         if (child.tagName() != QLatin1String("param")) {
             out << indent << child.tagName() << '\n';
-            printValues(out, child, values, indent + QLatin1String("  "));
-            continue;
+        } else {
+            const toolkit::ParamInfo* const info = toolkit::FindParam(owner.tagName(), kind, name);
+            const QString unit = info ? toolkit::UnitName(info->unit) : QString();
+            out << indent << (info ? info->label.toString() : name) << ": " << values.Text(child)
+                << (unit.isEmpty() ? unit : QLatin1Char(' ') + unit) << '\n';
         }
-        const QString name = child.attribute(QStringLiteral("name"));
-        const toolkit::ParamInfo* const info = toolkit::FindParam(owner.tagName(), kind, name);
-        out << indent << (info ? info->label.toString() : name) << ": " << values.Text(child);
-        const QString unit = info ? toolkit::UnitName(info->unit) : QString();
-        out << (unit.isEmpty() ? unit : QLatin1Char(' ') + unit) << '\n';
+        // A parameter that is a shader has its values below it.
+        printValues(out, child, values, indent + QLatin1String("  "));
     }
 }
 
