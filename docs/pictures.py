@@ -120,7 +120,7 @@ def includes(*roots):
         for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]", text, re.MULTILINE):
             yield path, module, included
         if LIBRARY not in path.parents:
-            for included in re.findall(r"^#include \"(toolkit/[\w/]+)\.h\"", text, re.MULTILINE):
+            for included in re.findall(r"^#include \"((?:toolkit|command)/[\w/]+)\.h\"", text, re.MULTILINE):
                 yield path, module, included
             for included in re.findall(r"^#include \"(\w+)\.h\"", text, re.MULTILINE):
                 yield path, module, module_of(path.parent / f"{included}.h")
