@@ -131,7 +131,8 @@ def public_modules():
     """What a host includes."""
     exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
     return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
-            if exports.search(path.read_text(encoding="utf-8"))} | {"RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
+            if exports.search(path.read_text(encoding="utf-8"))} | {
+                "RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
 
 
 def layers_of():
