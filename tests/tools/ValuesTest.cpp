@@ -234,8 +234,8 @@ TEST_F(Values, SetKnowsWhatAttributesAreMadeOf)
     const QString near = s_eye + QStringLiteral("Near@");
     for (const char* const name : {"rangeMin", "rangeMax", "centre", "range"}) {
         EXPECT_EQ(set({near + QLatin1String(name) + QStringLiteral("=low")}).code, 2) << name;
-        EXPECT_EQ(set({near + QLatin1String(name) + QStringLiteral("=-1.5")}).code, 0) << name;
-        EXPECT_EQ(get({near + QLatin1String(name)}).out, QStringLiteral("-1.5\n")) << name;
+        EXPECT_EQ(set({near + QLatin1String(name) + QStringLiteral("=1.5")}).code, 0) << name;
+        EXPECT_EQ(get({near + QLatin1String(name)}).out, QStringLiteral("1.5\n")) << name;
     }
     const QString camera = QStringLiteral("camera[Eye]@");
     for (const char* const name :
