@@ -17,10 +17,12 @@
 #include "Target.h"
 #include "Vocabulary.h"
 
+#include "edit/Carrying.h"
+#include "edit/Things.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/XMLUtils.h>
-#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,6 +31,7 @@
 #include <QSet>
 
 #include <filesystem>
+#include <optional>
 
 namespace rvopen::tools {
 
@@ -92,20 +95,6 @@ Comparison importComparison()
     return comparison;
 }
 
-/// The collection that holds the snapshots of a model; null without.
-QDomElement mainCollection(const QDomElement& root)
-{
-    QDomElement found;
-    for (QDomElement child = root.firstChildElement(QStringLiteral("snapshots")); !child.isNull();
-         child = child.nextSiblingElement(QStringLiteral("snapshots"))) {
-        const QString name = child.attribute(s_name);
-        // A later one takes the place of an earlier one when the host loads the document.
-        if (name == QLatin1String("Model SnapShots") || name == QLatin1String("SnapShots"))
-            found = child;
-    }
-    return found;
-}
-
 /// What a preset is told by within its section; empty without.
 QString identity(const Preset& preset)
 {
@@ -115,28 +104,6 @@ QString identity(const Preset& preset)
         return QString();
     return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
                                                : QLatin1String("/refname/") + refName);
-}
-
-double unitsScale(const Document& document)
-{
-    double scale = 1;
-    const bool isScale =
-        toolkit::ToNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) &&
-        scale > 0;
-    return isScale ? scale : 1;
-}
-
-/// Lengths are stored in the units of their document.
-void convertLengths(const QDomElement& element, double ratio)
-{
-    walk(element, QString(), [ratio](QDomElement part, const QString&) {
-        double length = 0;
-        if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
-            part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
-            toolkit::ToNumber(part.attribute(QStringLiteral("val")), length))
-            part.setAttribute(QStringLiteral("val"), toolkit::NumberText(length * ratio));
-        return true;
-    });
 }
 
 class Import : public Command {
@@ -204,7 +171,7 @@ public:
         const bool isStopped = isAnyChanged(items) && !m_skip && !m_rename && !m_replace;
         for (Item& item : items) {
             if (!isStopped)
-                apply(item, *target, unitsScale(*target) / unitsScale(*source));
+                apply(item, *target, unitsScale(target->root()) / unitsScale(source->root()));
         }
         if (!m_target.isDryRun() && !isStopped)
             write(items, *source, *target, session);
@@ -342,82 +309,14 @@ private:
             return;
         }
         item.action = Action::Added;
-        QDomElement place =
-            isSnapShot ? collectionIn(document) : folderFor(item.preset, item.source, document);
+        QDomElement place = standingPlace(item.source, document);
         if (item.state == State::Changed) {
             item.action = Action::Renamed;
-            rename(item, document);
+            if (!m_freeNames)
+                m_freeNames.emplace(target.root());
+            m_freeNames->rename(item.result);
         }
         place.appendChild(item.result);
-    }
-
-    static QDomElement collectionIn(QDomDocument& document)
-    {
-        QDomElement collection = mainCollection(document.documentElement());
-        if (collection.isNull()) {
-            collection = document.createElement(QStringLiteral("snapshots"));
-            collection.setAttribute(s_name, QStringLiteral("Model SnapShots"));
-            document.documentElement().appendChild(collection);
-        }
-        return collection;
-    }
-
-    /// The section and the folders that the preset stood in, made where they are missing. A folder
-    /// that stands for another archive has its presets there: it takes none.
-    static QDomElement folderFor(const Preset& preset, const QDomElement& source,
-                                 QDomDocument& document)
-    {
-        QVector<QDomElement> line;
-        for (QDomElement element = source.parentNode().toElement();
-             !element.parentNode().isDocument(); element = element.parentNode().toElement())
-            line.prepend(element);
-        QDomElement place = document.documentElement();
-        for (const QDomElement& wanted : line) {
-            QDomElement found;
-            const bool isSection = wanted.tagName() == preset.section;
-            for (QDomElement child = place.firstChildElement(wanted.tagName()); !child.isNull();
-                 child = child.nextSiblingElement(wanted.tagName())) {
-                if ((isSection || child.attribute(s_name) == wanted.attribute(s_name)) &&
-                    child.attribute(QStringLiteral("archiveFilename")).isEmpty()) {
-                    found = child;
-                    break;
-                }
-            }
-            if (found.isNull()) {
-                found = document.importNode(wanted, false).toElement();
-                found.removeAttribute(QStringLiteral("archiveFilename"));
-                place.appendChild(found);
-            }
-            place = found;
-        }
-        return place;
-    }
-
-    /// To names that nothing in the target has.
-    void rename(Item& item, const QDomDocument& document)
-    {
-        if (m_taken.isEmpty()) {
-            walk(document.documentElement(), QString(),
-                 [this](const QDomElement& element, const QString&) {
-                     m_taken.insert(element.attribute(s_name));
-                     m_taken.insert(element.attribute(s_refName));
-                     return !isParam(element);
-                 });
-        }
-        const QString name = item.result.attribute(s_name);
-        const QString refName = item.result.attribute(s_refName);
-        for (int number = 2;; ++number) {
-            const QString newName = QStringLiteral("%1 (%2)").arg(name).arg(number);
-            const QString newRefName = QStringLiteral("%1_%2").arg(refName).arg(number);
-            if (m_taken.contains(newName) || (!refName.isEmpty() && m_taken.contains(newRefName)))
-                continue;
-            item.result.setAttribute(s_name, newName);
-            m_taken.insert(newName);
-            if (!refName.isEmpty())
-                item.result.setAttribute(s_refName, newRefName);
-            m_taken.insert(newRefName);
-            return;
-        }
     }
 
     // Writing.
@@ -570,8 +469,7 @@ private:
     Target m_target;
     QVector<QDomElement> m_selected;
     Comparer m_comparer{importComparison()};
-    /// Names and reference names in the target.
-    QSet<QString> m_taken;
+    std::optional<FreeNames> m_freeNames;
     /// What the items before it are told by.
     QSet<QString> m_seen;
 };

@@ -146,7 +146,7 @@ private:
                                  other.attribute(attribute()) == m_newName;
             if (isRival && problem.isEmpty())
                 problem = QStringLiteral("%1 has the name \"%2\"").arg(path, m_newName);
-            return problem.isEmpty() && top != shelf && thingOf(other) == Thing::Folder;
+            return problem.isEmpty() && m_isRefName && thingOf(other) == Thing::Folder;
         });
         // Several objects of a palette may have been given one preset.
         return m_isRefName && one.thing != Thing::Preset ? QString() : problem;
