@@ -9,6 +9,8 @@
 #include "NewFiles.h"
 #include "Session.h"
 
+#include "edit/Editing.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
@@ -35,7 +37,8 @@ public:
     {
         arguments.description(
             "The text that the library itself writes: attributes in the order of their names, "
-            "archives indented by 3, snapshot documents by 2, UTF-8. To standard output, unless "
+            "archives indented by 3, snapshot documents by 2, UTF-8; in another folder relative "
+            "references to image files lead to the same files. To standard output, unless "
             "--in-place or --output is given. With --check nothing is written; exit code 1 when a "
             "document is not canonical.");
         arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
@@ -60,6 +63,8 @@ public:
         forEachDocument(
             files, session,
             [&](Document& document) {
+                if (!m_check && !m_inPlace && !m_output.isEmpty() && m_output != QLatin1String("-"))
+                    takeAlong(document, document, m_output, session);
                 const QString text = XmlText(document.dom(), indentOf(document.kind()));
                 if (text.isNull()) {
                     session.error(document.name(), QStringLiteral("it could not be read again"));

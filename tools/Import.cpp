@@ -18,6 +18,7 @@
 #include "Vocabulary.h"
 
 #include "edit/Carrying.h"
+#include "edit/Editing.h"
 #include "edit/Things.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -126,8 +127,9 @@ public:
             "there "
             "with the same content is left alone. What is there with another content stops the "
             "import, unless it is said what to do with it. Thumbnails of snapshots are copied from "
-            "beside the source to --snapshots, or beside the output. What was written is read "
-            "back.");
+            "beside the source to --snapshots, or beside the output, those of presets to where the "
+            "host looks for them; relative references to image files lead to the same files from "
+            "the new place. What was written is read back.");
         arguments.positional("source", m_source, "Document or archive to take from");
         arguments.positional("target", m_targetFile,
                              "Document or archive of the same kind to add to");
@@ -162,6 +164,9 @@ public:
             throw Failure(QStringLiteral("both have to be snapshot documents, or both archives"));
 
         select(*source);
+        // In memory: what was imported before is told by what its references lead to.
+        const QVector<Rebased> textures =
+            rebaseTextures(source->root(), source->folder(), target->folder());
         QVector<Item> items = source->kind() == DocumentKind::SnapShots
                                   ? snapShotItems(*source, *target)
                                   : presetItems(*source, *target);
@@ -173,6 +178,8 @@ public:
             if (!isStopped)
                 apply(item, *target, unitsScale(target->root()) / unitsScale(source->root()));
         }
+        if (!isStopped)
+            complainOf(textures, *source, session);
         if (!m_target.isDryRun() && !isStopped)
             write(items, *source, *target, session);
         report(items, isStopped, *target, session);
@@ -337,10 +344,14 @@ private:
             if (item.action != Action::None && item.source.tagName() == QLatin1String("snapshot"))
                 copyPicture(item, source, output, pictures, replaced, session);
         }
+        PictureMoves thumbnails(m_replace || m_target.isForced());
+        followThumbnails(items, source, target, thumbnails, session);
+        thumbnails.make();
         if (isInterrupted())
             throw Failure(QStringLiteral("interrupted; nothing was imported"));
         m_target.write(target, target, session);
         pictures.keep();
+        thumbnails.finish(m_target, session);
         for (const auto& picture : replaced) {
             QByteArray bytes;
             if (!readWhole(picture.first, bytes))
@@ -350,6 +361,20 @@ private:
                 session.error(picture.second, QLatin1String("the thumbnail: ") + problem);
         }
         readBack(target, output);
+    }
+
+    /// Of presets. Where another picture is there, it stays.
+    void followThumbnails(const QVector<Item>& items, const Document& source,
+                          const Document& target, PictureMoves& thumbnails, Session& session) const
+    {
+        const Folders before = foldersOf(source, session.folders, source.folder());
+        const Folders after = foldersOf(target, session.folders, outputFolder(target, m_target));
+        for (const Item& item : items) {
+            if (item.action != Action::None && thingOf(item.source) == Thing::Preset)
+                thumbnails.follow(pictureIn(item.source, source, before),
+                                  pictureIn(item.result, target, after), PictureMoves::Old::Kept);
+        }
+        complainOf(thumbnails, target, session);
     }
 
     static QString pictureName(const QString& snapShot)

@@ -9,6 +9,8 @@
 #include "Input.h"
 #include "NewFiles.h"
 
+#include "edit/Editing.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
@@ -112,6 +114,8 @@ void Target::write(const Document& document, const Document& input, Session& ses
         session.out.text(XmlText(document.dom(), indent));
         return;
     }
+    if (!m_inPlace)
+        takeAlong(document, input, path, session);
     QString problem = problemOfBackup(path);
     if (problem.isEmpty())
         problem = problemOfWriting(document.dom(), indent, path);

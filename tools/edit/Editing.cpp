@@ -37,6 +37,27 @@ void putBack(const QVector<QPair<QString, QByteArray>>& files, Session& session)
     }
 }
 
+/// How many pictures nobody finds who looks for them from a document in another folder.
+int picturesLeft(const Document& document, const Document& input, const QString& folder,
+                 const Folders& named)
+{
+    const Folders folders = foldersOf(input, named, input.folder());
+    const bool isSnapShots = document.kind() == DocumentKind::SnapShots;
+    const bool isCustom =
+        document.root().attribute(QStringLiteral("type")) == QLatin1String("UserArchives");
+    if (isSnapShots ? !named.snapshots.isEmpty() : !isCustom || isBelow(folder, folders.custom))
+        return 0;
+    int count = 0;
+    for (const QString& file : picturesOf(document, folders)) {
+        // A picture may have been put there already.
+        const QString there =
+            folder + file.mid((isSnapShots ? folders.snapshots : folders.custom).size());
+        if (QFileInfo::exists(file) && !QFileInfo::exists(there))
+            ++count;
+    }
+    return count;
+}
+
 } // namespace
 
 void EditReport::print(const char* command, const Document& document, const Target& target,
@@ -156,6 +177,23 @@ QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Sessio
             files += picturesOf(other, foldersOf(other, session.folders, other.folder()));
     });
     return files;
+}
+
+void takeAlong(const Document& document, const Document& input, const QString& file,
+               Session& session)
+{
+    const QFileInfo output(PathToOpen(file));
+    const bool isDevice = output.exists() && !output.isFile();
+    const QString folder = output.absolutePath();
+    if (isDevice || input.isStream() ||
+        QFileInfo(folder).canonicalFilePath() == QFileInfo(input.folder()).canonicalFilePath())
+        return;
+    complainOf(rebaseTextures(document.root(), input.folder(), folder), input, session);
+    const int count = picturesLeft(document, input, folder, session.folders);
+    if (count > 0)
+        session.warning(input.name(), QStringLiteral("%1 left where the document was")
+                                          .arg(counted(count, QStringLiteral("picture is"),
+                                                       QStringLiteral("pictures are"))));
 }
 
 QString outputFolder(const Document& document, const Target& target)

@@ -60,6 +60,11 @@ void complainOf(const QVector<Rebased>& textures, const Document& document, Sess
 /// the host. Documents that cannot be read are errors.
 QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Session& session);
 
+/// Before a document that was read as \p input is written to another file: relative references to
+/// image files lead to the same files from there, and what stays behind is said.
+void takeAlong(const Document& document, const Document& input, const QString& file,
+               Session& session);
+
 /// The folder that a document is written into.
 QString outputFolder(const Document& document, const Target& target);
 
