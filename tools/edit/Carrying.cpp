@@ -8,6 +8,7 @@
 #include "../NodePath.h"
 #include "Things.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QDir>
@@ -32,15 +33,6 @@ QString slug(const QString& name)
     return text;
 }
 
-/// From any system, as documents have it from Windows.
-bool isAbsolute(const QString& reference)
-{
-    const bool hasDrive =
-        reference.size() > 1 && reference[0].isLetter() && reference[1] == QLatin1Char(':');
-    return hasDrive || reference.startsWith(QLatin1Char('/')) ||
-           reference.startsWith(QLatin1Char('\\'));
-}
-
 Rebased rebased(const QString& reference, const QString& from, const QString& to)
 {
     Rebased result{reference, QString(), QString()};
@@ -52,15 +44,7 @@ Rebased rebased(const QString& reference, const QString& from, const QString& to
     const QString there = findReferenced(reference, to);
     if (!there.isEmpty() && haveSameBytes(file, there))
         return result;
-    // Links among the folders would make ".." lead elsewhere.
-    const QString base = QFileInfo(to).canonicalFilePath();
-    const QString folder = QFileInfo(QFileInfo(file).path()).canonicalFilePath();
-    const QString became =
-        QDir(base.isEmpty() ? to : base)
-            .relativeFilePath(folder + QLatin1Char('/') + QFileInfo(file).fileName());
-    result.became = became;
-    if (!reference.contains(QLatin1Char('/')))
-        result.became.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    result.became = relativeReference(file, to, reference);
     return result;
 }
 
@@ -151,6 +135,54 @@ void makePreset(QDomElement material)
                                              slug(material.attribute(s_name)));
 }
 
+bool isAbsoluteReference(const QString& reference)
+{
+    const bool hasDrive =
+        reference.size() > 1 && reference[0].isLetter() && reference[1] == QLatin1Char(':');
+    return hasDrive || reference.startsWith(QLatin1Char('/')) ||
+           reference.startsWith(QLatin1Char('\\'));
+}
+
+QString relativeReference(const QString& file, const QString& folder, const QString& like)
+{
+    // Links among the folders would make ".." lead elsewhere.
+    const QString base = QFileInfo(folder).canonicalFilePath();
+    const QString place = QFileInfo(QFileInfo(file).path()).canonicalFilePath();
+    QString reference = QDir(base.isEmpty() ? folder : base)
+                            .relativeFilePath(place + QLatin1Char('/') + LastPathComponent(file));
+    if (!like.contains(QLatin1Char('/')))
+        reference.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    return reference;
+}
+
+QString withOtherPrefix(const QString& reference, const QString& from, const QString& to)
+{
+    const auto plain = [](QString path) {
+        path.replace(QLatin1Char('\\'), QLatin1Char('/'));
+        while (path.size() > 1 && path.endsWith(QLatin1Char('/')))
+            path.chop(1);
+        return path;
+    };
+    const QString prefix = plain(from);
+    const QString text = plain(reference);
+    const bool isPrefix = text.startsWith(prefix, Qt::CaseInsensitive) &&
+                          (text.size() == prefix.size() || prefix.endsWith(QLatin1Char('/')) ||
+                           text[prefix.size()] == QLatin1Char('/'));
+    if (prefix.isEmpty() || !isPrefix)
+        return QString();
+    QString rest = reference.mid(prefix.size());
+    while (rest.startsWith(QLatin1Char('/')) || rest.startsWith(QLatin1Char('\\')))
+        rest.remove(0, 1);
+    const bool isBackslashed = reference.contains(QLatin1Char('\\'));
+    const bool hasEnd = to.isEmpty() || to.endsWith(QLatin1Char('/')) ||
+                        to.endsWith(QLatin1Char('\\')) || rest.isEmpty();
+    return to +
+           (hasEnd          ? QString()
+            : isBackslashed ? QStringLiteral("\\")
+                            : QStringLiteral("/")) +
+           rest;
+}
+
 QVector<Rebased> rebaseTextures(const QDomElement& element, const QString& from, const QString& to)
 {
     QVector<Rebased> list;
@@ -162,7 +194,7 @@ QVector<Rebased> rebaseTextures(const QDomElement& element, const QString& from,
         const QString reference = param.attribute(s_val);
         if (!isParam(param) || !isTextureParam(owner, param.attribute(s_name)) ||
             param.attribute(QStringLiteral("type")) != QLatin1String("string") ||
-            reference.isEmpty() || isAbsolute(reference))
+            reference.isEmpty() || isAbsoluteReference(reference))
             return true;
         if (!known.contains(reference)) {
             const Rebased result = rebased(reference, from, to);

@@ -37,6 +37,15 @@ private:
 /// has a name and a reference name.
 void makePreset(QDomElement material);
 
+/// Whether a path of a document starts at a root or drive of any system.
+bool isAbsoluteReference(const QString& reference);
+/// The reference from a folder that leads to the file: relative, with separators of the kind that
+/// \p like has.
+QString relativeReference(const QString& file, const QString& folder, const QString& like);
+/// The reference with another beginning, its folders kept; null where it does not begin with the
+/// whole names of \p from. Separators of both kinds and the case of letters make no difference.
+QString withOtherPrefix(const QString& reference, const QString& from, const QString& to);
+
 /// A relative reference to an image file and what became of it.
 struct Rebased {
     QString reference;
