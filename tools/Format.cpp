@@ -8,6 +8,7 @@
 #include "Input.h"
 #include "NewFiles.h"
 #include "Session.h"
+#include "Target.h"
 
 #include "edit/Editing.h"
 
@@ -45,6 +46,7 @@ public:
         arguments.flag("--check", m_check, "Only tell which documents are not canonical");
         arguments.option("-o,--output", m_output, "FILE", "Write one document to this file");
         arguments.flag("--in-place", m_inPlace, "Write over the inputs");
+        m_safety.declareSafety(arguments, "Write over another file than the input");
         arguments.onlyOne(
             {QStringLiteral("--check"), QStringLiteral("--output"), QStringLiteral("--in-place")});
         arguments.example("rvopen format --check snapshots archives", "what a build server asks");
@@ -106,18 +108,27 @@ private:
         if (isSameFile(m_output, document.path()))
             throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
                               .arg(m_output));
-        const QString problem = problemOfWriting(text.toUtf8(), m_output);
+        m_safety.checkFree(m_output);
+        if (m_safety.isDryRun())
+            return;
+        QString problem = m_safety.problemOfBackup(m_output);
+        if (problem.isEmpty())
+            problem = problemOfWriting(text.toUtf8(), m_output);
         if (!problem.isEmpty())
             session.error(m_output, problem);
     }
 
-    static void writeOver(const QString& text, const Document& document, Session& session)
+    void writeOver(const QString& text, const Document& document, Session& session) const
     {
         if (document.isStream()) {
             session.error(document.name(), QStringLiteral("it is no file to write over"));
             return;
         }
-        const QString problem = problemOfWriting(text.toUtf8(), document.path());
+        if (m_safety.isDryRun())
+            return;
+        QString problem = m_safety.problemOfBackup(document.path());
+        if (problem.isEmpty())
+            problem = problemOfWriting(text.toUtf8(), document.path());
         if (!problem.isEmpty())
             session.error(document.name(), problem + QLatin1String("; it is as it was"));
     }
@@ -126,6 +137,7 @@ private:
     bool m_check = false;
     QString m_output;
     bool m_inPlace = false;
+    Target m_safety;
 };
 
 } // namespace

@@ -24,6 +24,11 @@ void Target::declare(Arguments& arguments, const char* force)
                      "Write to this file, or to standard output for \"-\"");
     arguments.flag("--in-place", m_inPlace, "Write over the input");
     arguments.onlyOne({QStringLiteral("--output"), QStringLiteral("--in-place")});
+    declareSafety(arguments, force);
+}
+
+void Target::declareSafety(Arguments& arguments, const char* force)
+{
     arguments.flag("--dry-run", m_isDryRun, "Only tell what would be done");
     arguments.flag("--backup", m_backup, "~",
                    "Keep what is written over under its name with \"~\" behind it, or with "
@@ -62,11 +67,20 @@ bool Target::isForced() const
     return m_isForced;
 }
 
+void Target::checkFree(const QString& output) const
+{
+    if (!m_isForced && QFileInfo(PathToOpen(output)).isFile())
+        throw Failure(
+            QStringLiteral("\"%1\" is there already: --force writes over it").arg(output));
+}
+
 QString Target::problemOfBackup(const QString& path) const
 {
     const QString file = PathToOpen(path);
     if (m_backup.isEmpty() || !QFileInfo(file).isFile())
         return QString();
+    if (m_backup.contains(QLatin1Char('/')) || m_backup.contains(QLatin1Char('\\')))
+        return QStringLiteral("\"%1\" is no end of a file name").arg(m_backup);
     QByteArray bytes;
     const QString problem = readWhole(file, bytes) ? problemOfWriting(bytes, file + m_backup)
                                                    : QStringLiteral("it could not be read");
@@ -88,11 +102,8 @@ void Target::check(const Document& input) const
     }
     if (!m_inPlace && QFileInfo(m_output).isDir())
         throw Failure(QStringLiteral("\"%1\" is a folder").arg(m_output));
-    if (!m_inPlace && !m_isForced && QFileInfo(PathToOpen(m_output)).isFile())
-        throw Failure(
-            QStringLiteral("\"%1\" is there already: --force writes over it").arg(m_output));
-    if (m_backup.contains(QLatin1Char('/')) || m_backup.contains(QLatin1Char('\\')))
-        throw Failure(QStringLiteral("\"%1\" is no end of a file name").arg(m_backup));
+    if (!m_inPlace && !isStandardOutput())
+        checkFree(m_output);
 }
 
 QString Target::file(const Document& input) const

@@ -20,6 +20,9 @@ public:
     /// \p force is what "--force" is good for.
     void declare(Arguments& arguments,
                  const char* force = "Write over another file than the input");
+    /// The part of it that has to do with what is lost by writing: for commands with outputs of
+    /// their own.
+    void declareSafety(Arguments& arguments, const char* force);
     /// Before an input that may be written over is read: from now on nobody else changes it.
     void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
@@ -32,6 +35,8 @@ public:
     bool isStandardOutput() const;
     bool isDryRun() const;
     bool isForced() const;
+    /// Throws a Failure when the file is there already and the user did not say to write over it.
+    void checkFree(const QString& output) const;
     /// Keeps what is about to be written over or removed, if the user wants that. Empty when that
     /// went well, else why not.
     QString problemOfBackup(const QString& path) const;

@@ -76,6 +76,18 @@ TEST_F(TakenAlong, AnotherFileThanTheInputAsksForForce)
     EXPECT_EQ(workspace.read(QStringLiteral("out/b.xml.1")), QByteArray("mine"));
 }
 
+TEST_F(TakenAlong, FormatKeepsWhatIsThere)
+{
+    const QByteArray before = "<snapRoot  name='x'/>";
+    workspace.write(QStringLiteral("b.xml"), before);
+    EXPECT_EQ(workspace.run("format in/a.xml -o b.xml").code, 2);
+    EXPECT_EQ(workspace.run("format --dry-run b.xml --in-place").out, QStringLiteral("b.xml\n"));
+    EXPECT_EQ(workspace.read(QStringLiteral("b.xml")), before);
+    EXPECT_EQ(workspace.run("format --backup b.xml --in-place").code, 0);
+    EXPECT_NE(workspace.read(QStringLiteral("b.xml")), before);
+    EXPECT_EQ(workspace.read(QStringLiteral("b.xml~")), before);
+}
+
 TEST_F(TakenAlong, ADryRunOfSetWritesNothing)
 {
     const QStringList before = workspace.files();
