@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -129,6 +130,14 @@ void Arguments::positional(const char* name, QStringList& target, const char* he
 void Arguments::flag(const char* names, bool& target, const char* help)
 {
     m_app.add_flag(names, target, help);
+}
+
+void Arguments::flag(const char* name, QString& target, const char* standard, const char* help)
+{
+    // In braces stands what the flag alone means to the parser.
+    const auto value = std::make_shared<std::string>();
+    m_app.add_flag(std::string(name) + '{' + standard + '}', *value, help)
+        ->each([value, &target](const std::string& given) { target = text(given); });
 }
 
 void Arguments::option(const char* names, QString& target, const char* value, const char* help)

@@ -31,6 +31,8 @@ public:
     /// \p names as "-o,--output", \p value what help calls the value, as "FILE".
     /// @{
     void flag(const char* names, bool& target, const char* help);
+    /// A flag that may be given a text behind a "="; without one it is \p standard.
+    void flag(const char* name, QString& target, const char* standard, const char* help);
     void option(const char* names, QString& target, const char* value, const char* help);
     void option(const char* names, QStringList& target, const char* value, const char* help);
     void option(const char* names, int& target, const char* value, const char* help);

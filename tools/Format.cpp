@@ -8,6 +8,9 @@
 #include "Input.h"
 #include "NewFiles.h"
 #include "Session.h"
+#include "Target.h"
+
+#include "edit/Editing.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
@@ -35,13 +38,15 @@ public:
     {
         arguments.description(
             "The text that the library itself writes: attributes in the order of their names, "
-            "archives indented by 3, snapshot documents by 2, UTF-8. To standard output, unless "
+            "archives indented by 3, snapshot documents by 2, UTF-8; in another folder relative "
+            "references to image files lead to the same files. To standard output, unless "
             "--in-place or --output is given. With --check nothing is written; exit code 1 when a "
             "document is not canonical.");
         arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
         arguments.flag("--check", m_check, "Only tell which documents are not canonical");
         arguments.option("-o,--output", m_output, "FILE", "Write one document to this file");
         arguments.flag("--in-place", m_inPlace, "Write over the inputs");
+        m_safety.declareSafety(arguments, "Write over another file than the input");
         arguments.onlyOne(
             {QStringLiteral("--check"), QStringLiteral("--output"), QStringLiteral("--in-place")});
         arguments.example("rvopen format --check snapshots archives", "what a build server asks");
@@ -60,6 +65,8 @@ public:
         forEachDocument(
             files, session,
             [&](Document& document) {
+                if (!m_check && !m_inPlace && !m_output.isEmpty() && m_output != QLatin1String("-"))
+                    takeAlong(document, document, m_output, session);
                 const QString text = XmlText(document.dom(), indentOf(document.kind()));
                 if (text.isNull()) {
                     session.error(document.name(), QStringLiteral("it could not be read again"));
@@ -101,18 +108,27 @@ private:
         if (isSameFile(m_output, document.path()))
             throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
                               .arg(m_output));
-        const QString problem = problemOfWriting(text.toUtf8(), m_output);
+        m_safety.checkFree(m_output);
+        if (m_safety.isDryRun())
+            return;
+        QString problem = m_safety.problemOfBackup(m_output);
+        if (problem.isEmpty())
+            problem = problemOfWriting(text.toUtf8(), m_output);
         if (!problem.isEmpty())
             session.error(m_output, problem);
     }
 
-    static void writeOver(const QString& text, const Document& document, Session& session)
+    void writeOver(const QString& text, const Document& document, Session& session) const
     {
         if (document.isStream()) {
             session.error(document.name(), QStringLiteral("it is no file to write over"));
             return;
         }
-        const QString problem = problemOfWriting(text.toUtf8(), document.path());
+        if (m_safety.isDryRun())
+            return;
+        QString problem = m_safety.problemOfBackup(document.path());
+        if (problem.isEmpty())
+            problem = problemOfWriting(text.toUtf8(), document.path());
         if (!problem.isEmpty())
             session.error(document.name(), problem + QLatin1String("; it is as it was"));
     }
@@ -121,6 +137,7 @@ private:
     bool m_check = false;
     QString m_output;
     bool m_inPlace = false;
+    Target m_safety;
 };
 
 } // namespace

@@ -17,10 +17,13 @@
 #include "Target.h"
 #include "Vocabulary.h"
 
+#include "edit/Carrying.h"
+#include "edit/Editing.h"
+#include "edit/Things.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/XMLUtils.h>
-#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,6 +32,7 @@
 #include <QSet>
 
 #include <filesystem>
+#include <optional>
 
 namespace rvopen::tools {
 
@@ -92,20 +96,6 @@ Comparison importComparison()
     return comparison;
 }
 
-/// The collection that holds the snapshots of a model; null without.
-QDomElement mainCollection(const QDomElement& root)
-{
-    QDomElement found;
-    for (QDomElement child = root.firstChildElement(QStringLiteral("snapshots")); !child.isNull();
-         child = child.nextSiblingElement(QStringLiteral("snapshots"))) {
-        const QString name = child.attribute(s_name);
-        // A later one takes the place of an earlier one when the host loads the document.
-        if (name == QLatin1String("Model SnapShots") || name == QLatin1String("SnapShots"))
-            found = child;
-    }
-    return found;
-}
-
 /// What a preset is told by within its section; empty without.
 QString identity(const Preset& preset)
 {
@@ -115,28 +105,6 @@ QString identity(const Preset& preset)
         return QString();
     return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
                                                : QLatin1String("/refname/") + refName);
-}
-
-double unitsScale(const Document& document)
-{
-    double scale = 1;
-    const bool isScale =
-        toolkit::ToNumber(document.root().attribute(QStringLiteral("unitsScale")), scale) &&
-        scale > 0;
-    return isScale ? scale : 1;
-}
-
-/// Lengths are stored in the units of their document.
-void convertLengths(const QDomElement& element, double ratio)
-{
-    walk(element, QString(), [ratio](QDomElement part, const QString&) {
-        double length = 0;
-        if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
-            part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
-            toolkit::ToNumber(part.attribute(QStringLiteral("val")), length))
-            part.setAttribute(QStringLiteral("val"), toolkit::NumberText(length * ratio));
-        return true;
-    });
 }
 
 class Import : public Command {
@@ -159,8 +127,9 @@ public:
             "there "
             "with the same content is left alone. What is there with another content stops the "
             "import, unless it is said what to do with it. Thumbnails of snapshots are copied from "
-            "beside the source to --snapshots, or beside the output. What was written is read "
-            "back.");
+            "beside the source to --snapshots, or beside the output, those of presets to where the "
+            "host looks for them; relative references to image files lead to the same files from "
+            "the new place. What was written is read back.");
         arguments.positional("source", m_source, "Document or archive to take from");
         arguments.positional("target", m_targetFile,
                              "Document or archive of the same kind to add to");
@@ -171,7 +140,6 @@ public:
         arguments.flag("--replace", m_replace, "Put what was changed in the place of the old");
         arguments.onlyOne(
             {QStringLiteral("--skip"), QStringLiteral("--rename"), QStringLiteral("--replace")});
-        arguments.flag("--dry-run", m_dryRun, "Only tell what would be done");
         m_target.declare(arguments);
         arguments.example("rvopen import snapshots/import_me.xml snapshots/house.xml -o both.xml",
                           "the neighbour's snapshots beside one's own, with their pictures");
@@ -185,19 +153,20 @@ public:
         if (m_source == QLatin1String("-") && m_targetFile == m_source)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
         const std::unique_ptr<Document> source = readOrFail(m_source, session);
-        if (!m_dryRun)
-            m_target.lock(m_targetFile);
+        m_target.lock(m_targetFile);
         const std::unique_ptr<Document> target = readOrFail(m_targetFile, session);
-        if (!m_dryRun)
-            m_target.check(*target);
-        if (!m_dryRun && m_target.isStandardOutput())
+        m_target.check(*target);
+        if (!m_target.isDryRun() && m_target.isStandardOutput())
             throw Failure(QStringLiteral("an import writes to a file, to read it back"));
-        if (!m_dryRun && isSameFile(m_target.file(*target), source->path()))
+        if (!m_target.isDryRun() && isSameFile(m_target.file(*target), source->path()))
             throw Failure(QStringLiteral("the source cannot be the output"));
         if (source->kind() != target->kind() || source->kind() == DocumentKind::Unknown)
             throw Failure(QStringLiteral("both have to be snapshot documents, or both archives"));
 
         select(*source);
+        // In memory: what was imported before is told by what its references lead to.
+        const QVector<Rebased> textures =
+            rebaseTextures(source->root(), source->folder(), target->folder());
         QVector<Item> items = source->kind() == DocumentKind::SnapShots
                                   ? snapShotItems(*source, *target)
                                   : presetItems(*source, *target);
@@ -207,9 +176,11 @@ public:
         const bool isStopped = isAnyChanged(items) && !m_skip && !m_rename && !m_replace;
         for (Item& item : items) {
             if (!isStopped)
-                apply(item, *target, unitsScale(*target) / unitsScale(*source));
+                apply(item, *target, unitsScale(target->root()) / unitsScale(source->root()));
         }
-        if (!m_dryRun && !isStopped)
+        if (!isStopped)
+            complainOf(textures, *source, session);
+        if (!m_target.isDryRun() && !isStopped)
             write(items, *source, *target, session);
         report(items, isStopped, *target, session);
         const bool isRefused = std::any_of(items.cbegin(), items.cend(), [](const Item& item) {
@@ -345,82 +316,14 @@ private:
             return;
         }
         item.action = Action::Added;
-        QDomElement place =
-            isSnapShot ? collectionIn(document) : folderFor(item.preset, item.source, document);
+        QDomElement place = standingPlace(item.source, document);
         if (item.state == State::Changed) {
             item.action = Action::Renamed;
-            rename(item, document);
+            if (!m_freeNames)
+                m_freeNames.emplace(target.root());
+            m_freeNames->rename(item.result);
         }
         place.appendChild(item.result);
-    }
-
-    static QDomElement collectionIn(QDomDocument& document)
-    {
-        QDomElement collection = mainCollection(document.documentElement());
-        if (collection.isNull()) {
-            collection = document.createElement(QStringLiteral("snapshots"));
-            collection.setAttribute(s_name, QStringLiteral("Model SnapShots"));
-            document.documentElement().appendChild(collection);
-        }
-        return collection;
-    }
-
-    /// The section and the folders that the preset stood in, made where they are missing. A folder
-    /// that stands for another archive has its presets there: it takes none.
-    static QDomElement folderFor(const Preset& preset, const QDomElement& source,
-                                 QDomDocument& document)
-    {
-        QVector<QDomElement> line;
-        for (QDomElement element = source.parentNode().toElement();
-             !element.parentNode().isDocument(); element = element.parentNode().toElement())
-            line.prepend(element);
-        QDomElement place = document.documentElement();
-        for (const QDomElement& wanted : line) {
-            QDomElement found;
-            const bool isSection = wanted.tagName() == preset.section;
-            for (QDomElement child = place.firstChildElement(wanted.tagName()); !child.isNull();
-                 child = child.nextSiblingElement(wanted.tagName())) {
-                if ((isSection || child.attribute(s_name) == wanted.attribute(s_name)) &&
-                    child.attribute(QStringLiteral("archiveFilename")).isEmpty()) {
-                    found = child;
-                    break;
-                }
-            }
-            if (found.isNull()) {
-                found = document.importNode(wanted, false).toElement();
-                found.removeAttribute(QStringLiteral("archiveFilename"));
-                place.appendChild(found);
-            }
-            place = found;
-        }
-        return place;
-    }
-
-    /// To names that nothing in the target has.
-    void rename(Item& item, const QDomDocument& document)
-    {
-        if (m_taken.isEmpty()) {
-            walk(document.documentElement(), QString(),
-                 [this](const QDomElement& element, const QString&) {
-                     m_taken.insert(element.attribute(s_name));
-                     m_taken.insert(element.attribute(s_refName));
-                     return !isParam(element);
-                 });
-        }
-        const QString name = item.result.attribute(s_name);
-        const QString refName = item.result.attribute(s_refName);
-        for (int number = 2;; ++number) {
-            const QString newName = QStringLiteral("%1 (%2)").arg(name).arg(number);
-            const QString newRefName = QStringLiteral("%1_%2").arg(refName).arg(number);
-            if (m_taken.contains(newName) || (!refName.isEmpty() && m_taken.contains(newRefName)))
-                continue;
-            item.result.setAttribute(s_name, newName);
-            m_taken.insert(newName);
-            if (!refName.isEmpty())
-                item.result.setAttribute(s_refName, newRefName);
-            m_taken.insert(newRefName);
-            return;
-        }
     }
 
     // Writing.
@@ -441,10 +344,14 @@ private:
             if (item.action != Action::None && item.source.tagName() == QLatin1String("snapshot"))
                 copyPicture(item, source, output, pictures, replaced, session);
         }
+        PictureMoves thumbnails(m_replace || m_target.isForced());
+        followThumbnails(items, source, target, thumbnails, session);
+        thumbnails.make();
         if (isInterrupted())
             throw Failure(QStringLiteral("interrupted; nothing was imported"));
         m_target.write(target, target, session);
         pictures.keep();
+        thumbnails.finish(m_target, session);
         for (const auto& picture : replaced) {
             QByteArray bytes;
             if (!readWhole(picture.first, bytes))
@@ -454,6 +361,20 @@ private:
                 session.error(picture.second, QLatin1String("the thumbnail: ") + problem);
         }
         readBack(target, output);
+    }
+
+    /// Of presets. Where another picture is there, it stays.
+    void followThumbnails(const QVector<Item>& items, const Document& source,
+                          const Document& target, PictureMoves& thumbnails, Session& session) const
+    {
+        const Folders before = foldersOf(source, session.folders, source.folder());
+        const Folders after = foldersOf(target, session.folders, outputFolder(target, m_target));
+        for (const Item& item : items) {
+            if (item.action != Action::None && thingOf(item.source) == Thing::Preset)
+                thumbnails.follow(pictureIn(item.source, source, before),
+                                  pictureIn(item.result, target, after), PictureMoves::Old::Kept);
+        }
+        complainOf(thumbnails, target, session);
     }
 
     static QString pictureName(const QString& snapShot)
@@ -538,8 +459,9 @@ private:
             }
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("target"), target.name());
-            result.insert(QStringLiteral("written"),
-                          m_dryRun || isStopped ? QJsonValue() : QJsonValue(m_target.file(target)));
+            result.insert(QStringLiteral("written"), m_target.isDryRun() || isStopped
+                                                         ? QJsonValue()
+                                                         : QJsonValue(m_target.file(target)));
             result.insert(QStringLiteral("items"), list);
             session.out.json(result);
         } else {
@@ -569,12 +491,10 @@ private:
     bool m_skip = false;
     bool m_rename = false;
     bool m_replace = false;
-    bool m_dryRun = false;
     Target m_target;
     QVector<QDomElement> m_selected;
     Comparer m_comparer{importComparison()};
-    /// Names and reference names in the target.
-    QSet<QString> m_taken;
+    std::optional<FreeNames> m_freeNames;
     /// What the items before it are told by.
     QSet<QString> m_seen;
 };

@@ -79,9 +79,8 @@ public:
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("assignments", m_assignments, "PATH=VALUE");
         arguments.flag("--all", m_all, "Set every match of a path; without, there may be one only");
-        arguments.flag("--force", m_force,
-                       "Also set read-only parameters, and values outside of their range");
-        m_target.declare(arguments);
+        m_target.declare(arguments, "Also set read-only parameters and values outside of their "
+                                    "range, and write over another file than the input");
         arguments.example("rvopen set snapshots/house.xml \"/snapshot/camera:Field Of View=50\" "
                           "-o wide.xml",
                           "a copy that looks through 50 degrees");
@@ -166,7 +165,7 @@ private:
         const bool isReadOnly =
             isParam(element) &&
             element.attribute(QStringLiteral("prop")).contains(QLatin1Char('R'));
-        if (isReadOnly && !m_force)
+        if (isReadOnly && !m_target.isForced())
             return QStringLiteral("the parameter is read-only (--force sets it)");
         if (!attribute.isEmpty()) {
             if (isParam(element) &&
@@ -178,7 +177,7 @@ private:
         }
         if (!isParam(element))
             return QStringLiteral("only parameters (:name) and attributes (@name) have values");
-        if (!m_force)
+        if (!m_target.isForced())
             return values.check(element, value);
         QDomElement free = element.cloneNode(false).toElement();
         free.removeAttribute(QStringLiteral("rangeMin"));
@@ -211,7 +210,8 @@ private:
             }
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("file"), document.name());
-            result.insert(QStringLiteral("written"), m_target.file(document));
+            result.insert(QStringLiteral("written"),
+                          m_target.isDryRun() ? QJsonValue() : QJsonValue(m_target.file(document)));
             result.insert(QStringLiteral("changes"), list);
             session.out.json(result);
             return;
@@ -228,7 +228,6 @@ private:
     QString m_file;
     QStringList m_assignments;
     bool m_all = false;
-    bool m_force = false;
     Target m_target;
 };
 

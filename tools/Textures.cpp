@@ -14,6 +14,9 @@
 #include "Session.h"
 #include "Target.h"
 
+#include "edit/Carrying.h"
+#include "edit/PictureMoves.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
@@ -174,11 +177,13 @@ public:
         arguments.flag("--missing", m_missing, "Only what is not there");
         arguments.option("--relink", m_relink, "DIR",
                          "Find what is missing in and below this folder, by file name in any case "
-                         "of letters, and write a document that refers to it; may be repeated");
+                         "of letters, and write a document that refers to it, relative where it "
+                         "was; or FROM=TO, another beginning for what begins with FROM; may be "
+                         "repeated");
         arguments.option(
             "--collect", m_collect, "DIR",
-            "Copy the document and the images that it refers to into this folder, and refer to "
-            "bare file names there");
+            "Copy the document, the images that it refers to and the pictures of its presets and "
+            "snapshots into this folder, and refer to bare file names there");
         arguments.flag("--everywhere", m_isEverywhere,
                        "Collect also images that lie outside of the document's folder and those "
                        "of the host");
@@ -252,12 +257,29 @@ private:
         m_target.lock(m_files.first());
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         m_target.check(*document);
-        FileIndex index(m_relink);
+        QStringList folders;
+        QVector<QPair<QString, QString>> prefixes;
+        for (const QString& text : m_relink) {
+            const int at = int(text.indexOf(QLatin1Char('=')));
+            if (at > 0 && !QFileInfo(PathToOpen(text)).isDir())
+                prefixes.append({text.left(at), text.mid(at + 1)});
+            else
+                folders << text;
+        }
+        FileIndex index(folders);
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
         for (Texture texture : texturesOf(*document)) {
-            if (!texture.file.isEmpty())
+            const QString changed = withAnotherPrefix(texture.reference, prefixes);
+            if (!changed.isEmpty()) {
+                refer(texture, changed);
+                texture.file = findReferenced(changed, document->folder());
+                list.append(object(*document, texture, changed));
+                lines << texture.reference + QLatin1String(" -> ") + changed;
+                continue;
+            }
+            if (!texture.file.isEmpty() || folders.isEmpty())
                 continue;
             const QStringList found = index.find(texture.reference);
             if (found.size() != 1) {
@@ -271,7 +293,11 @@ private:
                 list.append(object(*document, texture, QString()));
                 continue;
             }
-            const QString reference = QDir::toNativeSeparators(found.first());
+            // Target re-bases what is relative to where the document was.
+            const QString reference =
+                isAbsoluteReference(texture.reference)
+                    ? QDir::toNativeSeparators(found.first())
+                    : relativeReference(found.first(), document->folder(), texture.reference);
             refer(texture, reference);
             texture.file = found.first();
             list.append(object(*document, texture, reference));
@@ -280,6 +306,18 @@ private:
         m_target.write(*document, *document, session);
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    /// By the first prefix that the reference has; null without.
+    static QString withAnotherPrefix(const QString& reference,
+                                     const QVector<QPair<QString, QString>>& prefixes)
+    {
+        for (const auto& prefix : prefixes) {
+            const QString changed = withOtherPrefix(reference, prefix.first, prefix.second);
+            if (!changed.isEmpty())
+                return changed;
+        }
+        return QString();
     }
 
     void report(const QStringList& lines, const QJsonArray& list, Session& session) const
@@ -333,9 +371,37 @@ private:
         if (!files.create(text.toUtf8(), copy))
             throw Failure(
                 QStringLiteral("\"%1\": %2; nothing was collected").arg(copy, files.problem()));
-        files.keep();
+        collectPictures(*document, folder, files, session);
+        if (!m_target.isDryRun())
+            files.keep();
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    /// The pictures of presets and snapshots, which lie beside documents, or below folders there.
+    static void collectPictures(const Document& document, const QString& folder, NewFiles& files,
+                                Session& session)
+    {
+        const Folders folders = foldersOf(document, session.folders, document.folder());
+        const QString& root =
+            document.kind() == DocumentKind::SnapShots ? folders.snapshots : folders.custom;
+        QStringList pictures = picturesOf(document, folders).values();
+        std::sort(pictures.begin(), pictures.end());
+        for (const QString& picture : pictures) {
+            if (!QFileInfo(picture).isFile() || !isBelow(picture, root) || !isPictureFile(picture))
+                continue;
+            const QString target =
+                folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(picture);
+            if (QFileInfo::exists(target)) {
+                if (!haveSameBytes(picture, target))
+                    session.warning(
+                        picture, QStringLiteral("it is left, another \"%1\" is there").arg(target));
+                continue;
+            }
+            if (!files.makeFolder(QFileInfo(target).path()) || !files.copy(picture, target))
+                throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
+                                  .arg(picture, files.problem()));
+        }
     }
 
     /// What speaks against handing the file on: a document may come from anybody and name any file
