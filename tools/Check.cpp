@@ -7,6 +7,7 @@
 #include "Input.h"
 #include "Inspection.h"
 #include "Presets.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 
@@ -64,6 +65,7 @@ public:
             "Mend what can be mended without guessing, and say what; needs --in-place or "
             "--output");
         m_target.declare(arguments);
+        m_selection.declare(arguments);
         arguments.example("rvopen check --severity error snapshots archives",
                           "whether a host could stumble over something");
         arguments.example("rvopen check --fix snapshots/interior_old.xml -o mended.xml",
@@ -90,12 +92,14 @@ public:
         if (m_fix && files.size() != 1 && !m_target.isInPlace())
             throw Failure(QStringLiteral("--output takes one document"));
 
+        const Selection selection = m_selection.selection();
         const Surroundings surroundings = lookAround(session);
         QVector<Finding> findings;
         forEachDocument(
             files, session,
             [&](Document& document) {
-                QVector<Finding> found = wanted(inspect(document, surroundings));
+                QVector<Finding> found =
+                    inside(selection.in(document.root()), wanted(inspect(document, surroundings)));
                 if (m_fix)
                     fix(found, document, session);
                 if (m_format == QLatin1String("text"))
@@ -199,6 +203,16 @@ private:
         QVector<Finding> result;
         for (const Finding& finding : findings) {
             if (isWanted(*finding.rule))
+                result.append(finding);
+        }
+        return result;
+    }
+
+    static QVector<Finding> inside(const Scope& scope, const QVector<Finding>& findings)
+    {
+        QVector<Finding> result;
+        for (const Finding& finding : findings) {
+            if (scope.covers(finding.path))
                 result.append(finding);
         }
         return result;
@@ -388,6 +402,7 @@ private:
     QString m_knownVersion;
     bool m_fix = false;
     Target m_target;
+    SelectionOptions m_selection;
     QSet<const Rule*> m_advised;
 };
 

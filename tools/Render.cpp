@@ -11,6 +11,7 @@
 #include "NodePath.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Subjects.h"
 
@@ -84,6 +85,7 @@ public:
                        "Materials and what they are made of as a flat piece, not as a ball");
         arguments.onlyOne({QStringLiteral("--missing"), QStringLiteral("--all")});
         arguments.onlyOne({QStringLiteral("--embed"), QStringLiteral("--output")});
+        m_selection.declare(arguments);
         arguments.example("rvopen render --missing --size 64 --install install "
                           "install/xml/Product_extra.rvx",
                           "thumbnails below install/sethumbs, where the host looks for them");
@@ -101,6 +103,7 @@ public:
                               .arg(drawing::MaxSize));
         if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
+        m_selected = m_selection.selection();
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
@@ -122,7 +125,8 @@ private:
                               .arg(document.isStandardInput() ? QStringLiteral("standard input")
                                                               : document.name()));
         drawing::TextureReader textures(textureFinder(document, session.folders));
-        QVector<Subject> subjects = subjectsOf(document);
+        const QVector<Subject> subjects =
+            selectedOf(subjectsOf(document), m_selected.in(document.root()));
         int kept = 0;
         int written = 0;
         bool isChanged = false;
@@ -267,6 +271,8 @@ private:
     bool m_embed = false;
     QString m_output;
     drawing::Wish m_wish;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     /// Folders that were made go again at the end if they stayed empty.
     NewFiles m_folders;

@@ -9,6 +9,7 @@
 #include "Input.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Subjects.h"
 
@@ -60,6 +61,7 @@ public:
         arguments.option("--columns", m_columns, "NUMBER", "Pictures in a row; 6 when not given");
         arguments.flag("--drawn", m_drawn, "Draw them all, also those that there are pictures of");
         arguments.flag("--force", m_force, "Also over a file that is there");
+        m_selection.declare(arguments);
         arguments.example("rvopen sheet archives/Custom/MyPresets.rvx --size 80 -o mine.pdf",
                           "a sheet to print");
         arguments.example("rvopen sheet snapshots/import_me.xml --columns 3 -o snapshots.png",
@@ -80,6 +82,7 @@ public:
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
         if (QFileInfo::exists(m_output) && (!m_force || isInput()))
             throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
+        m_selected = m_selection.selection();
         prepareTexts();
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
@@ -140,8 +143,8 @@ private:
         m_names << (document.kind() == DocumentKind::Archive && !name.isEmpty()
                         ? name
                         : QFileInfo(document.name()).completeBaseName());
-        QVector<Subject> subjects = subjectsOf(document);
-        subjects += paletteSubjects(document);
+        const QVector<Subject> subjects = selectedOf(
+            subjectsOf(document) + paletteSubjects(document), m_selected.in(document.root()));
         for (const Subject& subject : subjects) {
             Item item;
             const QString file = pictureFileOf(subject.element, document, session.folders).file;
@@ -225,6 +228,8 @@ private:
     int m_columns = 6;
     bool m_drawn = false;
     bool m_force = false;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     drawing::Wish m_wish;
     Session* m_session = nullptr;
