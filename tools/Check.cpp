@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Failure.h"
 #include "Input.h"
+#include "Inputs.h"
 #include "Inspection.h"
 #include "Presets.h"
 #include "SelectionOptions.h"
@@ -66,6 +67,7 @@ public:
             "--output");
         m_target.declare(arguments);
         m_selection.declare(arguments);
+        m_inputs.declare(arguments);
         arguments.example("rvopen check --severity error snapshots archives",
                           "whether a host could stumble over something");
         arguments.example("rvopen check --fix snapshots/interior_old.xml -o mended.xml",
@@ -79,17 +81,17 @@ public:
             m_format = QStringLiteral("json");
         if (m_explain)
             return explain(session);
-        if (m_files.isEmpty())
+        const QStringList files = m_inputs.files(m_files, session);
+        if (files.isEmpty() && m_files.isEmpty())
             throw Failure(QStringLiteral("name the files to check"));
-        const QStringList files = expandedInputs(m_files, session);
-        if (m_fix && !m_target.isGiven())
+        if (m_fix && !m_target.isGiven() && !m_target.isDryRun())
             throw Failure(QStringLiteral("--fix needs --in-place or --output FILE"));
         if (m_fix && m_target.isStandardOutput())
             throw Failure(
                 QStringLiteral("--fix writes to a file: standard output has the findings"));
-        if (!m_fix && m_target.isGiven())
-            throw Failure(QStringLiteral("--output and --in-place go with --fix"));
-        if (m_fix && files.size() != 1 && !m_target.isInPlace())
+        if (!m_fix && (m_target.isGiven() || m_target.isDryRun()))
+            throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --fix"));
+        if (m_fix && files.size() != 1 && m_target.isGiven() && !m_target.isInPlace())
             throw Failure(QStringLiteral("--output takes one document"));
 
         const Selection selection = m_selection.selection();
@@ -125,7 +127,9 @@ public:
                 findings += found;
                 return true;
             },
-            m_fix && m_target.isInPlace() ? Access::Changing : Access::Reading);
+            m_fix && m_target.isInPlace() && !m_target.isDryRun() ? Access::Changing
+                                                                  : Access::Reading,
+            m_inputs.jobs());
         if (m_format == QLatin1String("json"))
             session.out.json(jsonOf(findings, int(files.size())));
         else if (m_format == QLatin1String("sarif"))
@@ -403,6 +407,7 @@ private:
     bool m_fix = false;
     Target m_target;
     SelectionOptions m_selection;
+    Inputs m_inputs;
     QSet<const Rule*> m_advised;
 };
 

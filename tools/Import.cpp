@@ -171,7 +171,6 @@ public:
         arguments.flag("--replace", m_replace, "Put what was changed in the place of the old");
         arguments.onlyOne(
             {QStringLiteral("--skip"), QStringLiteral("--rename"), QStringLiteral("--replace")});
-        arguments.flag("--dry-run", m_dryRun, "Only tell what would be done");
         m_target.declare(arguments);
         arguments.example("rvopen import snapshots/import_me.xml snapshots/house.xml -o both.xml",
                           "the neighbour's snapshots beside one's own, with their pictures");
@@ -185,14 +184,14 @@ public:
         if (m_source == QLatin1String("-") && m_targetFile == m_source)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
         const std::unique_ptr<Document> source = readOrFail(m_source, session);
-        if (!m_dryRun)
+        if (!m_target.isDryRun())
             m_target.lock(m_targetFile);
         const std::unique_ptr<Document> target = readOrFail(m_targetFile, session);
-        if (!m_dryRun)
+        if (!m_target.isDryRun())
             m_target.check(*target);
-        if (!m_dryRun && m_target.isStandardOutput())
+        if (!m_target.isDryRun() && m_target.isStandardOutput())
             throw Failure(QStringLiteral("an import writes to a file, to read it back"));
-        if (!m_dryRun && isSameFile(m_target.file(*target), source->path()))
+        if (!m_target.isDryRun() && isSameFile(m_target.file(*target), source->path()))
             throw Failure(QStringLiteral("the source cannot be the output"));
         if (source->kind() != target->kind() || source->kind() == DocumentKind::Unknown)
             throw Failure(QStringLiteral("both have to be snapshot documents, or both archives"));
@@ -209,7 +208,7 @@ public:
             if (!isStopped)
                 apply(item, *target, unitsScale(*target) / unitsScale(*source));
         }
-        if (!m_dryRun && !isStopped)
+        if (!m_target.isDryRun() && !isStopped)
             write(items, *source, *target, session);
         report(items, isStopped, *target, session);
         const bool isRefused = std::any_of(items.cbegin(), items.cend(), [](const Item& item) {
@@ -538,8 +537,9 @@ private:
             }
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("target"), target.name());
-            result.insert(QStringLiteral("written"),
-                          m_dryRun || isStopped ? QJsonValue() : QJsonValue(m_target.file(target)));
+            result.insert(QStringLiteral("written"), m_target.isDryRun() || isStopped
+                                                         ? QJsonValue()
+                                                         : QJsonValue(m_target.file(target)));
             result.insert(QStringLiteral("items"), list);
             session.out.json(result);
         } else {
@@ -569,7 +569,6 @@ private:
     bool m_skip = false;
     bool m_rename = false;
     bool m_replace = false;
-    bool m_dryRun = false;
     Target m_target;
     QVector<QDomElement> m_selected;
     Comparer m_comparer{importComparison()};

@@ -7,24 +7,31 @@
 #include "Failure.h"
 #include "FileWriting.h"
 #include "Input.h"
+#include "NewFiles.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QFileInfo>
 
 namespace rvopen::tools {
 
-void Target::declare(Arguments& arguments)
+void Target::declare(Arguments& arguments, const char* force)
 {
     arguments.option("-o,--output", m_output, "FILE",
                      "Write to this file, or to standard output for \"-\"");
     arguments.flag("--in-place", m_inPlace, "Write over the input");
     arguments.onlyOne({QStringLiteral("--output"), QStringLiteral("--in-place")});
+    arguments.flag("--force", m_isForced, force ? force : "Also over a file that is there");
+    arguments.flag("--dry-run", m_isDryRun, "Only tell what would be done");
+    arguments.flagOrValue("--backup", m_backup, "~",
+                          "Keep what is written over under its name with \"~\", or as "
+                          "--backup=SUFFIX says");
 }
 
 void Target::lock(const QString& input)
 {
-    if (m_inPlace)
+    if (m_inPlace && !m_isDryRun)
         m_lock.take(input);
 }
 
@@ -43,8 +50,22 @@ bool Target::isStandardOutput() const
     return m_output == QLatin1String("-");
 }
 
+bool Target::isForced() const
+{
+    return m_isForced;
+}
+
+bool Target::isDryRun() const
+{
+    return m_isDryRun;
+}
+
 void Target::check(const Document& input) const
 {
+    if (m_backup.contains(QLatin1Char('/')) || m_backup.contains(QLatin1Char('\\')))
+        throw Failure(QStringLiteral("\"%1\" is no suffix").arg(m_backup));
+    if (m_isDryRun && !isGiven())
+        return;
     if (!isGiven())
         throw Failure(QStringLiteral("say where to write: --output FILE or --in-place"));
     if (m_inPlace && input.isStandardInput())
@@ -58,6 +79,9 @@ void Target::check(const Document& input) const
     }
     if (!m_inPlace && QFileInfo(m_output).isDir())
         throw Failure(QStringLiteral("\"%1\" is a folder").arg(m_output));
+    if (!m_inPlace && !m_isForced && isThere(m_output))
+        throw Failure(
+            QStringLiteral("\"%1\" is there already: --force writes over it").arg(m_output));
 }
 
 QString Target::file(const Document& input) const
@@ -69,15 +93,36 @@ QString Target::file(const Document& input) const
 
 void Target::write(const Document& document, const Document& input, Session& session) const
 {
+    if (m_isDryRun)
+        return;
     const int indent = indentOf(document.kind());
     const QString path = file(input);
     if (path.isEmpty()) {
         session.out.text(XmlText(document.dom(), indent));
         return;
     }
+    backUp(path);
     const QString problem = problemOfWriting(document.dom(), indent, path);
     if (!problem.isEmpty())
         throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
+}
+
+void Target::backUp(const QString& path) const
+{
+    if (m_backup.isEmpty() || !isThere(path))
+        return;
+    const QString backup = path + m_backup;
+    QByteArray bytes;
+    if (!readWhole(PathToOpen(path), bytes))
+        throw Failure(QStringLiteral("\"%1\" cannot be read for its backup").arg(path));
+    const QString problem = problemOfWriting(bytes, backup);
+    if (!problem.isEmpty())
+        throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(backup, problem));
+}
+
+bool isThere(const QString& path)
+{
+    return QFileInfo(PathToOpen(path)).isFile();
 }
 
 } // namespace rvopen::tools

@@ -14,10 +14,12 @@ class Document;
 class Session;
 
 /// Where a changed document goes: over the input, to another file, or to standard output for "-".
-/// Nothing is written over an input unless that is asked for, and every file is replaced whole.
+/// Nothing is written over an input unless that is asked for, nor over another file, and every file
+/// is replaced whole.
 class Target {
 public:
-    void declare(Arguments& arguments);
+    /// \p force: what --force is good for, if for more than writing over a file.
+    void declare(Arguments& arguments, const char* force = nullptr);
     /// Before an input that may be written over is read: from now on nobody else changes it.
     void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
@@ -27,13 +29,26 @@ public:
     bool isGiven() const;
     bool isInPlace() const;
     bool isStandardOutput() const;
-    /// Throws a Failure when it could not be written; the file is as it was then.
+    bool isForced() const;
+    /// Nothing is written then, and no target is needed.
+    bool isDryRun() const;
+    /// Keeps what is there already, if that is asked for. Throws a Failure when it could not be
+    /// written; the file is as it was then.
     void write(const Document& document, const Document& input, Session& session) const;
+    /// Before something else is written there: keeps what is there, if that is asked for. Throws a
+    /// Failure when it cannot.
+    void backUp(const QString& path) const;
 
 private:
     QString m_output;
     bool m_inPlace = false;
+    bool m_isForced = false;
+    bool m_isDryRun = false;
+    QString m_backup;
     FileLock m_lock;
 };
+
+/// Whether something would be lost by writing there: a file, no device or pipe.
+bool isThere(const QString& path);
 
 } // namespace rvopen::tools

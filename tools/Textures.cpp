@@ -201,8 +201,8 @@ public:
                 throw Failure(QStringLiteral("--relink and --collect take one document"));
             return m_relink.isEmpty() ? collect(session) : relink(session);
         }
-        if (m_target.isGiven())
-            throw Failure(QStringLiteral("--output and --in-place go with --relink"));
+        if (m_target.isGiven() || m_target.isDryRun())
+            throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --relink"));
         const Selection selection = m_selection.selection();
         bool isMissing = false;
         QJsonArray list;
@@ -301,8 +301,8 @@ private:
 
     int collect(Session& session)
     {
-        if (m_target.isGiven())
-            throw Failure(QStringLiteral("--collect writes into its folder only"));
+        if (m_target.isGiven() || m_target.isDryRun())
+            throw Failure(QStringLiteral("--collect writes into its folder, and always"));
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         if (document->isStandardInput())
             throw Failure(QStringLiteral("--collect needs a document with a name"));

@@ -346,7 +346,7 @@ TEST_F(Values, SetThatCannotWriteLeavesTheOldFile)
     workspace.write(QStringLiteral("old.xml"), "<old/>");
     const Outcome run = workspace.shell(
         QStringLiteral("ulimit -f 0; trap '' XFSZ; rvopen set a.xml 'camera[Eye]:Field Of View=50' "
-                       "-o old.xml"));
+                       "--force -o old.xml"));
     EXPECT_EQ(run.code, 2);
     EXPECT_EQ(workspace.read(QStringLiteral("old.xml")), QByteArray("<old/>"));
     EXPECT_EQ(workspace.files().size(), 2);
