@@ -43,24 +43,6 @@ QString labelOf(const QDomElement& element)
     return element.tagName() + QLatin1Char('[') + name + QLatin1Char(']');
 }
 
-/// Whether the text consists of the parts with anything between them.
-bool hasParts(const QString& text, const QStringList& parts)
-{
-    if (parts.size() == 1)
-        return text == parts.first();
-    int at = int(parts.first().size());
-    const int end = int(text.size() - parts.last().size());
-    if (!text.startsWith(parts.first()) || end < at || !text.endsWith(parts.last()))
-        return false;
-    for (int i = 1; i + 1 < int(parts.size()); ++i) {
-        const int found = int(text.indexOf(parts[i], at));
-        at = found + int(parts[i].size());
-        if (found < 0 || at > end)
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 bool isParam(const QDomElement& element)
@@ -123,6 +105,23 @@ void walk(const QDomElement& parent, const QString& parentPath,
         if (visit(child, path))
             walk(child, path, visit);
     }
+}
+
+bool hasParts(const QString& text, const QStringList& parts)
+{
+    if (parts.size() == 1)
+        return text == parts.first();
+    int at = int(parts.first().size());
+    const int end = int(text.size() - parts.last().size());
+    if (!text.startsWith(parts.first()) || end < at || !text.endsWith(parts.last()))
+        return false;
+    for (int i = 1; i + 1 < int(parts.size()); ++i) {
+        const int found = int(text.indexOf(parts[i], at));
+        at = found + int(parts[i].size());
+        if (found < 0 || at > end)
+            return false;
+    }
+    return true;
 }
 
 PathPattern::PathPattern(const QString& text)

@@ -46,6 +46,10 @@ QString pathOf(const QDomElement& element);
 void walk(const QDomElement& parent, const QString& parentPath,
           const std::function<bool(const QDomElement&, const QString&)>& visit);
 
+/// Whether the text consists of the parts with anything between them; of one part alone, whether it
+/// is that.
+bool hasParts(const QString& text, const QStringList& parts);
+
 /// A path as the user wrote it. Without a leading "/" it may start at any element, and "//" steps
 /// over any number of them; "*" as kind takes any, in a name any characters, and a kind without
 /// brackets any name. What stands in brackets is the name, the reference name or the link name, or

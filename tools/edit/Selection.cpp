@@ -122,14 +122,14 @@ Scope Selection::in(const QDomElement& root) const
         named += path.find(root);
     if (!hasFilter())
         return Scope(root, named, false);
-    const QVector<PathPattern::Match> filtered = items(root);
+    const QVector<PathPattern::Match> passing = filtered(root);
     if (m_paths.empty())
-        return Scope(root, filtered, true);
+        return Scope(root, passing, true);
     // What both select: an item that a path leads to or into, as far as it does.
     const Scope byName(root, named, false);
-    const Scope byFilter(root, filtered, true);
+    const Scope byFilter(root, passing, true);
     QVector<PathPattern::Match> both;
-    for (const PathPattern::Match& match : filtered) {
+    for (const PathPattern::Match& match : passing) {
         if (byName.covers(match.path))
             both.append(match);
     }
@@ -138,6 +138,17 @@ Scope Selection::in(const QDomElement& root) const
             both.append(match);
     }
     return Scope(root, both, false);
+}
+
+QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
+{
+    const Scope scope = in(root);
+    QVector<PathPattern::Match> result;
+    for (const PathPattern::Match& match : filtered(root)) {
+        if (scope.takes(match.path))
+            result.append(match);
+    }
+    return result;
 }
 
 bool Selection::hasFilter() const
@@ -175,7 +186,7 @@ bool Selection::passes(const QDomElement& element, ParamValues& values) const
            });
 }
 
-QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
+QVector<PathPattern::Match> Selection::filtered(const QDomElement& root) const
 {
     QVector<PathPattern::Match> result;
     ParamValues values;

@@ -68,13 +68,15 @@ public:
 
     bool isEverything() const;
     Scope in(const QDomElement& root) const;
+    /// The presets or other such elements that are selected, whole, in document order.
+    QVector<PathPattern::Match> items(const QDomElement& root) const;
 
 private:
     bool hasFilter() const;
     bool isCandidate(const QDomElement& element) const;
     bool isOfType(const QDomElement& element) const;
     bool passes(const QDomElement& element, ParamValues& values) const;
-    QVector<PathPattern::Match> items(const QDomElement& root) const;
+    QVector<PathPattern::Match> filtered(const QDomElement& root) const;
 
     std::vector<PathPattern> m_paths;
     QString m_type;
