@@ -7,9 +7,7 @@
 #include "Failure.h"
 #include "FileWriting.h"
 #include "Input.h"
-#include "NewFiles.h"
 
-#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 
 #include <QFileInfo>
@@ -22,16 +20,12 @@ void Target::declare(Arguments& arguments, const char* force)
                      "Write to this file, or to standard output for \"-\"");
     arguments.flag("--in-place", m_inPlace, "Write over the input");
     arguments.onlyOne({QStringLiteral("--output"), QStringLiteral("--in-place")});
-    arguments.flag("--force", m_isForced, force ? force : "Also over a file that is there");
-    arguments.flag("--dry-run", m_isDryRun, "Only tell what would be done");
-    arguments.flagOrValue("--backup", m_backup, "~",
-                          "Keep what is written over under its name with \"~\", or as "
-                          "--backup=SUFFIX says");
+    m_options.declare(arguments, force);
 }
 
 void Target::lock(const QString& input)
 {
-    if (m_inPlace && !m_isDryRun)
+    if (m_inPlace && !m_options.isDryRun())
         m_lock.take(input);
 }
 
@@ -52,19 +46,17 @@ bool Target::isStandardOutput() const
 
 bool Target::isForced() const
 {
-    return m_isForced;
+    return m_options.isForced();
 }
 
 bool Target::isDryRun() const
 {
-    return m_isDryRun;
+    return m_options.isDryRun();
 }
 
 void Target::check(const Document& input) const
 {
-    if (m_backup.contains(QLatin1Char('/')) || m_backup.contains(QLatin1Char('\\')))
-        throw Failure(QStringLiteral("\"%1\" is no suffix").arg(m_backup));
-    if (m_isDryRun && !isGiven())
+    if (m_options.isDryRun() && !isGiven())
         return;
     if (!isGiven())
         throw Failure(QStringLiteral("say where to write: --output FILE or --in-place"));
@@ -79,9 +71,8 @@ void Target::check(const Document& input) const
     }
     if (!m_inPlace && QFileInfo(m_output).isDir())
         throw Failure(QStringLiteral("\"%1\" is a folder").arg(m_output));
-    if (!m_inPlace && !m_isForced && isThere(m_output))
-        throw Failure(
-            QStringLiteral("\"%1\" is there already: --force writes over it").arg(m_output));
+    if (!m_inPlace)
+        m_options.check(m_output);
 }
 
 QString Target::file(const Document& input) const
@@ -93,7 +84,7 @@ QString Target::file(const Document& input) const
 
 void Target::write(const Document& document, const Document& input, Session& session) const
 {
-    if (m_isDryRun)
+    if (m_options.isDryRun())
         return;
     const int indent = indentOf(document.kind());
     const QString path = file(input);
@@ -101,7 +92,7 @@ void Target::write(const Document& document, const Document& input, Session& ses
         session.out.text(XmlText(document.dom(), indent));
         return;
     }
-    backUp(path);
+    m_options.backUp(path);
     const QString problem = problemOfWriting(document.dom(), indent, path);
     if (!problem.isEmpty())
         throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
@@ -109,20 +100,7 @@ void Target::write(const Document& document, const Document& input, Session& ses
 
 void Target::backUp(const QString& path) const
 {
-    if (m_backup.isEmpty() || !isThere(path))
-        return;
-    const QString backup = path + m_backup;
-    QByteArray bytes;
-    if (!readWhole(PathToOpen(path), bytes))
-        throw Failure(QStringLiteral("\"%1\" cannot be read for its backup").arg(path));
-    const QString problem = problemOfWriting(bytes, backup);
-    if (!problem.isEmpty())
-        throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(backup, problem));
-}
-
-bool isThere(const QString& path)
-{
-    return QFileInfo(PathToOpen(path)).isFile();
+    m_options.backUp(path);
 }
 
 } // namespace rvopen::tools

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "FileLock.h"
+#include "OutputOptions.h"
 
 #include <QString>
 
@@ -42,13 +43,8 @@ public:
 private:
     QString m_output;
     bool m_inPlace = false;
-    bool m_isForced = false;
-    bool m_isDryRun = false;
-    QString m_backup;
+    OutputOptions m_options;
     FileLock m_lock;
 };
-
-/// Whether something would be lost by writing there: a file, no device or pipe.
-bool isThere(const QString& path);
 
 } // namespace rvopen::tools

@@ -198,4 +198,32 @@ TEST_F(ManyFiles, AnotherFileIsWrittenOverByForceAlone)
     }
 }
 
+TEST_F(ManyFiles, APictureOrNewDocumentGoesOverAnotherByForceAlone)
+{
+    for (const char* const line : {"sheet --size 16 in/30.rvx -o old.png", "new snapshots old.png",
+                                   "render --all --size 16 --type camera in/30.rvx -o ."}) {
+        const QString there = QByteArray(line).startsWith("render")
+                                  ? QStringLiteral("camera Above.png")
+                                  : QStringLiteral("old.png");
+        workspace.write(there, "old");
+        const Outcome refused = run(line);
+        EXPECT_EQ(refused.code, 2) << line;
+        EXPECT_TRUE(refused.err.contains(QLatin1String("--force"))) << refused.err.toStdString();
+        EXPECT_EQ(run(QByteArray(line) + " --force --dry-run").code, 0) << line;
+        EXPECT_EQ(workspace.read(there), QByteArray("old")) << line;
+        EXPECT_EQ(run(QByteArray(line) + " --force --backup").code, 0) << line;
+        EXPECT_NE(workspace.read(there), QByteArray("old")) << line;
+        EXPECT_EQ(workspace.read(there + QLatin1Char('~')), QByteArray("old")) << line;
+    }
+}
+
+TEST_F(ManyFiles, ADryRunOfPicturesMakesNoFolder)
+{
+    const QStringList before = workspace.files();
+    EXPECT_EQ(run("render --all --size 16 --dry-run in/30.rvx -o out/deep").out,
+              QStringLiteral("in/30.rvx  4 pictures\n"));
+    EXPECT_EQ(workspace.files(), before);
+    EXPECT_FALSE(workspace.exists(QStringLiteral("out")));
+}
+
 } // namespace rvopen::test
