@@ -301,8 +301,8 @@ private:
 
     int collect(Session& session)
     {
-        if (m_target.isGiven() || m_target.isDryRun())
-            throw Failure(QStringLiteral("--collect writes into its folder, and always"));
+        if (m_target.isGiven())
+            throw Failure(QStringLiteral("--collect writes into its folder only"));
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         if (document->isStandardInput())
             throw Failure(QStringLiteral("--collect needs a document with a name"));
@@ -338,7 +338,9 @@ private:
         if (!files.create(text.toUtf8(), copy))
             throw Failure(
                 QStringLiteral("\"%1\": %2; nothing was collected").arg(copy, files.problem()));
-        files.keep();
+        // What is not kept goes again.
+        if (!m_target.isDryRun())
+            files.keep();
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
     }

@@ -217,6 +217,18 @@ TEST_F(ManyFiles, APictureOrNewDocumentGoesOverAnotherByForceAlone)
     }
 }
 
+TEST_F(ManyFiles, ADryRunOfCollectingLeavesNoFolder)
+{
+    workspace.write(QStringLiteral("sky.pgm"), pictureOf("picture"));
+    workspace.write(QStringLiteral("a.xml"),
+                    smallDocument().replace("C:\\env\\sky.hdr", "sky.pgm"));
+    const QStringList before = workspace.files();
+    EXPECT_EQ(run("textures --collect out --dry-run a.xml").out,
+              QStringLiteral("sky.pgm -> sky.pgm\n"));
+    EXPECT_EQ(workspace.files(), before);
+    EXPECT_FALSE(workspace.exists(QStringLiteral("out")));
+}
+
 TEST_F(ManyFiles, ADryRunOfPicturesMakesNoFolder)
 {
     const QStringList before = workspace.files();
