@@ -132,14 +132,6 @@ void Arguments::flag(const char* names, bool& target, const char* help)
     m_app.add_flag(names, target, help);
 }
 
-void Arguments::flag(const char* name, QString& target, const char* standard, const char* help)
-{
-    // In braces stands what the flag alone means to the parser.
-    const auto value = std::make_shared<std::string>();
-    m_app.add_flag(std::string(name) + '{' + standard + '}', *value, help)
-        ->each([value, &target](const std::string& given) { target = text(given); });
-}
-
 void Arguments::option(const char* names, QString& target, const char* value, const char* help)
 {
     describe(m_app.add_option_function<std::string>(names, into(target), help), value);
@@ -168,6 +160,15 @@ void Arguments::choice(const char* names, QString& target, const QStringList& ch
     m_app.add_option_function<std::string>(names, into(target), help)
         ->type_name(choices.join(QLatin1Char('|')).toStdString())
         ->check(CLI::IsMember(strings(choices)).name(std::string()));
+}
+
+void Arguments::flagOrValue(const char* names, QString& target, const char* standard,
+                            const char* help)
+{
+    // The parser keeps a reference, and the option keeps what it refers to.
+    const auto value = std::make_shared<std::string>();
+    m_app.add_flag(std::string(names) + '{' + standard + '}', *value, help)
+        ->each([value, &target](const std::string& given) { target = text(given); });
 }
 
 void Arguments::folder(const char* names, QString& target, const char* variable, const char* help)

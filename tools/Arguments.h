@@ -31,14 +31,14 @@ public:
     /// \p names as "-o,--output", \p value what help calls the value, as "FILE".
     /// @{
     void flag(const char* names, bool& target, const char* help);
-    /// A flag that may be given a text behind a "="; without one it is \p standard.
-    void flag(const char* name, QString& target, const char* standard, const char* help);
     void option(const char* names, QString& target, const char* value, const char* help);
     void option(const char* names, QStringList& target, const char* value, const char* help);
     void option(const char* names, int& target, const char* value, const char* help);
     void option(const char* names, double& target, const char* value, const char* help);
     /// One of \p choices.
     void choice(const char* names, QString& target, const QStringList& choices, const char* help);
+    /// A flag that may have a value, as "--backup=.old"; \p standard without.
+    void flagOrValue(const char* names, QString& target, const char* standard, const char* help);
     /// An existing folder, also from the environment.
     void folder(const char* names, QString& target, const char* variable, const char* help);
     /// Left out of help, manual page and completions.

@@ -35,6 +35,7 @@ public:
 std::unique_ptr<Command> makeInfo();
 std::unique_ptr<Command> makeTree();
 std::unique_ptr<Command> makeList();
+std::unique_ptr<Command> makeFind();
 std::unique_ptr<Command> makeGet();
 std::unique_ptr<Command> makeSet();
 std::unique_ptr<Command> makeCheck();

@@ -61,8 +61,12 @@ private:
     DocumentKind m_kind = DocumentKind::Unknown;
 };
 
+/// Whether it has the extension of a document.
+bool isDocumentName(const QString& name);
+
 /// Files, with each folder replaced by the documents in it and below it in the order of their
-/// names. What cannot be listed, and a file whose name is not UTF-8, counts as an error.
+/// names, and each pattern that is no file's name ("*", "?", "[ab]") by what it fits. What cannot
+/// be listed, a pattern that fits nothing, and a file whose name is not UTF-8, counts as an error.
 QStringList expandedInputs(const QStringList& arguments, Session& session);
 
 enum class Access {
@@ -72,11 +76,12 @@ enum class Access {
 };
 
 /// Reads one document after the other and calls \p visit with each. One that cannot be read is
-/// given to \p failed, and an error of the session unless that answers true.
+/// given to \p failed, and an error of the session unless that answers true. With several \p jobs
+/// documents that are not changed are read ahead.
 void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<void(Document&)>& visit,
                      const std::function<bool(const QString&, const ReadError&)>& failed = {},
-                     Access access = Access::Reading);
+                     Access access = Access::Reading, int jobs = 1);
 
 /// Reads the one document of a command; throws a Failure without message after printing the error.
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session);

@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include "edit/Condition.h"
+
 #include <QDomElement>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <functional>
+#include <vector>
 
 namespace rvopen::tools {
 
@@ -42,9 +46,15 @@ QString pathOf(const QDomElement& element);
 void walk(const QDomElement& parent, const QString& parentPath,
           const std::function<bool(const QDomElement&, const QString&)>& visit);
 
-/// A path as the user wrote it. Without a leading "/" it may start at any element; "*" as kind or
-/// name takes any, a kind without brackets any name. What stands in brackets is the name, the
-/// reference name or the link name.
+/// Whether the text consists of the parts with anything between them; of one part alone, whether it
+/// is that.
+bool hasParts(const QString& text, const QStringList& parts);
+
+/// A path as the user wrote it. Without a leading "/" it may start at any element, and "//" steps
+/// over any number of them; "*" as kind takes any, in a name any characters, and a kind without
+/// brackets any name. What stands in brackets is the name, the reference name or the link name, or
+/// behind "@" or ":" a condition; there may be several. A path that finds nothing, and whose first
+/// part is no kind with brackets, is tried with that part as a name.
 class PathPattern {
 public:
     /// Throws a Failure when the text is no path.
@@ -64,20 +74,23 @@ public:
 private:
     struct Segment {
         bool isParam = false;
+        /// Behind "//": elements may stand between this and the one before.
+        bool isDeep = false;
+        /// "*" for any, empty for any but a parameter.
         QString kind;
         bool hasName = false;
-        QString name;
+        /// The parts of the name between its stars.
+        QStringList name;
+        std::vector<Condition> conditions;
         int number = 0;
     };
+    class Finder;
 
     void parse();
-    bool matches(const Segment& segment, const QDomElement& element, const QString& label) const;
-    void find(const QDomElement& parent, const QString& parentPath, const QVector<int>& reached,
-              QVector<Match>& matches) const;
 
     QString m_text;
     bool m_isAnchored = false;
-    QVector<Segment> m_segments;
+    std::vector<Segment> m_segments;
     QString m_attribute;
 };
 

@@ -7,6 +7,7 @@
 #include "FileWriting.h"
 #include "Input.h"
 #include "NodePath.h"
+#include "OutputOptions.h"
 #include "Pictures.h"
 #include "Session.h"
 
@@ -43,7 +44,7 @@ public:
         arguments.positional("path", m_path, "Path of a preset or snapshot, as for get");
         arguments.option("-o,--output", m_output, "FILE",
                          "Write to this file, or to standard output for \"-\"");
-        arguments.flag("--force", m_force, "Also over a file that is there");
+        m_options.declare(arguments);
         arguments.example("rvopen preview archives/Custom/MyPresets.rvx \"colour[Our orange]\" "
                           "-o orange.png",
                           "a picture that is embedded in an archive");
@@ -79,9 +80,13 @@ public:
             session.out.bytes(bytes);
             return ExitFine;
         }
-        if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->path())))
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
-        writeOrFail(bytes, m_output);
+        if (isSameFile(m_output, document->path()))
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
+        m_options.check(m_output);
+        if (!m_options.isDryRun()) {
+            m_options.backUp(m_output);
+            writeOrFail(bytes, m_output);
+        }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("file"), document->name());
@@ -103,7 +108,7 @@ private:
     QString m_file;
     QString m_path;
     QString m_output;
-    bool m_force = false;
+    OutputOptions m_options;
 };
 
 } // namespace

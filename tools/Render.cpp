@@ -9,8 +9,10 @@
 #include "Interrupts.h"
 #include "NewFiles.h"
 #include "NodePath.h"
+#include "OutputOptions.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Subjects.h"
 
@@ -84,6 +86,8 @@ public:
                        "Materials and what they are made of as a flat piece, not as a ball");
         arguments.onlyOne({QStringLiteral("--missing"), QStringLiteral("--all")});
         arguments.onlyOne({QStringLiteral("--embed"), QStringLiteral("--output")});
+        m_options.declare(arguments, "Write over other files in the folder of --output");
+        m_selection.declare(arguments);
         arguments.example("rvopen render --missing --size 64 --install install "
                           "install/xml/Product_extra.rvx",
                           "thumbnails below install/sethumbs, where the host looks for them");
@@ -99,12 +103,13 @@ public:
             throw Failure(QStringLiteral("--size takes %1 to %2")
                               .arg(drawing::MinSize)
                               .arg(drawing::MaxSize));
-        if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
+        if (!m_output.isEmpty() && !m_options.isDryRun() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
+        m_selected = m_selection.selection();
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
-            m_embed ? Access::Changing : Access::Reading);
+            m_embed && !m_options.isDryRun() ? Access::Changing : Access::Reading);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("pictures"), m_pictures);
@@ -122,7 +127,8 @@ private:
                               .arg(document.isStandardInput() ? QStringLiteral("standard input")
                                                               : document.name()));
         drawing::TextureReader textures(textureFinder(document, session.folders));
-        QVector<Subject> subjects = subjectsOf(document);
+        const QVector<Subject> subjects =
+            selectedOf(subjectsOf(document), m_selected.in(document.root()));
         int kept = 0;
         int written = 0;
         bool isChanged = false;
@@ -140,7 +146,7 @@ private:
             written += finish(jobs, document, session, isChanged);
         }
         session.clearProgress();
-        if (isChanged)
+        if (isChanged && !m_options.isDryRun())
             save(document, session);
         m_kept += kept;
         if (!session.json)
@@ -163,7 +169,9 @@ private:
             return true;
         if (!m_output.isEmpty()) {
             job.file = outputFile(job.subject);
-            return isFree(job.file, m_output, session);
+            // A dry run made no folder.
+            return !QFileInfo::exists(m_output) ||
+                   (isFree(job.file, m_output, session) && isOurs(job.file, session));
         }
         if (!place.problem.isEmpty()) {
             session.error(document.name(), job.subject.path + QLatin1String(": ") + place.problem);
@@ -194,6 +202,18 @@ private:
         if (!problem.isEmpty())
             session.error(file, problem);
         return problem.isEmpty();
+    }
+
+    /// Whether nothing else would be lost.
+    bool isOurs(const QString& file, Session& session) const
+    {
+        try {
+            m_options.check(file);
+        } catch (const Failure& failure) {
+            session.error(file, failure.message());
+            return false;
+        }
+        return true;
     }
 
     QString outputFile(const Subject& subject)
@@ -248,13 +268,17 @@ private:
     /// Empty when it was written.
     QString write(const QByteArray& bytes, const QString& file)
     {
+        if (m_options.isDryRun())
+            return QString();
         const Uninterrupted writing;
+        m_options.backUp(file);
         return m_folders.makeFolder(QFileInfo(file).path()) ? problemOfWriting(bytes, file)
                                                             : m_folders.problem();
     }
 
-    static void save(const Document& document, Session& session)
+    void save(const Document& document, Session& session) const
     {
+        m_options.backUp(document.path());
         const QString problem =
             problemOfWriting(document.dom(), indentOf(document.kind()), document.path());
         if (!problem.isEmpty())
@@ -267,6 +291,9 @@ private:
     bool m_embed = false;
     QString m_output;
     drawing::Wish m_wish;
+    OutputOptions m_options;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     /// Folders that were made go again at the end if they stayed empty.
     NewFiles m_folders;

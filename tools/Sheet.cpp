@@ -7,8 +7,10 @@
 #include "Failure.h"
 #include "FileWriting.h"
 #include "Input.h"
+#include "OutputOptions.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Subjects.h"
 
@@ -59,7 +61,8 @@ public:
         arguments.option("--size", m_size, "PIXELS", "The width of a picture; 160 when not given");
         arguments.option("--columns", m_columns, "NUMBER", "Pictures in a row; 6 when not given");
         arguments.flag("--drawn", m_drawn, "Draw them all, also those that there are pictures of");
-        arguments.flag("--force", m_force, "Also over a file that is there");
+        m_options.declare(arguments);
+        m_selection.declare(arguments);
         arguments.example("rvopen sheet archives/Custom/MyPresets.rvx --size 80 -o mine.pdf",
                           "a sheet to print");
         arguments.example("rvopen sheet snapshots/import_me.xml --columns 3 -o snapshots.png",
@@ -78,8 +81,10 @@ public:
                               .arg(drawing::MaxSize / s_pdfFineness));
         if (m_columns < 1 || m_columns > s_maxColumns)
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
-        if (QFileInfo::exists(m_output) && (!m_force || isInput()))
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
+        if (isInput())
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
+        m_options.check(m_output);
+        m_selected = m_selection.selection();
         prepareTexts();
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
@@ -97,7 +102,10 @@ public:
         int pages = 1;
         const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
         session.clearProgress();
-        writeOrFail(bytes, m_output);
+        if (!m_options.isDryRun()) {
+            m_options.backUp(m_output);
+            writeOrFail(bytes, m_output);
+        }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("written"), m_output);
@@ -140,8 +148,8 @@ private:
         m_names << (document.kind() == DocumentKind::Archive && !name.isEmpty()
                         ? name
                         : QFileInfo(document.name()).completeBaseName());
-        QVector<Subject> subjects = subjectsOf(document);
-        subjects += paletteSubjects(document);
+        const QVector<Subject> subjects = selectedOf(
+            subjectsOf(document) + paletteSubjects(document), m_selected.in(document.root()));
         for (const Subject& subject : subjects) {
             Item item;
             const QString file = pictureFileOf(subject.element, document, session.folders).file;
@@ -224,7 +232,9 @@ private:
     int m_size = 160;
     int m_columns = 6;
     bool m_drawn = false;
-    bool m_force = false;
+    OutputOptions m_options;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     drawing::Wish m_wish;
     Session* m_session = nullptr;

@@ -10,6 +10,7 @@
 #include "Session.h"
 
 #include "drawing/Drawing.h"
+#include "edit/Selection.h"
 
 namespace rvopen::tools {
 
@@ -67,6 +68,16 @@ QVector<Subject> paletteSubjects(const Document& document)
         return false;
     });
     return subjects;
+}
+
+QVector<Subject> selectedOf(const QVector<Subject>& subjects, const Scope& scope)
+{
+    QVector<Subject> result;
+    for (const Subject& subject : subjects) {
+        if (scope.takes(subject.path))
+            result.append(subject);
+    }
+    return result;
 }
 
 drawing::FindFile textureFinder(const Document& document, const Folders& folders)

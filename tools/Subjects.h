@@ -12,6 +12,7 @@
 namespace rvopen::tools {
 
 class Document;
+class Scope;
 struct Folders;
 
 /// Something that a host shows in a list with a picture: a preset of an archive, or a member of a
@@ -29,6 +30,9 @@ QVector<Subject> subjectsOf(const Document& document);
 
 /// The materials of the current snapshot's palette and of those in the collection of palettes.
 QVector<Subject> paletteSubjects(const Document& document);
+
+/// Those that are selected.
+QVector<Subject> selectedOf(const QVector<Subject>& subjects, const Scope& scope);
 
 /// Finds the image files that a document refers to: where it says, beside the document, or in one
 /// of the host's folders.

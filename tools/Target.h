@@ -4,6 +4,7 @@
 #pragma once
 
 #include "FileLock.h"
+#include "OutputOptions.h"
 
 #include <QString>
 
@@ -14,15 +15,12 @@ class Document;
 class Session;
 
 /// Where a changed document goes: over the input, to another file, or to standard output for "-".
-/// Nothing is written over an input unless that is asked for, and every file is replaced whole.
+/// Nothing is written over an input unless that is asked for, nor over another file, and every file
+/// is replaced whole.
 class Target {
 public:
-    /// \p force is what "--force" is good for.
-    void declare(Arguments& arguments,
-                 const char* force = "Write over another file than the input");
-    /// The part of it that has to do with what is lost by writing: for commands with outputs of
-    /// their own.
-    void declareSafety(Arguments& arguments, const char* force);
+    /// \p force: what --force is good for, if for more than writing over a file.
+    void declare(Arguments& arguments, const char* force = nullptr);
     /// Before an input that may be written over is read: from now on nobody else changes it.
     void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
@@ -33,24 +31,23 @@ public:
     bool isInPlace() const;
     /// Not in a dry run, which prints what it would do.
     bool isStandardOutput() const;
-    bool isDryRun() const;
     bool isForced() const;
-    /// Throws a Failure when the file is there already and the user did not say to write over it.
-    void checkFree(const QString& output) const;
+    /// Nothing is written then, and no target is needed.
+    bool isDryRun() const;
     /// Keeps what is about to be written over or removed, if the user wants that. Empty when that
     /// went well, else why not.
     QString problemOfBackup(const QString& path) const;
-    /// Throws a Failure when it could not be written; the file is as it was then. A dry run writes
-    /// nothing.
+    /// Keeps what is there already, if that is asked for. Throws a Failure when it could not be
+    /// written; the file is as it was then. A dry run writes nothing.
     void write(const Document& document, const Document& input, Session& session) const;
+    /// Before something else is written there: keeps what is there, if that is asked for. Throws a
+    /// Failure when it cannot.
+    void backUp(const QString& path) const;
 
 private:
     QString m_output;
     bool m_inPlace = false;
-    bool m_isDryRun = false;
-    bool m_isForced = false;
-    /// Follows the names of files that are kept; empty when none are.
-    QString m_backup;
+    OutputOptions m_options;
     FileLock m_lock;
 };
 

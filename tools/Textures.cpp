@@ -11,6 +11,7 @@
 #include "NodePath.h"
 #include "PictureFiles.h"
 #include "Pictures.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 
@@ -43,8 +44,9 @@ struct Texture {
     QStringList paths;
 };
 
-QVector<Texture> texturesOf(const Document& document)
+QVector<Texture> texturesOf(const Document& document, const Selection& selection)
 {
+    const Scope scope = selection.in(document.root());
     QVector<Texture> textures;
     QHash<QString, int> known;
     const QString folder = document.folder();
@@ -54,7 +56,8 @@ QVector<Texture> texturesOf(const Document& document)
             return true;
         const QString reference = element.attribute(QStringLiteral("val"));
         if (reference.isEmpty() ||
-            element.attribute(QStringLiteral("type")) != QLatin1String("string"))
+            element.attribute(QStringLiteral("type")) != QLatin1String("string") ||
+            !scope.covers(path))
             return true;
         if (!known.contains(reference)) {
             known.insert(reference, int(textures.size()));
@@ -189,6 +192,7 @@ public:
                        "of the host");
         arguments.onlyOne({QStringLiteral("--relink"), QStringLiteral("--collect")});
         m_target.declare(arguments);
+        m_selection.declare(arguments);
         arguments.example("rvopen textures --missing snapshots/product.xml",
                           "what is not there, and what refers to it");
         arguments.example("rvopen textures --collect parcel snapshots/product.xml",
@@ -202,12 +206,13 @@ public:
                 throw Failure(QStringLiteral("--relink and --collect take one document"));
             return m_relink.isEmpty() ? collect(session) : relink(session);
         }
-        if (m_target.isGiven())
-            throw Failure(QStringLiteral("--output and --in-place go with --relink"));
+        if (m_target.isGiven() || m_target.isDryRun())
+            throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --relink"));
+        const Selection selection = m_selection.selection();
         bool isMissing = false;
         QJsonArray list;
         forEachDocument(m_files, session, [&](Document& document) {
-            for (const Texture& texture : texturesOf(document)) {
+            for (const Texture& texture : texturesOf(document, selection)) {
                 if (m_missing && !texture.file.isEmpty())
                     continue;
                 isMissing = isMissing || texture.file.isEmpty();
@@ -270,7 +275,7 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (Texture texture : texturesOf(*document)) {
+        for (Texture texture : texturesOf(*document, m_selection.selection())) {
             const QString changed = withAnotherPrefix(texture.reference, prefixes);
             if (!changed.isEmpty()) {
                 refer(texture, changed);
@@ -352,7 +357,7 @@ private:
         QJsonArray list;
         QStringList lines;
         m_taken = {{LastPathComponent(copy).toLower(), QString()}};
-        for (const Texture& texture : texturesOf(*document)) {
+        for (const Texture& texture : texturesOf(*document, m_selection.selection())) {
             const QString problem = problemOf(texture, *document, session.folders);
             if (!problem.isEmpty()) {
                 isIncomplete = true;
@@ -372,6 +377,7 @@ private:
             throw Failure(
                 QStringLiteral("\"%1\": %2; nothing was collected").arg(copy, files.problem()));
         collectPictures(*document, folder, files, session);
+        // What is not kept goes again.
         if (!m_target.isDryRun())
             files.keep();
         report(lines, list, session);
@@ -462,6 +468,7 @@ private:
     QString m_collect;
     bool m_isEverywhere = false;
     Target m_target;
+    SelectionOptions m_selection;
     /// Names in lower case and the files in the folder that have them.
     QHash<QString, QString> m_taken;
 };

@@ -132,8 +132,7 @@ QString ParamValues::check(const QDomElement& param, const QString& text)
     if (m_param.IsBool())
         return toBoolean(text, truth) ? QString() : wrong;
     if (isTriple(m_param)) {
-        const bool isGood =
-            toTriple(text, triple) || (m_param.IsColour() && toHexColour(text, triple));
+        const bool isGood = m_param.IsColour() ? toColour(text, triple) : toTriple(text, triple);
         return isGood ? QString() : wrong;
     }
     if (m_param.IsString()) {
@@ -163,8 +162,7 @@ void ParamValues::set(const QDomElement& param, const QString& text)
     } else if (m_param.IsBool() && toBoolean(text, truth)) {
         m_param.SetValBool(truth ? 1 : 0);
     } else if (isTriple(m_param)) {
-        if (!toTriple(text, triple))
-            toHexColour(text, triple);
+        toColour(text, triple);
         if (m_param.IsColour())
             m_param.SetValColour(triple);
         else if (m_param.IsVector())
@@ -183,6 +181,11 @@ bool toTriple(const QString& text, float (&triple)[3])
     QString blanks = text;
     blanks.replace(QLatin1Char(','), QLatin1Char(' '));
     return toolkit::ToTriple(blanks, triple);
+}
+
+bool toColour(const QString& text, float (&colour)[3])
+{
+    return toTriple(text, colour) || toHexColour(text, colour);
 }
 
 bool toBoolean(const QString& text, bool& value)

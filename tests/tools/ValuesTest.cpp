@@ -157,7 +157,7 @@ TEST_F(Values, GetAnswersOneWhenNothingIsFound)
 
 TEST_F(Values, GetAnswersTwoForWhatIsNoPath)
 {
-    for (const char* path : {"", "/", "a[b", "camera:x#0", "a//b", "camera@"})
+    for (const char* path : {"", "/", "a[b", "camera:x#0", "a///b", "camera@", "camera[@x<y]"})
         EXPECT_EQ(get({QLatin1String(path)}).code, 2) << path;
 }
 
