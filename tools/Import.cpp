@@ -22,10 +22,8 @@
 #include "edit/Things.h"
 
 #include <rvopen/RVOpenPaths.h>
-#include <rvopen/RVOpenWriter.h>
 #include <rvopen/XMLUtils.h>
 
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
@@ -39,7 +37,6 @@ namespace rvopen::tools {
 namespace {
 
 const QString s_name = QStringLiteral("name");
-const QString s_refName = QStringLiteral("refname");
 
 enum class State { New, Same, Changed, Refused };
 enum class Action { None, Added, Replaced, Renamed };
@@ -99,12 +96,8 @@ Comparison importComparison()
 /// What a preset is told by within its section; empty without.
 QString identity(const Preset& preset)
 {
-    const QString refName = preset.element.attribute(s_refName);
-    const QString name = preset.element.attribute(s_name);
-    if (refName.isEmpty() && name.isEmpty())
-        return QString();
-    return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
-                                               : QLatin1String("/refname/") + refName);
+    const QString key = keyOf(preset.element, preset.element.parentNode().toElement());
+    return key.isEmpty() ? key : preset.section + key;
 }
 
 class Import : public Command {
@@ -377,10 +370,9 @@ private:
         complainOf(thumbnails, target, session);
     }
 
-    static QString pictureName(const QString& snapShot)
+    static QString pictureName(QString snapShot)
     {
-        QString name = snapShot;
-        return QLatin1String("icon_") + XMLUtils::ReplaceIllegalCharacters(name) +
+        return QLatin1String("icon_") + XMLUtils::ReplaceIllegalCharacters(snapShot) +
                QLatin1String(".jpg");
     }
 
