@@ -7,6 +7,7 @@
 #include "Documentation.h"
 
 #include <CLI/CLI.hpp>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -158,6 +159,15 @@ void Arguments::choice(const char* names, QString& target, const QStringList& ch
     m_app.add_option_function<std::string>(names, into(target), help)
         ->type_name(choices.join(QLatin1Char('|')).toStdString())
         ->check(CLI::IsMember(strings(choices)).name(std::string()));
+}
+
+void Arguments::flagOrValue(const char* names, QString& target, const char* standard,
+                            const char* help)
+{
+    // The parser keeps a reference, and the option keeps what it refers to.
+    const auto value = std::make_shared<std::string>();
+    m_app.add_flag(std::string(names) + '{' + standard + '}', *value, help)
+        ->each([value, &target](const std::string& given) { target = text(given); });
 }
 
 void Arguments::folder(const char* names, QString& target, const char* variable, const char* help)

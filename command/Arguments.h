@@ -37,6 +37,8 @@ public:
     void option(const char* names, double& target, const char* value, const char* help);
     /// One of \p choices.
     void choice(const char* names, QString& target, const QStringList& choices, const char* help);
+    /// A flag that may have a value, as "--backup=.old"; \p standard without.
+    void flagOrValue(const char* names, QString& target, const char* standard, const char* help);
     /// An existing folder, also from the environment.
     void folder(const char* names, QString& target, const char* variable, const char* help);
     /// Left out of help, manual page and completions.

@@ -4,6 +4,8 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "Inputs.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 
@@ -89,6 +91,8 @@ public:
             "Mend what can be mended without guessing, and say what; needs --in-place or "
             "--output");
         m_target.declare(arguments);
+        m_selection.declare(arguments);
+        m_inputs.declare(arguments);
         arguments.example("rvopen check --severity error snapshots archives",
                           "whether a host could stumble over something");
         arguments.example("rvopen check --fix snapshots/interior_old.xml -o mended.xml",
@@ -102,25 +106,27 @@ public:
             m_format = QStringLiteral("json");
         if (m_explain)
             return explain(session);
-        if (m_files.isEmpty())
+        const QStringList files = m_inputs.files(m_files, session);
+        if (files.isEmpty() && m_files.isEmpty())
             throw Failure(QStringLiteral("name the files to check"));
-        const QStringList files = expandedInputs(m_files, session);
-        if (m_fix && !m_target.isGiven())
+        if (m_fix && !m_target.isGiven() && !m_target.isDryRun())
             throw Failure(QStringLiteral("--fix needs --in-place or --output FILE"));
         if (m_fix && m_target.isStandardOutput())
             throw Failure(
                 QStringLiteral("--fix writes to a file: standard output has the findings"));
-        if (!m_fix && m_target.isGiven())
-            throw Failure(QStringLiteral("--output and --in-place go with --fix"));
-        if (m_fix && files.size() != 1 && !m_target.isInPlace())
+        if (!m_fix && (m_target.isGiven() || m_target.isDryRun()))
+            throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --fix"));
+        if (m_fix && files.size() != 1 && m_target.isGiven() && !m_target.isInPlace())
             throw Failure(QStringLiteral("--output takes one document"));
 
+        const Selection selection = m_selection.selection();
         const Surroundings surroundings = lookAround(session);
         QVector<Finding> findings;
         forEachDocument(
             files, session,
             [&](Document& document) {
-                QVector<Finding> found = wanted(Inspect(document, surroundings));
+                QVector<Finding> found =
+                    inside(selection.in(document.Root()), wanted(Inspect(document, surroundings)));
                 if (m_fix)
                     fix(found, document, session);
                 if (m_format == QLatin1String("text"))
@@ -142,7 +148,9 @@ public:
                 findings += found;
                 return true;
             },
-            m_fix && m_target.isInPlace() ? Access::Changing : Access::Reading);
+            m_fix && m_target.isInPlace() && !m_target.isDryRun() ? Access::Changing
+                                                                  : Access::Reading,
+            m_inputs.jobs());
         if (m_format == QLatin1String("json"))
             session.out.json(jsonOf(findings, int(files.size())));
         else if (m_format == QLatin1String("sarif"))
@@ -201,6 +209,16 @@ private:
         QVector<Finding> result;
         for (const Finding& finding : findings) {
             if (isWanted(*finding.rule))
+                result.append(finding);
+        }
+        return result;
+    }
+
+    static QVector<Finding> inside(const Scope& scope, const QVector<Finding>& findings)
+    {
+        QVector<Finding> result;
+        for (const Finding& finding : findings) {
+            if (scope.covers(finding.path))
                 result.append(finding);
         }
         return result;
@@ -389,6 +407,8 @@ private:
     QString m_knownVersion;
     bool m_fix = false;
     Target m_target;
+    SelectionOptions m_selection;
+    Inputs m_inputs;
     QSet<const Rule*> m_advised;
 };
 

@@ -35,11 +35,17 @@ public:
 std::unique_ptr<Command> makeInfo();
 std::unique_ptr<Command> makeTree();
 std::unique_ptr<Command> makeList();
+std::unique_ptr<Command> makeFind();
 std::unique_ptr<Command> makeGet();
 std::unique_ptr<Command> makeSet();
 std::unique_ptr<Command> makeCheck();
 std::unique_ptr<Command> makeTextures();
 std::unique_ptr<Command> makeImport();
+std::unique_ptr<Command> makeCopy();
+std::unique_ptr<Command> makeMove();
+std::unique_ptr<Command> makeRemove();
+std::unique_ptr<Command> makeRename();
+std::unique_ptr<Command> makeSort();
 std::unique_ptr<Command> makeDiff();
 std::unique_ptr<Command> makeFormat();
 std::unique_ptr<Command> makePreview();

@@ -4,16 +4,16 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "Inputs.h"
 #include "Session.h"
+#include "Target.h"
 #include "toolkit/documents/FileTransaction.h"
 #include "toolkit/documents/FileWriting.h"
-#include "toolkit/documents/SafeFiles.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
-#include <QFileInfo>
 #include <QJsonArray>
 
 namespace rvopen::command {
@@ -38,25 +38,30 @@ public:
     {
         arguments.description(
             "The text that the library itself writes: attributes in the order of their names, "
-            "archives indented by 3, snapshot documents by 2, UTF-8. To standard output, unless "
+            "archives indented by 3, snapshot documents by 2, UTF-8; in another folder relative "
+            "references to image files lead to the same files. To standard output, unless "
             "--in-place or --output is given. With --check nothing is written; exit code 1 when a "
             "document is not canonical.");
-        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
+        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"", false);
         arguments.flag("--check", m_check, "Only tell which documents are not canonical");
-        arguments.option("-o,--output", m_output, "FILE", "Write one document to this file");
-        arguments.flag("--in-place", m_inPlace, "Write over the inputs");
-        arguments.onlyOne(
-            {QStringLiteral("--check"), QStringLiteral("--output"), QStringLiteral("--in-place")});
+        m_target.declare(arguments);
+        arguments.onlyOne({QStringLiteral("--check"), QStringLiteral("--output")});
+        arguments.onlyOne({QStringLiteral("--check"), QStringLiteral("--in-place")});
+        m_inputs.declare(arguments);
         arguments.example("rvopen format --check snapshots archives", "what a build server asks");
         arguments.example("rvopen format - < snapshots/house.xml > canonical.xml", "as a filter");
     }
 
     int run(Session& session) override
     {
-        const QStringList files = expandedInputs(m_files, session);
-        if (!m_output.isEmpty() && files.size() != 1)
+        const QStringList files = m_inputs.files(m_files, session);
+        if (files.isEmpty() && m_files.isEmpty())
+            throw Failure(QStringLiteral("name the files to write"));
+        const bool isInPlace = m_target.isInPlace();
+        const bool isTold = m_check || isInPlace || m_target.isDryRun();
+        if (m_target.isGiven() && !isInPlace && files.size() != 1)
             throw Failure(QStringLiteral("--output takes one document"));
-        if (m_inPlace && files.contains(QStringLiteral("-")))
+        if (isInPlace && files.contains(QStringLiteral("-")))
             throw Failure(QStringLiteral("standard input cannot be written over"));
         bool isFound = false;
         QJsonArray list;
@@ -78,15 +83,16 @@ public:
                     isFound = true;
                 list.append(QJsonObject{{QStringLiteral("file"), document.Name()},
                                         {QStringLiteral("canonical"), isCanonical}});
-                if (!m_check && !m_inPlace)
+                if (!isTold)
                     write(text, document, session);
-                else if (!isCanonical && m_inPlace)
+                else if (!isCanonical && isInPlace && !m_target.isDryRun())
                     writeOver(text, document, session);
-                if (!isCanonical && (m_check || m_inPlace) && !session.json)
+                if (!isCanonical && isTold && !session.json)
                     session.out.line(visible(document.Name()));
             },
-            {}, m_inPlace ? Access::Changing : Access::Reading);
-        if (session.json && (m_check || m_inPlace || !m_output.isEmpty())) {
+            {}, isInPlace && !m_target.isDryRun() ? Access::Changing : Access::Reading,
+            m_inputs.jobs());
+        if (session.json && (isTold || m_target.isGiven())) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("files"), list);
             session.out.json(result);
@@ -97,24 +103,21 @@ public:
 private:
     void write(const QString& text, const Document& document, Session& session) const
     {
-        if (m_output.isEmpty() || m_output == QLatin1String("-")) {
+        if (!m_target.isGiven() || m_target.isStandardOutput()) {
             session.out.text(text);
             return;
         }
-        if (isSameFile(m_output, document.Path()))
-            throw Failure(QStringLiteral("\"%1\" is the input: say --in-place to write over it")
-                              .arg(m_output));
-        const QString problem = problemOfWriting(text.toUtf8(), m_output);
-        if (!problem.isEmpty())
-            session.error(m_output, problem);
+        m_target.check(document);
+        m_target.write(document, document, session);
     }
 
-    static void writeOver(const QString& text, const Document& document, Session& session)
+    void writeOver(const QString& text, const Document& document, Session& session) const
     {
         if (document.IsStream()) {
             session.error(document.Name(), QStringLiteral("it is no file to write over"));
             return;
         }
+        m_target.backUp(document.Path());
         const QString problem = problemOfWriting(text.toUtf8(), document.Path());
         if (!problem.isEmpty())
             session.error(document.Name(), problem + QLatin1String("; it is as it was"));
@@ -122,8 +125,8 @@ private:
 
     QStringList m_files;
     bool m_check = false;
-    QString m_output;
-    bool m_inPlace = false;
+    Target m_target;
+    Inputs m_inputs;
 };
 
 } // namespace

@@ -3,11 +3,13 @@
 
 #include "Arguments.h"
 #include "Command.h"
+#include "Editing.h"
 #include "Input.h"
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/documents/Interruption.h"
 #include "toolkit/documents/SafeFiles.h"
+#include "toolkit/edit/Things.h"
 #include "toolkit/exchange/ImportedPictures.h"
 #include "toolkit/exchange/Importer.h"
 
@@ -76,8 +78,9 @@ public:
             "there "
             "with the same content is left alone. What is there with another content stops the "
             "import, unless it is said what to do with it. Thumbnails of snapshots are copied from "
-            "beside the source to --snapshots, or beside the output. What was written is read "
-            "back.");
+            "beside the source to --snapshots, or beside the output, those of presets to where the "
+            "host looks for them; relative references to image files lead to the same files from "
+            "the new place. What was written is read back.");
         arguments.positional("source", m_source, "Document or archive to take from");
         arguments.positional("target", m_targetFile,
                              "Document or archive of the same kind to add to");
@@ -88,7 +91,6 @@ public:
         arguments.flag("--replace", m_replace, "Put what was changed in the place of the old");
         arguments.onlyOne(
             {QStringLiteral("--skip"), QStringLiteral("--rename"), QStringLiteral("--replace")});
-        arguments.flag("--dry-run", m_dryRun, "Only tell what would be done");
         m_target.declare(arguments);
         arguments.example("rvopen import snapshots/import_me.xml snapshots/house.xml -o both.xml",
                           "the neighbour's snapshots beside one's own, with their pictures");
@@ -102,14 +104,12 @@ public:
         if (m_source == QLatin1String("-") && m_targetFile == m_source)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
         const std::unique_ptr<Document> source = readOrFail(m_source, session);
-        if (!m_dryRun)
-            m_target.lock(m_targetFile);
+        m_target.lock(m_targetFile);
         const std::unique_ptr<Document> target = readOrFail(m_targetFile, session);
-        if (!m_dryRun)
-            m_target.check(*target);
-        if (!m_dryRun && m_target.isStandardOutput())
+        m_target.check(*target);
+        if (!m_target.isDryRun() && m_target.isStandardOutput())
             throw Failure(QStringLiteral("an import writes to a file, to read it back"));
-        if (!m_dryRun && isSameFile(m_target.file(*target), source->Path()))
+        if (!m_target.isDryRun() && isSameFile(m_target.file(*target), source->Path()))
             throw Failure(QStringLiteral("the source cannot be the output"));
         Importer importer(*source, *target);
         QVector<ImportItem> items = importer.items(m_select);
@@ -121,7 +121,9 @@ public:
             importer.apply(items, m_replace  ? ChangedImports::Replaced
                                   : m_rename ? ChangedImports::Renamed
                                              : ChangedImports::Left);
-        if (!m_dryRun && !isStopped)
+        if (!isStopped)
+            complainOf(importer.textures(), *source, session);
+        if (!m_target.isDryRun() && !isStopped)
             write(items, *source, *target, session);
         report(items, isStopped, *target, session);
         const bool isRefused =
@@ -161,11 +163,29 @@ private:
             if (item.action != ImportAction::None && item.isSnapShot())
                 pictures.copy(item);
         }
+        PictureMoves thumbnails(m_replace || m_target.isForced());
+        followThumbnails(items, source, target, thumbnails, session);
+        thumbnails.make();
         if (isInterrupted())
             throw Failure(QStringLiteral("interrupted; nothing was imported"));
         m_target.write(target, target, session);
         pictures.finish();
+        finishPictures(thumbnails, m_target, session);
         readBack(target, output);
+    }
+
+    /// Of presets. Where another picture is there, it stays.
+    void followThumbnails(const QVector<ImportItem>& items, const Document& source,
+                          const Document& target, PictureMoves& thumbnails, Session& session) const
+    {
+        const Folders before = foldersOf(source, session.folders, source.Folder());
+        const Folders after = foldersOf(target, session.folders, outputFolder(target, m_target));
+        for (const ImportItem& item : items) {
+            if (item.action != ImportAction::None && thingOf(item.source) == Thing::Preset)
+                thumbnails.follow(pictureIn(item.source, source, before),
+                                  pictureIn(item.result, target, after), PictureMoves::Old::Kept);
+        }
+        complainOf(thumbnails, target, session);
     }
 
     static void readBack(const Document& target, const QString& output)
@@ -195,8 +215,9 @@ private:
             }
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("target"), target.Name());
-            result.insert(QStringLiteral("written"),
-                          m_dryRun || isStopped ? QJsonValue() : QJsonValue(m_target.file(target)));
+            result.insert(QStringLiteral("written"), m_target.isDryRun() || isStopped
+                                                         ? QJsonValue()
+                                                         : QJsonValue(m_target.file(target)));
             result.insert(QStringLiteral("items"), list);
             session.out.json(result);
         } else {
@@ -227,7 +248,6 @@ private:
     bool m_skip = false;
     bool m_rename = false;
     bool m_replace = false;
-    bool m_dryRun = false;
     Target m_target;
 };
 

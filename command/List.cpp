@@ -4,13 +4,13 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/edit/Placement.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 
 #include <QJsonArray>
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -67,13 +67,7 @@ public:
         arguments.description("Sorted by kind and name. Without files, all archives in the folders "
                               "of the host. Exit code 1 when nothing is found.");
         arguments.positional("files", m_files, "Archives, folders, or \"-\"", false);
-        arguments.option("--type", m_type, "KIND",
-                         "Presets of one kind: material, camera, ..., or of a "
-                         "section: materials, ...");
-        arguments.option("--subcat", m_subCategory, "NAME", "Presets of one sub-category");
-        arguments.option("--category", m_category, "NAME", "Presets of one category");
-        arguments.option("--text", m_text, "WORDS",
-                         "Presets with all these words, in any case, in name or description");
+        m_selection.declare(arguments);
         arguments.example("rvopen list --type material --text \"brass\" install",
                           "materials that have to do with brass");
         arguments.example("rvopen list --archives archives/Zorvane --custom archives/Custom",
@@ -88,12 +82,13 @@ public:
         if (files.isEmpty() && m_files.isEmpty())
             throw Failure(QStringLiteral(
                 "name archives, or the folders of the host (--install, --archives, --custom)"));
-        m_words = m_text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        const Selection selection = m_selection.selection();
 
         std::vector<Entry> entries;
         forEachDocument(files, session, [&](Document& document) {
+            const Scope scope = selection.in(document.Root());
             forEachPreset(document.Root(), [&](const Preset& preset) {
-                if (isWanted(preset))
+                if (scope.takes(preset.path))
                     entries.push_back(entry(document, preset));
             });
         });
@@ -106,22 +101,6 @@ public:
     }
 
 private:
-    bool isWanted(const Preset& preset) const
-    {
-        const QDomElement& element = preset.element;
-        if (!m_type.isEmpty() && element.tagName().compare(m_type, Qt::CaseInsensitive) != 0 &&
-            preset.section.compare(m_type, Qt::CaseInsensitive) != 0)
-            return false;
-        if (!m_subCategory.isEmpty() && value(element, "subcat") != m_subCategory)
-            return false;
-        if (!m_category.isEmpty() && value(element, "cat") != m_category)
-            return false;
-        return std::all_of(m_words.cbegin(), m_words.cend(), [&element](const QString& word) {
-            return value(element, "name").contains(word, Qt::CaseInsensitive) ||
-                   value(element, "desc").contains(word, Qt::CaseInsensitive);
-        });
-    }
-
     static Entry entry(const Document& document, const Preset& preset)
     {
         const QDomElement& element = preset.element;
@@ -165,11 +144,7 @@ private:
     }
 
     QStringList m_files;
-    QString m_type;
-    QString m_subCategory;
-    QString m_category;
-    QString m_text;
-    QStringList m_words;
+    SelectionOptions m_selection;
 };
 
 } // namespace

@@ -4,8 +4,10 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "OutputOptions.h"
 #include "Session.h"
 #include "toolkit/documents/FileTransaction.h"
+#include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/Interruption.h"
 
 #include <rvopen/RVOpenManager.h>
@@ -42,7 +44,7 @@ public:
         arguments.description(
             "A snapshot document has a current snapshot with default settings and "
             "scenery, an archive a section for each kind of preset. A file that "
-            "is there already is left alone.");
+            "is there already is left alone without --force.");
         arguments.positional("kind", m_kind, "snapshots or archive");
         arguments.positional("file", m_file, "The file to make, or \"-\" for standard output");
         arguments.option("--name", m_name, "NAME",
@@ -51,6 +53,7 @@ public:
                          "Version of the host that the document is for; 3.1 when not given");
         arguments.option("--units-scale", m_scale, "NUMBER",
                          "Document units per scene unit, 1000 for millimetres and metres");
+        m_options.declare(arguments);
         arguments.example("rvopen new snapshots empty.xml", "a document to start from");
         arguments.example("rvopen new archive Mine.rvx --name \"My presets\"", "a user's archive");
     }
@@ -67,12 +70,10 @@ public:
             session.out.text(XmlText(document, indent));
             return ExitFine;
         }
-        const QString path = PathToOpen(m_file);
-        const Uninterrupted writing;
-        FileTransaction files;
-        if (!files.create(XmlText(document, indent).toUtf8(), path))
-            throw Failure(QStringLiteral("\"%1\": %2").arg(m_file, files.problem()));
-        files.keep();
+        const QByteArray text = XmlText(document, indent).toUtf8();
+        m_options.check(m_file);
+        if (!m_options.isDryRun())
+            write(text);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("kind"), m_kind);
@@ -83,6 +84,20 @@ public:
     }
 
 private:
+    void write(const QByteArray& text) const
+    {
+        if (m_options.isForced()) {
+            m_options.backUp(m_file);
+            writeOrFail(text, m_file);
+            return;
+        }
+        const Uninterrupted writing;
+        FileTransaction files;
+        if (!files.create(text, PathToOpen(m_file)))
+            throw Failure(QStringLiteral("\"%1\": %2").arg(m_file, files.problem()));
+        files.keep();
+    }
+
     void checkVersion()
     {
         bool isMajor = false;
@@ -138,6 +153,7 @@ private:
 
     QString m_kind;
     QString m_file;
+    OutputOptions m_options;
     QString m_name;
     QString m_version = QStringLiteral("3.1");
     unsigned int m_major = 0;

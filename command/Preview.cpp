@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "OutputOptions.h"
 #include "Session.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
@@ -47,7 +48,7 @@ public:
         arguments.positional("path", m_path, "Path of a preset or snapshot, as for get");
         arguments.option("-o,--output", m_output, "FILE",
                          "Write to this file, or to standard output for \"-\"");
-        arguments.flag("--force", m_force, "Also over a file that is there");
+        m_options.declare(arguments);
         arguments.example("rvopen preview archives/Custom/MyPresets.rvx \"colour[Our orange]\" "
                           "-o orange.png",
                           "a picture that is embedded in an archive");
@@ -83,9 +84,13 @@ public:
             session.out.bytes(bytes);
             return ExitFine;
         }
-        if (QFileInfo::exists(m_output) && (!m_force || isSameFile(m_output, document->Path())))
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
-        writeOrFail(bytes, m_output);
+        if (isSameFile(m_output, document->Path()))
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
+        m_options.check(m_output);
+        if (!m_options.isDryRun()) {
+            m_options.backUp(m_output);
+            writeOrFail(bytes, m_output);
+        }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("file"), document->Name());
@@ -107,7 +112,7 @@ private:
     QString m_file;
     QString m_path;
     QString m_output;
-    bool m_force = false;
+    OutputOptions m_options;
 };
 
 } // namespace

@@ -3,7 +3,10 @@
 
 #include "Arguments.h"
 #include "Command.h"
+#include "Editing.h"
 #include "Input.h"
+#include "OutputOptions.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/documents/FileTransaction.h"
 #include "toolkit/documents/FileWriting.h"
@@ -59,21 +62,6 @@ QString fileSafe(const QString& text)
     return name;
 }
 
-QString problemOf(PictureLack lack)
-{
-    switch (lack) {
-    case PictureLack::CustomFolder:
-        return QStringLiteral("pictures of a user's archive lie below --custom DIR");
-    case PictureLack::InstallFolder:
-        return QStringLiteral("pictures of presets lie below --install DIR");
-    case PictureLack::Names:
-        return QStringLiteral("its names give no place for a picture");
-    case PictureLack::Nothing:
-        break;
-    }
-    return QString();
-}
-
 class Render : public Command {
 public:
     const char* name() const override
@@ -104,6 +92,8 @@ public:
                        "Materials and what they are made of as a flat piece, not as a ball");
         arguments.onlyOne({QStringLiteral("--missing"), QStringLiteral("--all")});
         arguments.onlyOne({QStringLiteral("--embed"), QStringLiteral("--output")});
+        m_options.declare(arguments, "Write over other files in the folder of --output");
+        m_selection.declare(arguments);
         arguments.example("rvopen render --missing --size 64 --install install "
                           "install/xml/Product_extra.rvx",
                           "thumbnails below install/sethumbs, where the host looks for them");
@@ -118,12 +108,13 @@ public:
         if (m_wish.size < MinPictureSize || m_wish.size > MaxPictureSize)
             throw Failure(
                 QStringLiteral("--size takes %1 to %2").arg(MinPictureSize).arg(MaxPictureSize));
-        if (!m_output.isEmpty() && !m_folders.makeFolder(m_output))
+        if (!m_output.isEmpty() && !m_options.isDryRun() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
+        m_selected = m_selection.selection();
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
-            m_embed ? Access::Changing : Access::Reading);
+            m_embed && !m_options.isDryRun() ? Access::Changing : Access::Reading);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("pictures"), m_pictures);
@@ -141,7 +132,8 @@ private:
                               .arg(document.IsStandardInput() ? QStringLiteral("standard input")
                                                               : document.Name()));
         drawing::TextureReader textures(TextureFinder(document, session.folders));
-        QVector<Subject> subjects = SubjectsOf(document);
+        const QVector<Subject> subjects =
+            selectedOf(SubjectsOf(document), m_selected.in(document.Root()));
         int kept = 0;
         int written = 0;
         bool isChanged = false;
@@ -159,7 +151,7 @@ private:
             written += finish(jobs, document, session, isChanged);
         }
         session.clearProgress();
-        if (isChanged)
+        if (isChanged && !m_options.isDryRun())
             save(document, session);
         m_kept += kept;
         if (!session.json)
@@ -182,7 +174,9 @@ private:
             return true;
         if (!m_output.isEmpty()) {
             job.file = outputFile(job.subject);
-            return isFree(job.file, m_output, session);
+            // A dry run made no folder.
+            return !QFileInfo::exists(m_output) ||
+                   (isFree(job.file, m_output, session) && isOurs(job.file, session));
         }
         if (place.lack != PictureLack::Nothing) {
             session.error(document.Name(),
@@ -214,6 +208,18 @@ private:
         if (!problem.isEmpty())
             session.error(file, problem);
         return problem.isEmpty();
+    }
+
+    /// Whether nothing else would be lost.
+    bool isOurs(const QString& file, Session& session) const
+    {
+        try {
+            m_options.check(file);
+        } catch (const Failure& failure) {
+            session.error(file, failure.Message());
+            return false;
+        }
+        return true;
     }
 
     QString outputFile(const Subject& subject)
@@ -268,13 +274,17 @@ private:
     /// Empty when it was written.
     QString write(const QByteArray& bytes, const QString& file)
     {
+        if (m_options.isDryRun())
+            return QString();
         const Uninterrupted writing;
+        m_options.backUp(file);
         return m_folders.makeFolder(QFileInfo(file).path()) ? problemOfWriting(bytes, file)
                                                             : m_folders.problem();
     }
 
-    static void save(const Document& document, Session& session)
+    void save(const Document& document, Session& session) const
     {
+        m_options.backUp(document.Path());
         const QString problem =
             problemOfWriting(document.Dom(), document.Indent(), document.Path());
         if (!problem.isEmpty())
@@ -287,6 +297,9 @@ private:
     bool m_embed = false;
     QString m_output;
     PictureWish m_wish;
+    OutputOptions m_options;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     /// Folders that were made go again at the end if they stayed empty.
     FileTransaction m_folders;

@@ -4,6 +4,8 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "OutputOptions.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
@@ -65,7 +67,8 @@ public:
         arguments.option("--size", m_size, "PIXELS", "The width of a picture; 160 when not given");
         arguments.option("--columns", m_columns, "NUMBER", "Pictures in a row; 6 when not given");
         arguments.flag("--drawn", m_drawn, "Draw them all, also those that there are pictures of");
-        arguments.flag("--force", m_force, "Also over a file that is there");
+        m_options.declare(arguments);
+        m_selection.declare(arguments);
         arguments.example("rvopen sheet archives/Custom/MyPresets.rvx --size 80 -o mine.pdf",
                           "a sheet to print");
         arguments.example("rvopen sheet snapshots/import_me.xml --columns 3 -o snapshots.png",
@@ -84,8 +87,10 @@ public:
                               .arg(MaxPictureSize / s_pdfFineness));
         if (m_columns < 1 || m_columns > s_maxColumns)
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
-        if (QFileInfo::exists(m_output) && (!m_force || isInput()))
-            throw Failure(QStringLiteral("\"%1\" is there already").arg(m_output));
+        if (isInput())
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
+        m_options.check(m_output);
+        m_selected = m_selection.selection();
         prepareTexts();
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
@@ -103,7 +108,10 @@ public:
         int pages = 1;
         const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
         session.clearProgress();
-        writeOrFail(bytes, m_output);
+        if (!m_options.isDryRun()) {
+            m_options.backUp(m_output);
+            writeOrFail(bytes, m_output);
+        }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("written"), m_output);
@@ -146,8 +154,8 @@ private:
         m_names << (document.Kind() == DocumentKind::Archive && !name.isEmpty()
                         ? name
                         : QFileInfo(document.Name()).completeBaseName());
-        QVector<Subject> subjects = SubjectsOf(document);
-        subjects += PaletteSubjects(document);
+        const QVector<Subject> subjects = selectedOf(
+            SubjectsOf(document) + PaletteSubjects(document), m_selected.in(document.Root()));
         for (const Subject& subject : subjects) {
             Item item;
             const QString file = LocatePicture(subject.element, document, session.folders).file;
@@ -230,7 +238,9 @@ private:
     int m_size = 160;
     int m_columns = 6;
     bool m_drawn = false;
-    bool m_force = false;
+    OutputOptions m_options;
+    SelectionOptions m_selection;
+    Selection m_selected;
 
     PictureWish m_wish;
     Session* m_session = nullptr;

@@ -4,6 +4,7 @@
 #include "Target.h"
 
 #include "Arguments.h"
+#include "Editing.h"
 #include "Input.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
@@ -17,17 +18,18 @@ namespace rvopen::command {
 
 using namespace toolkit;
 
-void Target::declare(Arguments& arguments)
+void Target::declare(Arguments& arguments, const char* force)
 {
     arguments.option("-o,--output", m_output, "FILE",
                      "Write to this file, or to standard output for \"-\"");
     arguments.flag("--in-place", m_inPlace, "Write over the input");
     arguments.onlyOne({QStringLiteral("--output"), QStringLiteral("--in-place")});
+    m_options.declare(arguments, force);
 }
 
 void Target::lock(const QString& input)
 {
-    if (m_inPlace)
+    if (m_inPlace && !m_options.isDryRun())
         m_lock.take(input);
 }
 
@@ -43,11 +45,28 @@ bool Target::isInPlace() const
 
 bool Target::isStandardOutput() const
 {
-    return m_output == QLatin1String("-");
+    return m_output == QLatin1String("-") && !m_options.isDryRun();
+}
+
+bool Target::isForced() const
+{
+    return m_options.isForced();
+}
+
+bool Target::isDryRun() const
+{
+    return m_options.isDryRun();
+}
+
+QString Target::problemOfBackup(const QString& path) const
+{
+    return m_options.problemOfBackup(path);
 }
 
 void Target::check(const Document& input) const
 {
+    if (m_options.isDryRun() && !isGiven())
+        return;
     if (!isGiven())
         throw Failure(QStringLiteral("say where to write: --output FILE or --in-place"));
     if (m_inPlace && input.IsStandardInput())
@@ -61,26 +80,38 @@ void Target::check(const Document& input) const
     }
     if (!m_inPlace && QFileInfo(m_output).isDir())
         throw Failure(QStringLiteral("\"%1\" is a folder").arg(m_output));
+    if (!m_inPlace)
+        m_options.check(m_output);
 }
 
 QString Target::file(const Document& input) const
 {
     if (m_inPlace)
         return input.Path();
-    return isStandardOutput() ? QString() : m_output;
+    return m_output == QLatin1String("-") ? QString() : m_output;
 }
 
 void Target::write(const Document& document, const Document& input, Session& session) const
 {
+    if (m_options.isDryRun())
+        return;
     const int indent = document.Indent();
     const QString path = file(input);
     if (path.isEmpty()) {
         session.out.text(XmlText(document.Dom(), indent));
         return;
     }
+    if (!m_inPlace)
+        takeAlong(document, input, path, session);
+    m_options.backUp(path);
     const QString problem = problemOfWriting(document.Dom(), indent, path);
     if (!problem.isEmpty())
         throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
+}
+
+void Target::backUp(const QString& path) const
+{
+    m_options.backUp(path);
 }
 
 } // namespace rvopen::command

@@ -4,16 +4,20 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/documents/Interruption.h"
 #include "toolkit/images/FileIndex.h"
 #include "toolkit/images/ReferencedTextures.h"
 #include "toolkit/images/TextureCollection.h"
+#include "toolkit/images/TextureReferences.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 
 namespace rvopen::command {
@@ -62,16 +66,19 @@ public:
         arguments.flag("--missing", m_missing, "Only what is not there");
         arguments.option("--relink", m_relink, "DIR",
                          "Find what is missing in and below this folder, by file name in any case "
-                         "of letters, and write a document that refers to it; may be repeated");
+                         "of letters, and write a document that refers to it, relative where it "
+                         "was; or FROM=TO, another beginning for what begins with FROM; may be "
+                         "repeated");
         arguments.option(
             "--collect", m_collect, "DIR",
-            "Copy the document and the images that it refers to into this folder, and refer to "
-            "bare file names there");
+            "Copy the document, the images that it refers to and the pictures of its presets and "
+            "snapshots into this folder, and refer to bare file names there");
         arguments.flag("--everywhere", m_isEverywhere,
                        "Collect also images that lie outside of the document's folder and those "
                        "of the host");
         arguments.onlyOne({QStringLiteral("--relink"), QStringLiteral("--collect")});
         m_target.declare(arguments);
+        m_selection.declare(arguments);
         arguments.example("rvopen textures --missing snapshots/product.xml",
                           "what is not there, and what refers to it");
         arguments.example("rvopen textures --collect parcel snapshots/product.xml",
@@ -85,12 +92,14 @@ public:
                 throw Failure(QStringLiteral("--relink and --collect take one document"));
             return m_relink.isEmpty() ? collect(session) : relink(session);
         }
-        if (m_target.isGiven())
-            throw Failure(QStringLiteral("--output and --in-place go with --relink"));
+        if (m_target.isGiven() || m_target.isDryRun())
+            throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --relink"));
+        const Selection selection = m_selection.selection();
         bool isMissing = false;
         QJsonArray list;
         forEachDocument(m_files, session, [&](Document& document) {
-            for (const ReferencedTexture& texture : texturesOf(document)) {
+            for (const ReferencedTexture& texture :
+                 texturesOf(document, selection.in(document.Root()))) {
                 if (m_missing && !texture.file.isEmpty())
                     continue;
                 isMissing = isMissing || texture.file.isEmpty();
@@ -140,12 +149,29 @@ private:
         m_target.lock(m_files.first());
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         m_target.check(*document);
-        FileIndex index(m_relink);
+        QStringList folders;
+        QVector<QPair<QString, QString>> prefixes;
+        for (const QString& text : m_relink) {
+            const int at = int(text.indexOf(QLatin1Char('=')));
+            if (at > 0 && !QFileInfo(PathToOpen(text)).isDir())
+                prefixes.append({text.left(at), text.mid(at + 1)});
+            else
+                folders << text;
+        }
+        FileIndex index(folders);
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (ReferencedTexture texture : texturesOf(*document)) {
-            if (!texture.file.isEmpty())
+        for (ReferencedTexture texture : selected(*document)) {
+            const QString changed = withAnotherPrefix(texture.reference, prefixes);
+            if (!changed.isEmpty()) {
+                texture.refer(changed);
+                texture.file = findReferenced(changed, document->Folder());
+                list.append(object(*document, texture, changed));
+                lines << texture.reference + QLatin1String(" -> ") + changed;
+                continue;
+            }
+            if (!texture.file.isEmpty() || folders.isEmpty())
                 continue;
             const QStringList found = index.find(texture.reference);
             if (found.size() != 1) {
@@ -159,7 +185,11 @@ private:
                 list.append(object(*document, texture, QString()));
                 continue;
             }
-            const QString reference = QDir::toNativeSeparators(found.first());
+            // Target re-bases what is relative to where the document was.
+            const QString reference =
+                isAbsoluteReference(texture.reference)
+                    ? QDir::toNativeSeparators(found.first())
+                    : relativeReference(found.first(), document->Folder(), texture.reference);
             texture.refer(reference);
             texture.file = found.first();
             list.append(object(*document, texture, reference));
@@ -168,6 +198,23 @@ private:
         m_target.write(*document, *document, session);
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    QVector<ReferencedTexture> selected(const Document& document) const
+    {
+        return texturesOf(document, m_selection.selection().in(document.Root()));
+    }
+
+    /// By the first prefix that the reference has; null without.
+    static QString withAnotherPrefix(const QString& reference,
+                                     const QVector<QPair<QString, QString>>& prefixes)
+    {
+        for (const auto& prefix : prefixes) {
+            const QString changed = withOtherPrefix(reference, prefix.first, prefix.second);
+            if (!changed.isEmpty())
+                return changed;
+        }
+        return QString();
     }
 
     void report(const QStringList& lines, const QJsonArray& list, Session& session) const
@@ -194,7 +241,7 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (const ReferencedTexture& texture : texturesOf(*document)) {
+        for (const ReferencedTexture& texture : selected(*document)) {
             const QString problem =
                 problemOf(texture, TextureCollection::objectionTo(texture, *document,
                                                                   session.folders, m_isEverywhere));
@@ -209,7 +256,13 @@ private:
             list.append(object(*document, texture, name));
             lines << texture.reference + QLatin1String(" -> ") + name;
         }
-        collection.finish(*document);
+        collection.addPictures(*document, session.folders,
+                               [&session](const QString& file, const QString& message) {
+                                   session.warning(file, message);
+                               });
+        collection.write(*document);
+        if (!m_target.isDryRun())
+            collection.keep();
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
     }
@@ -220,6 +273,7 @@ private:
     QString m_collect;
     bool m_isEverywhere = false;
     Target m_target;
+    SelectionOptions m_selection;
 };
 
 } // namespace

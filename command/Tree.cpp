@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/edit/Labels.h"
 
@@ -39,6 +40,12 @@ Attributes attributesOf(const QDomElement& element)
     return result;
 }
 
+struct Child {
+    QDomElement element;
+    QString label;
+    QString path;
+};
+
 bool isLong(const QString& attribute)
 {
     return attribute == QLatin1String("xmlImage");
@@ -59,12 +66,14 @@ public:
     void declare(Arguments& arguments) override
     {
         arguments.description("Each line is a part of a path that get and set take; with --paths "
-                              "it is the whole path. "
-                              "Lengths are in scene units.");
+                              "it is the whole path. Lengths are in scene units. What is "
+                              "selected is printed with what it stands in; exit code 1 when "
+                              "there is none.");
         arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
         arguments.option("-d,--depth", m_depth, "N", "Only so many levels");
         arguments.flag("-p,--params", m_params, "Parameters and attributes with their values");
         arguments.flag("--paths", m_paths, "One line for each, \"path = value\"");
+        m_selection.declare(arguments);
         arguments.example("rvopen tree --depth 2 snapshots/house.xml", "an overview");
         arguments.example("rvopen tree --params --paths snapshots/product.xml | grep Colour",
                           "all colours with their paths");
@@ -72,8 +81,14 @@ public:
 
     int run(Session& session) override
     {
+        const Selection selection = m_selection.selection();
+        bool isFound = selection.isEverything();
         QJsonArray files;
         forEachDocument(m_files, session, [&](Document& document) {
+            m_scope = selection.in(document.Root());
+            if (!m_scope.isEverything() && m_scope.elements().isEmpty())
+                return;
+            isFound = true;
             ParamValues values;
             m_values = &values;
             m_out = &session.out;
@@ -87,7 +102,7 @@ public:
                 const QString title = document.Name() + QLatin1String("  ");
                 m_out->line(m_out->styled(visible(title), Style::Dim) +
                             described(document.Root(), document.Root().tagName()));
-                printChildren(document.Root(), QString(), 1);
+                printChildren(document.Root(), QString(), QString(), 1);
             }
         });
         if (session.json) {
@@ -95,13 +110,14 @@ public:
             result.insert(QStringLiteral("files"), files);
             session.out.json(result);
         }
-        return session.result(ExitFine);
+        return session.result(isFound ? ExitFine : ExitFindings);
     }
 
 private:
-    bool isShown(const QDomElement& element) const
+    bool isShown(const QDomElement& element, const QString& path) const
     {
-        return m_params || !isParam(element) || !element.firstChildElement().isNull();
+        return (m_params || !isParam(element) || !element.firstChildElement().isNull()) &&
+               (m_scope.covers(path) || m_scope.leadsTo(path));
     }
 
     /// The label with what is known of the element behind it.
@@ -135,31 +151,36 @@ private:
         return line;
     }
 
-    void printChildren(const QDomElement& parent, const QString& indent, int depth) const
+    void printChildren(const QDomElement& parent, const QString& parentPath, const QString& indent,
+                       int depth) const
     {
         if (depth > m_depth)
             return;
         Labels labels;
-        QVector<QPair<QDomElement, QString>> children;
+        QVector<Child> children;
         for (QDomElement child = parent.firstChildElement(); !child.isNull();
              child = child.nextSiblingElement()) {
             const QString label = labels.next(child);
-            if (isShown(child))
-                children.append({child, label});
+            const QString path = joined(parentPath, label);
+            if (isShown(child, path))
+                children.append({child, label, path});
         }
         for (int i = 0; i < int(children.size()); ++i) {
             const bool isLast = i + 1 == int(children.size());
             m_out->line(indent + QString::fromUtf8(isLast ? "└─ " : "├─ ") +
-                        described(children[i].first, children[i].second));
-            printChildren(children[i].first, indent + QString::fromUtf8(isLast ? "   " : "│  "),
-                          depth + 1);
+                        described(children[i].element, children[i].label));
+            printChildren(children[i].element, children[i].path,
+                          indent + QString::fromUtf8(isLast ? "   " : "│  "), depth + 1);
         }
     }
 
     void printPaths(const QDomElement& root) const
     {
-        printAttributes(root, QString());
+        if (m_scope.isEverything())
+            printAttributes(root, QString());
         Walk(root, QString(), [this](const QDomElement& element, const QString& path) {
+            if (!m_scope.covers(path))
+                return m_scope.leadsTo(path) && depthOf(element) < m_depth;
             if (isParam(element)) {
                 if (m_params &&
                     element.attribute(QStringLiteral("type")) != QLatin1String("shader"))
@@ -213,7 +234,7 @@ private:
             for (QDomElement child = element.firstChildElement(); !child.isNull();
                  child = child.nextSiblingElement()) {
                 const QString childPath = joined(path, labels.next(child));
-                if (isShown(child))
+                if (isShown(child, childPath))
                     children.append(object(child, childPath, depth + 1));
             }
         }
@@ -226,6 +247,9 @@ private:
     int m_depth = std::numeric_limits<int>::max();
     bool m_params = false;
     bool m_paths = false;
+    SelectionOptions m_selection;
+    /// Of the document that is being printed.
+    Scope m_scope;
     ParamValues* m_values = nullptr;
     Output* m_out = nullptr;
 };

@@ -48,9 +48,11 @@ void useUtf8()
 std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
-    for (const auto make : {makeInfo, makeTree, makeList, makeGet, makeSet, makeCheck, makeTextures,
-                            makeImport, makeDiff, makeFormat, makePreview, makeRender, makeSheet,
-                            makeThumbnail, makeNew, makeParams})
+    for (const auto make :
+         {makeInfo,   makeTree,      makeList,   makeFind,   makeGet,     makeSet,
+          makeCheck,  makeTextures,  makeImport, makeCopy,   makeMove,    makeRename,
+          makeRemove, makeSort,      makeDiff,   makeFormat, makePreview, makeRender,
+          makeSheet,  makeThumbnail, makeNew,    makeParams})
         commands.push_back(make());
     return commands;
 }

@@ -61,30 +61,34 @@ LAYERS = {
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
         toolkit/documents/SafeFiles""",
     "Toolkit: edit": """
+        toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
         toolkit/edit/Labels toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/Placement
-        toolkit/edit/TypedText""",
+        toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things toolkit/edit/TypedText
+        toolkit/edit/Uses""",
     "Toolkit: images": """
         toolkit/images/ContactSheet toolkit/images/EmbeddedPreview toolkit/images/FileIndex
         toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
-        toolkit/images/PictureLocations toolkit/images/ReferencedTextures
-        toolkit/images/TextureCollection""",
+        toolkit/images/PictureLocations toolkit/images/PictureMoves
+        toolkit/images/ReferencedTextures toolkit/images/TextureCollection
+        toolkit/images/TextureReferences""",
     "Toolkit: check": "toolkit/check/Inspection toolkit/check/Places toolkit/check/Rules toolkit/check/RuleTable",
     "Toolkit: compare": "toolkit/compare/Comparer",
     "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer",
     "Toolkit: drawing": """
-        toolkit/drawing/Backdrop toolkit/drawing/Diagrams toolkit/drawing/Drawing
-        toolkit/drawing/Optics toolkit/drawing/Photometry toolkit/drawing/Picture
-        toolkit/drawing/Raster toolkit/drawing/Reading toolkit/drawing/Scene
+        toolkit/drawing/Backdrop toolkit/drawing/ColourDistance toolkit/drawing/Diagrams
+        toolkit/drawing/Drawing toolkit/drawing/Optics toolkit/drawing/Photometry
+        toolkit/drawing/Picture toolkit/drawing/Raster toolkit/drawing/Reading toolkit/drawing/Scene
         toolkit/drawing/SceneSurfaces toolkit/drawing/Sky toolkit/drawing/SnapShotPicture
         toolkit/drawing/Studio toolkit/drawing/Subjects toolkit/drawing/Surface toolkit/drawing/Vec
         toolkit/drawing/View""",
     "Command": """
         command/Arguments command/Check command/Command command/CommandLine command/Diff
-        command/Documentation command/Format command/Get command/Import command/Info command/Input
-        command/Interrupts command/List command/New command/Output command/ParamTables
-        command/Params command/Preview command/Program command/Render command/Session command/Set
-        command/Sheet command/Target command/Textures command/Thumbnail command/Tree
-        command/main""",
+        command/Documentation command/Editing command/Find command/Format command/Get command/Import
+        command/Info command/Input command/Inputs command/Interrupts command/List command/New
+        command/Output command/OutputOptions command/ParamTables command/Params command/Preview
+        command/Program command/Remove command/Rename command/Render command/SelectionOptions
+        command/Session command/Set command/Sheet command/Sort command/Target command/Textures
+        command/Thumbnail command/Transfer command/Tree command/main""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

@@ -141,7 +141,7 @@ TEST(Completion, OfZshTellsFoldersFromFilesAndFromWords)
     for (const char* const option :
          {"--custom[The user'\\''s own archives]:folder:_files -/'",
           "--in-place[Write over the input]'", ":n: '",
-          "-o[Write one document to this file]:file:_files'",
+          "-o[Write to this file, .png or .pdf]:file:_files'",
           "--severity[Leave out findings below this one]:value:(note warning error)'"})
         EXPECT_TRUE(zsh.contains(QLatin1String(option))) << option;
 }

@@ -43,4 +43,10 @@ QString foreignFormatOf(const QString& path)
     return QString();
 }
 
+bool isDocumentName(const QString& name)
+{
+    return name.endsWith(QLatin1String(".rvx"), Qt::CaseInsensitive) ||
+           name.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
+}
+
 } // namespace rvopen::toolkit

@@ -11,4 +11,7 @@ namespace rvopen::toolkit {
 /// Empty where that cannot be told.
 QString foreignFormatOf(const QString& path);
 
+/// Whether the name ends like that of a document.
+bool isDocumentName(const QString& name);
+
 } // namespace rvopen::toolkit

@@ -16,12 +16,6 @@ namespace rvopen::toolkit {
 
 namespace {
 
-bool isDocumentName(const QString& name)
-{
-    return name.endsWith(QLatin1String(".rvx"), Qt::CaseInsensitive) ||
-           name.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
-}
-
 /// Names of files are bytes, and Qt shows those that are not UTF-8 with other characters: what it
 /// would open then is another file.
 QString nameOf(const std::filesystem::path& path)

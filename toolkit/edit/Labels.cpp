@@ -56,11 +56,32 @@ QString attributePath(const QString& path, const QString& attribute)
 QString labelOf(const QDomElement& element)
 {
     if (isParam(element))
-        return QLatin1Char(':') + escaped(element.attribute(QStringLiteral("name")), "/:@#=");
+        return QLatin1Char(':') + escaped(element.attribute(QStringLiteral("name")), "/:@#=*");
     const QString identity = IdentityOf(element);
     if (identity.isEmpty())
         return element.tagName();
-    return element.tagName() + QLatin1Char('[') + escaped(identity, "]") + QLatin1Char(']');
+    QString name = escaped(identity, "]*");
+    // What a condition begins with.
+    if (name[0] == QLatin1Char('@') || name[0] == QLatin1Char(':'))
+        name.prepend(s_escape);
+    return element.tagName() + QLatin1Char('[') + name + QLatin1Char(']');
+}
+
+bool hasParts(const QString& text, const QStringList& parts)
+{
+    if (parts.size() == 1)
+        return text == parts.first();
+    int at = int(parts.first().size());
+    const int end = int(text.size() - parts.last().size());
+    if (!text.startsWith(parts.first()) || end < at || !text.endsWith(parts.last()))
+        return false;
+    for (int i = 1; i + 1 < int(parts.size()); ++i) {
+        const int found = int(text.indexOf(parts[i], at));
+        at = found + int(parts[i].size());
+        if (found < 0 || at > end)
+            return false;
+    }
+    return true;
 }
 
 bool splitAssignment(const QString& text, QString& path, QString& value)

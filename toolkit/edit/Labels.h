@@ -6,6 +6,7 @@
 #include <QDomElement>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 namespace rvopen::toolkit {
 
@@ -29,6 +30,10 @@ QString attributePath(const QString& path, const QString& attribute);
 
 /// What the element is called among its neighbours, without the number of one that comes later.
 QString labelOf(const QDomElement& element);
+
+/// Whether the text consists of the parts with anything between them; of one part alone, whether it
+/// is that.
+bool hasParts(const QString& text, const QStringList& parts);
 
 /// Splits "path=value" at the first "=" that is no part of a name; false when there is none.
 bool splitAssignment(const QString& text, QString& path, QString& value);

@@ -10,6 +10,8 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace rvopen::toolkit {
 
@@ -31,8 +33,11 @@ Walk(const QDomElement& parent, const QString& parentPath,
      const std::function<bool(const QDomElement&, const QString&)>& visit);
 
 /// A path as the user wrote it, in the form of PathOf(). Without a leading "/" it may start at any
-/// element; "*" as kind or name takes any, a kind without brackets any name. What stands in
-/// brackets is the name, the reference name or the link name.
+/// element, and "//" steps over any number of them; "*" as kind takes any, in a name any
+/// characters, and a kind without brackets any name. What stands in brackets is the name, the
+/// reference name or the link name, or behind "@" or ":" a condition; there may be several. A path
+/// that finds nothing, and whose first part is no kind with brackets, is tried with that part as a
+/// name.
 class RVOPEN_TOOLKIT_EXPORT PathPattern {
 public:
     /// Throws a Failure when the text is no path.
@@ -54,22 +59,15 @@ public:
     QString Text() const;
 
 private:
-    struct Segment {
-        bool isParam = false;
-        QString kind;
-        bool hasName = false;
-        QString name;
-        int number = 0;
-    };
+    struct Segment;
+    class Finder;
 
     void parse();
-    bool matches(const Segment& segment, const QDomElement& element, const QString& label) const;
-    void descend(const QDomElement& parent, const QString& parentPath, const QVector<int>& reached,
-                 QVector<Match>& matches) const;
 
     QString m_text;
     bool m_isAnchored = false;
-    QVector<Segment> m_segments;
+    /// Copies share them.
+    std::shared_ptr<const std::vector<Segment>> m_segments;
     QString m_attribute;
 };
 

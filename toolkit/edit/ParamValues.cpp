@@ -7,8 +7,6 @@
 
 #include <rvopen/toolkit/schema/ValueText.h>
 
-#include <QRegularExpression>
-
 namespace rvopen::toolkit {
 
 namespace {
@@ -40,16 +38,6 @@ unsigned int getTriple(const Param& param, float (&triple)[3])
     if (param.IsColour())
         return param.GetValColour(triple);
     return param.IsVector() ? param.GetValVector(triple) : param.GetValPoint(triple);
-}
-
-bool toHexColour(const QString& text, float (&triple)[3])
-{
-    static const QRegularExpression hex(QStringLiteral("^#[0-9a-fA-F]{6}$"));
-    if (!hex.match(text).hasMatch())
-        return false;
-    for (int i = 0; i < 3; ++i)
-        triple[i] = float(text.mid(1 + 2 * i, 2).toInt(nullptr, 16)) / 255.0f;
-    return true;
 }
 
 QString outsideRange(const QDomElement& param, double value)
@@ -131,8 +119,7 @@ QString ParamValues::Check(const QDomElement& param, const QString& text)
     if (m_param.IsBool())
         return toBoolean(text, truth) ? QString() : wrong;
     if (isTriple(m_param)) {
-        const bool isGood =
-            toTriple(text, triple) || (m_param.IsColour() && toHexColour(text, triple));
+        const bool isGood = m_param.IsColour() ? toColour(text, triple) : toTriple(text, triple);
         return isGood ? QString() : wrong;
     }
     if (m_param.IsString()) {
@@ -161,8 +148,7 @@ void ParamValues::Set(const QDomElement& param, const QString& text)
     } else if (m_param.IsBool() && toBoolean(text, truth)) {
         m_param.SetValBool(truth ? 1 : 0);
     } else if (isTriple(m_param)) {
-        if (!toTriple(text, triple))
-            toHexColour(text, triple);
+        toColour(text, triple);
         if (m_param.IsColour())
             m_param.SetValColour(triple);
         else if (m_param.IsVector())

@@ -5,13 +5,34 @@
 
 #include <rvopen/toolkit/schema/ValueText.h>
 
+#include <QRegularExpression>
+
 namespace rvopen::toolkit {
+
+namespace {
+
+bool toHexColour(const QString& text, float (&triple)[3])
+{
+    static const QRegularExpression hex(QStringLiteral("^#[0-9a-fA-F]{6}$"));
+    if (!hex.match(text).hasMatch())
+        return false;
+    for (int i = 0; i < 3; ++i)
+        triple[i] = float(text.mid(1 + 2 * i, 2).toInt(nullptr, 16)) / 255.0f;
+    return true;
+}
+
+} // namespace
 
 bool toTriple(const QString& text, float (&triple)[3])
 {
     QString blanks = text;
     blanks.replace(QLatin1Char(','), QLatin1Char(' '));
     return ToTriple(blanks, triple);
+}
+
+bool toColour(const QString& text, float (&colour)[3])
+{
+    return toTriple(text, colour) || toHexColour(text, colour);
 }
 
 bool toBoolean(const QString& text, bool& value)

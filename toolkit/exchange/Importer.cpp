@@ -4,12 +4,12 @@
 #include "Importer.h"
 
 #include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Things.h"
 #include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
-#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QHash>
 
@@ -20,7 +20,6 @@ namespace rvopen::toolkit {
 namespace {
 
 const QString s_name = QStringLiteral("name");
-const QString s_refName = QStringLiteral("refname");
 
 /// What importing itself sets is no difference.
 Comparison importComparison()
@@ -30,50 +29,11 @@ Comparison importComparison()
     return comparison;
 }
 
-/// The collection that holds the snapshots of a model; null without.
-QDomElement mainCollection(const QDomElement& root)
-{
-    QDomElement found;
-    for (QDomElement child = root.firstChildElement(QStringLiteral("snapshots")); !child.isNull();
-         child = child.nextSiblingElement(QStringLiteral("snapshots"))) {
-        const QString name = child.attribute(s_name);
-        // A later one takes the place of an earlier one when the host loads the document.
-        if (name == QLatin1String("Model SnapShots") || name == QLatin1String("SnapShots"))
-            found = child;
-    }
-    return found;
-}
-
 /// What a preset is told by within its section; empty without.
 QString identity(const Preset& preset)
 {
-    const QString refName = preset.element.attribute(s_refName);
-    const QString name = preset.element.attribute(s_name);
-    if (refName.isEmpty() && name.isEmpty())
-        return QString();
-    return preset.section + (refName.isEmpty() ? QLatin1String("/name/") + name
-                                               : QLatin1String("/refname/") + refName);
-}
-
-double unitsScale(const Document& document)
-{
-    double scale = 1;
-    const bool isScale =
-        ToNumber(document.Root().attribute(QStringLiteral("unitsScale")), scale) && scale > 0;
-    return isScale ? scale : 1;
-}
-
-/// Lengths are stored in the units of their document.
-void convertLengths(const QDomElement& element, double ratio)
-{
-    Walk(element, QString(), [ratio](QDomElement part, const QString&) {
-        double length = 0;
-        if (isParam(part) && part.attribute(QStringLiteral("type")) == QLatin1String("float") &&
-            part.attribute(QStringLiteral("prop")).contains(QLatin1Char('D')) &&
-            ToNumber(part.attribute(QStringLiteral("val")), length))
-            part.setAttribute(QStringLiteral("val"), NumberText(length * ratio));
-        return true;
-    });
+    const QString key = keyOf(preset.element, preset.element.parentNode().toElement());
+    return key.isEmpty() ? key : preset.section + key;
 }
 
 /// The library has rules for the sections that it knows; others take what they had.
@@ -83,47 +43,6 @@ bool isPlaceFor(const Preset& preset)
     const QString dir = QStringLiteral("dir");
     return !vocabulary.canAdd(preset.section, dir) ||
            vocabulary.canAdd(preset.section, preset.element.tagName());
-}
-
-QDomElement collectionIn(QDomDocument& document)
-{
-    QDomElement collection = mainCollection(document.documentElement());
-    if (collection.isNull()) {
-        collection = document.createElement(QStringLiteral("snapshots"));
-        collection.setAttribute(s_name, QStringLiteral("Model SnapShots"));
-        document.documentElement().appendChild(collection);
-    }
-    return collection;
-}
-
-/// The section and the folders that the preset stood in, made where they are missing. A folder
-/// that stands for another archive has its presets there: it takes none.
-QDomElement folderFor(const Preset& preset, const QDomElement& source, QDomDocument& document)
-{
-    QVector<QDomElement> line;
-    for (QDomElement element = source.parentNode().toElement(); !element.parentNode().isDocument();
-         element = element.parentNode().toElement())
-        line.prepend(element);
-    QDomElement place = document.documentElement();
-    for (const QDomElement& wanted : line) {
-        QDomElement found;
-        const bool isSection = wanted.tagName() == preset.section;
-        for (QDomElement child = place.firstChildElement(wanted.tagName()); !child.isNull();
-             child = child.nextSiblingElement(wanted.tagName())) {
-            if ((isSection || child.attribute(s_name) == wanted.attribute(s_name)) &&
-                child.attribute(QStringLiteral("archiveFilename")).isEmpty()) {
-                found = child;
-                break;
-            }
-        }
-        if (found.isNull()) {
-            found = document.importNode(wanted, false).toElement();
-            found.removeAttribute(QStringLiteral("archiveFilename"));
-            place.appendChild(found);
-        }
-        place = found;
-    }
-    return place;
 }
 
 } // namespace
@@ -149,12 +68,19 @@ QVector<ImportItem> Importer::items(const QStringList& paths)
         for (const PathPattern::Match& match : PathPattern(text).Find(m_source.Root()))
             m_selected.append(match.element);
     }
+    // What was imported before is told by what its references lead to.
+    m_textures = rebaseTextures(m_source.Root(), m_source.Folder(), m_target.Folder());
     return m_source.Kind() == DocumentKind::SnapShots ? snapShotItems() : presetItems();
+}
+
+const QVector<Rebased>& Importer::textures() const
+{
+    return m_textures;
 }
 
 void Importer::apply(QVector<ImportItem>& items, ChangedImports changed)
 {
-    const double ratio = unitsScale(m_target) / unitsScale(m_source);
+    const double ratio = unitsScale(m_target.Root()) / unitsScale(m_source.Root());
     for (ImportItem& item : items)
         apply(item, changed, ratio);
 }
@@ -242,9 +168,8 @@ void Importer::apply(ImportItem& item, ChangedImports changed, double ratio)
     item.result = document.importNode(item.source, true).toElement();
     if (ratio != 1)
         convertLengths(item.result, ratio);
-    const bool isSnapShot = item.isSnapShot();
     // As the host marks what came from another document.
-    if (isSnapShot)
+    if (item.isSnapShot())
         item.result.setAttribute(QStringLiteral("ImageBorder"), 1);
     if (item.state == ImportState::Changed && changed == ChangedImports::Replaced) {
         item.action = ImportAction::Replaced;
@@ -253,40 +178,14 @@ void Importer::apply(ImportItem& item, ChangedImports changed, double ratio)
         return;
     }
     item.action = ImportAction::Added;
-    QDomElement place =
-        isSnapShot ? collectionIn(document) : folderFor(item.preset, item.source, document);
+    QDomElement place = standingPlace(item.source, document);
     if (item.state == ImportState::Changed) {
         item.action = ImportAction::Renamed;
-        rename(item, document);
+        if (!m_freeNames)
+            m_freeNames.emplace(m_target.Root());
+        m_freeNames->rename(item.result);
     }
     place.appendChild(item.result);
-}
-
-/// To names that nothing in the target has.
-void Importer::rename(ImportItem& item, const QDomDocument& document)
-{
-    if (m_taken.isEmpty()) {
-        Walk(document.documentElement(), QString(),
-             [this](const QDomElement& element, const QString&) {
-                 m_taken.insert(element.attribute(s_name));
-                 m_taken.insert(element.attribute(s_refName));
-                 return !isParam(element);
-             });
-    }
-    const QString name = item.result.attribute(s_name);
-    const QString refName = item.result.attribute(s_refName);
-    for (int number = 2;; ++number) {
-        const QString newName = QStringLiteral("%1 (%2)").arg(name).arg(number);
-        const QString newRefName = QStringLiteral("%1_%2").arg(refName).arg(number);
-        if (m_taken.contains(newName) || (!refName.isEmpty() && m_taken.contains(newRefName)))
-            continue;
-        item.result.setAttribute(s_name, newName);
-        m_taken.insert(newName);
-        if (!refName.isEmpty())
-            item.result.setAttribute(s_refName, newRefName);
-        m_taken.insert(newRefName);
-        return;
-    }
 }
 
 bool Importer::isSelected(const QDomElement& element) const

@@ -3,7 +3,9 @@
 
 #pragma once
 
+#include "toolkit/edit/Carrying.h"
 #include "toolkit/edit/Placement.h"
+#include "toolkit/images/TextureReferences.h"
 
 #include <rvopen/toolkit/compare/Comparer.h>
 
@@ -12,6 +14,8 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
+#include <optional>
 
 namespace rvopen::toolkit {
 
@@ -60,8 +64,12 @@ public:
     Importer(const Document& source, const Document& target);
 
     /// What there is to take over, in the order of the source: all, or what has one of the paths.
-    /// Throws a Failure for a text that is no path.
+    /// Relative references to image files in the source, in memory, lead to the same files from
+    /// where the target is from then on. Throws a Failure for a text that is no path.
     QVector<ImportItem> items(const QStringList& paths);
+
+    /// What became of the references, once items() was called.
+    const QVector<Rebased>& textures() const;
 
     /// Does it in the target in memory.
     void apply(QVector<ImportItem>& items, ChangedImports changed);
@@ -71,7 +79,6 @@ private:
     QVector<ImportItem> presetItems();
     void judge(ImportItem& item, const QString& key);
     void apply(ImportItem& item, ChangedImports changed, double ratio);
-    void rename(ImportItem& item, const QDomDocument& document);
     bool isSelected(const QDomElement& element) const;
 
     const Document& m_source;
@@ -79,8 +86,8 @@ private:
     Comparer m_comparer;
     bool m_isEverything = true;
     QVector<QDomElement> m_selected;
-    /// Names and reference names in the target.
-    QSet<QString> m_taken;
+    QVector<Rebased> m_textures;
+    std::optional<FreeNames> m_freeNames;
     /// What the items before it are told by.
     QSet<QString> m_seen;
 };

@@ -4,6 +4,7 @@
 #include "ReferencedTextures.h"
 
 #include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Selection.h"
 
 #include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/edit/NodePath.h>
@@ -25,6 +26,11 @@ void ReferencedTexture::refer(const QString& other) const
 
 QVector<ReferencedTexture> texturesOf(const Document& document)
 {
+    return texturesOf(document, Scope());
+}
+
+QVector<ReferencedTexture> texturesOf(const Document& document, const Scope& scope)
+{
     QVector<ReferencedTexture> textures;
     QHash<QString, int> known;
     const QString folder = document.Folder();
@@ -34,7 +40,8 @@ QVector<ReferencedTexture> texturesOf(const Document& document)
             return true;
         const QString reference = element.attribute(QStringLiteral("val"));
         if (reference.isEmpty() ||
-            element.attribute(QStringLiteral("type")) != QLatin1String("string"))
+            element.attribute(QStringLiteral("type")) != QLatin1String("string") ||
+            !scope.covers(path))
             return true;
         if (!known.contains(reference)) {
             known.insert(reference, int(textures.size()));

@@ -11,6 +11,7 @@
 namespace rvopen::toolkit {
 
 class Document;
+class Scope;
 
 /// An image file that a document refers to.
 struct ReferencedTexture {
@@ -28,6 +29,8 @@ struct ReferencedTexture {
 /// Those of a document in the order in which they come first, each once. A reference is looked for
 /// as it stands and beside the document.
 QVector<ReferencedTexture> texturesOf(const Document& document);
+/// Of these, those that something selected refers to, with what is selected alone.
+QVector<ReferencedTexture> texturesOf(const Document& document, const Scope& scope);
 
 /// Whether a parameter of that name of such an element names an image that the host reads.
 bool isTextureParam(const QString& owner, const QString& name);

@@ -4,6 +4,7 @@
 #include "TextureCollection.h"
 
 #include "ImageFiles.h"
+#include "PictureMoves.h"
 #include "ReferencedTextures.h"
 #include "toolkit/documents/SafeFiles.h"
 
@@ -13,7 +14,10 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/documents/Folders.h>
 
+#include <QDir>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace rvopen::toolkit {
 
@@ -77,7 +81,32 @@ QString TextureCollection::add(const QString& file)
     }
 }
 
-void TextureCollection::finish(const Document& document)
+void TextureCollection::addPictures(const Document& document, const Folders& named,
+                                    const Complaint& complain)
+{
+    const Folders folders = foldersOf(document, named, document.Folder());
+    const QString& root =
+        document.Kind() == DocumentKind::SnapShots ? folders.snapshots : folders.custom;
+    QStringList pictures = picturesOf(document, folders).values();
+    std::sort(pictures.begin(), pictures.end());
+    for (const QString& picture : pictures) {
+        if (!QFileInfo(picture).isFile() || !isBelow(picture, root) || !isPictureFile(picture))
+            continue;
+        const QString target =
+            m_folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(picture);
+        if (QFileInfo::exists(target)) {
+            if (!haveSameBytes(picture, target))
+                complain(picture,
+                         QStringLiteral("it is left, another \"%1\" is there").arg(target));
+            continue;
+        }
+        if (!m_files.makeFolder(QFileInfo(target).path()) || !m_files.copy(picture, target))
+            throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
+                              .arg(picture, m_files.problem()));
+    }
+}
+
+void TextureCollection::write(const Document& document)
 {
     const QString text = XmlText(document.Dom(), document.Indent());
     if (text.isNull())
@@ -85,6 +114,10 @@ void TextureCollection::finish(const Document& document)
     if (!m_files.create(text.toUtf8(), m_copy))
         throw Failure(
             QStringLiteral("\"%1\": %2; nothing was collected").arg(m_copy, m_files.problem()));
+}
+
+void TextureCollection::keep()
+{
     m_files.keep();
 }
 

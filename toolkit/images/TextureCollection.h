@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QString>
 
+#include <functional>
+
 namespace rvopen::toolkit {
 
 class Document;
@@ -39,9 +41,18 @@ public:
     /// number where that is taken by another file. Throws a Failure when it cannot be copied.
     QString add(const QString& file);
 
-    /// Writes the document, which refers to these names by now, and keeps all that was copied.
-    /// Throws a Failure when it cannot be written; nothing stays then.
-    void finish(const Document& document);
+    /// Hears which pictures are left, and why.
+    using Complaint = std::function<void(const QString& file, const QString& message)>;
+    /// Copies the pictures of presets and snapshots, which lie beside the document or below folders
+    /// there, to where a host looks for them beside the copy. \p named are the host's folders.
+    /// Throws a Failure when one cannot be copied.
+    void addPictures(const Document& document, const Folders& named, const Complaint& complain);
+
+    /// Writes the document, which refers to these names by now. Throws a Failure when it cannot be
+    /// written.
+    void write(const Document& document);
+    /// Unless it is called, all that was copied and written goes again.
+    void keep();
 
 private:
     QString m_folder;

@@ -37,7 +37,7 @@ struct StarterFinish {
     double metalness = 0;
 };
 
-std::vector<StarterFinish> starterFinishes()
+std::vector<StarterFinish> readStarterFinishes()
 {
     Room room;
     std::vector<StarterFinish> result;
@@ -61,6 +61,12 @@ std::vector<StarterFinish> starterFinishes()
     }
     EXPECT_GT(result.size(), 40U);
     return result;
+}
+
+const std::vector<StarterFinish>& starterFinishes()
+{
+    static const std::vector<StarterFinish> finishes = readStarterFinishes();
+    return finishes;
 }
 
 /// The pixels half a radius to the left and to the right of the middle of a ball of glass before

@@ -78,6 +78,49 @@ INSTANTIATE_TEST_SUITE_P(
         FindCase{"/snapshots/snapshot[B]/background",
                  "snapshots[S]/snapshot[B]/background snapshots[S]/snapshot[B]/background#2"}));
 
+INSTANTIATE_TEST_SUITE_P(
+    Depths, FoundPaths,
+    ::testing::Values(FindCase{"//dir", "dir[A]"}, FindCase{"//map:Near", "dir[A]:Near/map:Near"},
+                      FindCase{"/snapshots//camera[Eye]", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"snapshots//:Near", "snapshots[S]/snapshot[A]/camera[Eye]:Near "
+                                                   "snapshots[S]/snapshot[A]#2/camera[eye]:Near"},
+                      FindCase{"dir//:Near", "dir[A]:Near dir[A]:Near/map:Near"},
+                      FindCase{"dir//map", "dir[A]:Near/map"}, FindCase{"/camera//:Near", ""}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Stars, FoundPaths,
+    ::testing::Values(FindCase{"camera[E*]", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"[E*e]", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"camera[*ye]", "snapshots[S]/snapshot[A]/camera[Eye] "
+                                              "snapshots[S]/snapshot[A]#2/camera[eye]"},
+                      FindCase{"camera[Eye*e]", ""}, FindCase{"camera[E\\*]", ""},
+                      FindCase{"camera[E*:N*]", ""},
+                      FindCase{"camera[Eye]:F*", "snapshots[S]/snapshot[A]/camera[Eye]:Far"},
+                      FindCase{"camera:*ar", "snapshots[S]/snapshot[A]/camera[Eye]:Near "
+                                             "snapshots[S]/snapshot[A]/camera[Eye]:Far "
+                                             "snapshots[S]/snapshot[A]#2/camera[eye]:Near"},
+                      FindCase{"camera[Eye]:*e*r", "snapshots[S]/snapshot[A]/camera[Eye]:Near"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Conditions, FoundPaths,
+    ::testing::Values(FindCase{"camera[@name=Eye]", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"*[@linkname]", "snapshots[S]/snapshot[A]#2/camera[eye]"},
+                      FindCase{"[@linkname]", "snapshots[S]/snapshot[A]#2/camera[eye]"},
+                      FindCase{"camera[@name!=Eye]", "snapshots[S]/snapshot[A]#2/camera[eye]"},
+                      FindCase{"camera[eye][@name~EY]", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"snapshot[:Far]", "snapshots[S]/snapshot[A]"},
+                      FindCase{"snapshot[A][:Far]/camera", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"camera[@name=Eye][@refname=no]", ""}));
+
+INSTANTIATE_TEST_SUITE_P(
+    BareNames, FoundPaths,
+    ::testing::Values(FindCase{"Eye", "snapshots[S]/snapshot[A]/camera[Eye]"},
+                      FindCase{"eye:Far", "snapshots[S]/snapshot[A]/camera[Eye]:Far"},
+                      FindCase{"S/B/background#2", ""},
+                      FindCase{"B/background#2", "snapshots[S]/snapshot[B]/background#2"},
+                      FindCase{"Ey*", "snapshots[S]/snapshot[A]/camera[Eye]"}, FindCase{"Near", ""},
+                      FindCase{"/Eye", ""}));
+
 TEST(NodePath, IsFoundByThePathThatIsGiven)
 {
     const QDomDocument document = parsed(s_tree);
@@ -112,6 +155,19 @@ TEST(NodePath, WalksWhereItIsWelcomeOnly)
               "x/snapshots[S]/snapshot[B] x/snapshots[S]/snapshot x/dir[A]");
 }
 
+TEST(NodePath, OfNamesWithStarsAndSignsFindsTheseAlone)
+{
+    const QDomDocument document =
+        parsed("<r><a name='x*'/><a name='xy'/><a name='@b=1'/><a name=':b'/></r>");
+    walk(document.documentElement(), QString(),
+         [](const QDomElement& element, const QString& path) {
+             const auto found = PathPattern(path).find(element.ownerDocument().documentElement());
+             EXPECT_EQ(found.size(), 1) << path.toStdString();
+             EXPECT_TRUE(found.value(0).element == element) << path.toStdString();
+             return true;
+         });
+}
+
 TEST(NodePath, OfTheRootIsEmpty)
 {
     EXPECT_EQ(PathOf(parsed("<a/>").documentElement()), QString());
@@ -144,6 +200,9 @@ INSTANTIATE_TEST_SUITE_P(
                       LabelCase{"<r><a name='' linkname='z'/></r>", "a[z]"},
                       LabelCase{"<r><a name='x]y\\z/:@#='/></r>", "a[x\\]y\\\\z/:@#=]"},
                       LabelCase{"<r><a name='x&#10;y&#9;z'/></r>", "a[x\\ny\\tz]"},
+                      LabelCase{"<r><a name='@x*'/></r>", "a[\\@x\\*]"},
+                      LabelCase{"<r><a name=':x'/></r>", "a[\\:x]"},
+                      LabelCase{"<r><param name='x*'/></r>", ":x\\*"},
                       LabelCase{"<r><param name='x'/></r>", ":x"},
                       LabelCase{"<r><param/></r>", ":"},
                       LabelCase{"<r><param name='/:@#=]'/></r>", ":\\/\\:\\@\\#\\=]"},
@@ -182,7 +241,8 @@ TEST_P(NoPath, IsRefused)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, NoPath,
-                         ::testing::Values("", "/", "//a", "a//b", "a/", "[x]", "a[x", "a[x\\]",
+                         ::testing::Values("", "/", "//", "a//", "///a", "a///b", "a//@b", "//@b",
+                                           "a/", "a[x", "a[x][y]", "a[@b<c]", "a[@]", "a[x\\]",
                                            "a[x]b", "a@", "@", "a#", "a#0", "a#-1", "a#x", "a[x]#",
                                            "#1", "a#1#2"));
 

@@ -139,7 +139,8 @@ TEST_F(DocumentTextures, AreCollectedUnderNamesOfTheirOwnOrNotAtAll)
     EXPECT_EQ(collection.add(first), QStringLiteral("b.png"));
     EXPECT_EQ(collection.add(other), QStringLiteral("B (2).png"));
     EXPECT_EQ(collection.add(same), QStringLiteral("b.png"));
-    collection.finish(*document);
+    collection.write(*document);
+    collection.keep();
     EXPECT_EQ(joinedBy(" ", QDir(path("parcel")).entryList(QDir::Files, QDir::Name)),
               "B (2).png a.xml b.png");
     EXPECT_THROW(TextureCollection(path("parcel"), document->Path()), Failure);
