@@ -60,9 +60,12 @@ void Scene::draw(Raster& raster)
                 const double along = dot(ray.direction, view.forward);
                 const Met first =
                     met(ray, nullptr, view.nearDistance / along, view.farDistance / along);
-                Rgb light = first.distance >= Endless && backdrop
-                                ? backdrop(ray.direction, {at.x / height, at.y / height})
-                                : seen(ray, first, 0);
+                const bool isNothing = first.distance >= Endless;
+                Rgb light = isNothing && backdrop ? Rgb() : seen(ray, first, 0);
+                const double through = isNothing ? 1 : throughGround(ray, first);
+                if (backdrop && through > 0)
+                    light = mixed(light, backdrop(ray.direction, {at.x / height, at.y / height}),
+                                  through);
                 // A small light makes no larger blot than its pixel.
                 light = {std::min(light.x, 4.0), std::min(light.y, 4.0), std::min(light.z, 4.0)};
                 sum += light;
@@ -268,10 +271,20 @@ bool Scene::mayBeShadowed(const Vec& point, const AreaLight& light) const
 Rgb Scene::groundSeen(const Vec& point, bool isExact) const
 {
     const Rgb lit = ground(point) * groundLight(point, isExact) * (1 / Pi);
-    const double away = std::sqrt(point.x * point.x + point.y * point.y);
-    if (away <= groundFadesFrom)
-        return lit;
-    return mixed(lit, groundFadesInto, smoothStep(groundFadesFrom, groundFadesTo, away));
+    return isExact && groundEndsInBackdrop ? lit : mixed(lit, groundFadesInto, fading(point));
+}
+
+double Scene::fading(const Vec& point) const
+{
+    return smoothStep(groundFadesFrom, groundFadesTo,
+                      std::sqrt(point.x * point.x + point.y * point.y));
+}
+
+/// What share of the backdrop the camera sees through what it meets.
+double Scene::throughGround(const Ray& ray, const Met& first) const
+{
+    return groundEndsInBackdrop && !first.ball ? fading(ray.from + ray.direction * first.distance)
+                                               : 0;
 }
 
 } // namespace rvopen::toolkit::drawing

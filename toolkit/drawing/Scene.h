@@ -64,6 +64,8 @@ public:
     double groundFadesFrom = 1e9;
     double groundFadesTo = 2e9;
     Rgb groundFadesInto;
+    /// The camera sees the backdrop where the ground has faded; in reflections it stays as above.
+    bool groundEndsInBackdrop = false;
     /// 1 for shadows as dark as they are, 0 for none.
     double shadowContrast = 1;
     /// A factor on the even light from all around, not on what is mirrored.
@@ -104,6 +106,8 @@ private:
     Rgb groundLight(const Vec& point, bool isExact) const;
     bool mayBeShadowed(const Vec& point, const AreaLight& light) const;
     Rgb groundSeen(const Vec& point, bool isExact) const;
+    double fading(const Vec& point) const;
+    double throughGround(const Ray& ray, const Met& first) const;
     Rgb ballSeen(const Ball& ball, const Ray& ray, double distance, int depth) const;
     Rgb shaded(const Hit& hit, int depth) const;
     Rgb diffuse(const Hit& hit) const;

@@ -146,14 +146,6 @@ View viewOfRows(const SnapShotValues& values, std::size_t count, double aspect)
     return viewFrom(from, to, angle).twisted(values.twist);
 }
 
-/// How high in a picture the horizon is, in its height from above.
-double horizonOf(const View& view, double aspect)
-{
-    const Vec level = normalised({view.forward.x, view.forward.y, 0});
-    const double along = std::max(dot(level, view.forward), 1e-6);
-    return 0.5 - dot(level, view.up) / along / view.halfTangent * aspect / 2;
-}
-
 AreaLight sunlight(const Sun& sun, double bearing)
 {
     AreaLight light;
@@ -205,11 +197,11 @@ void placeOutside(Scene& scene, const SnapShotValues& values, const Backdrop& ba
     };
     scene.groundFadesFrom = 6;
     scene.groundFadesTo = 26;
-    // Where the ground ends it is as what is behind it.
-    const bool isPlate = backdrop.isPlate();
-    const double height = isPlate && !isPhotograph ? 1 - 2 * horizonOf(scene.view, aspect) : -0.001;
-    scene.groundFadesInto =
-        values.mist.isOn ? values.mist.colour : backdrop.at(height) * (isPlate ? 1 : level);
+    // It is no larger than the model needs it: behind it is what is behind everything.
+    scene.groundEndsInBackdrop = true;
+    scene.groundFadesInto = values.mist.isOn
+                                ? values.mist.colour
+                                : backdrop.at(-0.001) * (backdrop.isPlate() ? 1 : level);
     if (isDay)
         scene.lights = {sunlight(sun, bearing)};
     else {
