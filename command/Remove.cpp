@@ -11,8 +11,6 @@
 #include "toolkit/edit/Things.h"
 #include "toolkit/edit/Uses.h"
 
-#include <rvopen/toolkit/documents/Failure.h>
-
 namespace rvopen::command {
 
 using namespace toolkit;

@@ -7,7 +7,6 @@
 #include "Input.h"
 #include "Session.h"
 #include "Target.h"
-#include "toolkit/edit/Labels.h"
 #include "toolkit/edit/Placement.h"
 #include "toolkit/edit/Things.h"
 #include "toolkit/edit/Uses.h"

@@ -8,7 +8,6 @@
 #include "TypedText.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
-#include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 

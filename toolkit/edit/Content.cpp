@@ -5,7 +5,6 @@
 
 #include "Labels.h"
 
-#include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
 
 #include <QCryptographicHash>

@@ -9,7 +9,7 @@ namespace rvopen::test {
 
 namespace {
 
-using namespace tools;
+using namespace toolkit::drawing;
 
 struct DistanceCase {
     Lab first;

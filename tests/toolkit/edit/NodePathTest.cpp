@@ -159,9 +159,9 @@ TEST(NodePath, OfNamesWithStarsAndSignsFindsTheseAlone)
 {
     const QDomDocument document =
         parsed("<r><a name='x*'/><a name='xy'/><a name='@b=1'/><a name=':b'/></r>");
-    walk(document.documentElement(), QString(),
+    Walk(document.documentElement(), QString(),
          [](const QDomElement& element, const QString& path) {
-             const auto found = PathPattern(path).find(element.ownerDocument().documentElement());
+             const auto found = PathPattern(path).Find(element.ownerDocument().documentElement());
              EXPECT_EQ(found.size(), 1) << path.toStdString();
              EXPECT_TRUE(found.value(0).element == element) << path.toStdString();
              return true;

@@ -8,7 +8,9 @@
 #include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -116,6 +118,38 @@ TEST_F(Importing, PutsWhatChangedInThePlaceOfTheOld)
     const QDomElement collection = target->Root().firstChildElement();
     EXPECT_EQ(collection.firstChildElement().nextSiblingElement().firstChildElement().tagName(),
               QStringLiteral("camera"));
+}
+
+TEST_F(Importing, HasRelativeReferencesLeadToTheSameFilesFromTheTarget)
+{
+    const auto write = [this](const char* name, const QByteArray& text) {
+        const QString path = m_folder.filePath(QLatin1String(name));
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return path;
+    };
+    write("from/tex/b.png", "b");
+    ReadError error;
+    const auto source = Document::Read(
+        write("from/a.xml", "<snapRoot><snapshots name='Model SnapShots'><snapshot name='a'><map>"
+                            "<param name='Texture' type='string' val='tex/b.png'/></map><map>"
+                            "<param name='Texture' type='string' val='absent.png'/></map>"
+                            "</snapshot></snapshots></snapRoot>"),
+        error);
+    const auto target = Document::Read(write("to/a.xml", "<snapRoot/>"), error);
+    Importer importer(*source, *target);
+    QVector<ImportItem> items = importer.items({});
+    ASSERT_EQ(importer.textures().size(), 2);
+    EXPECT_EQ(importer.textures()[0].became, QStringLiteral("../from/tex/b.png"));
+    EXPECT_TRUE(importer.textures()[0].note.isEmpty());
+    EXPECT_TRUE(importer.textures()[1].became.isEmpty());
+    EXPECT_FALSE(importer.textures()[1].note.isEmpty());
+    importer.apply(items, ChangedImports::Left);
+    const QDomElement map = items.first().result.firstChildElement();
+    EXPECT_EQ(map.firstChildElement().attribute(QStringLiteral("val")),
+              QStringLiteral("../from/tex/b.png"));
 }
 
 TEST_F(Importing, NeedsTwoDocumentsOfOneKind)

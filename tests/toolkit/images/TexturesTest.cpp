@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "../Parts.h"
+#include "toolkit/documents/FileTransaction.h"
+#include "toolkit/edit/Selection.h"
 #include "toolkit/images/FileIndex.h"
 #include "toolkit/images/ReferencedTextures.h"
 #include "toolkit/images/TextureCollection.h"
@@ -144,6 +146,55 @@ TEST_F(DocumentTextures, AreCollectedUnderNamesOfTheirOwnOrNotAtAll)
     EXPECT_EQ(joinedBy(" ", QDir(path("parcel")).entryList(QDir::Files, QDir::Name)),
               "B (2).png a.xml b.png");
     EXPECT_THROW(TextureCollection(path("parcel"), document->Path()), Failure);
+}
+
+TEST_F(DocumentTextures, OfASelectionAreWhatIsSelectedRefersTo)
+{
+    ReadError error;
+    const auto document = Document::Read(
+        write("house/a.xml", "<snapRoot><map name='A'><param name='Texture' type='string' "
+                             "val='b.png'/></map><map name='B'><param name='Texture' "
+                             "type='string' val='b.png'/></map><map name='C'><param "
+                             "name='Texture' type='string' val='c.png'/></map></snapRoot>"),
+        error);
+    ASSERT_TRUE(document);
+    SelectionTexts texts;
+    texts.paths << QStringLiteral("map[B]");
+    const auto textures = texturesOf(*document, Selection(texts).in(document->Root()));
+    ASSERT_EQ(textures.size(), 1);
+    EXPECT_EQ(joinedBy(" ", textures.first().paths), "map[B]:Texture");
+}
+
+TEST_F(DocumentTextures, AreCollectedWithThePicturesOfSnapshotsAndGoAgainUnlessKept)
+{
+    paint("house/icon_A.jpg", qRgb(1, 2, 3));
+    paint("house/icon_B.jpg", qRgb(4, 5, 6));
+    const QString other = paint("parcel/icon_B.jpg", qRgb(7, 8, 9));
+    ReadError error;
+    const auto document =
+        Document::Read(write("house/a.xml", "<snapRoot><snapshots name='S'><snapshot name='A'/>"
+                                            "<snapshot name='B'/></snapshots></snapRoot>"),
+                       error);
+    ASSERT_TRUE(document);
+    QStringList left;
+    const auto collect = [&](bool isKept) {
+        TextureCollection collection(path("parcel"), document->Path());
+        collection.addPictures(*document, Folders(), [&left](const QString& file, const QString&) {
+            left << QFileInfo(file).fileName();
+        });
+        collection.write(*document);
+        if (isKept)
+            collection.keep();
+    };
+    const auto files = [this]() {
+        return joinedBy(" ", QDir(path("parcel")).entryList(QDir::Files, QDir::Name));
+    };
+    collect(false);
+    EXPECT_EQ(files(), "icon_B.jpg");
+    collect(true);
+    EXPECT_EQ(files(), "a.xml icon_A.jpg icon_B.jpg");
+    EXPECT_EQ(joinedBy(" ", left), "icon_B.jpg icon_B.jpg");
+    EXPECT_FALSE(haveSameBytes(other, path("house/icon_B.jpg")));
 }
 
 } // namespace rvopen::test
