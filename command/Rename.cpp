@@ -38,7 +38,7 @@ public:
 
     const char* summary() const override
     {
-        return "Give a preset, folder, snapshot or category another name";
+        return "Rename presets, folders and snapshots";
     }
 
     void declare(Arguments& arguments) override

@@ -12,7 +12,8 @@ QString folded(const QString& text)
         if (c.category() != QChar::Mark_NonSpacing)
             result += c;
     }
-    return result.toCaseFolded();
+    // Qt folds letter by letter, and this one is two in capitals.
+    return result.toCaseFolded().replace(QChar(0xdf), QLatin1String("ss"));
 }
 
 QStringList foldedWords(const QString& text)

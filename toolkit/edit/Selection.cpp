@@ -71,7 +71,7 @@ bool Scope::isEverything() const
     return m_isEverything;
 }
 
-const QVector<PathPattern::Match>& Scope::elements() const
+QVector<PathPattern::Match> Scope::elements() const
 {
     return m_elements;
 }

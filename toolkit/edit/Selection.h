@@ -44,7 +44,7 @@ public:
 
     bool isEverything() const;
     /// Outermost, in document order; none when everything is selected.
-    const QVector<PathPattern::Match>& elements() const;
+    QVector<PathPattern::Match> elements() const;
     /// Whether the element of that path is selected, or stands inside of one that is.
     bool covers(const QString& path) const;
     /// Whether something below it is selected.
