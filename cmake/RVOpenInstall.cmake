@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The rvopen authors
 # SPDX-License-Identifier: MIT
 
-# The installed library and its CMake and pkg-config packages. Nothing in them names the folder
+# The installed libraries and their CMake and pkg-config packages. Nothing in them names the folder
 # they were installed to: the tree can be moved as a whole.
 
 include(CMakePackageConfigHelpers)
@@ -14,6 +14,22 @@ install(TARGETS rvopen
     ARCHIVE COMPONENT development
     FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
     FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
+install(TARGETS rvopen_toolkit
+    EXPORT rvopenTargets
+    RUNTIME COMPONENT toolkit
+    LIBRARY COMPONENT toolkit NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+get_target_property(toolkit_dir rvopen_toolkit SOURCE_DIR)
+get_target_property(toolkit_headers rvopen_toolkit RVOPEN_HEADERS)
+foreach(header IN LISTS toolkit_headers)
+    cmake_path(GET header PARENT_PATH room)
+    install(FILES "${toolkit_dir}/${header}"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/toolkit/${room}" COMPONENT development)
+endforeach()
+get_target_property(toolkit_build_dir rvopen_toolkit BINARY_DIR)
+install(FILES "${toolkit_build_dir}/include/rvopen/toolkit/ToolkitExport.h"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/toolkit" COMPONENT development)
 install(EXPORT rvopenTargets NAMESPACE rvopen:: DESTINATION "${package_dir}" COMPONENT development)
 
 list(JOIN RVOPEN_QT_MODULES " " rvopen_qt_components)
@@ -72,6 +88,9 @@ string(APPEND pc_qt_cflags " -fPIC")
 configure_file(cmake/rvopen.pc.in rvopen.pc.configured @ONLY)
 file(GENERATE OUTPUT rvopen-$<CONFIG>.pc INPUT "${PROJECT_BINARY_DIR}/rvopen.pc.configured")
 install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc
+    COMPONENT development)
+configure_file(cmake/rvopen-toolkit.pc.in rvopen-toolkit.pc @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/rvopen-toolkit.pc" DESTINATION "${pc_dir}"
     COMPONENT development)
 
 # The schemas of the documents, in both forms.

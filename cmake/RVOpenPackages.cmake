@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The rvopen authors
 # SPDX-License-Identifier: MIT
 
-# The Debian packages: "cpack --preset package". The shared library stands in a package named by its
+# The Debian packages: "cpack --preset package". Each shared library stands in a package named by its
 # SONAME, so that two versions of it can be installed side by side.
 
 if(NOT RVOPEN_PACKAGES)
@@ -13,17 +13,25 @@ find_program(GZIP gzip REQUIRED)
 
 get_target_property(soversion rvopen SOVERSION)
 set(library_package "librvopen${soversion}")
+set(toolkit_package "librvopen-toolkit${soversion}")
 set(packaging_dir "${PROJECT_BINARY_DIR}/packaging")
 file(MAKE_DIRECTORY "${packaging_dir}")
 
-# What dpkg-shlibdeps reads to find which version of the library a program needs.
-add_custom_command(OUTPUT "${packaging_dir}/symbols"
-    COMMAND "${DPKG_GENSYMBOLS}" "-p${library_package}" "-v${PROJECT_VERSION}"
-        "-e$<TARGET_FILE:rvopen>" "-O${packaging_dir}/symbols"
-    DEPENDS rvopen
-    WORKING_DIRECTORY "${packaging_dir}"
-    VERBATIM)
-set(prepared "${packaging_dir}/symbols")
+# What dpkg-shlibdeps reads to find which version of a library a program needs. The file has the same
+# name in every package.
+set(prepared "")
+function(list_symbols target package folder)
+    file(MAKE_DIRECTORY "${folder}")
+    add_custom_command(OUTPUT "${folder}/symbols"
+        COMMAND "${DPKG_GENSYMBOLS}" "-p${package}" "-v${PROJECT_VERSION}"
+            "-e$<TARGET_FILE:${target}>" "-O${folder}/symbols"
+        DEPENDS ${target}
+        WORKING_DIRECTORY "${folder}"
+        VERBATIM)
+    set(prepared ${prepared} "${folder}/symbols" PARENT_SCOPE)
+endfunction()
+list_symbols(rvopen "${library_package}" "${packaging_dir}")
+list_symbols(rvopen_toolkit "${toolkit_package}" "${packaging_dir}/toolkit")
 function(compress source name)
     add_custom_command(OUTPUT "${packaging_dir}/${name}.gz"
         COMMAND "${CMAKE_COMMAND}" -E copy "${source}" "${name}"
@@ -53,7 +61,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # In the same folder as the symbols, since dpkg-shlibdeps finds a library that is not installed yet
 # only where it is told to look.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/rvopen")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+    "${PROJECT_BINARY_DIR}/rvopen" "${PROJECT_BINARY_DIR}/toolkit")
 
 # package(<component> <name> <section> <summary> <text>): with the files that every package has.
 set(CPACK_COMPONENTS_ALL "")
@@ -76,9 +85,14 @@ package(runtime "${library_package}" libs
     "A typed object model over XML for programs that render: snapshots of a
 rendered view with camera, background, light and materials, and archives of
 presets with pictures.")
+package(toolkit "${toolkit_package}" libs
+    "toolkit over snapshot documents and preset archives"
+    "What programs over the object model share: labels, units, ranges and choices
+of every parameter, loading, checking and comparing of documents, and pictures
+of presets and snapshots.")
 package(development librvopen-dev libdevel
     "object model over snapshot documents, for development"
-    "Headers, CMake package and pkg-config file of the library.")
+    "Headers, CMake package and pkg-config files of the libraries.")
 package(command rvopen utils
     "command over snapshot documents and preset archives"
     "Lists, checks, changes, compares, draws and collects what is in snapshot
@@ -98,12 +112,16 @@ set(exactly "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 file(WRITE "${packaging_dir}/triggers" "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
     "${packaging_dir}/symbols" "${packaging_dir}/triggers")
+set(CPACK_DEBIAN_TOOLKIT_PACKAGE_CONTROL_EXTRA
+    "${packaging_dir}/toolkit/symbols" "${packaging_dir}/triggers")
+set(CPACK_DEBIAN_TOOLKIT_PACKAGE_DEPENDS "${library_package} ${exactly}")
 if(RVOPEN_QT_MAJOR EQUAL 6)
     set(qt_development "qt6-base-dev (>= ${RVOPEN_QT_MINIMUM})")
 else()
     set(qt_development "qtbase5-dev (>= ${RVOPEN_QT_MINIMUM})")
 endif()
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${library_package} ${exactly}, ${qt_development}")
+set(both_libraries "${library_package} ${exactly}, ${toolkit_package} ${exactly}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${both_libraries}, ${qt_development}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${library_package} ${exactly}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_RECOMMENDS rvopen-data)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS librvopen-dev)

@@ -3,11 +3,12 @@
 # SPDX-License-Identifier: MIT
 """The pictures of the documents.
 
-docs/pictures.py          makes layers.dot from the includes of the library, and every .svg from its
+docs/pictures.py          makes layers.dot from the includes of the sources, and every .svg from its
                           .dot; needs Graphviz
 docs/pictures.py --draw FOLDER  makes the .svg there, from the .dot as they are
-docs/pictures.py --check  says whether that was done after the last change, and whether the library
-                          keeps to its layers; needs nothing
+docs/pictures.py --check  says whether that was done after the last change, and whether the sources
+                          keep to their layers, and those above the model to what of it is public;
+                          needs nothing
 """
 
 import hashlib
@@ -19,6 +20,9 @@ import textwrap
 
 DOCS = pathlib.Path(__file__).resolve().parent
 LIBRARY = DOCS.parent / "rvopen"
+# Its headers are included as <rvopen/toolkit/...>.
+TOOLKIT = DOCS.parent / "toolkit"
+COMMAND = DOCS.parent / "command"
 
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
@@ -47,6 +51,44 @@ LAYERS = {
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
         manager/SnapShotDocument manager/SnapShotNames""",
+    "Toolkit: schema": """
+        toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
+        toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck
+        toolkit/schema/ValueText toolkit/schema/Vocabulary toolkit/ToolkitExport""",
+    "Toolkit: documents": """
+        toolkit/documents/Document toolkit/documents/Failure toolkit/documents/FileLock
+        toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
+        toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
+        toolkit/documents/SafeFiles""",
+    "Toolkit: edit": """
+        toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
+        toolkit/edit/Labels toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/Placement
+        toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things toolkit/edit/TypedText
+        toolkit/edit/Uses""",
+    "Toolkit: images": """
+        toolkit/images/ContactSheet toolkit/images/EmbeddedPreview toolkit/images/FileIndex
+        toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
+        toolkit/images/PictureLocations toolkit/images/PictureMoves
+        toolkit/images/ReferencedTextures toolkit/images/TextureCollection
+        toolkit/images/TextureReferences""",
+    "Toolkit: check": "toolkit/check/Inspection toolkit/check/Places toolkit/check/Rules toolkit/check/RuleTable",
+    "Toolkit: compare": "toolkit/compare/Comparer",
+    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer",
+    "Toolkit: drawing": """
+        toolkit/drawing/Backdrop toolkit/drawing/ColourDistance toolkit/drawing/Diagrams
+        toolkit/drawing/Drawing toolkit/drawing/Optics toolkit/drawing/Photometry
+        toolkit/drawing/Picture toolkit/drawing/Raster toolkit/drawing/Reading toolkit/drawing/Scene
+        toolkit/drawing/SceneSurfaces toolkit/drawing/Sky toolkit/drawing/SnapShotPicture
+        toolkit/drawing/Studio toolkit/drawing/Subjects toolkit/drawing/Surface toolkit/drawing/Vec
+        toolkit/drawing/View""",
+    "Command": """
+        command/Arguments command/Check command/Command command/CommandLine command/Diff
+        command/Documentation command/Editing command/Find command/Format command/Get command/Import
+        command/Info command/Input command/Inputs command/Interrupts command/List command/New
+        command/Output command/OutputOptions command/ParamTables command/Params command/Preview
+        command/Program command/Remove command/Rename command/Render command/SelectionOptions
+        command/Session command/Set command/Sheet command/Sort command/Target command/Textures
+        command/Thumbnail command/Transfer command/Tree command/main""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
@@ -61,16 +103,40 @@ UPWARDS = {
 }
 
 
-def includes():
-    """(file, module, included module) for each include of the library's own."""
-    for path in sorted(path for pattern in ("*.h", "*.cpp", "*.h.in")
-                       for path in LIBRARY.rglob(pattern)):
-        file = path.relative_to(LIBRARY).as_posix()
-        module = file.split(".")[0]
-        for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]",
-                                   path.read_text(encoding="utf-8"), re.MULTILINE):
-            yield file, module, included
-        yield file, module, module
+def module_of(path):
+    """What a file is called in LAYERS; of generated headers their name."""
+    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/"), (COMMAND, "command/")):
+        if root in path.parents:
+            return prefix + path.relative_to(root).as_posix().split(".")[0]
+    return path.name.split(".")[0]
+
+
+def sources(*roots):
+    return sorted(path for root in roots for pattern in ("*.h", "*.cpp", "*.h.in")
+                  for path in root.rglob(pattern))
+
+
+def includes(*roots):
+    """(file, module, included module) for each include of the repository's own."""
+    for path in sources(*(roots or (LIBRARY, TOOLKIT, COMMAND))):
+        module = module_of(path)
+        text = path.read_text(encoding="utf-8")
+        for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]", text, re.MULTILINE):
+            yield path, module, included
+        if LIBRARY not in path.parents:
+            for included in re.findall(r"^#include \"((?:toolkit|command)/[\w/]+)\.h\"", text, re.MULTILINE):
+                yield path, module, included
+            for included in re.findall(r"^#include \"(\w+)\.h\"", text, re.MULTILINE):
+                yield path, module, module_of(path.parent / f"{included}.h")
+        yield path, module, module
+
+
+def public_modules():
+    """What a host includes."""
+    exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
+    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
+            if exports.search(path.read_text(encoding="utf-8"))} | {
+                "RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
 
 
 def layers_of():
@@ -80,9 +146,10 @@ def layers_of():
 def violations():
     layer_of, order = layers_of(), list(LAYERS)
     used = set()
-    for file, module, included in includes():
+    for path, module, included in includes():
+        file = path.relative_to(DOCS.parent).as_posix()
         if module not in layer_of or included not in layer_of:
-            yield f"rvopen/{file}: {module if module not in layer_of else included} has no layer"
+            yield f"{file}: {module if module not in layer_of else included} has no layer"
             continue
         upper = layer_of[included]
         if order.index(upper) <= order.index(layer_of[module]):
@@ -90,19 +157,28 @@ def violations():
         if (module, upper) in UPWARDS and file.endswith(".cpp"):
             used.add((module, upper))
         else:
-            yield f'rvopen/{file} includes {included}.h, which is above it, in "{upper}"'
+            yield f'{file} includes {included}.h, which is above it, in "{upper}"'
     for module, upper in sorted(set(UPWARDS) - used):
         yield f'rvopen/{module}.cpp need not be allowed to know "{upper}": it does not'
+    public = public_modules()
+    for path, module, included in includes(TOOLKIT, COMMAND):
+        file = path.relative_to(DOCS.parent).as_posix()
+        is_own = included.startswith(("toolkit/", "command/"))
+        if included not in public and not is_own:
+            yield f"{file} includes {included}.h, which is not public"
+        # What is installed needs nothing that is not.
+        is_installed = path.suffix == ".h" and module in public
+        if is_installed and included not in public | {"toolkit/ToolkitExport"}:
+            yield f"{file} is installed and includes {included}.h, which is not"
 
 
 def layers_dot():
     layer_of, order = layers_of(), list(LAYERS)
     present = {module for _, module, _ in includes()}
-    public = {path.name.split(".")[0] for path in LIBRARY.glob("*.h")
-              if "RVOPEN_EXPORT" in path.read_text(encoding="utf-8")} | {"RVOpenStatus", "RVOpenVersion"}
+    public = public_modules()
     lines = ["// SPDX-FileCopyrightText: 2026 The rvopen authors",
              "// SPDX-License-Identifier: MIT",
-             "// Made by docs/pictures.py from the includes of the library.",
+             "// Made by docs/pictures.py from the includes of the libraries.",
              "digraph layers {",
              "    rankdir=BT; ranksep=0.45; nodesep=0.3;",
              '    node [shape=plain, fontname="Helvetica,sans-serif", fontsize=11];',

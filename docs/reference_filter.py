@@ -22,7 +22,7 @@ import pictures  # noqa: E402
 
 
 def group_id(layer):
-    return layer.lower().replace(" ", "_")
+    return re.sub(r"\W+", "_", layer.lower())
 
 
 def subject(declaration):
@@ -35,7 +35,11 @@ def subject(declaration):
 
 
 def header(path, lines):
-    group = group_id(pictures.layers_of()[path.name.split(".")[0]])
+    # Where the group begins: what is declared before is from elsewhere.
+    opener = next((line.strip() for line in lines
+                   if re.match(r"namespace (rvopen::)?toolkit {", line)), "namespace rvopen {")
+    closer = "} // " + opener.rstrip(" {")
+    group = group_id(pictures.layers_of()[pictures.module_of(path)])
     result = []
     comment, group_text, in_comment, in_declaration = [], [], False, False
     of = None
@@ -59,7 +63,7 @@ def header(path, lines):
             in_comment = text not in ("@{", "@}")
         elif not stripped:
             comment, in_comment = [], False
-            if not opened and result and result[-1].startswith("namespace rvopen {"):
+            if not opened and result and result[-1].startswith(opener):
                 line, opened = f"/** \\addtogroup {group} */ /** @{{ */\n", True
         elif re.match(r"(public|protected|private):", stripped):
             comment, in_comment = [], False
@@ -76,7 +80,7 @@ def header(path, lines):
             in_declaration = not re.search(r"[;{]$", stripped)
         else:
             in_comment = False
-        if line.startswith("} // namespace rvopen") and opened:
+        if line.startswith(closer) and opened:
             for back in range(len(result) - 1, 0, -1):
                 if not result[back].strip():
                     result[back] = "/** @} */\n"

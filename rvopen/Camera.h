@@ -9,8 +9,9 @@ namespace rvopen {
 
 /// A view of the model: position, direction, lens and clipping.
 ///
-/// Points and vectors are arrays of three floats. Numbers are the host's own: only parameters that
-/// a document marks as lengths are converted between document and scene units.
+/// Points and vectors are arrays of three floats. They are in scene units, as are distances; angles
+/// are in degrees. Only parameters that a document marks as lengths are converted between document
+/// and scene units.
 class RVOPEN_EXPORT Camera : public RVOpenNode {
 public:
     /// A free-standing clone; null gives an object bound to nothing.

@@ -17,8 +17,8 @@ public:
     Lens& operator=(const Lens& other) = default;
     ~Lens() override;
 
-    /// Parameter "Angle", in the host's unit. StatusMissing, with the output untouched, when it is
-    /// missing or no float.
+    /// Parameter "Angle": across the width of the image, in degrees. StatusMissing, with the output
+    /// untouched, when it is missing or no float.
     virtual unsigned int GetAngle(float* out);
     /// StatusMissing, with nothing changed, when "Angle" is missing or no float.
     unsigned int SetAngle(float angle);

@@ -10,7 +10,7 @@ namespace rvopen {
 /// The sun of a snapshot: whether it shines, and from where.
 ///
 /// Getters and setters return StatusMissing when the parameter is missing or of another type;
-/// outputs are untouched then. Angles are in the host's unit.
+/// outputs are untouched then. Angles are in degrees.
 class RVOPEN_EXPORT NaturalLightStudio : public RVOpenNode {
 public:
     /// A free-standing clone; null gives an object bound to nothing.
@@ -26,10 +26,10 @@ public:
     /// Parameter "Enabled", 0 or 1; not the node's own flag.
     unsigned int SetEnabled(int enabled);
     unsigned int GetEnabled(int* out);
-    /// Parameter "Sun Azimuth".
+    /// Parameter "Sun Azimuth": from north, clockwise.
     unsigned int SetSunAzimuth(float azimuth);
     unsigned int GetSunAzimuth(float* out);
-    /// Parameter "Sun Altitude".
+    /// Parameter "Sun Altitude": above the horizon.
     unsigned int SetSunAltitude(float altitude);
     unsigned int GetSunAltitude(float* out);
 };

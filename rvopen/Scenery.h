@@ -39,22 +39,21 @@ public:
     /// @}
 
     /// \name Look
-    /// Numbers are the host's own.
     /// @{
 
-    /// Parameter "Drop Shadow Quality".
+    /// Parameter "Drop Shadow Quality": the host's steps.
     unsigned int SetDropShadowQuality(int quality);
     unsigned int GetDropShadowQuality(int* out);
-    /// Parameter "Drop Shadow Contrast".
+    /// Parameter "Drop Shadow Contrast": 1 for a shadow as dark as it is, 0 for none.
     unsigned int SetDropShadowContrast(float contrast);
     unsigned int GetDropShadowContrast(float* out);
-    /// Parameter "Drop Sunlight Brightness".
+    /// Parameter "Drop Sunlight Brightness": the part of the sunlight, 0 to 1.
     unsigned int SetDropSunLightBrightness(float brightness);
     unsigned int GetDropSunLightBrightness(float* out);
-    /// Parameter "Drop Reflection Brightness".
+    /// Parameter "Drop Reflection Brightness": the part that is mirrored, 0 to 1.
     unsigned int SetDropReflectionBrightness(float brightness);
     unsigned int GetDropReflectionBrightness(float* out);
-    /// Parameter "Drop Reflection Blur".
+    /// Parameter "Drop Reflection Blur": roughness of the reflection, 0 to 1.
     unsigned int SetDropReflectionBlur(float blur);
     unsigned int GetDropReflectionBlur(float* out);
     /// @}
@@ -63,7 +62,7 @@ public:
     /// Setters create the parameter when it is missing; getters answer what such a document means.
     /// @{
 
-    /// Parameter "Base Size".
+    /// Parameter "Base Size": in lengths of the model's longest horizontal side.
     unsigned int SetBaseSize(float size);
     /// 3 with StatusMissing when it cannot be read.
     unsigned int GetBaseSize(float* out);

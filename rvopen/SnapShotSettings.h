@@ -12,7 +12,7 @@ namespace rvopen {
 /// folder.
 ///
 /// Getters and setters return StatusMissing when the parameter is missing or of another type, with
-/// outputs untouched unless the operation says otherwise. Numbers are the host's own.
+/// outputs untouched unless the operation says otherwise.
 class RVOPEN_EXPORT SnapShotSettings : public RVOpenNode {
 public:
     /// Binds to \p node.
@@ -33,7 +33,7 @@ public:
     /// Created when missing.
     unsigned int SetSelected(int selected);
 
-    /// Parameter "Twist": the roll of the camera.
+    /// Parameter "Twist": the roll of the camera in degrees, clockwise for who looks through it.
     unsigned int SetTwist(float twist);
     unsigned int GetTwist(float* out);
 

@@ -12,7 +12,7 @@ import xml.etree.ElementTree as ElementTree
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 ARCHIVES = ROOT / "data" / "install" / "xml"
 SNAPSHOTS = ROOT / "data" / "snapshots"
-PROGRAM = ROOT / "build" / "dev" / "tools" / "rvopen"
+PROGRAM = ROOT / "build" / "dev" / "command" / "rvopen"
 WORDS = ("no one two three four five six seven eight nine ten eleven twelve thirteen fourteen fifteen sixteen "
          "seventeen eighteen nineteen twenty").split()
 NUMBER = r"(\d+|" + "|".join(WORDS) + r")"

@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Editing.h"
+
+#include "Input.h"
+#include "Target.h"
+#include "toolkit/documents/FileTransaction.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/Interruption.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/edit/Placement.h"
+#include "toolkit/edit/Uses.h"
+
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/toolkit/documents/Failure.h>
+
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include <algorithm>
+
+namespace rvopen::command {
+
+using namespace toolkit;
+
+namespace {
+
+QJsonValue orNull(const QString& text)
+{
+    return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+/// Puts back what was written before something else could not be.
+void putBack(const QVector<QPair<QString, QByteArray>>& files, Session& session)
+{
+    for (const auto& file : files) {
+        const QString problem = problemOfWriting(file.second, file.first);
+        if (!problem.isEmpty())
+            session.error(file.first, problem + QLatin1String("; it is changed"));
+    }
+}
+
+} // namespace
+
+void EditReport::print(const char* command, const Document& document, const Target& target,
+                       Session& session) const
+{
+    if (target.isStandardOutput())
+        return;
+    if (!session.json) {
+        Table table;
+        for (const Edit& edit : edits) {
+            QString rest = edit.became.isEmpty() ? QString() : QLatin1String("-> ") + edit.became;
+            if (!edit.note.isEmpty())
+                rest += (rest.isEmpty() ? QString() : QStringLiteral(": ")) + edit.note;
+            table.row(
+                {{edit.action, edit.action == QLatin1String("none") ? Style::Yellow : Style::Green},
+                 {edit.path, Style::Bold},
+                 {rest}});
+        }
+        table.print(session.out);
+        return;
+    }
+    QJsonArray items;
+    for (const Edit& edit : edits)
+        items.append(QJsonObject{{QStringLiteral("path"), edit.path},
+                                 {QStringLiteral("kind"), edit.kind},
+                                 {QStringLiteral("action"), edit.action},
+                                 {QStringLiteral("became"), orNull(edit.became)},
+                                 {QStringLiteral("note"), orNull(edit.note)}});
+    QJsonArray images;
+    for (const Rebased& texture : textures)
+        images.append(QJsonObject{{QStringLiteral("reference"), texture.reference},
+                                  {QStringLiteral("became"), orNull(texture.became)},
+                                  {QStringLiteral("note"), orNull(texture.note)}});
+    QJsonArray moves;
+    for (const PictureMoves::Move& move : pictures)
+        moves.append(QJsonObject{{QStringLiteral("from"), move.from},
+                                 {QStringLiteral("to"), orNull(move.to)},
+                                 {QStringLiteral("kept"), move.old == PictureMoves::Old::Kept}});
+    QJsonObject result = Session::envelope(command);
+    result.insert(QStringLiteral("file"), document.Name());
+    result.insert(QStringLiteral("written"), QJsonArray::fromStringList(written));
+    result.insert(QStringLiteral("items"), items);
+    result.insert(QStringLiteral("textures"), images);
+    result.insert(QStringLiteral("pictures"), moves);
+    session.out.json(result);
+}
+
+QStringList writeTogether(const QVector<const Document*>& documents, const Target& target,
+                          PictureMoves& pictures, Session& session)
+{
+    if (target.isDryRun())
+        return {};
+    const Uninterrupted writing;
+    if (!target.isStandardOutput())
+        pictures.make();
+    if (isInterrupted())
+        throw Failure(QStringLiteral("interrupted; nothing was changed"));
+    QStringList files;
+    QVector<QPair<QString, QByteArray>> written;
+    try {
+        for (const Document* const document : documents) {
+            const QString file = target.file(*document);
+            // The last one is written or not; nothing comes after it.
+            const bool isLast = document == documents.last();
+            QByteArray before;
+            if (!isLast && !readWhole(PathToOpen(file), before))
+                throw Failure(
+                    QStringLiteral("\"%1\": it could not be read; nothing was changed").arg(file));
+            target.write(*document, *document, session);
+            if (!isLast)
+                written.append({file, before});
+            if (!file.isEmpty())
+                files << file;
+        }
+    } catch (const Failure&) {
+        putBack(written, session);
+        throw;
+    }
+    if (!target.isStandardOutput())
+        finishPictures(pictures, target, session);
+    return files;
+}
+
+void finishPictures(PictureMoves& pictures, const Target& target, Session& session)
+{
+    pictures.finish(
+        [&target](const QString& file) { return target.problemOfBackup(file); },
+        [&session](const QString& file, const QString& message) { session.error(file, message); });
+}
+
+QString problemOf(PictureLack lack)
+{
+    switch (lack) {
+    case PictureLack::CustomFolder:
+        return QStringLiteral("pictures of a user's archive lie below --custom DIR");
+    case PictureLack::InstallFolder:
+        return QStringLiteral("pictures of presets lie below --install DIR");
+    case PictureLack::Names:
+        return QStringLiteral("its names give no place for a picture");
+    case PictureLack::Nothing:
+        break;
+    }
+    return QString();
+}
+
+QVector<Use> usesInFiles(const Uses& uses, const QStringList& files, Session& session)
+{
+    QVector<Use> found;
+    if (!uses.canBeElsewhere())
+        return found;
+    forEachDocument(files, session, [&](Document& other) { found += uses.inOther(other); });
+    return found;
+}
+
+QVector<Use> usesOfArchive(const Uses& uses, const QStringList& files, Session& session)
+{
+    QVector<Use> found;
+    if (!uses.canBeElsewhere())
+        return found;
+    forEachDocument(files, session, [&](Document& other) { found += uses.ofArchive(other); });
+    return found;
+}
+
+void complainOf(const QVector<Use>& uses, Session& session)
+{
+    for (const Use& use : uses)
+        session.warning(use.file, QStringLiteral("%1 uses %2").arg(use.path, use.what));
+}
+
+bool complainOf(const PictureMoves& pictures, const Document& document, Session& session)
+{
+    for (const PictureLack lack : pictures.lacks())
+        session.warning(document.Name(),
+                        QLatin1String("no pictures were looked for: ") + problemOf(lack));
+    for (const QString& note : pictures.notes())
+        session.warning(document.Name(), note);
+    for (const PictureMoves::Stray& stray : pictures.strays())
+        session.warning(
+            document.Name(),
+            QStringLiteral("\"%1\" has no new place: %2").arg(stray.file, problemOf(stray.lack)));
+    for (const QString& problem : pictures.problems())
+        session.warning(document.Name(), problem);
+    return !pictures.problems().isEmpty() || !pictures.strays().isEmpty();
+}
+
+void complainOf(const QVector<Rebased>& textures, const Document& document, Session& session)
+{
+    for (const Rebased& texture : textures) {
+        if (!texture.note.isEmpty())
+            session.warning(document.Name(),
+                            QStringLiteral("\"%1\": %2").arg(texture.reference, texture.note));
+    }
+}
+
+QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Session& session)
+{
+    QSet<QString> files;
+    forEachDocument(archivesIn(session.folders), session, [&](Document& other) {
+        const bool isOne =
+            std::any_of(documents.cbegin(), documents.cend(), [&other](const Document* one) {
+                return isSameFile(one->Path(), other.Path());
+            });
+        if (!isOne)
+            files += picturesOf(other, foldersOf(other, session.folders, other.Folder()));
+    });
+    return files;
+}
+
+void takeAlong(const Document& document, const Document& input, const QString& file,
+               Session& session)
+{
+    const QFileInfo output(PathToOpen(file));
+    const bool isDevice = output.exists() && !output.isFile();
+    const QString folder = output.absolutePath();
+    if (isDevice || input.IsStream() ||
+        QFileInfo(folder).canonicalFilePath() == QFileInfo(input.Folder()).canonicalFilePath())
+        return;
+    complainOf(rebaseTextures(document.Root(), input.Folder(), folder), input, session);
+    const int count = picturesLeft(document, input, folder, session.folders);
+    if (count > 0)
+        session.warning(input.Name(), QStringLiteral("%1 left where the document was")
+                                          .arg(counted(count, QStringLiteral("picture is"),
+                                                       QStringLiteral("pictures are"))));
+}
+
+QString outputFolder(const Document& document, const Target& target)
+{
+    const QString file = target.file(document);
+    return file.isEmpty() || target.isInPlace() ? document.Folder()
+                                                : QFileInfo(PathToOpen(file)).absolutePath();
+}
+
+} // namespace rvopen::command

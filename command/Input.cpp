@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Input.h"
+
+#include "toolkit/documents/FileLock.h"
+
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/documents/Load.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <deque>
+#include <future>
+
+namespace rvopen::command {
+
+using namespace toolkit;
+
+namespace {
+
+bool isPattern(const QString& text)
+{
+    return text.contains(QLatin1Char('*')) || text.contains(QLatin1Char('?')) ||
+           text.contains(QLatin1Char('['));
+}
+
+/// The files and folders that a pattern fits, in the order of their names.
+QStringList fitting(const QString& pattern)
+{
+    QStringList found{pattern.startsWith(QLatin1Char('/')) ? QStringLiteral("/") : QString()};
+    const QStringList parts = pattern.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (int i = 0; i < int(parts.size()); ++i) {
+        const QDir::Filters kinds = i + 1 < int(parts.size()) ? QDir::Dirs : QDir::AllEntries;
+        QStringList next;
+        for (const QString& folder : found) {
+            const QString before = folder.isEmpty() || folder.endsWith(QLatin1Char('/'))
+                                       ? folder
+                                       : folder + QLatin1Char('/');
+            if (!isPattern(parts[i])) {
+                if (QFileInfo::exists(before + parts[i]))
+                    next << before + parts[i];
+                continue;
+            }
+            const QDir dir(before.isEmpty() ? QStringLiteral(".") : before);
+            for (const QString& name :
+                 dir.entryList({parts[i]}, kinds | QDir::NoDotAndDotDot | QDir::CaseSensitive))
+                next << before + name;
+        }
+        found = next;
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+struct Reading {
+    std::unique_ptr<Document> document;
+    ReadError error;
+};
+
+Reading readingOf(const QString& file)
+{
+    Reading reading;
+    reading.document = Document::Read(file, reading.error);
+    return reading;
+}
+
+QStringList documentsBelow(const QString& folder, Session& session)
+{
+    QVector<ReadError> problems;
+    const QStringList files = DocumentsBelow(folder, problems);
+    for (const ReadError& problem : problems)
+        session.error(problem);
+    return files;
+}
+
+} // namespace
+
+QStringList expandedInputs(const QStringList& arguments, Session& session)
+{
+    QStringList files;
+    for (const QString& argument : arguments) {
+        const QFileInfo file(PathToOpen(argument));
+        if (argument == QLatin1String("-") || (!file.isDir() && file.exists())) {
+            files << argument;
+        } else if (file.isDir()) {
+            files << documentsBelow(argument, session);
+        } else if (isPattern(argument) && !file.isSymLink()) {
+            const QStringList found = fitting(argument);
+            if (found.isEmpty())
+                session.error(argument, QStringLiteral("No file fits this pattern"));
+            for (const QString& name : found) {
+                if (QFileInfo(name).isDir())
+                    files << documentsBelow(name, session);
+                else
+                    files << name;
+            }
+        } else {
+            files << argument;
+        }
+    }
+    return files;
+}
+
+void forEachDocument(const QStringList& arguments, Session& session,
+                     const std::function<void(Document&)>& visit,
+                     const std::function<bool(const QString&, const ReadError&)>& failed,
+                     Access access, int jobs)
+{
+    const QStringList files = expandedInputs(arguments, session);
+    const bool isReadAhead = access == Access::Reading && jobs > 1;
+    std::deque<std::future<Reading>> ahead;
+    int started = 0;
+    for (int at = 0; at < int(files.size()); ++at) {
+        const QString& file = files[at];
+        session.progress(at + 1, int(files.size()), file);
+        FileLock lock;
+        if (access == Access::Changing)
+            lock.take(file);
+        for (; isReadAhead && started < int(files.size()) && started < at + jobs; ++started)
+            ahead.push_back(std::async(std::launch::async, readingOf, files[started]));
+        Reading reading;
+        if (isReadAhead) {
+            reading = ahead.front().get();
+            ahead.pop_front();
+        } else {
+            reading = readingOf(file);
+        }
+        if (reading.document) {
+            visit(*reading.document);
+            continue;
+        }
+        if (!failed || !failed(reading.error.file, reading.error))
+            session.error(reading.error);
+    }
+    session.clearProgress();
+}
+
+std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)
+{
+    ReadError error;
+    std::unique_ptr<Document> document;
+    if (QFileInfo(PathToOpen(argument)).isDir()) {
+        error.file = argument;
+        error.message = QStringLiteral("This is a folder; the command takes one file");
+    } else {
+        document = Document::Read(argument, error);
+    }
+    if (!document) {
+        session.error(error);
+        throw Failure(QString());
+    }
+    return document;
+}
+
+} // namespace rvopen::command

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Session.h"
+
+#include <rvopen/toolkit/documents/Document.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+namespace rvopen::command {
+
+/// Files, with each folder replaced by the documents in it and below it in the order of their
+/// names, and each pattern that is no file's name ("*", "?", "[ab]") by what it fits. What cannot
+/// be listed, a pattern that fits nothing, and a file whose name is not UTF-8, counts as an error.
+QStringList expandedInputs(const QStringList& arguments, Session& session);
+
+enum class Access {
+    Reading,
+    /// Each document may be written over: nobody else changes it from before it is read.
+    Changing
+};
+
+/// Reads one document after the other and calls \p visit with each. One that cannot be read is
+/// given to \p failed, and an error of the session unless that answers true. With several \p jobs
+/// documents that are not changed are read ahead.
+void forEachDocument(const QStringList& arguments, Session& session,
+                     const std::function<void(toolkit::Document&)>& visit,
+                     const std::function<bool(const QString&, const ReadError&)>& failed = {},
+                     Access access = Access::Reading, int jobs = 1);
+
+/// Reads the one document of a command; throws a Failure without message after printing the error.
+std::unique_ptr<toolkit::Document> readOrFail(const QString& argument, Session& session);
+
+} // namespace rvopen::command

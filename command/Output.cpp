@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Output.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
+
+#include <QJsonDocument>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace rvopen::command {
+
+using namespace toolkit;
+
+namespace {
+
+bool isTerminal(std::FILE* file)
+{
+#if defined(_WIN32)
+    return _isatty(_fileno(file)) != 0;
+#else
+    return isatty(fileno(file)) != 0;
+#endif
+}
+
+bool isWide(uint c)
+{
+    return c >= 0x1100 &&
+           (c <= 0x115f || (c >= 0x2e80 && c <= 0xa4cf) || (c >= 0xac00 && c <= 0xd7a3) ||
+            (c >= 0xf900 && c <= 0xfaff) || (c >= 0xfe30 && c <= 0xfe6f) ||
+            (c >= 0xff00 && c <= 0xff60) || (c >= 0xffe0 && c <= 0xffe6) ||
+            (c >= 0x1f300 && c <= 0x1faff) || (c >= 0x20000 && c <= 0x3fffd));
+}
+
+/// Control characters, and those that turn the direction of text round.
+bool isControl(QChar c)
+{
+    return c.unicode() < 0x20 || (c.unicode() >= 0x7f && c.unicode() < 0xa0) ||
+           c.unicode() == 0x061c || c.unicode() == 0x200e || c.unicode() == 0x200f ||
+           (c.unicode() >= 0x202a && c.unicode() <= 0x202e) ||
+           (c.unicode() >= 0x2066 && c.unicode() <= 0x2069);
+}
+
+const char* code(Style style)
+{
+    switch (style) {
+    case Style::Bold:
+        return "\033[1m";
+    case Style::Dim:
+        return "\033[2m";
+    case Style::Red:
+        return "\033[31m";
+    case Style::Green:
+        return "\033[32m";
+    case Style::Yellow:
+        return "\033[33m";
+    case Style::Cyan:
+        return "\033[36m";
+    case Style::Plain:
+        break;
+    }
+    return "";
+}
+
+/// Of the characters that steer terminals and editors Qt escapes those below U+0020 only.
+QByteArray harmless(const QByteArray& json)
+{
+    const QString text = QString::fromUtf8(json);
+    const auto isEscaped = [](QChar c) { return c != QLatin1Char('\n') && isControl(c); };
+    if (std::none_of(text.cbegin(), text.cend(), isEscaped))
+        return json;
+    QString result;
+    for (const QChar c : text) {
+        if (isEscaped(c))
+            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            result += c;
+    }
+    return result.toUtf8();
+}
+
+} // namespace
+
+QString visible(const QString& text)
+{
+    if (std::none_of(text.cbegin(), text.cend(), isControl))
+        return text;
+    QString result;
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\n'))
+            result += QLatin1String("\\n");
+        else if (c == QLatin1Char('\t'))
+            result += QLatin1String("\\t");
+        else if (isControl(c))
+            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+        else
+            result += c;
+    }
+    return result;
+}
+
+int displayWidth(const QString& text)
+{
+    const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
+    if (std::all_of(text.cbegin(), text.cend(), isAscii))
+        return int(text.size());
+    int width = 0;
+    for (const uint c : text.toUcs4()) {
+        const QChar::Category category = QChar::category(c);
+        if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
+            category == QChar::Other_Format)
+            continue;
+        width += isWide(c) ? 2 : 1;
+    }
+    return width;
+}
+
+QString counted(qint64 number, const QString& singular, const QString& plural)
+{
+    const QString many = plural.isEmpty() ? singular + QLatin1Char('s') : plural;
+    return QString::number(number) + QLatin1Char(' ') + (number == 1 ? singular : many);
+}
+
+QString readableSize(qint64 bytes)
+{
+    if (bytes < 1000)
+        return counted(bytes, QStringLiteral("byte"));
+    double size = double(bytes);
+    const char* const units[] = {"kB", "MB", "GB"};
+    int unit = -1;
+    while (size >= 1000 && unit < 2) {
+        size /= 1000;
+        ++unit;
+    }
+    return QString::number(size, 'f', size < 10 ? 1 : 0) + QLatin1Char(' ') +
+           QLatin1String(units[unit]);
+}
+
+Output::Output(std::FILE* file)
+    : m_file(file)
+{
+}
+
+Output::~Output()
+{
+    if (!m_buffer.isEmpty())
+        std::fwrite(m_buffer.constData(), 1, std::size_t(m_buffer.size()), m_file);
+    std::fflush(m_file);
+}
+
+void Output::setColour(const QString& when)
+{
+    if (when == QLatin1String("auto")) {
+        m_coloured = isTerminal(m_file) && qEnvironmentVariableIsEmpty("NO_COLOR") &&
+                     qgetenv("TERM") != "dumb";
+    } else {
+        m_coloured = when == QLatin1String("always");
+    }
+}
+
+QString Output::styled(const QString& text, Style style) const
+{
+    if (!m_coloured || style == Style::Plain || text.isEmpty())
+        return text;
+    return QLatin1String(code(style)) + text + QLatin1String("\033[0m");
+}
+
+void Output::line(const QString& line)
+{
+    text(line + QLatin1Char('\n'));
+}
+
+void Output::text(const QString& text)
+{
+    bytes(text.toUtf8());
+}
+
+void Output::bytes(const QByteArray& bytes)
+{
+    m_buffer += bytes;
+    if (m_buffer.size() > 65536)
+        flush();
+}
+
+void Output::json(const QJsonObject& object)
+{
+    bytes(harmless(QJsonDocument(object).toJson(QJsonDocument::Indented)));
+}
+
+void Output::flush()
+{
+    const QByteArray buffer = std::move(m_buffer);
+    m_buffer.clear();
+    errno = 0;
+    const bool isWritten = std::fwrite(buffer.constData(), 1, std::size_t(buffer.size()), m_file) ==
+                           std::size_t(buffer.size());
+    if (isWritten && std::fflush(m_file) == 0)
+        return;
+    const std::string reason = std::generic_category().message(errno);
+    throw Failure(
+        QStringLiteral("the output could not be written: %1").arg(QString::fromStdString(reason)));
+}
+
+void Table::row(const QVector<Cell>& cells)
+{
+    QVector<Cell> row = cells;
+    for (int i = 0; i < int(row.size()); ++i) {
+        row[i].text = visible(row[i].text);
+        if (int(m_widths.size()) <= i)
+            m_widths.append(0);
+        m_widths[i] = std::max(m_widths[i], displayWidth(row[i].text));
+    }
+    m_rows.append(row);
+}
+
+bool Table::isEmpty() const
+{
+    return m_rows.isEmpty();
+}
+
+void Table::print(Output& out, int indent) const
+{
+    for (const QVector<Cell>& row : m_rows) {
+        int last = int(row.size()) - 1;
+        while (last > 0 && row[last].text.isEmpty())
+            --last;
+        QString line(indent, QLatin1Char(' '));
+        for (int i = 0; i <= last; ++i) {
+            line += out.styled(row[i].text, row[i].style);
+            if (i < last)
+                line += QString(m_widths[i] - displayWidth(row[i].text) + 2, QLatin1Char(' '));
+        }
+        out.line(line);
+    }
+}
+
+} // namespace rvopen::command

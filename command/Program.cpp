@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include "CommandLine.h"
+
+namespace rvopen::command {
+
+void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command>>& commands,
+                    Session& session, GlobalOptions& options)
+{
+    Arguments global = line.global();
+    global.flag("--json", session.json, "Print JSON, for programs");
+    global.flag("-q,--quiet", session.quiet, "No line of progress");
+    global.choice("--color", options.colour,
+                  {QStringLiteral("auto"), QStringLiteral("always"), QStringLiteral("never")},
+                  "Colours: auto, always or never; NO_COLOR turns auto off");
+    global.folder("--install", session.folders.install, "RVOPEN_INSTALL",
+                  "The host's installation, with xml/ and sethumbs/");
+    global.folder("--archives", session.folders.archives, "RVOPEN_ARCHIVES",
+                  "The archives that came with the host");
+    global.folder("--custom", session.folders.custom, "RVOPEN_CUSTOM", "The user's own archives");
+    global.folder("--snapshots", session.folders.snapshots, "RVOPEN_SNAPSHOTS",
+                  "The pictures of snapshots");
+    global.hidden("--generate", options.generated);
+    global.example("rvopen info snapshots", "what the files in a folder are");
+    global.example("rvopen check --install install snapshots/house.xml",
+                   "what is wrong with a document; \"rvopen check --help\" tells more");
+
+    for (const auto& command : commands) {
+        Arguments arguments = line.command(command->name(), command->summary());
+        command->declare(arguments);
+    }
+}
+
+} // namespace rvopen::command

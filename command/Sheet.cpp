@@ -1,0 +1,260 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Arguments.h"
+#include "Command.h"
+#include "Input.h"
+#include "OutputOptions.h"
+#include "SelectionOptions.h"
+#include "Session.h"
+#include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/drawing/Drawing.h"
+#include "toolkit/images/ContactSheet.h"
+#include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/PictureApplication.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/drawing/Picture.h>
+#include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/images/EmbeddedPreview.h>
+#include <rvopen/toolkit/images/PictureLocations.h>
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include <algorithm>
+
+namespace rvopen::command {
+
+using namespace toolkit;
+
+namespace {
+
+const int s_maxColumns = 40;
+/// Longest picture in PNG.
+const int s_maxHeight = 30000;
+const qint64 s_maxPixels = qint64(200) * 1000 * 1000;
+/// On paper, and pictures are drawn twice as fine as they are asked for.
+const int s_dotsPerInch = 300;
+const int s_pdfFineness = 2;
+
+class Sheet : public Command {
+public:
+    const char* name() const override
+    {
+        return "sheet";
+    }
+
+    const char* summary() const override
+    {
+        return "Make a contact sheet of pictures with their names";
+    }
+
+    void declare(Arguments& arguments) override
+    {
+        arguments.description(
+            "Presets, snapshots and palettes under the names of their sections, folders and "
+            "collections. Pictures that are there are taken, the others are drawn; no document "
+            "is changed. The name of the output tells the format: PNG is one long picture, PDF "
+            "has pages of A4.");
+        arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
+        arguments.option("-o,--output", m_output, "FILE", "Write to this file, .png or .pdf");
+        arguments.option("--size", m_size, "PIXELS", "The width of a picture; 160 when not given");
+        arguments.option("--columns", m_columns, "NUMBER", "Pictures in a row; 6 when not given");
+        arguments.flag("--drawn", m_drawn, "Draw them all, also those that there are pictures of");
+        m_options.declare(arguments);
+        m_selection.declare(arguments);
+        arguments.example("rvopen sheet archives/Custom/MyPresets.rvx --size 80 -o mine.pdf",
+                          "a sheet to print");
+        arguments.example("rvopen sheet snapshots/import_me.xml --columns 3 -o snapshots.png",
+                          "the snapshots of a document, with the pictures beside it");
+    }
+
+    int run(Session& session) override
+    {
+        const QString format = QFileInfo(m_output).suffix().toLower();
+        const bool isPdf = format == QLatin1String("pdf");
+        if (!isPdf && format != QLatin1String("png"))
+            throw Failure(QStringLiteral("say where to write: --output FILE.png or FILE.pdf"));
+        if (m_size < MinPictureSize || m_size > MaxPictureSize / s_pdfFineness)
+            throw Failure(QStringLiteral("--size takes %1 to %2")
+                              .arg(MinPictureSize)
+                              .arg(MaxPictureSize / s_pdfFineness));
+        if (m_columns < 1 || m_columns > s_maxColumns)
+            throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
+        if (isInput())
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
+        m_options.check(m_output);
+        m_selected = m_selection.selection();
+        prepareTexts();
+
+        forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
+        if (m_items.isEmpty() && !session.hasFailed())
+            throw Failure(QStringLiteral("there is nothing to show"));
+        if (session.hasFailed())
+            return ExitFailed;
+        if (m_names.size() > 1) {
+            for (ContactSheet::Cell& cell : m_cells)
+                cell.heading = m_names[cell.document - 1] + QStringLiteral(": ") + cell.heading;
+        }
+        const ContactSheet sheet(title(), m_cells, m_columns, m_size);
+        m_session = &session;
+        m_wish.size = isPdf ? m_size * s_pdfFineness : m_size;
+        int pages = 1;
+        const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
+        session.clearProgress();
+        if (!m_options.isDryRun()) {
+            m_options.backUp(m_output);
+            writeOrFail(bytes, m_output);
+        }
+        if (session.json) {
+            QJsonObject result = Session::envelope(name());
+            result.insert(QStringLiteral("written"), m_output);
+            result.insert(QStringLiteral("pictures"), int(m_items.size()));
+            result.insert(QStringLiteral("drawn"), m_drawnCount);
+            result.insert(QStringLiteral("pages"), pages);
+            session.out.json(result);
+        }
+        return ExitFine;
+    }
+
+private:
+    /// What is in a cell: a picture that is there, or one to draw.
+    struct Item {
+        /// Its bytes, as they are embedded.
+        QString embedded;
+        QString file;
+        /// Kept for as long as its element.
+        QDomDocument document;
+        QDomElement element;
+        std::shared_ptr<drawing::TextureReader> textures;
+    };
+
+    bool isInput() const
+    {
+        return std::any_of(m_files.begin(), m_files.end(),
+                           [this](const QString& file) { return isSameFile(file, m_output); });
+    }
+
+    QString title() const
+    {
+        return m_names.size() == 1 ? m_names.first() : m_names.join(QStringLiteral(", "));
+    }
+
+    void collect(Document& document, Session& session)
+    {
+        const auto textures =
+            std::make_shared<drawing::TextureReader>(TextureFinder(document, session.folders));
+        const QString name = document.Root().attribute(QStringLiteral("name"));
+        m_names << (document.Kind() == DocumentKind::Archive && !name.isEmpty()
+                        ? name
+                        : QFileInfo(document.Name()).completeBaseName());
+        const QVector<Subject> subjects = selectedOf(
+            SubjectsOf(document) + PaletteSubjects(document), m_selected.in(document.Root()));
+        for (const Subject& subject : subjects) {
+            Item item;
+            const QString file = LocatePicture(subject.element, document, session.folders).file;
+            if (!m_drawn && FindsPicture(subject.element, file)) {
+                item.embedded = subject.element.attribute(QStringLiteral("xmlImage"));
+                item.file = file;
+            } else {
+                item.document = document.Dom();
+                item.element = subject.element;
+                item.textures = textures;
+                ++m_drawnCount;
+            }
+            m_items.append(item);
+            m_cells.append({subject.heading, subject.name, int(m_names.size())});
+        }
+    }
+
+    QVector<QImage> pictures(int first, int count)
+    {
+        m_session->progress(first, int(m_items.size()), m_output);
+        QVector<QImage> images(count);
+        std::vector<drawing::Draw> draws;
+        QVector<int> places;
+        for (int i = 0; i < count; ++i) {
+            const Item& item = m_items[first + i];
+            if (item.textures) {
+                draws.push_back(drawing::drawingOf(item.element, m_wish, *item.textures));
+                places.append(i);
+            } else {
+                images[i] =
+                    item.embedded.isEmpty() ? readImage(item.file) : EmbeddedPreview(item.embedded);
+            }
+        }
+        const std::vector<QImage> drawn = drawing::drawnTogether(draws);
+        for (int i = 0; i < int(places.size()); ++i)
+            images[places[i]] = drawn[std::size_t(i)];
+        return images;
+    }
+
+    QByteArray asPng(const ContactSheet& sheet)
+    {
+        const QSize size(sheet.width(), sheet.height());
+        if (size.height() > s_maxHeight || qint64(size.width()) * size.height() > s_maxPixels)
+            throw Failure(QStringLiteral("that is too much for one picture: take PDF, a smaller "
+                                         "--size, or more --columns"));
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        sheet.paint(
+            painter, 0, [this](int first, int count) { return pictures(first, count); }, [] {});
+        painter.end();
+        return encodedPicture(image, "png");
+    }
+
+    QByteArray asPdf(const ContactSheet& sheet, int& pages)
+    {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setTitle(title());
+        writer.setCreator(QStringLiteral("rvopen"));
+        writer.setResolution(s_dotsPerInch);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+        const double scale = double(writer.width()) / sheet.width();
+        const int pageHeight = int(writer.height() / scale);
+        QPainter painter(&writer);
+        painter.scale(scale, scale);
+        pages = sheet.pages(pageHeight);
+        sheet.paint(
+            painter, pageHeight, [this](int first, int count) { return pictures(first, count); },
+            [&writer] { writer.newPage(); });
+        painter.end();
+        return bytes;
+    }
+
+    QStringList m_files;
+    QString m_output;
+    int m_size = 160;
+    int m_columns = 6;
+    bool m_drawn = false;
+    OutputOptions m_options;
+    SelectionOptions m_selection;
+    Selection m_selected;
+
+    PictureWish m_wish;
+    Session* m_session = nullptr;
+    QStringList m_names;
+    QVector<Item> m_items;
+    QVector<ContactSheet::Cell> m_cells;
+    int m_drawnCount = 0;
+};
+
+} // namespace
+
+std::unique_ptr<Command> makeSheet()
+{
+    return std::make_unique<Sheet>();
+}
+
+} // namespace rvopen::command

@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+namespace rvopen::test {
+
+namespace {
+
+class Selecting : public ::testing::Test {
+protected:
+    Selecting()
+    {
+        workspace.write(QStringLiteral("a.rvx"), smallArchive());
+        workspace.write(QStringLiteral("a.xml"), smallDocument());
+    }
+
+    /// The reference names that list prints.
+    std::string listed(const QStringList& options) const
+    {
+        const Outcome run = workspace.run(words("list --json a.rvx") + options);
+        QStringList names;
+        for (const auto& preset : run.json()[QStringLiteral("presets")].toArray())
+            names << preset.toObject()[QStringLiteral("refname")].toString();
+        EXPECT_EQ(run.code, names.isEmpty() ? 1 : 0) << run.err.toStdString();
+        return names.join(QLatin1Char(' ')).toStdString();
+    }
+
+    Workspace workspace;
+};
+
+} // namespace
+
+TEST_F(Selecting, ByPaths)
+{
+    EXPECT_EQ(listed(words("--select dir[Metals]")), "m.brass m.zinc");
+    EXPECT_EQ(listed(words("--select material[B*]")), "m.brass");
+    EXPECT_EQ(listed(words("--select material[@cat=Glass] --select camera")), "c.above m.window");
+    EXPECT_EQ(listed(words("--select Zinc")), "m.zinc");
+}
+
+TEST_F(Selecting, ByPathsOfParts)
+{
+    EXPECT_EQ(listed(words("--select finish")), "m.brass");
+    EXPECT_EQ(listed(words("--select materials//finish:roughness")), "m.brass");
+}
+
+TEST_F(Selecting, ByValues)
+{
+    EXPECT_EQ(listed(words("--where roughness<0.5")), "m.brass");
+    EXPECT_EQ(listed(words("--where roughness>0.5")), "");
+    EXPECT_EQ(listed(words("--where 'field of view = 30'")), "c.above");
+    EXPECT_EQ(listed(words("--where @cat=Metals --where @desc~GREY")), "m.zinc");
+    EXPECT_EQ(listed(words("--where roughness<0.5 --where roughness>0.5")), "");
+}
+
+TEST_F(Selecting, ByWordsOfNamesCategoriesAndFolders)
+{
+    EXPECT_EQ(listed(words("--text METALS")), "m.brass m.zinc");
+    EXPECT_EQ(listed(words("--text c.above")), "c.above");
+    EXPECT_EQ(listed(words("--text 'glass window'")), "m.window");
+}
+
+TEST_F(Selecting, NeedsEverythingThatIsSaid)
+{
+    EXPECT_EQ(listed(words("--type material --category metals --select B*")), "m.brass");
+    EXPECT_EQ(listed(words("--type camera --select dir[Metals]")), "");
+}
+
+TEST_F(Selecting, ByWhatIsNoPathOrConditionAnswersTwo)
+{
+    for (const char* const line :
+         {"list a.rvx --where roughness>high", "list a.rvx --select a[b", "tree a.rvx --where =1",
+          "check a.rvx --where ''", "list a.rvx --select camera@name"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2) << line;
+        EXPECT_EQ(run.out, QString()) << line;
+    }
+}
+
+TEST_F(Selecting, TreePrintsWhatItIsInAndNothingElse)
+{
+    EXPECT_EQ(workspace.run("tree --params --paths a.rvx --type camera").out,
+              QStringLiteral("cameras[Cameras]/camera[Above]\n"
+                             "cameras[Cameras]/camera[Above]@cat = Cameras\n"
+                             "cameras[Cameras]/camera[Above]@name = Above\n"
+                             "cameras[Cameras]/camera[Above]@refname = c.above\n"
+                             "cameras[Cameras]/camera[Above]:Field Of View = 30\n"));
+    const QStringList lines = workspace.run("tree a.rvx --where @name=Zinc").lines();
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_TRUE(lines[3].contains(QLatin1String("material[Zinc]")));
+    EXPECT_EQ(workspace.run("tree a.rvx --text nothing").code, 1);
+}
+
+TEST_F(Selecting, InSnapshotDocumentsTakesTheKindThatIsAskedFor)
+{
+    EXPECT_EQ(workspace.run("tree --paths a.xml --type camera --where 'Field Of View < 40'").out,
+              QString::fromUtf8("snapshots[Model SnapShots]/snapshot[Größe]/camera\n"));
+    EXPECT_EQ(workspace.run("tree --paths --depth 2 a.xml --where 'Field Of View < 40'").out,
+              QString::fromUtf8("snapshots[Model SnapShots]/snapshot[Größe]\n"));
+}
+
+TEST_F(Selecting, CheckFindsInsideAlone)
+{
+    workspace.write(
+        QStringLiteral("b.rvx"),
+        smallArchive().replace("val=\"0.1\"", "val=\"x\"").replace("val=\"30\"", "val=\"y\""));
+    const auto findings = [this](const char* line) {
+        return workspace.run(line).json()[QStringLiteral("findings")].toArray();
+    };
+    EXPECT_EQ(findings("check --json --only bad-value b.rvx").size(), 2);
+    const QJsonArray found = findings("check --json --only bad-value b.rvx --type camera");
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found.first().toObject()[QStringLiteral("path")].toString(),
+              QStringLiteral("cameras[Cameras]/camera[Above]:Field Of View"));
+}
+
+TEST_F(Selecting, TexturesAreThoseInside)
+{
+    const char* const line = "textures --json a.xml --select snapshot[Front*]";
+    EXPECT_EQ(workspace.run(line).json()[QStringLiteral("textures")].toArray().size(), 0);
+    EXPECT_EQ(workspace.run("textures --json a.xml --select snapshot[G*]")
+                  .json()[QStringLiteral("textures")]
+                  .toArray()
+                  .size(),
+              1);
+}
+
+TEST_F(Selecting, RenderDrawsThese)
+{
+    EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx --where roughness<0.5").code, 0);
+    EXPECT_EQ(workspace.files().filter(QStringLiteral("out/")),
+              QStringList(QStringLiteral("out/material Brass.png")));
+}
+
+TEST_F(Selecting, SheetShowsThese)
+{
+    EXPECT_EQ(workspace.run("sheet --json --size 16 -o s.png a.rvx --category metals")
+                  .json()[QStringLiteral("pictures")]
+                  .toInt(),
+              2);
+}
+
+} // namespace rvopen::test

@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/toolkit/check/Inspection.h>
+
+#include "../Parts.h"
+
+#include <rvopen/toolkit/documents/Load.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace rvopen::test {
+
+namespace {
+
+using namespace toolkit;
+
+class Inspected : public ::testing::Test {
+protected:
+    Load loaded(const QByteArray& text)
+    {
+        const QString path = m_folder.filePath(QStringLiteral("a.xml"));
+        write(path, text);
+        return LoadDocument(path);
+    }
+
+    static void write(const QString& path, const QByteArray& text)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(text), text.size());
+    }
+
+    /// "rule line:column path" of each finding.
+    static std::string linesOf(const QVector<Finding>& findings)
+    {
+        QStringList lines;
+        for (const Finding& finding : findings)
+            lines << QStringLiteral("%1 %2:%3 %4")
+                         .arg(QLatin1String(finding.rule->id))
+                         .arg(finding.line)
+                         .arg(finding.column)
+                         .arg(finding.path);
+        return joinedBy("\n", lines);
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(Inspected, ADocumentThatIsRightHasNoFindings)
+{
+    const Load load = loaded("<snapRoot><snapshot name='CurrSnapshot'><snapShotSettings/>"
+                             "</snapshot></snapRoot>");
+    ASSERT_TRUE(load);
+    EXPECT_EQ(linesOf(Inspect(*load.document)), "");
+}
+
+TEST_F(Inspected, FindingsHaveRuleFilePlaceAndPath)
+{
+    const Load load = loaded("<snapRoot>\n <snapshot name='CurrSnapshot'><snapShotSettings/>\n"
+                             "  <camera><param name='Field Of View' type='float' val='x'/></camera>"
+                             "</snapshot></snapRoot>");
+    ASSERT_TRUE(load);
+    const QVector<Finding> findings = Inspect(*load.document);
+    EXPECT_EQ(linesOf(findings), "bad-value 3:11 snapshot[CurrSnapshot]/camera:Field Of View");
+    ASSERT_EQ(findings.size(), 1);
+    EXPECT_EQ(findings.first().file, load.document->Name());
+    EXPECT_EQ(findings.first().element.attribute(QStringLiteral("val")), QStringLiteral("x"));
+    EXPECT_EQ(SeverityName(findings.first().rule->severity), QStringLiteral("error"));
+}
+
+TEST_F(Inspected, PresetsAreMissedOnceTheFoldersAreKnown)
+{
+    const Load load = loaded("<snapRoot><snapshot name='CurrSnapshot'><snapShotSettings/>"
+                             "<camera refname='a'/></snapshot></snapRoot>");
+    ASSERT_TRUE(load);
+    EXPECT_EQ(linesOf(Inspect(*load.document)), "");
+    Folders folders;
+    folders.custom = m_folder.filePath(QStringLiteral("custom"));
+    ASSERT_TRUE(QDir().mkdir(folders.custom));
+    write(folders.custom + QStringLiteral("/a.rvx"),
+          "<presets><cameras><camera refname='b'/></cameras></presets>");
+    write(folders.custom + QStringLiteral("/broken.rvx"), "<presets>");
+    QStringList failed;
+    const Surroundings surroundings =
+        LookAround(folders, [&failed](const ReadError& error) { failed << error.file; });
+    EXPECT_EQ(joinedBy(" ", QStringList(surroundings.presets.begin(), surroundings.presets.end())),
+              "camera/b");
+    EXPECT_EQ(joinedBy(" ", failed), folders.custom.toStdString() + "/broken.rvx");
+    EXPECT_EQ(linesOf(Inspect(*load.document, surroundings)),
+              "missing-preset 1:60 snapshot[CurrSnapshot]/camera[a]");
+}
+
+TEST_F(Inspected, WhatIsMendedIsMarkedAndStandsInTheDocument)
+{
+    const Load load = loaded("<snapRoot><snapshots name='SnapShots'/>"
+                             "<snapshots name='SnapShots2'><lens/></snapshots></snapRoot>");
+    ASSERT_TRUE(load);
+    QVector<Finding> findings = Inspect(*load.document);
+    ASSERT_EQ(findings.size(), 2) << linesOf(findings);
+    EXPECT_EQ(Mend(findings), 1);
+    EXPECT_TRUE(findings.first().isFixed);
+    EXPECT_FALSE(findings.last().isFixed);
+    EXPECT_EQ(
+        load.document->Root().firstChildElement().attribute(QStringLiteral("name")).toStdString(),
+        "Model SnapShots");
+}
+
+TEST_F(Inspected, ATextThatIsNotWellFormedIsAFindingToo)
+{
+    const Load load = loaded("<snapRoot>\n</x>");
+    ASSERT_FALSE(load);
+    const Finding finding = FindingOf(load.error);
+    EXPECT_EQ(linesOf({finding}), "malformed-xml 2:" + std::to_string(load.error.column) + " ");
+    EXPECT_EQ(finding.message, load.error.message);
+    EXPECT_EQ(finding.file, load.error.file);
+}
+
+TEST(Rules, AreFoundByTheirIdentifiersWhichDiffer)
+{
+    const QVector<const Rule*> rules = AllRules();
+    EXPECT_EQ(rules.size(), 29);
+    for (const Rule* const rule : rules)
+        EXPECT_EQ(FindRule(QLatin1String(rule->id)), rule) << rule->id;
+    EXPECT_EQ(FindRule(QStringLiteral("no-such-rule")), nullptr);
+}
+
+} // namespace rvopen::test

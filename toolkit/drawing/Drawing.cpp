@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Drawing.h"
+
+#include "Backdrop.h"
+#include "Diagrams.h"
+#include "Sky.h"
+#include "SnapShotPicture.h"
+#include "Studio.h"
+
+#include <rvopen/AspectRatio.h>
+#include <rvopen/AspectRatioOrient.h>
+#include <rvopen/Background.h>
+#include <rvopen/Bump.h>
+#include <rvopen/Camera.h>
+#include <rvopen/Colour.h>
+#include <rvopen/Finish.h>
+#include <rvopen/Foreground.h>
+#include <rvopen/Lens.h>
+#include <rvopen/Material.h>
+#include <rvopen/NaturalLightStudio.h>
+#include <rvopen/Scheme.h>
+#include <rvopen/SnapShot.h>
+#include <rvopen/Transparency.h>
+
+#include <atomic>
+#include <future>
+#include <thread>
+
+namespace rvopen::toolkit::drawing {
+
+namespace {
+
+/// A copy that is no part of the document, so that the objects made from it may add to it and go.
+/// Without references to other archives: a preset stands in its own.
+QDomElement freeCopy(const QDomElement& element)
+{
+    QDomElement copy = element.cloneNode(true).toElement();
+    for (QDomElement at = copy; !at.isNull();) {
+        at.removeAttribute(QStringLiteral("archiveFilename"));
+        if (!at.firstChildElement().isNull()) {
+            at = at.firstChildElement();
+            continue;
+        }
+        while (!at.isNull() && at != copy && at.nextSiblingElement().isNull())
+            at = at.parentNode().toElement();
+        at = at == copy ? QDomElement() : at.nextSiblingElement();
+    }
+    return copy;
+}
+
+QImage surfacePicture(const Surface& surface, const PictureWish& wish)
+{
+    Raster raster(wish.size, wish.size);
+    Scene scene = studio(surface);
+    const Ball ball = studioBall(surface);
+    if (wish.isFlat)
+        scene.drawFlat(raster, surface, ball.scale);
+    else {
+        scene.balls.push_back(ball);
+        scene.draw(raster);
+    }
+    raster.rollOff();
+    return raster.toImage();
+}
+
+/// What draws one kind of element.
+using Prepare = Draw (*)(const QDomElement&, const PictureWish&, TextureReader&);
+
+/// Binds a library object of the kind to a copy of the element.
+template <class Node>
+class Bound {
+public:
+    explicit Bound(const QDomElement& element)
+        : m_node(nullptr)
+    {
+        m_node.SetDomNode(freeCopy(element));
+    }
+
+    Node* operator->()
+    {
+        return &m_node;
+    }
+
+    Node* get()
+    {
+        return &m_node;
+    }
+
+private:
+    Node m_node;
+};
+
+/// A picture of the surface that the reader makes of the library's object.
+template <class Node, Surface (SurfaceReader::*read)(Node*)>
+Draw surfaceDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
+{
+    Bound<Node> node(element);
+    const Surface surface = (SurfaceReader(textures).*read)(node.get());
+    return [surface, wish] { return surfacePicture(surface, wish); };
+}
+
+/// A picture of \p width to \p height that \p paint fills.
+template <class Paint>
+Draw painted(const PictureWish& wish, const Paint& paint, int width = 1, int height = 1)
+{
+    return [wish, paint, width, height] {
+        Raster raster(wish.size, std::max(wish.size * height / width, 1));
+        paint(raster);
+        return raster.toImage();
+    };
+}
+
+Draw backgroundDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
+{
+    Bound<Background> node(element);
+    return painted(wish, [backdrop = readBackdrop(node.get(), textures)](Raster& raster) {
+        drawBackdrop(raster, backdrop);
+    });
+}
+
+Draw foregroundDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<Foreground> node(element);
+    return painted(wish, [mist = readMist(node.get())](Raster& raster) { drawMist(raster, mist); });
+}
+
+Draw lightDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<NaturalLightStudio> node(element);
+    return painted(wish, [sun = readSun(node.get())](Raster& raster) { drawSky(raster, sun); });
+}
+
+Draw cameraDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<Camera> node(element);
+    return painted(
+        wish, [camera = readCamera(node.get())](Raster& raster) { drawCamera(raster, camera); });
+}
+
+Draw lensDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<Lens> node(element);
+    float angle = 45;
+    node->GetAngle(&angle);
+    const double degrees = std::isfinite(angle) ? clamped(double(angle), 0.5, 179) : 45;
+    return painted(wish, [degrees](Raster& raster) { drawAngle(raster, degrees); });
+}
+
+Draw aspectDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<AspectRatio> node(element);
+    float ratio = 1;
+    node->GetAspectRatio(&ratio);
+    return painted(wish, [ratio](Raster& raster) { drawAspectRatio(raster, double(ratio)); });
+}
+
+Draw orientationDrawing(const QDomElement& element, const PictureWish& wish, TextureReader&)
+{
+    Bound<AspectRatioOrient> node(element);
+    int isPortrait = 0;
+    node->IsPortrait(&isPortrait);
+    return painted(wish, [isPortrait](Raster& raster) { drawOrientation(raster, isPortrait); });
+}
+
+Draw schemeDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
+{
+    Bound<Scheme> node(element);
+    const SchemeKind kind = schemeKind(*node.get());
+    return painted(wish, [kind, backdrop = readBackdrop(node->GetBackground(), textures)](
+                             Raster& raster) { drawScheme(raster, kind, backdrop); });
+}
+
+/// Pictures of snapshots are as wide as photographs.
+Draw snapShotDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
+{
+    SnapShot snapShot(freeCopy(element));
+    return painted(
+        wish,
+        [values = readSnapShot(&snapShot, textures)](Raster& raster) {
+            drawSnapShot(raster, values);
+        },
+        4, 3);
+}
+
+Prepare prepareFor(const QString& kind)
+{
+    static const QHash<QString, Prepare> kinds{
+        {QStringLiteral("material"), surfaceDrawing<Material, &SurfaceReader::ofMaterial>},
+        {QStringLiteral("colour"), surfaceDrawing<Colour, &SurfaceReader::ofColour>},
+        {QStringLiteral("finish"), surfaceDrawing<Finish, &SurfaceReader::ofFinish>},
+        {QStringLiteral("transparency"),
+         surfaceDrawing<Transparency, &SurfaceReader::ofTransparency>},
+        {QStringLiteral("bump"), surfaceDrawing<Bump, &SurfaceReader::ofBump>},
+        {QStringLiteral("background"), backgroundDrawing},
+        {QStringLiteral("foreground"), foregroundDrawing},
+        {QStringLiteral("naturalLightStudio"), lightDrawing},
+        {QStringLiteral("camera"), cameraDrawing},
+        {QStringLiteral("lens"), lensDrawing},
+        {QStringLiteral("aspectratio"), aspectDrawing},
+        {QStringLiteral("aspectratioorient"), orientationDrawing},
+        {QStringLiteral("scheme"), schemeDrawing},
+        {QStringLiteral("snapshot"), snapShotDrawing}};
+    return kinds.value(kind, nullptr);
+}
+
+} // namespace
+
+bool isDrawable(const QDomElement& element)
+{
+    return prepareFor(element.tagName()) != nullptr;
+}
+
+Draw drawingOf(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
+{
+    const Prepare prepare = prepareFor(element.tagName());
+    return prepare ? prepare(element, wish, textures) : Draw();
+}
+
+std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)
+{
+    std::vector<QImage> images(drawings.size());
+    std::atomic<std::size_t> next{0};
+    const auto work = [&] {
+        for (std::size_t i = next++; i < drawings.size(); i = next++)
+            images[i] = drawings[i]();
+    };
+    const std::size_t threads =
+        std::min<std::size_t>(std::max(std::thread::hardware_concurrency(), 1U), drawings.size());
+    std::vector<std::future<void>> others;
+    for (std::size_t i = 1; i < threads; ++i)
+        others.push_back(std::async(std::launch::async, work));
+    work();
+    for (std::future<void>& other : others)
+        other.get();
+    return images;
+}
+
+} // namespace rvopen::toolkit::drawing

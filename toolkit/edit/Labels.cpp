@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Labels.h"
+
+#include <rvopen/toolkit/edit/NodePath.h>
+
+namespace rvopen::toolkit {
+
+namespace {
+
+const QLatin1Char s_escape('\\');
+
+QString escaped(const QString& text, const char* special)
+{
+    QString result;
+    for (const QChar c : text) {
+        if (c == s_escape || QLatin1String(special).contains(c))
+            result += s_escape;
+        if (c == QLatin1Char('\n'))
+            result += QLatin1String("\\n");
+        else if (c == QLatin1Char('\t'))
+            result += QLatin1String("\\t");
+        else
+            result += c;
+    }
+    return result;
+}
+
+} // namespace
+
+bool isParam(const QDomElement& element)
+{
+    return element.tagName() == QLatin1String("param");
+}
+
+QString Labels::next(const QDomElement& child)
+{
+    const QString label = labelOf(child);
+    const int count = ++m_counts[label];
+    return count == 1 ? label : label + QLatin1Char('#') + QString::number(count);
+}
+
+QString joined(const QString& parentPath, const QString& label)
+{
+    if (parentPath.isEmpty() || label.startsWith(QLatin1Char(':')))
+        return parentPath + label;
+    return parentPath + QLatin1Char('/') + label;
+}
+
+QString attributePath(const QString& path, const QString& attribute)
+{
+    return path + QLatin1Char('@') + attribute;
+}
+
+QString labelOf(const QDomElement& element)
+{
+    if (isParam(element))
+        return QLatin1Char(':') + escaped(element.attribute(QStringLiteral("name")), "/:@#=*");
+    const QString identity = IdentityOf(element);
+    if (identity.isEmpty())
+        return element.tagName();
+    QString name = escaped(identity, "]*");
+    // What a condition begins with.
+    if (name[0] == QLatin1Char('@') || name[0] == QLatin1Char(':'))
+        name.prepend(s_escape);
+    return element.tagName() + QLatin1Char('[') + name + QLatin1Char(']');
+}
+
+bool hasParts(const QString& text, const QStringList& parts)
+{
+    if (parts.size() == 1)
+        return text == parts.first();
+    int at = int(parts.first().size());
+    const int end = int(text.size() - parts.last().size());
+    if (!text.startsWith(parts.first()) || end < at || !text.endsWith(parts.last()))
+        return false;
+    for (int i = 1; i + 1 < int(parts.size()); ++i) {
+        const int found = int(text.indexOf(parts[i], at));
+        at = found + int(parts[i].size());
+        if (found < 0 || at > end)
+            return false;
+    }
+    return true;
+}
+
+bool splitAssignment(const QString& text, QString& path, QString& value)
+{
+    bool isInBrackets = false;
+    for (int i = 0; i < int(text.size()); ++i) {
+        const QChar c = text[i];
+        if (c == s_escape)
+            ++i;
+        else if (c == QLatin1Char('[') && !isInBrackets)
+            isInBrackets = true;
+        else if (c == QLatin1Char(']'))
+            isInBrackets = false;
+        else if (c == QLatin1Char('=') && !isInBrackets) {
+            path = text.left(i);
+            value = text.mid(i + 1);
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDomElement>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+namespace rvopen::toolkit {
+
+/// \name The parts of readable paths
+/// What NodePath.h says of them is put together here.
+/// @{
+
+bool isParam(const QDomElement& element);
+
+/// The texts of the children of one element, asked for in document order.
+class Labels {
+public:
+    QString next(const QDomElement& child);
+
+private:
+    QHash<QString, int> m_counts;
+};
+
+QString joined(const QString& parentPath, const QString& label);
+QString attributePath(const QString& path, const QString& attribute);
+
+/// What the element is called among its neighbours, without the number of one that comes later.
+QString labelOf(const QDomElement& element);
+
+/// Whether the text consists of the parts with anything between them; of one part alone, whether it
+/// is that.
+bool hasParts(const QString& text, const QStringList& parts);
+
+/// Splits "path=value" at the first "=" that is no part of a name; false when there is none.
+bool splitAssignment(const QString& text, QString& path, QString& value);
+/// @}
+
+} // namespace rvopen::toolkit

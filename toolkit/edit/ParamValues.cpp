@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include <rvopen/toolkit/edit/ParamValues.h>
+
+#include "TypedText.h"
+
+#include <rvopen/toolkit/schema/ValueText.h>
+
+namespace rvopen::toolkit {
+
+namespace {
+
+QString name(const QDomElement& element, const char* attribute)
+{
+    return element.attribute(QLatin1String(attribute));
+}
+
+QString tripleText(const float (&triple)[3])
+{
+    return NumberText(double(triple[0])) + QLatin1Char(' ') + NumberText(double(triple[1])) +
+           QLatin1Char(' ') + NumberText(double(triple[2]));
+}
+
+/// A float as the number that it was written as.
+double plain(float value)
+{
+    return NumberText(double(value)).toDouble();
+}
+
+bool isTriple(const Param& param)
+{
+    return param.IsColour() || param.IsVector() || param.IsPoint();
+}
+
+unsigned int getTriple(const Param& param, float (&triple)[3])
+{
+    if (param.IsColour())
+        return param.GetValColour(triple);
+    return param.IsVector() ? param.GetValVector(triple) : param.GetValPoint(triple);
+}
+
+QString outsideRange(const QDomElement& param, double value)
+{
+    double low = 0;
+    double high = 0;
+    const bool hasLow = ToNumber(name(param, "rangeMin"), low);
+    const bool hasHigh = ToNumber(name(param, "rangeMax"), high);
+    if ((!hasLow || value >= low) && (!hasHigh || value <= high))
+        return QString();
+    return QStringLiteral("%1 is outside of %2 to %3")
+        .arg(NumberText(value), hasLow ? NumberText(low) : QStringLiteral("-infinity"),
+             hasHigh ? NumberText(high) : QStringLiteral("infinity"));
+}
+
+} // namespace
+
+ParamValues::ParamValues() = default;
+
+/// The parameter goes, its element stays.
+ParamValues::~ParamValues()
+{
+    m_param.SetDomNode(QDomNode());
+}
+
+QString ParamValues::Text(const QDomElement& param)
+{
+    m_param.SetDomNode(param);
+    float number = 0;
+    int integer = 0;
+    float triple[3] = {};
+    if (m_param.IsFloat())
+        return m_param.GetValFloat(&number) == 0 ? NumberText(double(number)) : QString();
+    if (m_param.IsInt())
+        return m_param.GetValInt(&integer) == 0 ? QString::number(integer) : QString();
+    if (m_param.IsBool()) {
+        if (m_param.GetValBool(&integer) != 0)
+            return QString();
+        return integer ? QStringLiteral("true") : QStringLiteral("false");
+    }
+    if (isTriple(m_param))
+        return getTriple(m_param, triple) == 0 ? tripleText(triple) : QString();
+    return name(param, "val");
+}
+
+QVariant ParamValues::Value(const QDomElement& param)
+{
+    m_param.SetDomNode(param);
+    float number = 0;
+    int integer = 0;
+    float triple[3] = {};
+    if (m_param.IsFloat())
+        return m_param.GetValFloat(&number) == 0 ? QVariant(plain(number)) : QVariant();
+    if (m_param.IsInt())
+        return m_param.GetValInt(&integer) == 0 ? QVariant(integer) : QVariant();
+    if (m_param.IsBool())
+        return m_param.GetValBool(&integer) == 0 ? QVariant(integer != 0) : QVariant();
+    if (isTriple(m_param)) {
+        if (getTriple(m_param, triple) != 0)
+            return QVariant();
+        return QVariantList{plain(triple[0]), plain(triple[1]), plain(triple[2])};
+    }
+    return name(param, "val");
+}
+
+QString ParamValues::Check(const QDomElement& param, const QString& text)
+{
+    m_param.SetDomNode(param);
+    const QString type = name(param, "type");
+    double number = 0;
+    int integer = 0;
+    bool truth = false;
+    float triple[3] = {};
+    const QString wrong = QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, type);
+    if (m_param.IsFloat())
+        return ToNumber(text, number) ? outsideRange(param, number) : wrong;
+    if (m_param.IsInt())
+        return ToInteger(text, integer) ? outsideRange(param, integer) : wrong;
+    if (m_param.IsBool())
+        return toBoolean(text, truth) ? QString() : wrong;
+    if (isTriple(m_param)) {
+        const bool isGood = m_param.IsColour() ? toColour(text, triple) : toTriple(text, triple);
+        return isGood ? QString() : wrong;
+    }
+    if (m_param.IsString()) {
+        return IsXmlText(text) ? QString()
+                               : QStringLiteral("it has a character that no document may contain");
+    }
+    if (m_param.IsShader()) {
+        return text == QLatin1String("colour")
+                   ? QString()
+                   : QStringLiteral("\"colour\" is the only kind of shader that the host knows");
+    }
+    return QStringLiteral("the parameter has no type that the host knows");
+}
+
+void ParamValues::Set(const QDomElement& param, const QString& text)
+{
+    m_param.SetDomNode(param);
+    double number = 0;
+    int integer = 0;
+    bool truth = false;
+    float triple[3] = {};
+    if (m_param.IsFloat() && ToNumber(text, number)) {
+        m_param.SetValFloat(float(number));
+    } else if (m_param.IsInt() && ToInteger(text, integer)) {
+        m_param.SetValInt(integer);
+    } else if (m_param.IsBool() && toBoolean(text, truth)) {
+        m_param.SetValBool(truth ? 1 : 0);
+    } else if (isTriple(m_param)) {
+        toColour(text, triple);
+        if (m_param.IsColour())
+            m_param.SetValColour(triple);
+        else if (m_param.IsVector())
+            m_param.SetValVector(triple);
+        else
+            m_param.SetValPoint(triple);
+    } else if (m_param.IsString()) {
+        m_param.SetValString(text);
+    } else if (m_param.IsShader()) {
+        m_param.SetValShaderType(text);
+    }
+}
+
+} // namespace rvopen::toolkit

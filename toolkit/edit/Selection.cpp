@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Selection.h"
+
+#include "Folding.h"
+#include "Labels.h"
+#include "Placement.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/toolkit/schema/ElementInfo.h>
+
+#include <algorithm>
+
+namespace rvopen::toolkit {
+
+namespace {
+
+/// Calls \p visit with what stands before each "/" or ":" of the path, from the longest on, until
+/// it answers true. Among these are the paths of all elements above.
+template <typename Visit>
+bool anyAbove(const QString& path, const Visit& visit)
+{
+    for (int i = int(path.size()) - 1; i > 0; --i) {
+        if ((path[i] == QLatin1Char('/') || path[i] == QLatin1Char(':')) && visit(path.left(i)))
+            return true;
+    }
+    return false;
+}
+
+/// The element below the root that it stands in.
+QDomElement sectionOf(const QDomElement& element)
+{
+    QDomElement section = element;
+    for (QDomElement parent = section.parentNode().toElement();
+         !parent.isNull() && parent.parentNode().isElement();
+         parent = parent.parentNode().toElement())
+        section = parent;
+    return section;
+}
+
+QString attribute(const QDomElement& element, const char* name)
+{
+    return element.attribute(QLatin1String(name));
+}
+
+} // namespace
+
+Scope::Scope(const QDomElement& root, const QVector<PathPattern::Match>& matches, bool isExact)
+    : m_isEverything(false)
+    , m_isExact(isExact)
+{
+    for (const PathPattern::Match& match : matches) {
+        m_paths.insert(match.path);
+        anyAbove(match.path, [this](const QString& above) {
+            m_above.insert(above);
+            return false;
+        });
+    }
+    Walk(root, QString(), [this](const QDomElement& element, const QString& path) {
+        if (!m_paths.contains(path))
+            return m_above.contains(path);
+        m_elements.append({element, path});
+        return false;
+    });
+}
+
+bool Scope::isEverything() const
+{
+    return m_isEverything;
+}
+
+QVector<PathPattern::Match> Scope::elements() const
+{
+    return m_elements;
+}
+
+bool Scope::covers(const QString& path) const
+{
+    return m_isEverything || m_paths.contains(path) ||
+           anyAbove(path, [this](const QString& above) { return m_paths.contains(above); });
+}
+
+bool Scope::leadsTo(const QString& path) const
+{
+    return m_above.contains(path);
+}
+
+bool Scope::takes(const QString& path) const
+{
+    return covers(path) || (!m_isExact && leadsTo(path));
+}
+
+Selection::Selection(const SelectionTexts& texts)
+    : m_type(texts.type)
+    , m_subCategory(folded(texts.subCategory))
+    , m_category(folded(texts.category))
+    , m_words(foldedWords(texts.text))
+{
+    for (const QString& path : texts.paths) {
+        m_paths.emplace_back(path);
+        if (!m_paths.back().Attribute().isEmpty())
+            throw Failure(QStringLiteral("\"%1\" is an attribute: elements are selected, with "
+                                         "[@name=value] by an attribute")
+                              .arg(path));
+    }
+    for (const QString& condition : texts.conditions)
+        m_conditions.emplace_back(condition);
+}
+
+bool Selection::isEverything() const
+{
+    return m_paths.empty() && !hasFilter();
+}
+
+Scope Selection::in(const QDomElement& root) const
+{
+    if (isEverything())
+        return Scope();
+    QVector<PathPattern::Match> named;
+    for (const PathPattern& path : m_paths)
+        named += path.Find(root);
+    if (!hasFilter())
+        return Scope(root, named, false);
+    const QVector<PathPattern::Match> passing = filtered(root);
+    if (m_paths.empty())
+        return Scope(root, passing, true);
+    // What both select: an item that a path leads to or into, as far as it does.
+    const Scope byName(root, named, false);
+    const Scope byFilter(root, passing, true);
+    QVector<PathPattern::Match> both;
+    for (const PathPattern::Match& match : passing) {
+        if (byName.covers(match.path))
+            both.append(match);
+    }
+    for (const PathPattern::Match& match : named) {
+        if (byFilter.covers(match.path))
+            both.append(match);
+    }
+    return Scope(root, both, false);
+}
+
+QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
+{
+    const Scope scope = in(root);
+    QVector<PathPattern::Match> result;
+    for (const PathPattern::Match& match : filtered(root)) {
+        if (scope.takes(match.path))
+            result.append(match);
+    }
+    return result;
+}
+
+bool Selection::hasFilter() const
+{
+    return !m_type.isEmpty() || !m_subCategory.isEmpty() || !m_category.isEmpty() ||
+           !m_words.isEmpty() || !m_conditions.empty();
+}
+
+bool Selection::isCandidate(const QDomElement& element) const
+{
+    if (isParam(element))
+        return false;
+    const ElementInfo* const info = FindElement(element.tagName());
+    return (info && info->isPreset) || element.tagName() == QLatin1String("snapshot") ||
+           (!m_type.isEmpty() && element.tagName().compare(m_type, Qt::CaseInsensitive) == 0);
+}
+
+bool Selection::isOfType(const QDomElement& element) const
+{
+    return m_type.isEmpty() || element.tagName().compare(m_type, Qt::CaseInsensitive) == 0 ||
+           sectionOf(element).tagName().compare(m_type, Qt::CaseInsensitive) == 0;
+}
+
+bool Selection::passes(const QDomElement& element, ParamValues& values) const
+{
+    if (!isOfType(element))
+        return false;
+    if (!m_subCategory.isEmpty() && folded(attribute(element, "subcat")) != m_subCategory)
+        return false;
+    if (!m_category.isEmpty() && folded(attribute(element, "cat")) != m_category)
+        return false;
+    return hasWords(element, m_words) &&
+           std::all_of(m_conditions.begin(), m_conditions.end(), [&](const Condition& condition) {
+               return condition.holds(element, values);
+           });
+}
+
+QVector<PathPattern::Match> Selection::filtered(const QDomElement& root) const
+{
+    QVector<PathPattern::Match> result;
+    ParamValues values;
+    if (root.tagName() != QLatin1String("snapRoot")) {
+        forEachPreset(root, [&](const Preset& preset) {
+            if (passes(preset.element, values))
+                result.append({preset.element, preset.path});
+        });
+        return result;
+    }
+    Walk(root, QString(), [&](const QDomElement& element, const QString& path) {
+        if (!isCandidate(element) || !passes(element, values))
+            return true;
+        result.append({element, path});
+        return false;
+    });
+    return result;
+}
+
+bool hasWords(const QDomElement& element, const QStringList& words)
+{
+    if (words.isEmpty())
+        return true;
+    QStringList texts;
+    for (const char* const name : {"name", "refname", "cat", "desc"})
+        texts << attribute(element, name);
+    for (QDomElement parent = element.parentNode().toElement(); !parent.isNull();
+         parent = parent.parentNode().toElement()) {
+        if (parent.tagName() == QLatin1String("dir"))
+            texts << IdentityOf(parent);
+    }
+    const QString all = folded(texts.join(QLatin1Char('\n')));
+    return std::all_of(words.begin(), words.end(),
+                       [&all](const QString& word) { return all.contains(word); });
+}
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Condition.h"
+
+#include <rvopen/toolkit/edit/NodePath.h>
+
+#include <QDomElement>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <vector>
+
+namespace rvopen::toolkit {
+
+class ParamValues;
+
+/// What a user says of what he means; empty where he said nothing.
+struct SelectionTexts {
+    /// Paths of elements, of which one is enough.
+    QStringList paths;
+    /// Kind or section, in any case of letters.
+    QString type;
+    /// Folded they are those of the element.
+    QString subCategory;
+    QString category;
+    /// Words that all occur in names, category, folder or description.
+    QString text;
+    /// Conditions, which are all needed.
+    QStringList conditions;
+};
+
+/// The elements of one document that are selected.
+class Scope {
+public:
+    /// All of the document.
+    Scope() = default;
+    /// What the paths lead to; of those inside of others the outermost.
+    Scope(const QDomElement& root, const QVector<PathPattern::Match>& matches, bool isExact);
+
+    bool isEverything() const;
+    /// Outermost, in document order; none when everything is selected.
+    QVector<PathPattern::Match> elements() const;
+    /// Whether the element of that path is selected, or stands inside of one that is.
+    bool covers(const QString& path) const;
+    /// Whether something below it is selected.
+    bool leadsTo(const QString& path) const;
+    /// Whether a preset is meant: it is selected, or a part of it is by its path alone.
+    bool takes(const QString& path) const;
+
+private:
+    bool m_isEverything = true;
+    bool m_isExact = false;
+    QVector<PathPattern::Match> m_elements;
+    QSet<QString> m_paths;
+    /// Of everything above them.
+    QSet<QString> m_above;
+};
+
+/// Selects presets of archives; in documents of snapshots the snapshots, and in them what archives
+/// have as presets, or elements of the kind that is asked for.
+class Selection {
+public:
+    /// Everything.
+    Selection() = default;
+    /// Throws a Failure when a path or condition is none.
+    explicit Selection(const SelectionTexts& texts);
+
+    bool isEverything() const;
+    Scope in(const QDomElement& root) const;
+    /// The presets or other such elements that are selected, whole, in document order.
+    QVector<PathPattern::Match> items(const QDomElement& root) const;
+
+private:
+    bool hasFilter() const;
+    bool isCandidate(const QDomElement& element) const;
+    bool isOfType(const QDomElement& element) const;
+    bool passes(const QDomElement& element, ParamValues& values) const;
+    QVector<PathPattern::Match> filtered(const QDomElement& root) const;
+
+    std::vector<PathPattern> m_paths;
+    QString m_type;
+    QString m_subCategory;
+    QString m_category;
+    QStringList m_words;
+    std::vector<Condition> m_conditions;
+};
+
+/// All words, which are folded, occur in the name, reference name, category, folders or description
+/// of the element.
+bool hasWords(const QDomElement& element, const QStringList& words);
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "ImageFiles.h"
+
+#include "PictureApplication.h"
+
+#include <rvopen/toolkit/documents/Failure.h>
+
+#include <QBuffer>
+#include <QImageReader>
+
+namespace rvopen::toolkit {
+
+namespace {
+
+constexpr int s_maxSide = 8192;
+constexpr qint64 s_maxPixels = 16 * 1024 * 1024;
+
+} // namespace
+
+QImage readImage(const QString& path)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    // A format that does not tell its size before it is decoded cannot be bounded.
+    const QSize size = reader.size();
+    if (size.isEmpty() || size.width() > s_maxSide || size.height() > s_maxSide ||
+        qint64(size.width()) * size.height() > s_maxPixels)
+        return QImage();
+    return reader.read();
+}
+
+bool isPictureFile(const QString& path)
+{
+    preparePictures();
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    return !reader.read().isNull();
+}
+
+QByteArray encodedPicture(const QImage& image, const QByteArray& format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (format.isEmpty() || !image.save(&buffer, format.constData(), quality))
+        throw Failure(QStringLiteral("pictures cannot be written as \"%1\"; take png, jpg or bmp")
+                          .arg(QString::fromLatin1(format)));
+    return bytes;
+}
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "TextureCollection.h"
+
+#include "ImageFiles.h"
+#include "PictureMoves.h"
+#include "ReferencedTextures.h"
+#include "toolkit/documents/SafeFiles.h"
+
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Document.h>
+#include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/documents/Folders.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace rvopen::toolkit {
+
+TextureCollection::TextureCollection(const QString& folder, const QString& document)
+    : m_folder(QFileInfo(PathToOpen(folder)).absoluteFilePath())
+    , m_copy(m_folder + QLatin1Char('/') + LastPathComponent(document))
+    , m_taken{{LastPathComponent(m_copy).toLower(), QString()}}
+{
+    if (QFileInfo::exists(m_copy) || QFileInfo(m_copy).isSymLink())
+        throw Failure(QStringLiteral("\"%1\" is there already").arg(m_copy));
+    if (!m_files.makeFolder(m_folder))
+        throw Failure(QStringLiteral("\"%1\": %2").arg(folder, m_files.problem()));
+}
+
+TextureCollection::Objection TextureCollection::objectionTo(const ReferencedTexture& texture,
+                                                            const Document& document,
+                                                            const Folders& folders,
+                                                            bool isEverywhere)
+{
+    if (texture.file.isEmpty())
+        return Objection::NotThere;
+    if (!QFileInfo(texture.file).isFile() || !isPictureFile(texture.file))
+        return Objection::NoImage;
+    if (isEverywhere)
+        return Objection::None;
+    for (const QString& folder : {document.Folder(), folders.install, folders.archives,
+                                  folders.custom, folders.snapshots}) {
+        if (!folder.isEmpty() && isBelow(texture.file, folder))
+            return Objection::None;
+    }
+    return Objection::Outside;
+}
+
+/// Names that differ in the case of letters only are one name elsewhere.
+QString TextureCollection::add(const QString& file)
+{
+    const QString own = LastPathComponent(file);
+    const QString base = QFileInfo(own).completeBaseName();
+    const QString suffix = QFileInfo(own).suffix();
+    for (int number = 1;; ++number) {
+        QString name = own;
+        if (number > 1) {
+            name = QStringLiteral("%1 (%2)").arg(base).arg(number) +
+                   (suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix);
+        }
+        const QString target = m_folder + QLatin1Char('/') + name;
+        const auto taken = m_taken.constFind(name.toLower());
+        if (taken != m_taken.cend()) {
+            if (!taken->isEmpty() && haveSameBytes(file, *taken))
+                return LastPathComponent(*taken);
+            continue;
+        }
+        const QFileInfo there(target);
+        if (there.isSymLink() || (there.exists() && !haveSameBytes(file, target)))
+            continue;
+        if (!there.exists() && !m_files.copy(file, target))
+            throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
+                              .arg(file, m_files.problem()));
+        m_taken.insert(name.toLower(), target);
+        return name;
+    }
+}
+
+void TextureCollection::addPictures(const Document& document, const Folders& named,
+                                    const Complaint& complain)
+{
+    const Folders folders = foldersOf(document, named, document.Folder());
+    const QString& root =
+        document.Kind() == DocumentKind::SnapShots ? folders.snapshots : folders.custom;
+    QStringList pictures = picturesOf(document, folders).values();
+    std::sort(pictures.begin(), pictures.end());
+    for (const QString& picture : pictures) {
+        if (!QFileInfo(picture).isFile() || !isBelow(picture, root) || !isPictureFile(picture))
+            continue;
+        const QString target =
+            m_folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(picture);
+        if (QFileInfo::exists(target)) {
+            if (!haveSameBytes(picture, target))
+                complain(picture,
+                         QStringLiteral("it is left, another \"%1\" is there").arg(target));
+            continue;
+        }
+        if (!m_files.makeFolder(QFileInfo(target).path()) || !m_files.copy(picture, target))
+            throw Failure(QStringLiteral("the copy of \"%1\": %2; nothing was collected")
+                              .arg(picture, m_files.problem()));
+    }
+}
+
+void TextureCollection::write(const Document& document)
+{
+    const QString text = XmlText(document.Dom(), document.Indent());
+    if (text.isNull())
+        throw Failure(QStringLiteral("\"%1\" could not be read again").arg(m_copy));
+    if (!m_files.create(text.toUtf8(), m_copy))
+        throw Failure(
+            QStringLiteral("\"%1\": %2; nothing was collected").arg(m_copy, m_files.problem()));
+}
+
+void TextureCollection::keep()
+{
+    m_files.keep();
+}
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "toolkit/documents/FileTransaction.h"
+
+#include <QHash>
+#include <QString>
+
+#include <functional>
+
+namespace rvopen::toolkit {
+
+class Document;
+struct Folders;
+struct ReferencedTexture;
+
+/// A folder into which a document and the images that it refers to are copied, to hand them on: all
+/// of them, or nothing.
+class TextureCollection {
+public:
+    /// What speaks against handing a file on: a document may come from anybody and name any file of
+    /// the machine.
+    enum class Objection {
+        None,
+        NotThere,
+        NoImage,
+        Outside ///< Neither in the document's folder nor in one of the host's.
+    };
+
+    /// For a document with that path. Throws a Failure when the folder has it already, or cannot be
+    /// made.
+    TextureCollection(const QString& folder, const QString& document);
+
+    /// \p isEverywhere: what lies outside is handed on, too.
+    static Objection objectionTo(const ReferencedTexture& texture, const Document& document,
+                                 const Folders& folders, bool isEverywhere);
+
+    /// Copies the file, unless the folder has it. The name that it has there: its own, or with a
+    /// number where that is taken by another file. Throws a Failure when it cannot be copied.
+    QString add(const QString& file);
+
+    /// Hears which pictures are left, and why.
+    using Complaint = std::function<void(const QString& file, const QString& message)>;
+    /// Copies the pictures of presets and snapshots, which lie beside the document or below folders
+    /// there, to where a host looks for them beside the copy. \p named are the host's folders.
+    /// Throws a Failure when one cannot be copied.
+    void addPictures(const Document& document, const Folders& named, const Complaint& complain);
+
+    /// Writes the document, which refers to these names by now. Throws a Failure when it cannot be
+    /// written.
+    void write(const Document& document);
+    /// Unless it is called, all that was copied and written goes again.
+    void keep();
+
+private:
+    QString m_folder;
+    /// The document's copy.
+    QString m_copy;
+    FileTransaction m_files;
+    /// Names in lower case and the files in the folder that have them.
+    QHash<QString, QString> m_taken;
+};
+
+} // namespace rvopen::toolkit
