@@ -15,6 +15,10 @@ if(MSVC)
     add_compile_options(/W4 /utf-8 /permissive- /Zc:__cplusplus)
 else()
     add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+    # What several sources are compiled in is none of them, and this compiler takes them for headers.
+    if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-Wno-subobject-linkage)
+    endif()
 endif()
 if(WIN32)
     add_compile_definitions(NOMINMAX UNICODE _UNICODE)
@@ -34,6 +38,12 @@ if(RVOPEN_SANITIZE)
     add_compile_options(${sanitizers} -fno-omit-frame-pointer)
     add_link_options(${sanitizers})
 endif()
+
+# rvopen_compile_alone(<source>...): where sources are compiled several at once (CMAKE_UNITY_BUILD), those
+# whose local names others have too are not among them.
+function(rvopen_compile_alone)
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
 
 # rvopen_compile_fast(<target>): for tests. What they try is compiled as it is shipped; they
 # themselves need no optimisation, nor the third sanitizer, which doubles the time.

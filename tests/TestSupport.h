@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "Printing.h"
+
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenSchema.h>
@@ -22,24 +24,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ostream>
 #include <string>
 #include <type_traits>
 #include <vector>
-
-QT_BEGIN_NAMESPACE
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
-inline void PrintTo(const QStringList& texts, std::ostream* out)
-{
-    *out << '[' << texts.join(QStringLiteral(", ")).toStdString() << ']';
-}
-
-QT_END_NAMESPACE
 
 namespace rvopen::test {
 

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "../Printing.h"
+
 #include <QByteArray>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -14,22 +16,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <ostream>
-
-QT_BEGIN_NAMESPACE
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
-inline void PrintTo(const QStringList& texts, std::ostream* out)
-{
-    *out << '[' << texts.join(QStringLiteral(", ")).toStdString() << ']';
-}
-
-QT_END_NAMESPACE
 
 namespace rvopen::test {
 

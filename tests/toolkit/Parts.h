@@ -3,23 +3,15 @@
 
 #pragma once
 
+#include "../Printing.h"
+
 #include <QDomDocument>
 #include <QString>
 #include <QStringList>
 
 #include <gmock/gmock.h>
 
-#include <ostream>
 #include <string>
-
-QT_BEGIN_NAMESPACE
-
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
-
-QT_END_NAMESPACE
 
 namespace rvopen::test {
 

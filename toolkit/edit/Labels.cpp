@@ -9,14 +9,12 @@ namespace rvopen::toolkit {
 
 namespace {
 
-const QLatin1Char s_escape('\\');
-
 QString escaped(const QString& text, const char* special)
 {
     QString result;
     for (const QChar c : text) {
-        if (c == s_escape || QLatin1String(special).contains(c))
-            result += s_escape;
+        if (c == EscapeSign || QLatin1String(special).contains(c))
+            result += EscapeSign;
         if (c == QLatin1Char('\n'))
             result += QLatin1String("\\n");
         else if (c == QLatin1Char('\t'))
@@ -63,7 +61,7 @@ QString labelOf(const QDomElement& element)
     QString name = escaped(identity, "]*");
     // What a condition begins with.
     if (name[0] == QLatin1Char('@') || name[0] == QLatin1Char(':'))
-        name.prepend(s_escape);
+        name.prepend(EscapeSign);
     return element.tagName() + QLatin1Char('[') + name + QLatin1Char(']');
 }
 
@@ -89,7 +87,7 @@ bool splitAssignment(const QString& text, QString& path, QString& value)
     bool isInBrackets = false;
     for (int i = 0; i < int(text.size()); ++i) {
         const QChar c = text[i];
-        if (c == s_escape)
+        if (c == EscapeSign)
             ++i;
         else if (c == QLatin1Char('[') && !isInBrackets)
             isInBrackets = true;

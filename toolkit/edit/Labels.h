@@ -14,6 +14,9 @@ namespace rvopen::toolkit {
 /// What NodePath.h says of them is put together here.
 /// @{
 
+/// Stands before signs that would mean something.
+const QLatin1Char EscapeSign('\\');
+
 bool isParam(const QDomElement& element);
 
 /// The texts of the children of one element, asked for in document order.

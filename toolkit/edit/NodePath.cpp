@@ -17,7 +17,6 @@ namespace rvopen::toolkit {
 
 namespace {
 
-const QLatin1Char s_escape('\\');
 const QLatin1Char s_star('*');
 
 } // namespace
@@ -94,7 +93,7 @@ void PathPattern::parse()
     const auto take = [this, &at, size](const char* stops) {
         QStringList parts{QString()};
         while (at < size && !QLatin1String(stops).contains(m_text[at])) {
-            if (m_text[at] == s_escape && at + 1 < size) {
+            if (m_text[at] == EscapeSign && at + 1 < size) {
                 ++at;
                 if (m_text[at] == QLatin1Char('n'))
                     parts.last() += QLatin1Char('\n');

@@ -29,8 +29,8 @@ bool anyAbove(const QString& path, const Visit& visit)
     return false;
 }
 
-/// The element below the root that it stands in.
-QDomElement sectionOf(const QDomElement& element)
+/// The element right below the root that it stands in, of any document.
+QDomElement topOf(const QDomElement& element)
 {
     QDomElement section = element;
     for (QDomElement parent = section.parentNode().toElement();
@@ -170,7 +170,7 @@ bool Selection::isCandidate(const QDomElement& element) const
 bool Selection::isOfType(const QDomElement& element) const
 {
     return m_type.isEmpty() || element.tagName().compare(m_type, Qt::CaseInsensitive) == 0 ||
-           sectionOf(element).tagName().compare(m_type, Qt::CaseInsensitive) == 0;
+           topOf(element).tagName().compare(m_type, Qt::CaseInsensitive) == 0;
 }
 
 bool Selection::passes(const QDomElement& element, ParamValues& values) const
