@@ -183,13 +183,15 @@ INSTANTIATE_TEST_SUITE_P(
         SetCase{"type='integer'", "1.5", nullptr}, SetCase{"type='boolean'", "yes", "1"},
         SetCase{"type='boolean'", "off", "0"}, SetCase{"type='boolean'", "2", nullptr},
         SetCase{"type='colour'", "0.5 0 1", "0.5 0 1"},
+        SetCase{"type='colour'", "0.5,0, 1", "0.5 0 1"},
         SetCase{"type='colour'", "#ff0033", "1 0 0.2"},
         SetCase{"type='colour'", "#FF0033", "1 0 0.2"}, SetCase{"type='colour'", "#ff003", nullptr},
         SetCase{"type='colour'", "#ff00333", nullptr}, SetCase{"type='colour'", "#gg0000", nullptr},
         SetCase{"type='vector'", "#ff0033", nullptr}, SetCase{"type='vector'", "1 2 3", "1 2 3"},
-        SetCase{"type='point'", "1 2 3", "1 2 3"}, SetCase{"type='point'", "1 2", nullptr},
-        SetCase{"type='string'", "", ""}, SetCase{"type='string'", "a\x01", nullptr},
-        SetCase{"type='shader'", "colour", "colour"}, SetCase{"type='shader'", "marble", nullptr},
-        SetCase{"type='odd'", "1", nullptr}, SetCase{"", "1", nullptr}));
+        SetCase{"type='vector'", "1,2,3", "1 2 3"}, SetCase{"type='point'", "1 2 3", "1 2 3"},
+        SetCase{"type='point'", "1 2", nullptr}, SetCase{"type='string'", "", ""},
+        SetCase{"type='string'", "a\x01", nullptr}, SetCase{"type='shader'", "colour", "colour"},
+        SetCase{"type='shader'", "marble", nullptr}, SetCase{"type='odd'", "1", nullptr},
+        SetCase{"", "1", nullptr}));
 
 } // namespace rvopen::test
