@@ -23,7 +23,7 @@ Point sampleOf(int x, int y, int ray)
 Rgb evenlyPassing(const Surface& surface)
 {
     const double bent = surface.factors.transmission;
-    if (!surface.hasOpacity || surface.opacity.texture)
+    if (!surface.hasOpacity() || surface.opacity.texture)
         return grey(bent);
     const Rgb straight = grey(1) - surface.opacityAt(0, 0, 1);
     return {std::max(bent, straight.x), std::max(bent, straight.y), std::max(bent, straight.z)};
