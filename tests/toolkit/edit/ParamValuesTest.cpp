@@ -2,53 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include "../Parts.h"
+#include "../ReadTexts.h"
 #include "toolkit/edit/TypedText.h"
 
 #include <rvopen/toolkit/edit/ParamValues.h>
-#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace rvopen::test {
 
-namespace {
-
 using namespace toolkit;
-
-/// A reader of texts and what each of these gives: null where it is refused, and then the value
-/// that was there stays.
-struct TextCase {
-    const char* text;
-    const char* value;
-};
-
-void PrintTo(const TextCase& one, std::ostream* out)
-{
-    *out << '"' << one.text << '"';
-}
-
-template <typename Value>
-std::string valueOf(bool (*read)(const QString&, Value&), const char* text, Value before)
-{
-    Value value = before;
-    const bool isRead = read(QString::fromUtf8(text), value);
-    if (!isRead && value == before)
-        return "refused";
-    return (isRead ? "" : "changed to ") + toolkit::NumberText(double(value)).toStdString();
-}
-
-std::string tripleOf(const char* text)
-{
-    float triple[3] = {7, 8, 9};
-    const bool isRead = toTriple(QString::fromUtf8(text), triple);
-    std::string result;
-    for (const float number : triple)
-        result += (result.empty() ? "" : " ") + toolkit::NumberText(double(number)).toStdString();
-    return !isRead && result == "7 8 9" ? "refused" : result;
-}
-
-} // namespace
 
 class TypedBoolean : public ::testing::TestWithParam<TextCase> {};
 
@@ -70,7 +34,7 @@ class TypedTriple : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(TypedTriple, TheTextIsThis)
 {
-    EXPECT_EQ(tripleOf(GetParam().text), GetParam().value);
+    EXPECT_EQ(tripleOf(toTriple, GetParam().text), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, TypedTriple,
