@@ -43,25 +43,13 @@ QString checkAttribute(const toolkit::ParamInfo* info, const QString& value)
         return QStringLiteral("it has a character that no document may contain");
     if (!info || info->type == toolkit::ValueType::String)
         return QString();
-    bool truth = false;
-    if (info->type == toolkit::ValueType::Boolean) {
-        return toBoolean(value, truth)
-                   ? QString()
-                   : QStringLiteral("\"%1\" is neither true nor false").arg(value);
-    }
-    toolkit::ValueFault fault = toolkit::CheckText(info->type, value);
-    if (!fault)
-        fault = toolkit::CheckValue(*info, value);
+    const QString stored = storedText(info->type, value);
+    if (info->type == toolkit::ValueType::Boolean && stored.isEmpty())
+        return QStringLiteral("\"%1\" is neither true nor false").arg(value);
+    // Documents may have the attribute empty; to set it so is a mistake.
+    const toolkit::ValueFault fault = stored.isEmpty() ? toolkit::CheckText(info->type, stored)
+                                                       : toolkit::CheckValue(*info, stored);
     return toolkit::FaultMessage(*info, fault);
-}
-
-/// As it is stored: flags as 1 or 0.
-QString storedAttribute(const toolkit::ParamInfo* info, const QString& value)
-{
-    bool truth = false;
-    if (info && info->type == toolkit::ValueType::Boolean && toBoolean(value, truth))
-        return truth ? QStringLiteral("1") : QStringLiteral("0");
-    return value;
 }
 
 class Set : public Command {
@@ -158,9 +146,10 @@ private:
                 values.Set(change.element, change.after);
                 change.after = values.Text(change.element);
             } else {
-                change.after = storedAttribute(
-                    toolkit::FindAttribute(change.element.tagName(), change.attribute),
-                    change.after);
+                const ParamInfo* const info =
+                    toolkit::FindAttribute(change.element.tagName(), change.attribute);
+                if (info)
+                    change.after = storedText(info->type, change.after);
                 change.element.setAttribute(change.attribute, change.after);
             }
         }

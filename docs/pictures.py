@@ -71,7 +71,10 @@ LAYERS = {
         toolkit/images/PictureLocations toolkit/images/PictureMoves
         toolkit/images/ReferencedTextures toolkit/images/TextureCollection
         toolkit/images/TextureReferences""",
-    "Toolkit: check": "toolkit/check/Inspection toolkit/check/Places toolkit/check/Rules toolkit/check/RuleTable",
+    "Toolkit: check": """
+        toolkit/check/Inspecting toolkit/check/Inspection toolkit/check/Mending
+        toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
+        toolkit/check/RuleTable""",
     "Toolkit: compare": "toolkit/compare/Comparer",
     "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer",
     "Toolkit: drawing": """

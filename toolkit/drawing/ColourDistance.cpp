@@ -11,8 +11,6 @@ namespace rvopen::toolkit::drawing {
 
 namespace {
 
-constexpr double s_degree = Pi / 180;
-
 /// The compression of CIE L*a*b* (CIE 15).
 double compressed(double t)
 {
@@ -33,7 +31,7 @@ double hueOf(double a, double b)
 {
     if (a == 0 && b == 0)
         return 0;
-    const double hue = std::atan2(b, a) / s_degree;
+    const double hue = degrees(std::atan2(b, a));
     return hue < 0 ? hue + 360 : hue;
 }
 
@@ -81,16 +79,15 @@ double colourDistance(const Lab& first, const Lab& second)
 
     const double lightness = (first.l + second.l) / 2;
     const double chroma = (c1 + c2) / 2;
-    const double t =
-        1 - 0.17 * std::cos((hue - 30) * s_degree) + 0.24 * std::cos(2 * hue * s_degree) +
-        0.32 * std::cos((3 * hue + 6) * s_degree) - 0.20 * std::cos((4 * hue - 63) * s_degree);
+    const double t = 1 - 0.17 * std::cos(radians(hue - 30)) + 0.24 * std::cos(radians(2 * hue)) +
+                     0.32 * std::cos(radians(3 * hue + 6)) - 0.20 * std::cos(radians(4 * hue - 63));
     const double fromMiddle = square(lightness - 50);
     const double dl = (second.l - first.l) / (1 + 0.015 * fromMiddle / std::sqrt(20 + fromMiddle));
     const double dc = (c2 - c1) / (1 + 0.045 * chroma);
     const double dh =
-        2 * std::sqrt(c1 * c2) * std::sin(turn / 2 * s_degree) / (1 + 0.015 * chroma * t);
+        2 * std::sqrt(c1 * c2) * std::sin(radians(turn / 2)) / (1 + 0.015 * chroma * t);
     const double blue = 30 * std::exp(-square((hue - 275) / 25));
-    const double rotation = -2 * saturation(chroma) * std::sin(2 * blue * s_degree);
+    const double rotation = -2 * saturation(chroma) * std::sin(radians(2 * blue));
     return std::sqrt(dl * dl + dc * dc + dh * dh + rotation * dc * dh);
 }
 

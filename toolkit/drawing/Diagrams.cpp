@@ -311,7 +311,7 @@ void drawCamera(Raster& raster, const CameraValues& camera)
     const double ground = place(0, 0).y;
     const double aspect = raster.aspect();
     cover(raster, fromHex(0xe9f0f4));
-    const double direction = std::atan2(aim.y - lens.y, aim.x - lens.x) * 180 / Pi;
+    const double direction = degrees(std::atan2(aim.y - lens.y, aim.x - lens.x));
     const double turn = radians(direction);
     const Point across{-std::sin(turn), std::cos(turn)};
     raster.rectangle(0, ground, aspect, std::max(1.0, ground), fromHex(0xcbc3ae));
@@ -402,20 +402,14 @@ void drawMist(Raster& raster, const Mist& mist)
 {
     const double aspect = raster.aspect();
     constexpr double horizon = 0.42;
-    const auto through = [&mist](const Rgb& colour, double distance) {
-        if (!mist.isOn)
-            return colour;
-        const double depth = std::max(mist.farDistance - mist.nearDistance, 1e-9);
-        return mixed(colour, mist.colour, clamped((distance - mist.nearDistance) / depth));
-    };
     // The first row of the picture is 4 away, the horizon is endlessly far.
     const auto distanceOf = [&](double y) {
         return 4 * (1 - horizon) / std::max(y - horizon, 1e-4);
     };
     raster.fill([&](const Point& point) {
         if (point.y > horizon)
-            return through(fromHex(0x7d9062), distanceOf(point.y));
-        return mixed(fromHex(0x6f9fce), through(fromHex(0xe3edf2), 1e9),
+            return mist.over(fromHex(0x7d9062), distanceOf(point.y));
+        return mixed(fromHex(0x6f9fce), mist.over(fromHex(0xe3edf2), 1e9),
                      smoothStep(0, horizon, point.y));
     });
     // Smaller with the distance, but not so fast that the last could not be seen.
@@ -430,8 +424,8 @@ void drawMist(Raster& raster, const Mist& mist)
           Tree{50, 0.59, horizon + 0.09, 0.31}, Tree{16, 0.385, horizon + 0.20, 0.47},
           Tree{5, 0.15, horizon + 0.46, 0.74}})
         drawTree(raster, {tree.x * aspect, tree.foot}, tree.height,
-                 through(fromHex(0x3f6a3a), tree.distance),
-                 through(fromHex(0x5b4634), tree.distance));
+                 mist.over(fromHex(0x3f6a3a), tree.distance),
+                 mist.over(fromHex(0x5b4634), tree.distance));
 }
 
 } // namespace rvopen::toolkit::drawing

@@ -43,6 +43,14 @@ double finite(float value, double otherwise, double low, double high)
     return std::isfinite(value) ? clamped(double(value), low, high) : otherwise;
 }
 
+/// What is drawn where the element says nothing else.
+Surface plainSurface(unsigned int colour)
+{
+    Surface surface;
+    surface.paint.colour = fromHex(colour);
+    return surface;
+}
+
 /// Chequers, for an image of a surface that is not there.
 std::shared_ptr<const Texture> chequers()
 {
@@ -169,16 +177,14 @@ SurfaceReader::SurfaceReader(TextureReader& textures)
 
 Surface SurfaceReader::ofMaterial(Material* material)
 {
-    Surface surface;
-    surface.paint.colour = fromHex(s_neutral);
+    Surface surface = plainSurface(s_neutral);
     read(material, surface);
     return surface;
 }
 
 Surface SurfaceReader::ofColour(Colour* colour)
 {
-    Surface surface;
-    surface.paint.colour = fromHex(s_neutral);
+    Surface surface = plainSurface(s_neutral);
     surface.factors.specular = 0.5;
     surface.factors.mirror = 0.04;
     surface.factors.roughness = 0.35;
@@ -192,16 +198,15 @@ Surface SurfaceReader::ofFinish(Finish* finish)
     Surface surface;
     read(finish, surface);
     surface.paint.hasColour = true;
-    surface.paint.colour = fromHex(surface.factors.transmission > 0.3 ? s_glassColour
-                                   : surface.metalness() > 0.5        ? s_metalColour
-                                                                      : s_finishColour);
+    surface.paint.colour = fromHex(surface.isGlass()           ? s_glassColour
+                                   : surface.metalness() > 0.5 ? s_metalColour
+                                                               : s_finishColour);
     return surface;
 }
 
 Surface SurfaceReader::ofTransparency(Transparency* transparency)
 {
-    Surface surface;
-    surface.paint.colour = fromHex(s_finishColour);
+    Surface surface = plainSurface(s_finishColour);
     surface.factors.specular = 0.4;
     surface.factors.roughness = 0.3;
     read(transparency, surface);
@@ -210,8 +215,7 @@ Surface SurfaceReader::ofTransparency(Transparency* transparency)
 
 Surface SurfaceReader::ofBump(Bump* bump)
 {
-    Surface surface;
-    surface.paint.colour = fromHex(s_neutral);
+    Surface surface = plainSurface(s_neutral);
     surface.factors.specular = 0.6;
     surface.factors.mirror = 0.04;
     surface.factors.roughness = 0.4;
@@ -286,7 +290,6 @@ void SurfaceReader::read(Transparency* transparency, Surface& surface)
     const Paint paint = paintOf(shader, TextureUse::Data, holes());
     if (!paint.hasColour && !paint.texture)
         return;
-    surface.hasOpacity = true;
     surface.opacity = paint;
     // The plain colour of a mask is no ground for its image.
     if (paint.texture)
@@ -317,7 +320,6 @@ void SurfaceReader::read(Bump* bump, Colour* colour, Surface& surface)
         return;
     surface.bump = paintOf(shader, surface.isNormalMap ? TextureUse::Data : TextureUse::Heights,
                            surface.isNormalMap || usesDiffuse ? nullptr : grain());
-    surface.hasBump = surface.bump.texture != nullptr;
 }
 
 Paint SurfaceReader::paintOf(ShaderColour* shader, TextureUse use,

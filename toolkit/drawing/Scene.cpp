@@ -23,7 +23,7 @@ Point sampleOf(int x, int y, int ray)
 Rgb evenlyPassing(const Surface& surface)
 {
     const double bent = surface.factors.transmission;
-    if (!surface.hasOpacity || surface.opacity.texture)
+    if (!surface.hasOpacity() || surface.opacity.texture)
         return grey(bent);
     const Rgb straight = grey(1) - surface.opacityAt(0, 0, 1);
     return {std::max(bent, straight.x), std::max(bent, straight.y), std::max(bent, straight.z)};
@@ -42,6 +42,14 @@ bool Ball::meets(const Ray& ray, double& enter, double& leave) const
     enter = -b - root;
     leave = -b + root;
     return leave > s_touching;
+}
+
+Rgb Mist::over(const Rgb& seen, double distance) const
+{
+    if (!isOn)
+        return seen;
+    const double depth = std::max(farDistance - nearDistance, 1e-9);
+    return mixed(seen, colour, clamped((distance - nearDistance) / depth));
 }
 
 void Scene::draw(Raster& raster)
@@ -192,13 +200,10 @@ Rgb Scene::seen(const Ray& ray, const Met& first, int depth) const
 {
     if (first.distance >= Endless)
         return depth == 0 ? surroundings(ray.direction) : farAway(ray.direction, 0.0);
-    Rgb light = first.ball ? ballSeen(*first.ball, ray, first.distance, depth)
-                           : groundSeen(ray.from + ray.direction * first.distance, depth == 0);
-    if (mist.isOn && depth == 0)
-        light = mixed(light, mist.colour,
-                      clamped((first.distance - mist.nearDistance) /
-                              std::max(mist.farDistance - mist.nearDistance, 1e-9)));
-    return light;
+    const Rgb light = first.ball
+                          ? ballSeen(*first.ball, ray, first.distance, depth)
+                          : groundSeen(ray.from + ray.direction * first.distance, depth == 0);
+    return depth == 0 ? mist.over(light, first.distance) : light;
 }
 
 Rgb Scene::farAway(const Vec& direction, double blur) const

@@ -44,6 +44,9 @@ struct Mist {
     Rgb colour;
     double nearDistance = 0;
     double farDistance = 1;
+
+    /// What is seen of a colour that is that far away.
+    Rgb over(const Rgb& seen, double distance) const;
 };
 
 /// Balls on a ground under a sky; z is up, whatever the view calls so. Drawn by tracing rays in a

@@ -232,7 +232,7 @@ Rgb Scene::passing(const Ball& ball, const Ray& ray) const
     double enter = 0;
     double leave = 0;
     if (!ball.meets(ray, enter, leave))
-        return {1, 1, 1};
+        return grey(1);
     const Surface& surface = *ball.surface;
     const double chord = (leave - enter) / (2 * ball.radius);
     Rgb result;
@@ -242,7 +242,7 @@ Rgb Scene::passing(const Ball& ball, const Ray& ray) const
         result = afterGlass(surface.paint.at(0, 0, 1).colour, chord) *
                  (surface.factors.transmission * gathered);
     }
-    if (surface.hasOpacity || surface.paint.usesAlpha) {
+    if (surface.hasOpacity() || surface.paint.usesAlpha) {
         Rgb open = grey(1);
         for (const double distance : {enter, leave}) {
             const Vec outwards =

@@ -115,8 +115,7 @@ Rgb clearSky(const Vec& direction, const Sun& sun)
     const auto exposed = [exposure](double light) { return 1 - std::exp(-light * exposure); };
     Rgb light{exposed(relative.x), exposed(relative.y), exposed(relative.z)};
     // What the exposure takes of the colour it gets back.
-    const double grey = luminance(light);
-    light = mixed({grey, grey, grey}, light, 1.45);
+    light = mixed(grey(luminance(light)), light, 1.45);
     light = {std::max(light.x, 0.0), std::max(light.y, 0.0), std::max(light.z, 0.0)};
     const double night = 1 - smoothStep(-14, 3, sun.altitude);
     const Rgb dark = mixed(fromHex(0x24304e), fromHex(0x070b1a), std::sqrt(clamped(direction.z)));

@@ -47,10 +47,16 @@ Backdrop backdropFor(SchemeKind kind)
     return backdrop;
 }
 
+/// How many of so many balls stand in the first row.
+std::size_t inFirstRow(std::size_t count)
+{
+    return count <= 4 ? count : (count + 1) / 2;
+}
+
 /// In a row, or in two rows with gaps to look through.
 std::vector<Vec> places(std::size_t count)
 {
-    const std::size_t front = count <= 4 ? count : (count + 1) / 2;
+    const std::size_t front = inFirstRow(count);
     std::vector<Vec> result;
     for (std::size_t i = 0; i < count; ++i) {
         const bool isFront = i < front;
@@ -137,11 +143,11 @@ View viewOfRows(const SnapShotValues& values, std::size_t count, double aspect)
     const double pitch =
         values.camera.hasPlace ? clamped(-values.orientation.altitudeOf(sight), 7, 50) : 12;
     const double upwards = mixed(20, 34, clamped((values.camera.angle - 20) / 60));
-    const double row = double(count <= 4 ? count : (count + 1) / 2);
+    const double row = double(inFirstRow(count));
     const double half = std::max((row - 1) / 2 * s_spacing + s_radius + 0.5, 2.1);
     const double angle = scaledAngle(upwards, aspect);
     const double away = half / std::tan(radians(angle) / 2) + s_radius;
-    const Vec to{0, count > 4 ? 0.8 : 0.0, 0.95};
+    const Vec to{0, inFirstRow(count) < count ? 0.8 : 0.0, 0.95};
     const Vec from = to + Vec{0, -std::cos(radians(pitch)), std::sin(radians(pitch))} * away;
     return viewFrom(from, to, angle).twisted(values.twist);
 }

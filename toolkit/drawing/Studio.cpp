@@ -17,7 +17,7 @@ AreaLight softBox(double azimuth, double altitude, double halfWidth, double half
     light.towards = {std::sin(a) * std::cos(h), -std::cos(a) * std::cos(h), std::sin(h)};
     light.halfWidth = std::tan(radians(halfWidth));
     light.halfHeight = std::tan(radians(halfHeight));
-    light.radiance = {brightness, brightness, brightness};
+    light.radiance = grey(brightness);
     return light;
 }
 
@@ -41,7 +41,7 @@ Scene studio(const Surface& surface)
                     softBox(150, 55, 22, 10, 2.4)};
     scene.surroundings = room;
     // What shines through shows best before strong chequers.
-    const bool isClear = surface.isGlass() || surface.hasOpacity;
+    const bool isClear = surface.isGlass() || surface.hasOpacity();
     scene.ground = [isClear](const Vec& point) {
         constexpr double side = 0.75;
         const bool isLight = isLightField(point, side);

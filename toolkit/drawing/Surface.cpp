@@ -204,11 +204,16 @@ double Surface::dielectricReflectance() const
     return r * r;
 }
 
+bool Surface::hasOpacity() const
+{
+    return opacity.hasColour || opacity.texture;
+}
+
 Rgb Surface::opacityAt(double x, double y, double footprint) const
 {
     Rgb result = grey(1);
     // An even transparency beside a transmission says the same once more.
-    if (hasOpacity && (opacity.texture || factors.transmission <= 0)) {
+    if (hasOpacity() && (opacity.texture || factors.transmission <= 0)) {
         const Texel texel = opacity.at(x, y, footprint);
         result = opacity.usesAlpha ? grey(texel.alpha) : texel.colour;
         if (isMaskInverted)
@@ -221,7 +226,7 @@ Rgb Surface::opacityAt(double x, double y, double footprint) const
 
 Vec Surface::normalAt(double x, double y, double footprint) const
 {
-    if (!hasBump || !bump.texture)
+    if (!bump.texture)
         return {0, 0, 1};
     const Mapping& mapping = bump.mapping;
     const double tile = std::min(mapping.width, mapping.height);

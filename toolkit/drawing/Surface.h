@@ -103,14 +103,13 @@ struct Surface {
     Paint paint;
     Factors factors;
 
-    bool hasOpacity = false;
     /// White is opaque.
     Paint opacity;
     bool isMaskInverted = false;
 
-    bool hasBump = false;
-    bool isNormalMap = false;
+    /// Without texture there is none.
     Paint bump;
+    bool isNormalMap = false;
     double bumpHeight = 0;
     double bumpSoftness = 0;
 
@@ -118,6 +117,8 @@ struct Surface {
     double metalness() const;
     /// Reflectance of a clear coat or of glass at right angles.
     double dielectricReflectance() const;
+    /// Whether a transparency says how opaque it is.
+    bool hasOpacity() const;
     /// By channel: 0 where nothing is, 1 where nothing shines through.
     Rgb opacityAt(double x, double y, double footprint) const;
     /// The normal in the frame of the surface: x to the right, y upwards, z out of it.

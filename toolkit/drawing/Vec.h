@@ -118,6 +118,11 @@ inline double radians(double degrees)
     return degrees * Pi / 180;
 }
 
+inline double degrees(double radians)
+{
+    return radians * 180 / Pi;
+}
+
 /// Luminance of linear light with the primaries of sRGB (ITU-R BT.709).
 inline double luminance(const Rgb& c)
 {

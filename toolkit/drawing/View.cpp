@@ -21,11 +21,6 @@ constexpr double s_maxAngle = 179;
 constexpr double s_parallel = 1e-4;
 constexpr double s_maxPlace = 1e9;
 
-double degrees(double radians)
-{
-    return radians * 180 / Pi;
-}
-
 bool isPlace(const Vec& point)
 {
     return std::fabs(point.x) < s_maxPlace && std::fabs(point.y) < s_maxPlace &&

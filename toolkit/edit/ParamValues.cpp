@@ -5,6 +5,7 @@
 
 #include "TypedText.h"
 
+#include <rvopen/toolkit/schema/ValueCheck.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
 namespace rvopen::toolkit {
@@ -14,12 +15,6 @@ namespace {
 QString name(const QDomElement& element, const char* attribute)
 {
     return element.attribute(QLatin1String(attribute));
-}
-
-QString tripleText(const float (&triple)[3])
-{
-    return NumberText(double(triple[0])) + QLatin1Char(' ') + NumberText(double(triple[1])) +
-           QLatin1Char(' ') + NumberText(double(triple[2]));
 }
 
 /// A float as the number that it was written as.
@@ -106,32 +101,21 @@ QVariant ParamValues::Value(const QDomElement& param)
 QString ParamValues::Check(const QDomElement& param, const QString& text)
 {
     m_param.SetDomNode(param);
-    const QString type = name(param, "type");
-    double number = 0;
-    int integer = 0;
-    bool truth = false;
-    float triple[3] = {};
-    const QString wrong = QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, type);
-    if (m_param.IsFloat())
-        return ToNumber(text, number) ? outsideRange(param, number) : wrong;
-    if (m_param.IsInt())
-        return ToInteger(text, integer) ? outsideRange(param, integer) : wrong;
-    if (m_param.IsBool())
-        return toBoolean(text, truth) ? QString() : wrong;
-    if (isTriple(m_param)) {
-        const bool isGood = m_param.IsColour() ? toColour(text, triple) : toTriple(text, triple);
-        return isGood ? QString() : wrong;
-    }
-    if (m_param.IsString()) {
-        return IsXmlText(text) ? QString()
-                               : QStringLiteral("it has a character that no document may contain");
-    }
+    const QString typeName = name(param, "type");
+    const std::optional<ValueType> type = TypeNamed(typeName);
+    if (!type)
+        return QStringLiteral("the parameter has no type that the host knows");
     if (m_param.IsShader()) {
         return text == QLatin1String("colour")
                    ? QString()
                    : QStringLiteral("\"colour\" is the only kind of shader that the host knows");
     }
-    return QStringLiteral("the parameter has no type that the host knows");
+    const ValueFault fault = CheckText(*type, storedText(*type, text));
+    if (fault.fault == Fault::ForbiddenCharacter)
+        return QStringLiteral("it has a character that no document may contain");
+    if (fault)
+        return QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, typeName);
+    return m_param.IsFloat() || m_param.IsInt() ? outsideRange(param, text.toDouble()) : QString();
 }
 
 void ParamValues::Set(const QDomElement& param, const QString& text)

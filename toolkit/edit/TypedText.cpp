@@ -21,13 +21,17 @@ bool toHexColour(const QString& text, float (&triple)[3])
     return true;
 }
 
+/// With the commas between numbers as blanks.
+QString withBlanks(QString text)
+{
+    return text.replace(QLatin1Char(','), QLatin1Char(' '));
+}
+
 } // namespace
 
 bool toTriple(const QString& text, float (&triple)[3])
 {
-    QString blanks = text;
-    blanks.replace(QLatin1Char(','), QLatin1Char(' '));
-    return ToTriple(blanks, triple);
+    return ToTriple(withBlanks(text), triple);
 }
 
 bool toColour(const QString& text, float (&colour)[3])
@@ -51,6 +55,31 @@ bool toBoolean(const QString& text, bool& value)
         }
     }
     return false;
+}
+
+QString tripleText(const float (&triple)[3])
+{
+    return NumberText(double(triple[0])) + QLatin1Char(' ') + NumberText(double(triple[1])) +
+           QLatin1Char(' ') + NumberText(double(triple[2]));
+}
+
+QString storedText(ValueType type, const QString& text)
+{
+    bool truth = false;
+    float colour[3] = {};
+    switch (type) {
+    case ValueType::Boolean:
+        if (!toBoolean(text, truth))
+            return QString();
+        return truth ? QStringLiteral("1") : QStringLiteral("0");
+    case ValueType::Colour:
+        return toHexColour(text, colour) ? tripleText(colour) : withBlanks(text);
+    case ValueType::Vector:
+    case ValueType::Point:
+        return withBlanks(text);
+    default:
+        return text;
+    }
 }
 
 } // namespace rvopen::toolkit

@@ -63,54 +63,39 @@ public:
 
     constexpr ParamRow counting(Unit unit) const
     {
-        ParamRow row = *this;
-        row.m_info.unit = unit;
-        return row;
+        return with(&ParamInfo::unit, unit);
     }
 
     constexpr ParamRow hard(Range range) const
     {
-        ParamRow row = *this;
-        row.m_info.hard = range;
-        return row;
+        return with(&ParamInfo::hard, range);
     }
 
     constexpr ParamRow soft(double minimum, double maximum, double step) const
     {
-        ParamRow row = *this;
-        row.m_info.soft = within(minimum, maximum);
-        row.m_info.step = step;
-        return row;
+        return with(&ParamInfo::soft, within(minimum, maximum)).with(&ParamInfo::step, step);
     }
 
     /// Stored in document units.
     constexpr ParamRow length() const
     {
-        ParamRow row = *this;
-        row.m_info.isLength = true;
-        return row;
+        return with(&ParamInfo::isLength, true);
     }
 
     constexpr ParamRow holds(Content content) const
     {
-        ParamRow row = *this;
-        row.m_info.content = content;
-        return row;
+        return with(&ParamInfo::content, content);
     }
 
     constexpr ParamRow in(ColourSpace space) const
     {
-        ParamRow row = *this;
-        row.m_info.colourSpace = space;
-        return row;
+        return with(&ParamInfo::colourSpace, space);
     }
 
     template <int count>
     constexpr ParamRow among(const QStringView (&choices)[count]) const
     {
-        ParamRow row = *this;
-        row.m_info.choices = {choices, count, false};
-        return row;
+        return with(&ParamInfo::choices, Choices{choices, count, false});
     }
 
     /// These, or anything else.
@@ -125,41 +110,39 @@ public:
     /// Created with its element, and reset, to this value.
     constexpr ParamRow made(QStringView value) const
     {
-        ParamRow row = usual(value);
-        row.m_info.createdValue = value;
-        return row;
+        return usual(value).with(&ParamInfo::createdValue, value);
     }
 
     /// Reset to this value.
     constexpr ParamRow usual(QStringView value) const
     {
-        ParamRow row = *this;
-        row.m_info.defaultValue = value;
-        return row;
+        return with(&ParamInfo::defaultValue, value);
     }
 
     constexpr ParamRow absentAs(QStringView value) const
     {
-        ParamRow row = *this;
-        row.m_info.absentValue = value;
-        return row;
+        return with(&ParamInfo::absentValue, value);
     }
 
     constexpr ParamRow later() const
     {
-        ParamRow row = *this;
-        row.m_info.isLater = true;
-        return row;
+        return with(&ParamInfo::isLater, true);
     }
 
     constexpr ParamRow attribute() const
     {
-        ParamRow row = *this;
-        row.m_info.isAttribute = true;
-        return row;
+        return with(&ParamInfo::isAttribute, true);
     }
 
 private:
+    template <class Value>
+    constexpr ParamRow with(Value ParamInfo::*member, const Value& value) const
+    {
+        ParamRow row = *this;
+        row.m_info.*member = value;
+        return row;
+    }
+
     ParamInfo m_info;
 };
 

@@ -22,13 +22,13 @@ QStringList numbersIn(const QString& text)
 
 Fault checkNumber(const QString& text)
 {
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
-    // What is too large even for double precision is no number to Qt, but an infinite one.
-    if (isNumber ? !std::isfinite(float(number)) : std::isinf(number))
-        return Fault::NotFinite;
-    if (isNumber)
+    double number = 0;
+    if (ToNumber(text, number))
         return Fault::None;
+    bool isNumber = false;
+    // What is too large even for double precision is no number to Qt, but an infinite one.
+    if (std::isinf(text.toDouble(&isNumber)) || isNumber)
+        return Fault::NotFinite;
     QString withPoint = text;
     withPoint.replace(QLatin1Char(','), QLatin1Char('.'));
     withPoint.toDouble(&isNumber);

@@ -3,13 +3,9 @@
 
 #include <rvopen/toolkit/check/Inspection.h>
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 
 #include <rvopen/toolkit/documents/Load.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace rvopen::test {
 
@@ -17,20 +13,11 @@ namespace {
 
 using namespace toolkit;
 
-class Inspected : public ::testing::Test {
+class Inspected : public InAFolder {
 protected:
     Load loaded(const QByteArray& text)
     {
-        const QString path = m_folder.filePath(QStringLiteral("a.xml"));
-        write(path, text);
-        return LoadDocument(path);
-    }
-
-    static void write(const QString& path, const QByteArray& text)
-    {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(text), text.size());
+        return LoadDocument(write("a.xml", text));
     }
 
     /// "rule line:column path" of each finding.
@@ -45,8 +32,6 @@ protected:
                          .arg(finding.path);
         return joinedBy("\n", lines);
     }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace
@@ -80,11 +65,9 @@ TEST_F(Inspected, PresetsAreMissedOnceTheFoldersAreKnown)
     ASSERT_TRUE(load);
     EXPECT_EQ(linesOf(Inspect(*load.document)), "");
     Folders folders;
-    folders.custom = m_folder.filePath(QStringLiteral("custom"));
-    ASSERT_TRUE(QDir().mkdir(folders.custom));
-    write(folders.custom + QStringLiteral("/a.rvx"),
-          "<presets><cameras><camera refname='b'/></cameras></presets>");
-    write(folders.custom + QStringLiteral("/broken.rvx"), "<presets>");
+    folders.custom = path("custom");
+    write("custom/a.rvx", "<presets><cameras><camera refname='b'/></cameras></presets>");
+    write("custom/broken.rvx", "<presets>");
     QStringList failed;
     const Surroundings surroundings =
         LookAround(folders, [&failed](const ReadError& error) { failed << error.file; });

@@ -3,14 +3,9 @@
 
 #include "toolkit/check/Places.h"
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 
-#include <rvopen/RVOpenReader.h>
 #include <rvopen/toolkit/check/Inspection.h>
-#include <rvopen/toolkit/documents/Document.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace rvopen::test {
 
@@ -42,21 +37,14 @@ QByteArray utf16(const char* text, bool isBigEndian)
     return bytes;
 }
 
-class Placed : public ::testing::TestWithParam<PlaceCase> {};
+class Placed : public InAFolder, public ::testing::WithParamInterface<PlaceCase> {};
 
 } // namespace
 
 TEST_P(Placed, FindingsStandHere)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.xml"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(GetParam().text);
-    file.close();
-    ReadError error;
-    const auto document = Document::Read(path, error);
-    ASSERT_TRUE(document) << error.message.toStdString();
+    const auto document = read(GetParam().text);
+    ASSERT_TRUE(document);
     const QStringList expected = QString::fromUtf8(GetParam().places).split(QLatin1String(", "));
     QVector<Finding> findings;
     for (const QString& place : expected) {
@@ -99,21 +87,5 @@ INSTANTIATE_TEST_SUITE_P(
         PlaceCase{"a mark of UTF-8", "\xef\xbb\xbf<r><a/></r>", "0 1:1 , 1 1:4 a"},
         PlaceCase{"UTF-16 of either order", utf16("<r>\n<a/></r>", false), "1 2:1 a"},
         PlaceCase{"UTF-16 with the high byte first", utf16("<r>\n<a/></r>", true), "1 2:1 a"}));
-
-TEST(Places, AreNotLookedForWithoutFindings)
-{
-    QVector<Finding> findings;
-    ReadError error;
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.xml"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<r/>");
-    file.close();
-    const auto document = Document::Read(path, error);
-    ASSERT_TRUE(document);
-    givePlaces(findings, *document);
-    EXPECT_TRUE(findings.isEmpty());
-}
 
 } // namespace rvopen::test

@@ -102,8 +102,8 @@ TEST_F(AppearanceBump, B5_UseDiffuseReadsTheColourAsHeights)
     EXPECT_NE(relief(false, image), room.flat(image));
     EXPECT_EQ(relief(false, s_half), room.flat(s_half));
     const QByteArray bumps = flag("Use Diffuse", true) + param("Height", 1);
-    EXPECT_FALSE(bump(bumps, s_half).hasBump);
-    EXPECT_FALSE(bump(bumps, colour(map("absent.png"))).hasBump);
+    EXPECT_FALSE(bump(bumps, s_half).bump.texture);
+    EXPECT_FALSE(bump(bumps, colour(map("absent.png"))).bump.texture);
     const Surface turned = bump(
         bumps,
         colour(map("ramp.png", param("Width", 2) + param("Height", 1) + param("Rotation", 90))));

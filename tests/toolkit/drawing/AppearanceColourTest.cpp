@@ -31,7 +31,7 @@ double uprightBetweenRedAnd(int value)
               }));
     const Surface surface =
         room.surface(material("<bump>" + param("Height", 1) + shader(map("edge.png")) + "</bump>"));
-    EXPECT_TRUE(surface.hasBump);
+    EXPECT_TRUE(surface.bump.texture);
     return surface.normalAt(0.5, 0.5, 1.0 / 256).z;
 }
 

@@ -3,16 +3,13 @@
 
 #include <rvopen/toolkit/drawing/Picture.h>
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 
-#include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Folders.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
 
 #include <QBuffer>
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace rvopen::test {
 
@@ -39,6 +36,11 @@ QString embedded(QRgb colour)
     EXPECT_TRUE(image.save(&buffer, "PNG"));
     return QString::fromLatin1(qCompress(bytes).toHex());
 }
+
+const char* const s_archive =
+    "<presets type='UserArchives'><colours><colour name='a'/></colours></presets>";
+
+class PresetPicture : public InAFolder {};
 
 } // namespace
 
@@ -72,16 +74,9 @@ TEST(Picture, IsNullForWhatHasNone)
     EXPECT_TRUE(DrawPicture(document.documentElement()).isNull());
 }
 
-TEST(Picture, ThatIsEmbeddedIsTheOneThatThereIs)
+TEST_F(PresetPicture, ThatIsEmbeddedIsTheOneThatThereIs)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.rvx"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<presets type='UserArchives'><colours><colour name='a'/></colours></presets>");
-    file.close();
-    ReadError error;
-    const auto archive = Document::Read(path, error);
+    const auto archive = read(s_archive);
     ASSERT_TRUE(archive);
     QDomElement element = archive->Root().firstChildElement().firstChildElement();
     EXPECT_TRUE(ExistingPicture(element, *archive, Folders()).isNull());
@@ -93,16 +88,9 @@ TEST(Picture, ThatIsEmbeddedIsTheOneThatThereIs)
     EXPECT_TRUE(EmbeddedPreview(QStringLiteral("00")).isNull());
 }
 
-TEST(Picture, OfAUsersPresetHasNoPlaceWithoutTheFolderOfHisArchives)
+TEST_F(PresetPicture, OfAUsersPresetHasNoPlaceWithoutTheFolderOfHisArchives)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.rvx"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<presets type='UserArchives'><colours><colour name='a'/></colours></presets>");
-    file.close();
-    ReadError error;
-    const auto archive = Document::Read(path, error);
+    const auto archive = read(s_archive);
     ASSERT_TRUE(archive);
     const QDomElement element = archive->Root().firstChildElement().firstChildElement();
     const PictureLocation nowhere = LocatePicture(element, *archive, Folders());

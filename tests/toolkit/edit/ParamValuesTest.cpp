@@ -2,53 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 #include "../Parts.h"
+#include "../ReadTexts.h"
 #include "toolkit/edit/TypedText.h"
 
 #include <rvopen/toolkit/edit/ParamValues.h>
-#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace rvopen::test {
 
-namespace {
-
 using namespace toolkit;
-
-/// A reader of texts and what each of these gives: null where it is refused, and then the value
-/// that was there stays.
-struct TextCase {
-    const char* text;
-    const char* value;
-};
-
-void PrintTo(const TextCase& one, std::ostream* out)
-{
-    *out << '"' << one.text << '"';
-}
-
-template <typename Value>
-std::string valueOf(bool (*read)(const QString&, Value&), const char* text, Value before)
-{
-    Value value = before;
-    const bool isRead = read(QString::fromUtf8(text), value);
-    if (!isRead && value == before)
-        return "refused";
-    return (isRead ? "" : "changed to ") + toolkit::NumberText(double(value)).toStdString();
-}
-
-std::string tripleOf(const char* text)
-{
-    float triple[3] = {7, 8, 9};
-    const bool isRead = toTriple(QString::fromUtf8(text), triple);
-    std::string result;
-    for (const float number : triple)
-        result += (result.empty() ? "" : " ") + toolkit::NumberText(double(number)).toStdString();
-    return !isRead && result == "7 8 9" ? "refused" : result;
-}
-
-} // namespace
 
 class TypedBoolean : public ::testing::TestWithParam<TextCase> {};
 
@@ -70,7 +34,7 @@ class TypedTriple : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(TypedTriple, TheTextIsThis)
 {
-    EXPECT_EQ(tripleOf(GetParam().text), GetParam().value);
+    EXPECT_EQ(tripleOf(toTriple, GetParam().text), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, TypedTriple,
@@ -183,13 +147,15 @@ INSTANTIATE_TEST_SUITE_P(
         SetCase{"type='integer'", "1.5", nullptr}, SetCase{"type='boolean'", "yes", "1"},
         SetCase{"type='boolean'", "off", "0"}, SetCase{"type='boolean'", "2", nullptr},
         SetCase{"type='colour'", "0.5 0 1", "0.5 0 1"},
+        SetCase{"type='colour'", "0.5,0, 1", "0.5 0 1"},
         SetCase{"type='colour'", "#ff0033", "1 0 0.2"},
         SetCase{"type='colour'", "#FF0033", "1 0 0.2"}, SetCase{"type='colour'", "#ff003", nullptr},
         SetCase{"type='colour'", "#ff00333", nullptr}, SetCase{"type='colour'", "#gg0000", nullptr},
         SetCase{"type='vector'", "#ff0033", nullptr}, SetCase{"type='vector'", "1 2 3", "1 2 3"},
-        SetCase{"type='point'", "1 2 3", "1 2 3"}, SetCase{"type='point'", "1 2", nullptr},
-        SetCase{"type='string'", "", ""}, SetCase{"type='string'", "a\x01", nullptr},
-        SetCase{"type='shader'", "colour", "colour"}, SetCase{"type='shader'", "marble", nullptr},
-        SetCase{"type='odd'", "1", nullptr}, SetCase{"", "1", nullptr}));
+        SetCase{"type='vector'", "1,2,3", "1 2 3"}, SetCase{"type='point'", "1 2 3", "1 2 3"},
+        SetCase{"type='point'", "1 2", nullptr}, SetCase{"type='string'", "", ""},
+        SetCase{"type='string'", "a\x01", nullptr}, SetCase{"type='shader'", "colour", "colour"},
+        SetCase{"type='shader'", "marble", nullptr}, SetCase{"type='odd'", "1", nullptr},
+        SetCase{"", "1", nullptr}));
 
 } // namespace rvopen::test

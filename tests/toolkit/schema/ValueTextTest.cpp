@@ -1,49 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "../../TestSupport.h"
+#include "../ReadTexts.h"
 
-#include <rvopen/toolkit/schema/ValueText.h>
+#include <gtest/gtest.h>
 
 namespace rvopen::test {
 
-namespace {
-
 using namespace toolkit;
-
-/// A reader of texts and what each of these gives: null where it is refused, and then the value
-/// that was there stays.
-struct TextCase {
-    const char* text;
-    const char* value;
-};
-
-void PrintTo(const TextCase& one, std::ostream* out)
-{
-    *out << '"' << one.text << '"';
-}
-
-template <typename Value>
-std::string valueOf(bool (*read)(const QString&, Value&), const char* text, Value before)
-{
-    Value value = before;
-    const bool isRead = read(QString::fromUtf8(text), value);
-    if (!isRead && value == before)
-        return "refused";
-    return (isRead ? "" : "changed to ") + NumberText(double(value)).toStdString();
-}
-
-std::string tripleOf(const char* text)
-{
-    float triple[3] = {7, 8, 9};
-    const bool isRead = ToTriple(QString::fromUtf8(text), triple);
-    std::string result;
-    for (const float number : triple)
-        result += (result.empty() ? "" : " ") + NumberText(double(number)).toStdString();
-    return !isRead && result == "7 8 9" ? "refused" : result;
-}
-
-} // namespace
 
 class NumberOf : public ::testing::TestWithParam<TextCase> {};
 
@@ -78,7 +42,7 @@ class TripleOf : public ::testing::TestWithParam<TextCase> {};
 
 TEST_P(TripleOf, TheTextIsThis)
 {
-    EXPECT_EQ(tripleOf(GetParam().text), GetParam().value);
+    EXPECT_EQ(tripleOf(ToTriple, GetParam().text), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, TripleOf,
