@@ -78,7 +78,7 @@ void complainOf(const QVector<toolkit::Rebased>& textures, const toolkit::Docume
                 Session& session);
 
 /// Pictures that presets and snapshots of other documents show: of the archives in the folders of
-/// the host. Documents that cannot be read are errors.
+/// the host, and of those that lie beside the documents. Those that cannot be read are errors.
 QSet<QString> picturesOfOthers(const QVector<const toolkit::Document*>& documents,
                                Session& session);
 
