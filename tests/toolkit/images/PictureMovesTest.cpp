@@ -149,6 +149,34 @@ TEST_F(MovedPictures, ReplaceAnotherOnlyWhenTheyMay)
     EXPECT_EQ(m_backedUp, QStringList(to));
 }
 
+TEST_F(MovedPictures, InARowAreNotMistakenForEachOther)
+{
+    paint("a.jpg", qRgb(1, 2, 3));
+    paint("b.jpg", qRgb(4, 5, 6));
+    paint("c.jpg", qRgb(9, 9, 9));
+    PictureMoves moves(true);
+    moves.follow(place("a.jpg"), place("b.jpg"), Old::Removed);
+    moves.follow(place("b.jpg"), place("c.jpg"), Old::Removed);
+    moves.keep({path("b.jpg"), path("c.jpg")});
+    moves.make();
+    EXPECT_EQ(joinedBy(" ", finish(moves)), "");
+    EXPECT_FALSE(isThere("a.jpg"));
+    EXPECT_EQ(QImage(path("b.jpg")).pixel(0, 0), qRgb(1, 2, 3));
+    EXPECT_EQ(QImage(path("c.jpg")).pixel(0, 0), qRgb(4, 5, 6));
+}
+
+TEST_F(MovedPictures, IntoALinkToTheirFolderStay)
+{
+    paint("old/a.jpg", qRgb(1, 2, 3));
+    if (!QFile::link(path("old"), path("new")) || !isThere("new/a.jpg"))
+        GTEST_SKIP() << "there are no links";
+    PictureMoves moves(false);
+    moves.follow(place("old/a.jpg"), place("new/a.jpg"), Old::Removed);
+    moves.make();
+    EXPECT_EQ(joinedBy(" ", finish(moves)), "");
+    EXPECT_TRUE(isThere("old/a.jpg"));
+}
+
 TEST_F(MovedPictures, AreNotRemovedWithoutTheirBackup)
 {
     paint("a.jpg", qRgb(1, 2, 3));
