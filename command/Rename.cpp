@@ -110,8 +110,8 @@ private:
     {
         const QVector<Chosen> chosen = chosenThings(document.Root(), {m_path}, Matches::All);
         if (chosen.size() > 1)
-            throw Failure(
-                QStringLiteral("\"%1\" leads to %2 things").arg(m_path).arg(chosen.size()));
+            throw Failure(QStringLiteral("\"%1\" leads to %2 things")
+                              .arg(m_path, QString::number(chosen.size())));
         if (m_isLinkName && chosen.first().thing != Thing::PaletteMaterial)
             throw Failure(QStringLiteral("only materials of palettes have link names"));
         return chosen;

@@ -135,8 +135,8 @@ void choose(const QDomElement& root, const QString& path, Matches matches, QVect
                                      "materials")
                           .arg(path));
     if (count > 1 && matches == Matches::OneForEachPath)
-        throw Failure(
-            QStringLiteral("\"%1\" leads to %2 things; --all takes them all").arg(path).arg(count));
+        throw Failure(QStringLiteral("\"%1\" leads to %2 things; --all takes them all")
+                          .arg(path, QString::number(count)));
     for (const Chosen& one : found) {
         const bool isKnown =
             std::any_of(chosen.cbegin(), chosen.cend(),
@@ -245,7 +245,8 @@ QDomElement shelfAt(const QString& path, const QDomDocument& document)
             shelves.append(match.element);
     }
     if (shelves.size() > 1)
-        throw Failure(QStringLiteral("\"%1\" leads to %2 places").arg(path).arg(shelves.size()));
+        throw Failure(
+            QStringLiteral("\"%1\" leads to %2 places").arg(path, QString::number(shelves.size())));
     if (shelves.size() == 1)
         return shelves.first();
     static const QRegularExpression folder(
