@@ -224,16 +224,18 @@ QString problemOfPlace(const QDomElement& element, const QDomElement& shelf)
     }
     if (tag == s_snapShot)
         return refused;
-    // The library has rules for the sections that it knows; others take what they had.
-    const Vocabulary& vocabulary = Vocabulary::instance();
     const QString section = sectionOf(shelf).tagName();
-    if (!vocabulary.canAdd(section, s_dir))
-        return QString();
     for (const QDomElement& leaf : leavesOf(element)) {
-        if (!vocabulary.canAdd(section, leaf.tagName()))
+        if (!sectionTakes(section, leaf.tagName()))
             return QStringLiteral("\"%1\" takes no \"%2\"").arg(section, leaf.tagName());
     }
     return QString();
+}
+
+bool sectionTakes(const QString& section, const QString& tag)
+{
+    const Vocabulary& vocabulary = Vocabulary::instance();
+    return !vocabulary.canAdd(section, s_dir) || vocabulary.canAdd(section, tag);
 }
 
 QDomElement shelfAt(const QString& path, const QDomDocument& document)
