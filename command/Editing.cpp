@@ -3,6 +3,7 @@
 
 #include "Editing.h"
 
+#include "Arguments.h"
 #include "Input.h"
 #include "Target.h"
 #include "toolkit/documents/FileTransaction.h"
@@ -165,21 +166,24 @@ QString problemOf(PictureLack lack)
     return QString();
 }
 
-QVector<Use> usesInFiles(const Uses& uses, const QStringList& files, Session& session)
+void declareUsers(Arguments& arguments, QStringList& users)
 {
-    QVector<Use> found;
-    if (!uses.canBeElsewhere())
-        return found;
-    forEachDocument(files, session, [&](Document& other) { found += uses.inOther(other); });
-    return found;
+    arguments.option("--users", users, "FILE",
+                     "Look for uses in this document, too, or in those in this folder; may be "
+                     "repeated");
 }
 
-QVector<Use> usesOfArchive(const Uses& uses, const QStringList& files, Session& session)
+QVector<Use> usesInFiles(const Uses& uses, OfArchive ofArchive, const QStringList& users,
+                         Session& session)
 {
     QVector<Use> found;
     if (!uses.canBeElsewhere())
         return found;
-    forEachDocument(files, session, [&](Document& other) { found += uses.ofArchive(other); });
+    forEachDocument(archivesIn(session.folders) + users, session, [&](Document& other) {
+        found += uses.inOther(other);
+        if (ofArchive == OfArchive::Counted)
+            found += uses.ofArchive(other);
+    });
     return found;
 }
 
