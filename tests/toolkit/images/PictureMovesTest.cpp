@@ -3,14 +3,8 @@
 
 #include "toolkit/images/PictureMoves.h"
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 #include "toolkit/documents/FileTransaction.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QTemporaryDir>
 
 namespace rvopen::test {
 
@@ -19,22 +13,8 @@ namespace {
 using namespace toolkit;
 using Old = PictureMoves::Old;
 
-class MovedPictures : public ::testing::Test {
+class MovedPictures : public InAFolder {
 protected:
-    QString path(const char* name) const
-    {
-        return m_folder.filePath(QString::fromUtf8(name));
-    }
-
-    QString paint(const char* name, QRgb colour) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(colour);
-        EXPECT_TRUE(image.save(path(name), "PNG"));
-        return path(name);
-    }
-
     PictureLocation place(const char* name) const
     {
         return {path(name), m_folder.path(), PictureLack::Nothing};
@@ -60,7 +40,6 @@ protected:
         return QFileInfo::exists(path(name));
     }
 
-    QTemporaryDir m_folder;
     QStringList m_backedUp;
 };
 
@@ -189,10 +168,7 @@ TEST_F(MovedPictures, AreNotRemovedWithoutTheirBackup)
 
 TEST_F(MovedPictures, ThatAreNoPicturesAreLeft)
 {
-    QFile file(path("a.jpg"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("text");
-    file.close();
+    write("a.jpg", "text");
     PictureMoves moves(false);
     moves.remove(place("a.jpg"));
     EXPECT_TRUE(moves.moves().isEmpty());
