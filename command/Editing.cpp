@@ -3,10 +3,12 @@
 
 #include "Editing.h"
 
+#include "Arguments.h"
 #include "Input.h"
 #include "Target.h"
 #include "toolkit/documents/FileTransaction.h"
 #include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/ForeignFormat.h"
 #include "toolkit/documents/Interruption.h"
 #include "toolkit/documents/SafeFiles.h"
 #include "toolkit/edit/Placement.h"
@@ -15,6 +17,7 @@
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 
@@ -29,6 +32,23 @@ namespace {
 QJsonValue orNull(const QString& text)
 {
     return text.isEmpty() ? QJsonValue() : QJsonValue(text);
+}
+
+/// The archives of the host, and the documents beside those that have files: their pictures may lie
+/// in the same folder.
+QStringList othersOf(const QVector<const Document*>& documents, const Folders& folders)
+{
+    QStringList files = archivesIn(folders);
+    for (const Document* const document : documents) {
+        if (document->IsStream())
+            continue;
+        for (const QFileInfo& file : QDir(document->Folder()).entryInfoList(QDir::Files)) {
+            if (isDocumentName(file.fileName()))
+                files << file.filePath();
+        }
+    }
+    files.removeDuplicates();
+    return files;
 }
 
 /// Puts back what was written before something else could not be.
@@ -146,21 +166,24 @@ QString problemOf(PictureLack lack)
     return QString();
 }
 
-QVector<Use> usesInFiles(const Uses& uses, const QStringList& files, Session& session)
+void declareUsers(Arguments& arguments, QStringList& users)
 {
-    QVector<Use> found;
-    if (!uses.canBeElsewhere())
-        return found;
-    forEachDocument(files, session, [&](Document& other) { found += uses.inOther(other); });
-    return found;
+    arguments.option("--users", users, "FILE",
+                     "Look for uses in this document, too, or in those in this folder; may be "
+                     "repeated");
 }
 
-QVector<Use> usesOfArchive(const Uses& uses, const QStringList& files, Session& session)
+QVector<Use> usesInFiles(const Uses& uses, OfArchive ofArchive, const QStringList& users,
+                         Session& session)
 {
     QVector<Use> found;
     if (!uses.canBeElsewhere())
         return found;
-    forEachDocument(files, session, [&](Document& other) { found += uses.ofArchive(other); });
+    forEachDocument(archivesIn(session.folders) + users, session, [&](Document& other) {
+        found += uses.inOther(other);
+        if (ofArchive == OfArchive::Counted)
+            found += uses.ofArchive(other);
+    });
     return found;
 }
 
@@ -198,7 +221,7 @@ void complainOf(const QVector<Rebased>& textures, const Document& document, Sess
 QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Session& session)
 {
     QSet<QString> files;
-    forEachDocument(archivesIn(session.folders), session, [&](Document& other) {
+    forEachDocument(othersOf(documents, session.folders), session, [&](Document& other) {
         const bool isOne =
             std::any_of(documents.cbegin(), documents.cend(), [&other](const Document* one) {
                 return isSameFile(one->Path(), other.Path());

@@ -21,6 +21,7 @@ struct Use;
 
 namespace rvopen::command {
 
+class Arguments;
 class Target;
 
 /// What becomes of one thing.
@@ -60,13 +61,16 @@ void finishPictures(toolkit::PictureMoves& pictures, const Target& target, Sessi
 /// Why there is no place for a picture; empty when there is one.
 QString problemOf(toolkit::PictureLack lack);
 
-/// Who uses what is about to go, or get another name, in these files. One that cannot be read is an
-/// error of the session.
-QVector<toolkit::Use> usesInFiles(const toolkit::Uses& uses, const QStringList& files,
-                                  Session& session);
-/// The same for what shows the archive as a whole.
-QVector<toolkit::Use> usesOfArchive(const toolkit::Uses& uses, const QStringList& files,
-                                    Session& session);
+/// What \p users gets: documents and folders in which uses are looked for, too.
+void declareUsers(Arguments& arguments, QStringList& users);
+
+/// Whether folders that stand for the archive as a whole use what is in it.
+enum class OfArchive { Left, Counted };
+
+/// Who uses what is about to go, or get another name, in the archives of the host's folders and in
+/// \p users. A document that cannot be read is an error of the session.
+QVector<toolkit::Use> usesInFiles(const toolkit::Uses& uses, OfArchive ofArchive,
+                                  const QStringList& users, Session& session);
 
 /// Says who uses what is about to go.
 void complainOf(const QVector<toolkit::Use>& uses, Session& session);
@@ -78,7 +82,7 @@ void complainOf(const QVector<toolkit::Rebased>& textures, const toolkit::Docume
                 Session& session);
 
 /// Pictures that presets and snapshots of other documents show: of the archives in the folders of
-/// the host. Documents that cannot be read are errors.
+/// the host, and of those that lie beside the documents. Those that cannot be read are errors.
 QSet<QString> picturesOfOthers(const QVector<const toolkit::Document*>& documents,
                                Session& session);
 

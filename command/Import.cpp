@@ -169,7 +169,7 @@ private:
         if (isInterrupted())
             throw Failure(QStringLiteral("interrupted; nothing was imported"));
         m_target.write(target, target, session);
-        pictures.finish();
+        pictures.finish([this](const QString& file) { return m_target.problemOfBackup(file); });
         finishPictures(thumbnails, m_target, session);
         readBack(target, output);
     }

@@ -7,7 +7,6 @@
 #include "Input.h"
 #include "Session.h"
 #include "Target.h"
-#include "toolkit/edit/Placement.h"
 #include "toolkit/edit/Things.h"
 #include "toolkit/edit/Uses.h"
 
@@ -40,9 +39,7 @@ public:
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("paths", m_paths, "Presets, folders, snapshots or palette materials");
         arguments.flag("--all", m_all, "Remove every match of a path");
-        arguments.option("--users", m_users, "FILE",
-                         "Look for uses in this document, too, or in those in this folder; may be "
-                         "repeated");
+        declareUsers(arguments, m_users);
         m_target.declare(arguments, "Remove also what is used, and write over another file than "
                                     "the input");
         arguments.example("rvopen remove archives/Custom/MyPresets.rvx \"colour[Our orange]\" "
@@ -85,10 +82,8 @@ private:
                   Session& session) const
     {
         const Uses uses(document, elements);
-        const QStringList archives = archivesIn(session.folders);
         const QVector<Use> found = uses.inDocument() + uses.ofObjects() +
-                                   usesInFiles(uses, archives + m_users, session) +
-                                   usesOfArchive(uses, archives, session);
+                                   usesInFiles(uses, OfArchive::Counted, m_users, session);
         complainOf(found, session);
         return !found.isEmpty();
     }

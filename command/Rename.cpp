@@ -59,9 +59,7 @@ public:
         arguments.flag("--category", m_isCategory, "Rename a category of presets");
         arguments.onlyOne({QStringLiteral("--refname"), QStringLiteral("--linkname"),
                            QStringLiteral("--category")});
-        arguments.option("--users", m_users, "FILE",
-                         "Look for uses in this document, too, or in those in this folder; may be "
-                         "repeated");
+        declareUsers(arguments, m_users);
         m_target.declare(arguments, "Rename also what is used, and write over other pictures and "
                                     "another file than the input");
         arguments.example("rvopen rename --in-place archives/Custom/MyPresets.rvx "
@@ -110,8 +108,8 @@ private:
     {
         const QVector<Chosen> chosen = chosenThings(document.Root(), {m_path}, Matches::All);
         if (chosen.size() > 1)
-            throw Failure(
-                QStringLiteral("\"%1\" leads to %2 things").arg(m_path).arg(chosen.size()));
+            throw Failure(QStringLiteral("\"%1\" leads to %2 things")
+                              .arg(m_path, QString::number(chosen.size())));
         if (m_isLinkName && chosen.first().thing != Thing::PaletteMaterial)
             throw Failure(QStringLiteral("only materials of palettes have link names"));
         return chosen;
@@ -160,8 +158,7 @@ private:
         const Uses uses(document, {chosen.first().element});
         const QVector<Use> found =
             m_isLinkName ? uses.ofObjects()
-                         : uses.inDocument() +
-                               usesInFiles(uses, archivesIn(session.folders) + m_users, session);
+                         : uses.inDocument() + usesInFiles(uses, OfArchive::Left, m_users, session);
         complainOf(found, session);
         return !found.isEmpty();
     }

@@ -16,8 +16,6 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 
-#include <QHash>
-
 #include <algorithm>
 #include <optional>
 
@@ -58,6 +56,11 @@ public:
             chosenThings(source->Root(), m_paths, m_all ? Matches::All : Matches::OneForEachPath);
         m_before = foldersOf(*source, session.folders, source->Folder());
         m_freeNames.emplace(target.Root());
+        Walk(target.Root(), QString(), [this](const QDomElement& element, const QString&) {
+            if (isShelf(element))
+                m_shelves.append(element);
+            return !isParam(element);
+        });
         for (const Chosen& one : chosen)
             transfer(one, *source, target);
         const bool isStopped = m_isStopped;
@@ -139,6 +142,7 @@ private:
         if (!edit.note.isEmpty()) {
             m_isRefused = true;
             m_report.edits.append(edit);
+            dropUnused(shelf);
             return;
         }
         QVector<PictureLocation> places;
@@ -155,6 +159,7 @@ private:
         const QDomNode old = settle(result, shelf, leaves, isWithin, edit);
         if (!edit.note.isEmpty()) {
             m_report.edits.append(edit);
+            dropUnused(shelf);
             return;
         }
         QDomNode parent = old.isNull() ? QDomNode(shelf) : old.parentNode();
@@ -174,6 +179,17 @@ private:
         m_results.append(result);
         edit.action = edit.action == QLatin1String("none") ? done() : edit.action;
         m_report.edits.append(edit);
+    }
+
+    /// A shelf that was made for something that does not go there goes again.
+    void dropUnused(QDomElement shelf) const
+    {
+        while (isShelf(shelf) && shelf.firstChild().isNull() && !m_shelves.contains(shelf) &&
+               !m_results.contains(shelf)) {
+            QDomElement parent = shelf.parentNode().toElement();
+            parent.removeChild(shelf);
+            shelf = parent;
+        }
     }
 
     /// The element that goes into the target, as it is to be there. What is moved within a file
@@ -381,6 +397,8 @@ private:
     /// Of the pictures in the source.
     Folders m_before;
     std::optional<FreeNames> m_freeNames;
+    /// Those that the target had.
+    QVector<QDomElement> m_shelves;
     QVector<Leaf> m_leaves;
     /// What stands in the target, in the order of the report.
     QVector<QDomElement> m_results;

@@ -28,6 +28,17 @@ QStringList blocks(const QString& name, const QString& kind)
     return result;
 }
 
+/// What bash offers at the end of the words.
+QString offered(const Workspace& workspace, const char* words)
+{
+    return workspace
+        .shell(QStringLiteral("rvopen --generate bash > c; bash -c 'source ./c; "
+                              "COMP_WORDS=(rvopen %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                              "_rvopen; echo ${COMPREPLY[@]}'")
+                   .arg(QLatin1String(words)))
+        .out;
+}
+
 bool hasProgram(const char* name)
 {
     return !QStandardPaths::findExecutable(QLatin1String(name)).isEmpty();
@@ -103,18 +114,10 @@ TEST(ManualPage, IsWellFormed)
 TEST(Completion, OfBashOffersCommandsOptionsAndChoices)
 {
     const Workspace workspace;
-    const auto complete = [&workspace](const QString& words) {
-        return workspace
-            .shell(QStringLiteral("rvopen --generate bash > c; bash -c 'source ./c; "
-                                  "COMP_WORDS=(rvopen %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
-                                  "_rvopen; echo ${COMPREPLY[@]}'")
-                       .arg(words))
-            .out;
-    };
-    EXPECT_EQ(complete(QStringLiteral("te")), QStringLiteral("textures\n"));
-    EXPECT_EQ(complete(QStringLiteral("tree --pa")), QStringLiteral("--params --paths\n"));
-    EXPECT_EQ(complete(QStringLiteral("tree --qu")), QStringLiteral("--quiet\n"));
-    EXPECT_EQ(complete(QStringLiteral("check --severity w")), QStringLiteral("warning\n"));
+    EXPECT_EQ(offered(workspace, "te"), QStringLiteral("textures\n"));
+    EXPECT_EQ(offered(workspace, "tree --pa"), QStringLiteral("--params --paths\n"));
+    EXPECT_EQ(offered(workspace, "tree --qu"), QStringLiteral("--quiet\n"));
+    EXPECT_EQ(offered(workspace, "check --severity w"), QStringLiteral("warning\n"));
 }
 
 TEST(Completion, OfBashTellsFoldersFromFilesAndFromWords)
@@ -122,17 +125,9 @@ TEST(Completion, OfBashTellsFoldersFromFilesAndFromWords)
     const Workspace workspace;
     workspace.write(QStringLiteral("x/in"), "");
     workspace.write(QStringLiteral("xy"), "");
-    const auto complete = [&workspace](const QString& words) {
-        return workspace
-            .shell(QStringLiteral("rvopen --generate bash > c; bash -c 'source ./c; "
-                                  "COMP_WORDS=(rvopen %1); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
-                                  "_rvopen; echo ${COMPREPLY[@]}'")
-                       .arg(words))
-            .out;
-    };
-    EXPECT_EQ(complete(QStringLiteral("check --custom x")), QStringLiteral("x\n"));
-    EXPECT_EQ(complete(QStringLiteral("format --output x")), QStringLiteral("x xy\n"));
-    EXPECT_EQ(complete(QStringLiteral("tree --depth x")), QStringLiteral("\n"));
+    EXPECT_EQ(offered(workspace, "check --custom x"), QStringLiteral("x\n"));
+    EXPECT_EQ(offered(workspace, "format --output x"), QStringLiteral("x xy\n"));
+    EXPECT_EQ(offered(workspace, "tree --depth x"), QStringLiteral("\n"));
 }
 
 TEST(Completion, OfZshTellsFoldersFromFilesAndFromWords)

@@ -147,6 +147,16 @@ TEST_F(Import, ReplacesTheThumbnailOfWhatIsReplaced)
     EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg")), pictureOf("picture"));
 }
 
+TEST_F(Import, KeepsABackupOfTheThumbnailThatIsReplaced)
+{
+    workspace.write(QStringLiteral("from/icon_Changed.jpg"), pictureOf("picture"));
+    workspace.write(QStringLiteral("icon_Changed.jpg"), pictureOf("old"));
+    EXPECT_EQ(import(words("--replace --backup --in-place")).code, 0);
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg")), pictureOf("picture"));
+    EXPECT_EQ(workspace.read(QStringLiteral("icon_Changed.jpg~")), pictureOf("old"));
+    EXPECT_EQ(workspace.read(QStringLiteral("target.xml~")), target());
+}
+
 TEST_F(Import, ThatCannotBeWrittenLeavesEverythingAsItWas)
 {
     workspace.write(QStringLiteral("from/icon_New.jpg"), pictureOf("picture"));

@@ -64,6 +64,25 @@ TEST(Remove, TakesThePictureUnlessAnotherPresetShowsIt)
     EXPECT_EQ(workspace.files().join(QLatin1Char(' ')), QStringLiteral("C/thumbs/Red.jpg a.rvx"));
 }
 
+TEST(Remove, LeavesThePicturesThatADocumentBesideItShows)
+{
+    const Workspace workspace;
+    for (const char* const name : {"a.rvx", "b.rvx"})
+        workspace.write(QLatin1String(name), colours(s_red));
+    for (const char* const name : {"a.xml", "b.xml"})
+        workspace.write(QLatin1String(name), smallDocument());
+    workspace.write(QStringLiteral("C/thumbs/Red.jpg"), pictureOf("red"));
+    workspace.write(QString::fromUtf8("icon_Größe.jpg"), pictureOf("x"));
+    const QStringList before = workspace.files();
+    EXPECT_EQ(workspace.run("remove a.rvx colour[Red] --in-place").code, 0);
+    EXPECT_EQ(workspace.run("remove a.xml snapshot[Größe] --in-place").code, 0);
+    EXPECT_EQ(workspace.files(), before);
+    // Nobody is left to show them.
+    EXPECT_EQ(workspace.run("remove b.rvx colour[Red] --in-place").code, 0);
+    EXPECT_EQ(workspace.run("remove b.xml snapshot[Größe] --in-place").code, 0);
+    EXPECT_EQ(workspace.files().join(QLatin1Char(' ')), QStringLiteral("a.rvx a.xml b.rvx b.xml"));
+}
+
 TEST(Remove, TakesThePictureOfASnapShot)
 {
     const Workspace workspace;

@@ -33,6 +33,15 @@ double distance(const QImage& a, const QImage& b)
     return double(sum) / (3.0 * a.width() * a.height());
 }
 
+/// An archive of one colour that is a texture.
+QByteArray textured(const QByteArray& name, const QByteArray& texture)
+{
+    return "<presets><colours><colour name=\"" + name +
+           "\"><diffuse><param name=\"Colour\" type=\"shader\" val=\"colour\"><map enabled=\"1\">"
+           "<param name=\"Texture\" type=\"string\" val=\"" +
+           texture + "\"/></map></param></diffuse></colour></colours></presets>";
+}
+
 /// The mean colour of the middle of a picture.
 QColor middle(const QImage& image)
 {
@@ -293,10 +302,7 @@ TEST(Render, FindsTexturesInTheHostsFolders)
     green.fill(QColor(20, 200, 20));
     workspace.write(QStringLiteral("host/textures/x"), "");
     EXPECT_TRUE(green.save(workspace.path(QStringLiteral("host/textures/green.png"))));
-    workspace.write(QStringLiteral("in/a.rvx"), R"(<presets><colours><colour name="Green"><diffuse>
-<param name="Colour" type="shader" val="colour"><map enabled="1">
-<param name="Texture" type="string" val="textures\green.png"/></map></param></diffuse></colour>
-</colours></presets>)");
+    workspace.write(QStringLiteral("in/a.rvx"), textured("Green", "textures\\green.png"));
     EXPECT_EQ(workspace.run("render --all --size 32 --install host -o . in/a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
     EXPECT_GT(colour.green(), 2 * colour.red());
@@ -308,10 +314,7 @@ TEST(Render, TexturesAreWhatTheyHoldWhateverTheirName)
     QImage green(4, 4, QImage::Format_RGB32);
     green.fill(QColor(20, 200, 20));
     EXPECT_TRUE(green.save(workspace.path(QStringLiteral("green.png")), "BMP"));
-    workspace.write(QStringLiteral("a.rvx"), R"(<presets><colours><colour name="Green"><diffuse>
-<param name="Colour" type="shader" val="colour"><map enabled="1">
-<param name="Texture" type="string" val="green.png"/></map></param></diffuse></colour>
-</colours></presets>)");
+    workspace.write(QStringLiteral("a.rvx"), textured("Green", "green.png"));
     EXPECT_EQ(workspace.run("render --all --size 32 -o . a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Green.png"))));
     EXPECT_GT(colour.green(), 2 * colour.red());
@@ -323,10 +326,7 @@ TEST(Render, ATextureThatIsTooLargeIsNotDecoded)
     QImage wide(8193, 2, QImage::Format_RGB32);
     wide.fill(QColor(20, 200, 20));
     EXPECT_TRUE(wide.save(workspace.path(QStringLiteral("huge.png"))));
-    workspace.write(QStringLiteral("a.rvx"), R"(<presets><colours><colour name="Huge"><diffuse>
-<param name="Colour" type="shader" val="colour"><map enabled="1">
-<param name="Texture" type="string" val="huge.png"/></map></param></diffuse></colour>
-</colours></presets>)");
+    workspace.write(QStringLiteral("a.rvx"), textured("Huge", "huge.png"));
     EXPECT_EQ(workspace.run("render --all --size 16 -o . a.rvx").code, 0);
     const QColor colour = middle(QImage(workspace.path(QStringLiteral("colour Huge.png"))));
     EXPECT_LT(colour.green() - colour.red(), 20);

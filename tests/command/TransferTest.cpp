@@ -102,6 +102,20 @@ TEST(Copy, IntoAnotherArchiveStopsAtWhatIsThereAlready)
     }
 }
 
+TEST(Copy, MakesNoFolderForWhatItLeavesOut)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    colours("      <dir name=\"d\">\n" + colour("Red", "c.red", "   ") +
+                            "      </dir>\n" + colour("Blue", "c.blue")));
+    workspace.write(QStringLiteral("b.rvx"), colours(colour("Old", "c.red")));
+    const Outcome run =
+        workspace.run("copy a.rvx colour[Red] colour[Blue] --into b.rvx --skip --in-place");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(workspace.read(QStringLiteral("b.rvx")),
+              colours(colour("Old", "c.red") + colour("Blue", "c.blue")));
+}
+
 TEST(Copy, RelativeTexturesLeadToTheSameFiles)
 {
     const Workspace workspace;

@@ -81,9 +81,10 @@ void FreeNames::rename(QDomElement element)
     const QString refName = element.attribute(s_refName);
     const QString linkName = element.attribute(s_linkName);
     for (int number = 2;; ++number) {
-        const QString newName = QStringLiteral("%1 (%2)").arg(name).arg(number);
-        const QString newRefName = QStringLiteral("%1_%2").arg(refName).arg(number);
-        const QString newLinkName = QStringLiteral("%1 (%2)").arg(linkName).arg(number);
+        const QString digits = QString::number(number);
+        const QString newName = QStringLiteral("%1 (%2)").arg(name, digits);
+        const QString newRefName = QStringLiteral("%1_%2").arg(refName, digits);
+        const QString newLinkName = QStringLiteral("%1 (%2)").arg(linkName, digits);
         if ((!name.isEmpty() && m_taken.contains(newName)) ||
             (!refName.isEmpty() && m_taken.contains(newRefName)) ||
             (!linkName.isEmpty() && m_taken.contains(newLinkName)))

@@ -143,6 +143,8 @@ Scope Selection::in(const QDomElement& root) const
 
 QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
 {
+    if (m_paths.empty())
+        return filtered(root);
     const Scope scope = in(root);
     QVector<PathPattern::Match> result;
     for (const PathPattern::Match& match : filtered(root)) {

@@ -135,8 +135,8 @@ void choose(const QDomElement& root, const QString& path, Matches matches, QVect
                                      "materials")
                           .arg(path));
     if (count > 1 && matches == Matches::OneForEachPath)
-        throw Failure(
-            QStringLiteral("\"%1\" leads to %2 things; --all takes them all").arg(path).arg(count));
+        throw Failure(QStringLiteral("\"%1\" leads to %2 things; --all takes them all")
+                          .arg(path, QString::number(count)));
     for (const Chosen& one : found) {
         const bool isKnown =
             std::any_of(chosen.cbegin(), chosen.cend(),
@@ -224,16 +224,18 @@ QString problemOfPlace(const QDomElement& element, const QDomElement& shelf)
     }
     if (tag == s_snapShot)
         return refused;
-    // The library has rules for the sections that it knows; others take what they had.
-    const Vocabulary& vocabulary = Vocabulary::instance();
     const QString section = sectionOf(shelf).tagName();
-    if (!vocabulary.canAdd(section, s_dir))
-        return QString();
     for (const QDomElement& leaf : leavesOf(element)) {
-        if (!vocabulary.canAdd(section, leaf.tagName()))
+        if (!sectionTakes(section, leaf.tagName()))
             return QStringLiteral("\"%1\" takes no \"%2\"").arg(section, leaf.tagName());
     }
     return QString();
+}
+
+bool sectionTakes(const QString& section, const QString& tag)
+{
+    const Vocabulary& vocabulary = Vocabulary::instance();
+    return !vocabulary.canAdd(section, s_dir) || vocabulary.canAdd(section, tag);
 }
 
 QDomElement shelfAt(const QString& path, const QDomDocument& document)
@@ -245,7 +247,8 @@ QDomElement shelfAt(const QString& path, const QDomDocument& document)
             shelves.append(match.element);
     }
     if (shelves.size() > 1)
-        throw Failure(QStringLiteral("\"%1\" leads to %2 places").arg(path).arg(shelves.size()));
+        throw Failure(
+            QStringLiteral("\"%1\" leads to %2 places").arg(path, QString::number(shelves.size())));
     if (shelves.size() == 1)
         return shelves.first();
     static const QRegularExpression folder(

@@ -39,6 +39,9 @@ bool isArchiveShelf(const QDomElement& element);
 QDomElement sectionOf(const QDomElement& element);
 /// Why the element cannot stand there; empty when it can.
 QString problemOfPlace(const QDomElement& element, const QDomElement& shelf);
+/// Whether a section takes presets of the tag: the library has rules for the sections that it
+/// knows, others take what they had.
+bool sectionTakes(const QString& section, const QString& tag);
 /// The shelf with the path. A missing section, and folders that the path ends with, are made.
 /// Throws a Failure when there is none, or several.
 QDomElement shelfAt(const QString& path, const QDomDocument& document);

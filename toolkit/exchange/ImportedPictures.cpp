@@ -48,7 +48,7 @@ bool isThere(const QString& path)
 } // namespace
 
 ImportedPictures::ImportedPictures(const Document& source, const QString& folder,
-                                   const Complaint& complain)
+                                   const PictureMoves::Complaint& complain)
     : m_source(source)
     , m_folder(folder)
     , m_complain(complain)
@@ -82,15 +82,19 @@ void ImportedPictures::copy(ImportItem& item)
                           .arg(from, m_files.problem()));
 }
 
-void ImportedPictures::finish()
+void ImportedPictures::finish(const PictureMoves::Backup& backUp)
 {
     m_files.keep();
     for (const auto& picture : m_replaced) {
         QByteArray bytes;
-        if (!readWhole(picture.first, bytes))
+        if (!readWhole(picture.first, bytes)) {
             m_complain(picture.first, QStringLiteral("the thumbnail could not be read"));
-        else if (const QString problem = problemOfWriting(bytes, picture.second);
-                 !problem.isEmpty())
+            continue;
+        }
+        QString problem = backUp(picture.second);
+        if (problem.isEmpty())
+            problem = problemOfWriting(bytes, picture.second);
+        if (!problem.isEmpty())
             m_complain(picture.second, QLatin1String("the thumbnail: ") + problem);
     }
 }

@@ -4,12 +4,11 @@
 #pragma once
 
 #include "toolkit/documents/FileTransaction.h"
+#include "toolkit/images/PictureMoves.h"
 
 #include <QPair>
 #include <QString>
 #include <QVector>
-
-#include <functional>
 
 namespace rvopen::toolkit {
 
@@ -20,23 +19,21 @@ struct ImportItem;
 /// target has its own. Unless finish() is called the copies go again.
 class ImportedPictures {
 public:
-    /// Hears of a file what is wrong with it, where the import goes on.
-    using Complaint = std::function<void(const QString& file, const QString& message)>;
-
-    ImportedPictures(const Document& source, const QString& folder, const Complaint& complain);
+    ImportedPictures(const Document& source, const QString& folder,
+                     const PictureMoves::Complaint& complain);
 
     /// Copies that of the snapshot, when it has one. Where another file is in the way that stands
     /// in the item's note. Throws a Failure when it cannot be copied.
     void copy(ImportItem& item);
 
-    /// Keeps the copies, and puts those in their places that take the place of others. To be called
-    /// when the target is written.
-    void finish();
+    /// Keeps the copies, and puts those in their places that take the place of others, which
+    /// \p backUp has seen. To be called when the target is written.
+    void finish(const PictureMoves::Backup& backUp);
 
 private:
     const Document& m_source;
     QString m_folder;
-    Complaint m_complain;
+    PictureMoves::Complaint m_complain;
     FileTransaction m_files;
     /// Files that come to others.
     QVector<QPair<QString, QString>> m_replaced;

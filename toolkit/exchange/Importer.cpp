@@ -5,7 +5,6 @@
 
 #include "toolkit/edit/Labels.h"
 #include "toolkit/edit/Things.h"
-#include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Failure.h>
@@ -34,15 +33,6 @@ QString identity(const Preset& preset)
 {
     const QString key = keyOf(preset.element, preset.element.parentNode().toElement());
     return key.isEmpty() ? key : preset.section + key;
-}
-
-/// The library has rules for the sections that it knows; others take what they had.
-bool isPlaceFor(const Preset& preset)
-{
-    const Vocabulary& vocabulary = Vocabulary::instance();
-    const QString dir = QStringLiteral("dir");
-    return !vocabulary.canAdd(preset.section, dir) ||
-           vocabulary.canAdd(preset.section, preset.element.tagName());
 }
 
 } // namespace
@@ -132,7 +122,7 @@ QVector<ImportItem> Importer::presetItems()
         item.sourcePath = preset.path;
         item.preset = preset;
         item.existing = existing.value(identity(preset));
-        if (!isPlaceFor(preset)) {
+        if (!sectionTakes(preset.section, preset.element.tagName())) {
             item.state = ImportState::Refused;
             item.note = QStringLiteral("\"%1\" takes no \"%2\"")
                             .arg(preset.section, preset.element.tagName());

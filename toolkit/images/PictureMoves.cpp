@@ -125,7 +125,10 @@ PictureMoves::PictureMoves(bool mayReplace)
 
 void PictureMoves::follow(const PictureLocation& before, const PictureLocation& after, Old old)
 {
-    const bool isPlain = before.lack == PictureLack::Nothing && before.file == after.file;
+    // A folder that is a link to the other, or names that differ in what does not matter here, lead
+    // to the one file, which stays.
+    const bool isPlain = before.lack == PictureLack::Nothing &&
+                         (before.file == after.file || isSameFile(before.file, after.file));
     if (isPlain || !isWhole(before))
         return;
     if (after.file.isEmpty()) {
@@ -190,8 +193,14 @@ void PictureMoves::make()
         if (move.to.isEmpty())
             continue;
         if (isSomething(move.to)) {
-            if (!haveSameBytes(move.from, move.to))
-                m_replacing.append(move);
+            if (haveSameBytes(move.from, move.to))
+                continue;
+            QByteArray bytes;
+            if (!readWhole(move.from, bytes))
+                throw Failure(
+                    QStringLiteral("the picture \"%1\": it could not be read; nothing was changed")
+                        .arg(move.from));
+            m_replacing.append({move, bytes});
             continue;
         }
         if (!m_made.makeFolder(QFileInfo(move.to).path()) || !m_made.copy(move.from, move.to))
@@ -204,14 +213,11 @@ void PictureMoves::finish(const Backup& backUp, const Complaint& complain)
 {
     m_made.keep();
     QSet<QString> left;
-    for (const Move& move : m_replacing) {
-        QByteArray bytes;
-        QString problem = QStringLiteral("it could not be read");
-        if (readWhole(move.from, bytes)) {
-            problem = backUp(move.to);
-            if (problem.isEmpty())
-                problem = problemOfWriting(bytes, move.to);
-        }
+    for (const auto& replacing : m_replacing) {
+        const Move& move = replacing.first;
+        QString problem = backUp(move.to);
+        if (problem.isEmpty())
+            problem = problemOfWriting(replacing.second, move.to);
         if (!problem.isEmpty()) {
             complain(move.to, problem);
             left.insert(move.from);

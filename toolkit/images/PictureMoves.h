@@ -8,7 +8,9 @@
 #include <rvopen/toolkit/documents/Folders.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
 
+#include <QByteArray>
 #include <QDomElement>
+#include <QPair>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -87,7 +89,7 @@ public:
     const QVector<PictureLack>& lacks() const;
     /// @}
 
-    /// Makes the new files. Throws a Failure when one cannot be made.
+    /// Makes the new files. Throws a Failure when one cannot be made or read.
     void make();
     /// From now on the new files stay. The old ones go, and the folders that they leave empty.
     void finish(const Backup& backUp, const Complaint& complain);
@@ -103,8 +105,9 @@ private:
     QStringList m_notes;
     QVector<PictureLack> m_lacks;
     FileTransaction m_made;
-    /// New places that have another picture, written over at the end.
-    QVector<Move> m_replacing;
+    /// What is written over another picture at the end, with its bytes: one of the others may be
+    /// written over it before.
+    QVector<QPair<Move, QByteArray>> m_replacing;
 };
 
 } // namespace rvopen::toolkit

@@ -60,7 +60,7 @@ QString TextureCollection::add(const QString& file)
     for (int number = 1;; ++number) {
         QString name = own;
         if (number > 1) {
-            name = QStringLiteral("%1 (%2)").arg(base).arg(number) +
+            name = QStringLiteral("%1 (%2)").arg(base, QString::number(number)) +
                    (suffix.isEmpty() ? QString() : QLatin1Char('.') + suffix);
         }
         const QString target = m_folder + QLatin1Char('/') + name;

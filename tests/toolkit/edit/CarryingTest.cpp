@@ -46,6 +46,15 @@ TEST(Carrying, FindsNamesThatNothingHas)
     EXPECT_EQ(element.attribute(QStringLiteral("refname")), QStringLiteral("r_4"));
 }
 
+TEST(Carrying, KeepsPercentSignsInNames)
+{
+    const QDomDocument document = parsed("<a><x name='Gloss %2' refname='r%1'/></a>");
+    const QDomElement element = document.documentElement().firstChildElement();
+    FreeNames(document.documentElement()).rename(element);
+    EXPECT_EQ(element.attribute(QStringLiteral("name")), QStringLiteral("Gloss %2 (2)"));
+    EXPECT_EQ(element.attribute(QStringLiteral("refname")), QStringLiteral("r%1_2"));
+}
+
 TEST(Carrying, APresetOfAPaletteHasNamesAndNoObject)
 {
     const QDomDocument document = parsed("<a><material linkname='Front door'/></a>");

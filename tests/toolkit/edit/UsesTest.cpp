@@ -3,14 +3,7 @@
 
 #include "toolkit/edit/Uses.h"
 
-#include "../Parts.h"
-
-#include <rvopen/toolkit/documents/Document.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <memory>
+#include "../InAFolder.h"
 
 namespace rvopen::test {
 
@@ -23,19 +16,8 @@ const char* const s_archive =
     "<colour refname='c'/></material></materials>"
     "<colours name='C'><colour name='C' refname='c'/></colours></presets>";
 
-class UsesOfPresets : public ::testing::Test {
+class UsesOfPresets : public InAFolder {
 protected:
-    std::unique_ptr<Document> read(const char* text)
-    {
-        const QString path = m_folder.filePath(QString::number(++m_count));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        ReadError error;
-        return Document::Read(path, error);
-    }
-
     /// A child of the section.
     static QDomElement presetIn(const Document& document, const char* section)
     {
@@ -49,9 +31,6 @@ protected:
             list << use.path + QLatin1String(" uses ") + use.what;
         return joinedBy(", ", list);
     }
-
-    QTemporaryDir m_folder;
-    int m_count = 0;
 };
 
 } // namespace

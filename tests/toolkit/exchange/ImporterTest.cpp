@@ -3,17 +3,9 @@
 
 #include "toolkit/exchange/Importer.h"
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 
-#include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Failure.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <memory>
 
 namespace rvopen::test {
 
@@ -32,19 +24,8 @@ const char* const s_target = "<snapRoot unitsScale='10'><snapshots name='Model S
                              "<snapshot name='a'/><snapshot name='b'/>"
                              "</snapshots></snapRoot>";
 
-class Importing : public ::testing::Test {
+class Importing : public InAFolder {
 protected:
-    std::unique_ptr<Document> read(const char* text)
-    {
-        const QString path = m_folder.filePath(QString::number(++m_count));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        ReadError error;
-        return Document::Read(path, error);
-    }
-
     /// The names of the snapshots in the collection.
     static std::string namesIn(const Document& document)
     {
@@ -55,9 +36,6 @@ protected:
             names << member.attribute(QStringLiteral("name"));
         return joinedBy(" ", names);
     }
-
-    QTemporaryDir m_folder;
-    int m_count = 0;
 };
 
 } // namespace
@@ -122,14 +100,6 @@ TEST_F(Importing, PutsWhatChangedInThePlaceOfTheOld)
 
 TEST_F(Importing, HasRelativeReferencesLeadToTheSameFilesFromTheTarget)
 {
-    const auto write = [this](const char* name, const QByteArray& text) {
-        const QString path = m_folder.filePath(QLatin1String(name));
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        return path;
-    };
     write("from/tex/b.png", "b");
     ReadError error;
     const auto source = Document::Read(

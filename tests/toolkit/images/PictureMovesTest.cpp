@@ -3,14 +3,8 @@
 
 #include "toolkit/images/PictureMoves.h"
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 #include "toolkit/documents/FileTransaction.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QTemporaryDir>
 
 namespace rvopen::test {
 
@@ -19,22 +13,8 @@ namespace {
 using namespace toolkit;
 using Old = PictureMoves::Old;
 
-class MovedPictures : public ::testing::Test {
+class MovedPictures : public InAFolder {
 protected:
-    QString path(const char* name) const
-    {
-        return m_folder.filePath(QString::fromUtf8(name));
-    }
-
-    QString paint(const char* name, QRgb colour) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(colour);
-        EXPECT_TRUE(image.save(path(name), "PNG"));
-        return path(name);
-    }
-
     PictureLocation place(const char* name) const
     {
         return {path(name), m_folder.path(), PictureLack::Nothing};
@@ -60,7 +40,6 @@ protected:
         return QFileInfo::exists(path(name));
     }
 
-    QTemporaryDir m_folder;
     QStringList m_backedUp;
 };
 
@@ -149,6 +128,34 @@ TEST_F(MovedPictures, ReplaceAnotherOnlyWhenTheyMay)
     EXPECT_EQ(m_backedUp, QStringList(to));
 }
 
+TEST_F(MovedPictures, InARowAreNotMistakenForEachOther)
+{
+    paint("a.jpg", qRgb(1, 2, 3));
+    paint("b.jpg", qRgb(4, 5, 6));
+    paint("c.jpg", qRgb(9, 9, 9));
+    PictureMoves moves(true);
+    moves.follow(place("a.jpg"), place("b.jpg"), Old::Removed);
+    moves.follow(place("b.jpg"), place("c.jpg"), Old::Removed);
+    moves.keep({path("b.jpg"), path("c.jpg")});
+    moves.make();
+    EXPECT_EQ(joinedBy(" ", finish(moves)), "");
+    EXPECT_FALSE(isThere("a.jpg"));
+    EXPECT_EQ(QImage(path("b.jpg")).pixel(0, 0), qRgb(1, 2, 3));
+    EXPECT_EQ(QImage(path("c.jpg")).pixel(0, 0), qRgb(4, 5, 6));
+}
+
+TEST_F(MovedPictures, IntoALinkToTheirFolderStay)
+{
+    paint("old/a.jpg", qRgb(1, 2, 3));
+    if (!QFile::link(path("old"), path("new")) || !isThere("new/a.jpg"))
+        GTEST_SKIP() << "there are no links";
+    PictureMoves moves(false);
+    moves.follow(place("old/a.jpg"), place("new/a.jpg"), Old::Removed);
+    moves.make();
+    EXPECT_EQ(joinedBy(" ", finish(moves)), "");
+    EXPECT_TRUE(isThere("old/a.jpg"));
+}
+
 TEST_F(MovedPictures, AreNotRemovedWithoutTheirBackup)
 {
     paint("a.jpg", qRgb(1, 2, 3));
@@ -161,10 +168,7 @@ TEST_F(MovedPictures, AreNotRemovedWithoutTheirBackup)
 
 TEST_F(MovedPictures, ThatAreNoPicturesAreLeft)
 {
-    QFile file(path("a.jpg"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("text");
-    file.close();
+    write("a.jpg", "text");
     PictureMoves moves(false);
     moves.remove(place("a.jpg"));
     EXPECT_TRUE(moves.moves().isEmpty());

@@ -1,23 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "../Parts.h"
+#include "../InAFolder.h"
 #include "toolkit/documents/FileTransaction.h"
 #include "toolkit/edit/Selection.h"
 #include "toolkit/images/FileIndex.h"
 #include "toolkit/images/ReferencedTextures.h"
 #include "toolkit/images/TextureCollection.h"
 
-#include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/documents/Folders.h>
-
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QTemporaryDir>
-
-#include <memory>
 
 namespace rvopen::test {
 
@@ -27,31 +19,8 @@ using namespace toolkit;
 using Objection = TextureCollection::Objection;
 
 /// A document beside images, and folders of others.
-class DocumentTextures : public ::testing::Test {
+class DocumentTextures : public InAFolder {
 protected:
-    QString path(const char* name) const
-    {
-        return m_folder.filePath(QString::fromUtf8(name));
-    }
-
-    QString write(const char* name, const QByteArray& bytes) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
-        return path(name);
-    }
-
-    QString paint(const char* name, QRgb colour) const
-    {
-        QDir().mkpath(QFileInfo(path(name)).path());
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(colour);
-        EXPECT_TRUE(image.save(path(name), "PNG"));
-        return path(name);
-    }
-
     /// With one texture for each reference.
     std::unique_ptr<Document> documentWith(const QStringList& references) const
     {
@@ -63,8 +32,6 @@ protected:
         return Document::Read(write("house/a.xml", (text + QStringLiteral("</snapRoot>")).toUtf8()),
                               error);
     }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace
