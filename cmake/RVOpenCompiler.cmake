@@ -39,8 +39,17 @@ if(RVOPEN_SANITIZE)
     add_link_options(${sanitizers})
 endif()
 
-# rvopen_compile_alone(<source>...): where sources are compiled several at once (CMAKE_UNITY_BUILD), those
-# whose local names others have too are not among them.
+# rvopen_ship_alone(): for the folders of what is shipped. Builds for development compile several
+# sources at once (CMAKE_UNITY_BUILD); optimised ones compile each by itself, as it is shipped. A
+# macro, since the variable is the folder's.
+macro(rvopen_ship_alone)
+    if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+        set(CMAKE_UNITY_BUILD OFF)
+    endif()
+endmacro()
+
+# rvopen_compile_alone(<source>...): where sources are compiled several at once, those whose local
+# names others have too are not among them.
 function(rvopen_compile_alone)
     set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

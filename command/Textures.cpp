@@ -27,7 +27,7 @@ using namespace toolkit;
 namespace {
 
 /// Why the file is not collected; empty when it is.
-QString problemOf(const ReferencedTexture& texture, TextureCollection::Objection objection)
+QString problemOfTexture(const ReferencedTexture& texture, TextureCollection::Objection objection)
 {
     switch (objection) {
     case TextureCollection::Objection::NotThere:
@@ -243,8 +243,8 @@ private:
         QStringList lines;
         for (const ReferencedTexture& texture : selected(*document)) {
             const QString problem =
-                problemOf(texture, TextureCollection::objectionTo(texture, *document,
-                                                                  session.folders, m_isEverywhere));
+                problemOfTexture(texture, TextureCollection::objectionTo(
+                                              texture, *document, session.folders, m_isEverywhere));
             if (!problem.isEmpty()) {
                 isIncomplete = true;
                 session.warning(document->Name(), problem);

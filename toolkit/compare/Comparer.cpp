@@ -40,7 +40,7 @@ bool isContainer(const QDomElement& element)
            tag == QLatin1String("materialRepository") || Vocabulary::instance().isSection(tag);
 }
 
-QString keyOf(const QDomElement& parent, const QDomElement& child)
+QString keyAmong(const QDomElement& parent, const QDomElement& child)
 {
     const QString tag = child.tagName();
     if (isParam(child))
@@ -65,7 +65,7 @@ QVector<Child> childrenOf(const QDomElement& parent, const QString& path)
     QHash<QString, int> counts;
     for (QDomElement element = parent.firstChildElement(); !element.isNull();
          element = element.nextSiblingElement()) {
-        Child child{element, joined(path, labels.next(element)), keyOf(parent, element)};
+        Child child{element, joined(path, labels.next(element)), keyAmong(parent, element)};
         const int count = ++counts[child.key];
         if (count > 1)
             child.key += QLatin1Char('#') + QString::number(count);
