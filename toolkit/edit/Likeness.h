@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDomElement>
+#include <QString>
+#include <QStringList>
+
+namespace rvopen::toolkit {
+
+/// Which of the candidates somebody may have meant who wrote another word: the one with the fewest
+/// letters left out, too many, wrong or swapped with the next. At most a third of the word's
+/// letters may be, whose case and accents do not count. Empty for none.
+QString likeliest(const QString& word, const QStringList& candidates);
+
+/// The same for a path that nothing below the root has; empty also for one with stars, conditions
+/// or "//", which means many.
+QString likeliestPath(const QString& path, const QDomElement& root);
+
+/// The end of a message: "; did you mean "..."?". Empty for an empty text.
+QString didYouMean(const QString& likely);
+
+} // namespace rvopen::toolkit
