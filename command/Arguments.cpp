@@ -5,6 +5,9 @@
 
 #include "CommandLine.h"
 #include "Documentation.h"
+#include "toolkit/edit/Likeness.h"
+
+#include <rvopen/toolkit/schema/ValueCheck.h>
 
 #include <CLI/CLI.hpp>
 #include <memory>
@@ -14,19 +17,13 @@
 
 namespace rvopen::command {
 
+using namespace toolkit;
+
 namespace {
 
 QString text(const std::string& value)
 {
     return QString::fromStdString(value);
-}
-
-std::vector<std::string> strings(const QStringList& list)
-{
-    std::vector<std::string> result;
-    for (const QString& item : list)
-        result.push_back(item.toStdString());
-    return result;
 }
 
 std::function<void(const std::string&)> into(QString& target)
@@ -42,10 +39,33 @@ std::function<void(const std::vector<std::string>&)> into(QStringList& target)
     };
 }
 
-/// Without a name, which would stand in the help.
-CLI::Validator isNotNegative()
+/// What checks a value and answers what is wrong with it. Without a name, which would stand in the
+/// help.
+CLI::Validator validator(const std::function<QString(const QString&)>& problemOf)
 {
-    return CLI::Validator(CLI::NonNegativeNumber).name(std::string());
+    return CLI::Validator(
+        [problemOf](std::string& value) { return problemOf(text(value)).toStdString(); },
+        std::string());
+}
+
+CLI::Validator isNotNegative(ValueType type)
+{
+    return validator([type](const QString& value) {
+        const QString problem = FaultMessage(ParamInfo(), CheckText(type, value));
+        return problem.isEmpty() && value.toDouble() < 0
+                   ? QStringLiteral("\"%1\" is below 0").arg(value)
+                   : problem;
+    });
+}
+
+CLI::Validator isOneOf(const QStringList& choices)
+{
+    return validator([choices](const QString& value) {
+        return choices.contains(value) ? QString()
+                                       : QStringLiteral("\"%1\" is none of %2%3")
+                                             .arg(value, choices.join(QStringLiteral(", ")),
+                                                  didYouMean(likeliest(value, choices)));
+    });
 }
 
 OptionDoc docOf(const CLI::Option& option)
@@ -68,6 +88,7 @@ OptionDoc docOf(const CLI::Option& option)
         doc.value = text(option.get_type_name()).section(QLatin1Char(':'), 0, 0);
     if (doc.value.contains(QLatin1Char('|')))
         doc.choices = doc.value.split(QLatin1Char('|'));
+    doc.usual = text(option.get_default_str()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     return doc;
 }
 
@@ -92,6 +113,47 @@ CommandDoc docOf(const CLI::App& app)
     return doc;
 }
 
+QStringList optionsOf(const CommandDoc& command)
+{
+    QStringList names;
+    for (const OptionDoc& option : command.options)
+        names << option.names;
+    return names;
+}
+
+/// Why the command line cannot be taken. What is not known comes first: what is missing then may be
+/// what it was meant for.
+QString problemOf(const CLI::App& program, const CLI::ParseError& error)
+{
+    const std::vector<CLI::App*> parsed = program.get_subcommands();
+    const QString command = parsed.empty() ? QString() : text(parsed.front()->get_name());
+    QString problem = QString::fromLocal8Bit(error.what());
+    const std::vector<std::string> unknown = program.remaining();
+    if (!unknown.empty()) {
+        const QString word = text(unknown.front());
+        const CommandDoc doc = docOf(program);
+        QStringList known;
+        if (word.startsWith(QLatin1Char('-'))) {
+            const QString option = word.section(QLatin1Char('='), 0, 0);
+            known = optionsOf(doc);
+            if (!parsed.empty())
+                known = optionsOf(docOf(*parsed.front())) + known;
+            problem = (command.isEmpty()
+                           ? QStringLiteral("there is no option \"%1\"").arg(option)
+                           : QStringLiteral("%1 has no option \"%2\"").arg(command, option)) +
+                      didYouMean(likeliest(option, known));
+        } else if (parsed.empty()) {
+            problem = noCommand(word, doc);
+        } else {
+            problem = QStringLiteral("%1 takes no further argument \"%2\"").arg(command, word);
+        }
+    }
+    if (problem.endsWith(QLatin1Char('?')))
+        return problem;
+    return problem + QStringLiteral("; \"rvopen %1--help\" tells what there is")
+                         .arg(command.isEmpty() ? QString() : command + QLatin1Char(' '));
+}
+
 class HelpFormatter : public CLI::FormatterBase {
 public:
     std::string make_help(const CLI::App* app, std::string, CLI::AppFormatMode) const override
@@ -107,15 +169,16 @@ Arguments::Arguments(CLI::App& app)
 {
 }
 
-CLI::Option* Arguments::describe(CLI::Option* option, const char* value)
+CLI::Option* Arguments::describe(CLI::Option* option, const char* value, const QStringList& usual)
 {
-    return option->type_name(value);
+    // What the parser calls the default is only a text to it, and has no other use here.
+    return option->type_name(value)->default_str(usual.join(QLatin1Char('\n')).toStdString());
 }
 
-void Arguments::positional(const char* name, QString& target, const char* help, bool required)
+void Arguments::positional(const char* name, QString& target, const char* help, bool required,
+                           const QStringList& usual)
 {
-    m_app.add_option_function<std::string>(name, into(target), help)
-        ->type_name("")
+    describe(m_app.add_option_function<std::string>(name, into(target), help), "", usual)
         ->required(required);
 }
 
@@ -131,26 +194,30 @@ void Arguments::flag(const char* names, bool& target, const char* help)
     m_app.add_flag(names, target, help);
 }
 
-void Arguments::option(const char* names, QString& target, const char* value, const char* help)
+void Arguments::option(const char* names, QString& target, const char* value, const char* help,
+                       const QStringList& usual)
 {
-    describe(m_app.add_option_function<std::string>(names, into(target), help), value);
+    describe(m_app.add_option_function<std::string>(names, into(target), help), value, usual);
 }
 
-void Arguments::option(const char* names, QStringList& target, const char* value, const char* help)
+void Arguments::option(const char* names, QStringList& target, const char* value, const char* help,
+                       const QStringList& usual)
 {
-    describe(m_app.add_option_function<std::vector<std::string>>(names, into(target), help), value)
+    describe(m_app.add_option_function<std::vector<std::string>>(names, into(target), help), value,
+             usual)
         ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
 void Arguments::option(const char* names, int& target, const char* value, const char* help)
 {
-    describe(m_app.add_option(names, target, help), value)->check(isNotNegative());
+    describe(m_app.add_option(names, target, help), value)
+        ->check(isNotNegative(ValueType::Integer));
 }
 
 void Arguments::option(const char* names, double& target, const char* value, const char* help)
 {
-    describe(m_app.add_option(names, target, help), value)->check(isNotNegative());
+    describe(m_app.add_option(names, target, help), value)->check(isNotNegative(ValueType::Float));
 }
 
 void Arguments::choice(const char* names, QString& target, const QStringList& choices,
@@ -158,7 +225,7 @@ void Arguments::choice(const char* names, QString& target, const QStringList& ch
 {
     m_app.add_option_function<std::string>(names, into(target), help)
         ->type_name(choices.join(QLatin1Char('|')).toStdString())
-        ->check(CLI::IsMember(strings(choices)).name(std::string()));
+        ->check(isOneOf(choices));
 }
 
 void Arguments::flagOrValue(const char* names, QString& target, const char* standard,
@@ -213,7 +280,7 @@ CommandLine::CommandLine(const char* name, const char* description, const char* 
     m_app->description(description);
     m_app->formatter(std::make_shared<HelpFormatter>());
     m_app->set_help_flag("-h,--help", "Print this help");
-    m_app->set_version_flag("--version", version, "Print the version");
+    m_app->set_version_flag("-V,-v,--version", version, "Print the version");
     m_app->require_subcommand(0, 1);
 }
 
@@ -239,7 +306,7 @@ ParsedLine CommandLine::parse(int argc, char** argv)
         m_app->parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() != 0) {
-            line.problem = QString::fromLocal8Bit(error.what());
+            line.problem = problemOf(*m_app, error);
         } else {
             std::ostringstream stream;
             m_app->exit(error, stream, stream);

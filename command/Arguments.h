@@ -23,16 +23,20 @@ public:
 
     /// \name Positional
     /// @{
-    void positional(const char* name, QString& target, const char* help, bool required = true);
+    void positional(const char* name, QString& target, const char* help, bool required = true,
+                    const QStringList& usual = QStringList());
     void positional(const char* name, QStringList& target, const char* help, bool required = true);
     /// @}
 
     /// \name Options
-    /// \p names as "-o,--output", \p value what help calls the value, as "FILE".
+    /// \p names as "-o,--output", \p value what help calls the value, as "FILE". The \p usual
+    /// values are what completions offer; others are as good.
     /// @{
     void flag(const char* names, bool& target, const char* help);
-    void option(const char* names, QString& target, const char* value, const char* help);
-    void option(const char* names, QStringList& target, const char* value, const char* help);
+    void option(const char* names, QString& target, const char* value, const char* help,
+                const QStringList& usual = QStringList());
+    void option(const char* names, QStringList& target, const char* value, const char* help,
+                const QStringList& usual = QStringList());
     void option(const char* names, int& target, const char* value, const char* help);
     void option(const char* names, double& target, const char* value, const char* help);
     /// One of \p choices.
@@ -55,7 +59,8 @@ public:
     /// @}
 
 private:
-    CLI::Option* describe(CLI::Option* option, const char* value);
+    CLI::Option* describe(CLI::Option* option, const char* value,
+                          const QStringList& usual = QStringList());
 
     CLI::App& m_app;
 };

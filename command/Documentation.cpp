@@ -3,6 +3,8 @@
 
 #include "Documentation.h"
 
+#include "toolkit/edit/Likeness.h"
+
 #include <rvopen/RVOpenVersion.h>
 
 #include <QRegularExpression>
@@ -215,6 +217,15 @@ const char s_generatedNote[] =
     "# SPDX-FileCopyrightText: 2026 The rvopen authors\n# SPDX-License-Identifier: MIT\n";
 
 } // namespace
+
+QString noCommand(const QString& name, const CommandDoc& program)
+{
+    QStringList known;
+    for (const CommandDoc& command : program.commands)
+        known << command.name;
+    return QStringLiteral("there is no command \"%1\"").arg(name) +
+           toolkit::didYouMean(toolkit::likeliest(name, known));
+}
 
 QString helpText(const CommandDoc& command)
 {

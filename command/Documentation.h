@@ -16,6 +16,8 @@ struct OptionDoc {
     /// Placeholder of the value; empty for a flag.
     QString value;
     QStringList choices;
+    /// Values that completions offer, where others are as good.
+    QStringList usual;
     QString variable;
     QString group;
     QString help;
@@ -34,6 +36,9 @@ struct CommandDoc {
     QVector<OptionDoc> options;
     QVector<CommandDoc> commands;
 };
+
+/// Says that there is no such command, and which one was meant, if one is like it.
+QString noCommand(const QString& name, const CommandDoc& program);
 
 /// What is generated from the parser, so that it says what the parser takes.
 /// @{

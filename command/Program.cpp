@@ -28,10 +28,17 @@ void declareProgram(CommandLine& line, const std::vector<std::unique_ptr<Command
     global.example("rvopen check --install install snapshots/house.xml",
                    "what is wrong with a document; \"rvopen check --help\" tells more");
 
+    QStringList names;
     for (const auto& command : commands) {
         Arguments arguments = line.command(command->name(), command->summary());
         command->declare(arguments);
+        names << QLatin1String(command->name());
     }
+    Arguments help = line.command("help", "Explain a command");
+    help.description("The same as --help behind the command; without one, what there is.");
+    help.positional("command", options.explained, "Name of a command", false, names);
+    help.example("rvopen help", "all commands");
+    help.example("rvopen help check", "what check takes");
 }
 
 } // namespace rvopen::command

@@ -17,6 +17,8 @@ class CommandLine;
 struct GlobalOptions {
     QString colour = QStringLiteral("auto");
     QString generated;
+    /// The command that help is asked about; empty for all of them.
+    QString explained;
 };
 
 /// Declares the program with all its sub-commands. The parser refers to what it is given.

@@ -82,6 +82,20 @@ int generate(const CommandDoc& program, const QString& what, Output& out)
     return ExitFine;
 }
 
+int explain(const CommandDoc& program, const QString& name, Output& out)
+{
+    const CommandDoc* explained = name.isEmpty() ? &program : nullptr;
+    for (const CommandDoc& command : program.commands) {
+        if (command.name == name)
+            explained = &command;
+    }
+    if (!explained)
+        throw Failure(noCommand(name, program));
+    out.text(helpText(*explained));
+    out.flush();
+    return ExitFine;
+}
+
 /// Qt would open another file than the one whose name is meant.
 void refuseOtherEncodings(int argc, char** argv)
 {
@@ -108,7 +122,7 @@ int run(int argc, char** argv)
     declareProgram(line, commands, session, options);
     const ParsedLine parsed = line.parse(argc, argv);
     if (!parsed.problem.isEmpty())
-        return complain(parsed.problem + QStringLiteral("; --help tells what there is"));
+        return complain(parsed.problem);
     if (!parsed.answer.isEmpty()) {
         session.out.text(parsed.answer);
         session.out.flush();
@@ -125,9 +139,7 @@ int run(int argc, char** argv)
         session.out.flush();
         return code;
     }
-    session.out.text(helpText(line.documentation()));
-    session.out.flush();
-    return ExitFine;
+    return explain(line.documentation(), options.explained, session.out);
 }
 
 } // namespace

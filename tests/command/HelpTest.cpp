@@ -77,13 +77,59 @@ TEST(Help, WithoutArgumentsItIsPrinted)
     EXPECT_EQ(workspace.run("").out, workspace.run("--help").out);
 }
 
-TEST(CommandLine, UnknownOptionsAnswerTwo)
+TEST(Help, OfACommandIsPrintedByHelpToo)
 {
     const Workspace workspace;
-    const Outcome run = workspace.run("info --wrong");
+    for (const QString& command : commands()) {
+        const Outcome run = workspace.run({QStringLiteral("help"), command});
+        EXPECT_EQ(run.out, workspace.run({command, QStringLiteral("--help")}).out);
+        EXPECT_EQ(run.code, 0);
+    }
+    EXPECT_EQ(workspace.run("help").out, workspace.run("--help").out);
+}
+
+TEST(Help, AsksWhichCommandWasMeant)
+{
+    const Outcome run = Workspace().run("help chekc");
+    EXPECT_EQ(run.err,
+              QStringLiteral("rvopen: there is no command \"chekc\"; did you mean \"check\"?\n"));
     EXPECT_EQ(run.code, 2);
-    EXPECT_EQ(run.out, QString());
-    EXPECT_NE(run.err, QString());
+}
+
+TEST(CommandLine, TellsTheVersionByEachOfItsNames)
+{
+    const Workspace workspace;
+    const QString version = workspace.run("--version").out;
+    EXPECT_TRUE(version.startsWith(QLatin1String("rvopen "))) << version.toStdString();
+    EXPECT_EQ(workspace.run("-V").out, version);
+    EXPECT_EQ(workspace.run("-v").out, version);
+}
+
+TEST(CommandLine, AsksWhatWasMeantOrTellsWhereItStands)
+{
+    const Workspace workspace;
+    const QVector<QPair<const char*, const char*>> cases{
+        {"lst", "there is no command \"lst\"; did you mean \"list\"?"},
+        {"frobnicate", "there is no command \"frobnicate\"; \"rvopen --help\" tells what there is"},
+        {"list --tpye camera", "list has no option \"--tpye\"; did you mean \"--type\"?"},
+        {"--colour=always list", "list has no option \"--colour\"; did you mean \"--color\"?"},
+        {"info --wrong",
+         "info has no option \"--wrong\"; \"rvopen info --help\" tells what there is"},
+        {"params camera a b",
+         "params takes no further argument \"b\"; \"rvopen params --help\" tells what there is"},
+        {"--color awlays list", "--color: \"awlays\" is none of auto, always, never; did you mean "
+                                "\"always\"?"},
+        {"sheet a.rvx --size 0,5",
+         "--size: \"0,5\" has a comma where a number has its decimal point: 0.5; \"rvopen sheet "
+         "--help\" tells what there is"},
+        {"sheet a.rvx --size=-5",
+         "--size: \"-5\" is below 0; \"rvopen sheet --help\" tells what there is"}};
+    for (const auto& given : cases) {
+        const Outcome run = workspace.run(given.first);
+        EXPECT_EQ(run.code, 2) << given.first;
+        EXPECT_EQ(run.out, QString()) << given.first;
+        EXPECT_EQ(run.err, QStringLiteral("rvopen: %1\n").arg(QLatin1String(given.second)));
+    }
 }
 
 TEST(CommandLine, OptionsThatDoNotGoTogetherAreRefused)

@@ -154,7 +154,8 @@ QString FaultMessage(const ParamInfo& info, const ValueFault& fault)
     case Fault::NoNumber:
         return part + QLatin1String(" is no number");
     case Fault::DecimalComma:
-        return part + QLatin1String(" has a comma where a number has its point");
+        return part + QLatin1String(" has a comma where a number has its decimal point: ") +
+               QString(fault.part).replace(QLatin1Char(','), QLatin1Char('.'));
     case Fault::NotFinite:
         return part + QLatin1String(" is no finite number");
     case Fault::NoInteger:
