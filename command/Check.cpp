@@ -8,6 +8,7 @@
 #include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
+#include "toolkit/edit/Likeness.h"
 
 #include <rvopen/RVOpenVersion.h>
 #include <rvopen/toolkit/check/Inspection.h>
@@ -56,6 +57,14 @@ QString adviceOf(const Rule& rule)
     return ofCommand.value(QLatin1String(rule.id), QLatin1String(rule.advice));
 }
 
+QStringList ruleNames()
+{
+    QStringList names;
+    for (const Rule* const rule : AllRules())
+        names << QLatin1String(rule->id);
+    return names;
+}
+
 class Check : public Command {
 public:
     const char* name() const override
@@ -82,8 +91,9 @@ public:
             "--severity", m_severity,
             {QStringLiteral("note"), QStringLiteral("warning"), QStringLiteral("error")},
             "Leave out findings below this one");
-        arguments.option("--only", m_only, "RULE", "This rule alone; may be repeated");
-        arguments.option("--ignore", m_ignored, "RULE", "Without this rule; may be repeated");
+        arguments.option("--only", m_only, "RULE", "This rule alone; may be repeated", ruleNames());
+        arguments.option("--ignore", m_ignored, "RULE", "Without this rule; may be repeated",
+                         ruleNames());
         arguments.option("--known-version", m_knownVersion, "MAJOR.MINOR",
                          "The newest version that is known; 3.1 when not given");
         arguments.flag(
@@ -168,9 +178,11 @@ private:
     void verifyRules() const
     {
         for (const QString& id : m_only + m_ignored) {
+            const QString likely = likeliest(id, ruleNames());
             if (!FindRule(id))
-                throw Failure(
-                    QStringLiteral("there is no rule \"%1\"; --rules explains all").arg(id));
+                throw Failure(QStringLiteral("there is no rule \"%1\"").arg(id) +
+                              (likely.isEmpty() ? QStringLiteral("; --rules explains all")
+                                                : didYouMean(likely)));
         }
     }
 

@@ -129,6 +129,19 @@ QString troffExamples(const CommandDoc& command)
     return result;
 }
 
+QString troffVariables(const QVector<OptionDoc>& options)
+{
+    QString result;
+    for (const OptionDoc& option : options) {
+        if (!option.variable.isEmpty())
+            result +=
+                QStringLiteral(".TP\n.B %1\n%2. \\fB%3\\fR goes before it.\n")
+                    .arg(troff(option.variable), troff(option.help), troff(option.names.last()));
+    }
+    return result + QLatin1String(".TP\n.B NO_COLOR\nWhere it is not empty, nothing is coloured "
+                                  "unless \\-\\-color asks for it.\n");
+}
+
 QString shellQuoted(QString text)
 {
     return QLatin1Char('\'') + text.replace(QLatin1Char('\''), QLatin1String("'\\''")) +
@@ -143,6 +156,25 @@ QStringList namesOf(const QVector<OptionDoc>& options)
     return names;
 }
 
+/// What completions offer as values; empty where they know none.
+QStringList valuesOf(const OptionDoc& option)
+{
+    return option.choices.isEmpty() ? option.usual : option.choices;
+}
+
+/// The same for the arguments of a command, of which the first says it all.
+QStringList operandsOf(const CommandDoc& command)
+{
+    return command.arguments.isEmpty() ? QStringList() : valuesOf(command.arguments.first());
+}
+
+/// A list of words in zsh and fish: blanks in one of them have a backslash.
+QString wordsOf(QStringList values)
+{
+    return values.replaceInStrings(QStringLiteral(" "), QStringLiteral("\\ "))
+        .join(QLatin1Char(' '));
+}
+
 /// Branches of a bash case that complete the values of options.
 QString bashValues(const QVector<OptionDoc>& options)
 {
@@ -151,9 +183,10 @@ QString bashValues(const QVector<OptionDoc>& options)
         if (option.value.isEmpty())
             continue;
         QString action = QStringLiteral("return");
-        if (!option.choices.isEmpty())
-            action = QStringLiteral("COMPREPLY=($(compgen -W '%1' -- \"$current\")); return")
-                         .arg(option.choices.join(QLatin1Char(' ')));
+        if (!valuesOf(option).isEmpty())
+            action = QStringLiteral("local IFS=$'\\n'; "
+                                    "COMPREPLY=($(compgen -W $'%1' -- \"$current\")); return")
+                         .arg(valuesOf(option).join(QStringLiteral("\\n")));
         else if (option.value == QLatin1String("DIR"))
             action = QStringLiteral("COMPREPLY=($(compgen -d -- \"$current\")); return");
         else if (option.value == QLatin1String("FILE"))
@@ -176,8 +209,8 @@ QStringList zshOptions(const QVector<OptionDoc>& options)
     QStringList specs;
     for (const OptionDoc& option : options) {
         QString value;
-        if (!option.choices.isEmpty())
-            value = QStringLiteral(":value:(%1)").arg(option.choices.join(QLatin1Char(' ')));
+        if (!valuesOf(option).isEmpty())
+            value = QStringLiteral(":value:(%1)").arg(wordsOf(valuesOf(option)));
         else if (option.value == QLatin1String("DIR"))
             value = QStringLiteral(":folder:_files -/");
         else if (option.value == QLatin1String("FILE"))
@@ -199,9 +232,8 @@ QString fishOptions(const QVector<OptionDoc>& options, const QString& condition)
         for (const QString& name : option.names)
             result += name.startsWith(QLatin1String("--")) ? QStringLiteral(" -l ") + name.mid(2)
                                                            : QStringLiteral(" -s ") + name.mid(1);
-        if (!option.choices.isEmpty())
-            result +=
-                QStringLiteral(" -x -a ") + shellQuoted(option.choices.join(QLatin1Char(' ')));
+        if (!valuesOf(option).isEmpty())
+            result += QStringLiteral(" -x -a ") + shellQuoted(wordsOf(valuesOf(option)));
         else if (option.value == QLatin1String("DIR"))
             result += QStringLiteral(" -x -a '(__fish_complete_directories)'");
         else if (option.value == QLatin1String("FILE"))
@@ -292,7 +324,8 @@ QString manualPage(const CommandDoc& program)
     }
     page += QLatin1String(".SH EXIT STATUS\n.TP\n.B 0\nFine.\n.TP\n.B 1\nFindings or "
                           "differences.\n.TP\n.B 2\nIt could not be done; standard error says "
-                          "why, as file:line:column: message.\n.SH EXAMPLES\n");
+                          "why, as file:line:column: message.\n.SH ENVIRONMENT\n");
+    page += troffVariables(program.options) + QLatin1String(".SH EXAMPLES\n");
     page += troffExamples(program);
     return page +
            QLatin1String(".SH FILES\nBelow the prefix, in\n.IR share/rvopen :\n.TP\n"
@@ -312,8 +345,9 @@ QString bashCompletion(const CommandDoc& program)
     QString values = bashValues(program.options);
     for (const CommandDoc& command : program.commands) {
         names << command.name;
-        cases += QStringLiteral("    %1) options='%2' ;;\n")
-                     .arg(command.name, namesOf(command.options).join(QLatin1Char(' ')));
+        cases += QStringLiteral("    %1) options='%2' operands='%3' ;;\n")
+                     .arg(command.name, namesOf(command.options).join(QLatin1Char(' ')),
+                          operandsOf(command).join(QLatin1Char(' ')));
     }
     for (const CommandDoc& command : program.commands)
         values += bashValues(command.options);
@@ -323,7 +357,7 @@ QString bashCompletion(const CommandDoc& program)
            QStringLiteral("_rvopen()\n{\n"
                           "    local current=${COMP_WORDS[COMP_CWORD]} "
                           "previous=${COMP_WORDS[COMP_CWORD-1]}\n"
-                          "    local command= options= word\n"
+                          "    local command= options= operands= word\n"
                           "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD-1}\"; do\n"
                           "        case $word in\n"
                           "        %1) command=$word; break ;;\n"
@@ -335,6 +369,8 @@ QString bashCompletion(const CommandDoc& program)
                           "        COMPREPLY=($(compgen -W \"$options %4\" -- \"$current\"))\n"
                           "    elif [[ -z $command ]]; then\n"
                           "        COMPREPLY=($(compgen -W '%5' -- \"$current\"))\n"
+                          "    elif [[ -n $operands ]]; then\n"
+                          "        COMPREPLY=($(compgen -W \"$operands\" -- \"$current\"))\n"
                           "    else\n"
                           "        COMPREPLY=($(compgen -f -- \"$current\"))\n"
                           "    fi\n}\n"
@@ -349,8 +385,13 @@ QString zshCompletion(const CommandDoc& program)
     QString cases;
     for (const CommandDoc& command : program.commands) {
         commands << shellQuoted(command.name + QLatin1Char(':') + command.summary);
-        cases += QStringLiteral("    %1) _arguments $globals %2 '*:file:_files' ;;\n")
-                     .arg(command.name, zshOptions(command.options).join(QLatin1Char(' ')));
+        const QStringList operands = operandsOf(command);
+        const QString rest =
+            operands.isEmpty()
+                ? QStringLiteral("'*:file:_files'")
+                : QStringLiteral("'1:value:(%1)'").arg(operands.join(QLatin1Char(' ')));
+        cases += QStringLiteral("    %1) _arguments $globals %2 %3 ;;\n")
+                     .arg(command.name, zshOptions(command.options).join(QLatin1Char(' ')), rest);
     }
     return QLatin1String("#compdef rvopen\n") + QLatin1String(s_generatedNote) +
            QStringLiteral("_rvopen()\n{\n"
@@ -382,9 +423,13 @@ QString fishCompletion(const CommandDoc& program)
     for (const CommandDoc& command : program.commands) {
         result += QStringLiteral("complete -c rvopen -n __fish_use_subcommand -f -a %1 -d %2\n")
                       .arg(command.name, shellQuoted(command.summary));
-        result +=
-            fishOptions(command.options,
-                        QStringLiteral(" -n '__fish_seen_subcommand_from %1'").arg(command.name));
+        const QString condition =
+            QStringLiteral(" -n '__fish_seen_subcommand_from %1'").arg(command.name);
+        result += fishOptions(command.options, condition);
+        const QStringList operands = operandsOf(command);
+        if (!operands.isEmpty())
+            result += QStringLiteral("complete -c rvopen%1 -f -a %2\n")
+                          .arg(condition, shellQuoted(operands.join(QLatin1Char(' '))));
     }
     return result;
 }

@@ -45,7 +45,8 @@ public:
             "A snapshot document has a current snapshot with default settings and "
             "scenery, an archive a section for each kind of preset. A file that "
             "is there already is left alone without --force.");
-        arguments.positional("kind", m_kind, "snapshots or archive");
+        arguments.positional("kind", m_kind, "snapshots or archive", true,
+                             {QStringLiteral("snapshots"), QStringLiteral("archive")});
         arguments.positional("file", m_file, "The file to make, or \"-\" for standard output");
         arguments.option("--name", m_name, "NAME",
                          "Name of the archive; its file name when not given");

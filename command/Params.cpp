@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "ParamTables.h"
 #include "Session.h"
+#include "toolkit/edit/Likeness.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
@@ -79,6 +80,14 @@ QJsonObject jsonOf(const ParamInfo& info)
             {QStringLiteral("isLater"), info.isLater}};
 }
 
+QStringList elementNames()
+{
+    QStringList names;
+    for (const toolkit::ElementInfo& info : toolkit::AllElements())
+        names << info.name;
+    return names;
+}
+
 class Params : public Command {
 public:
     const char* name() const override
@@ -96,7 +105,8 @@ public:
         arguments.description("What each parameter and attribute (@name) of an element means: "
                               "type, unit and range, usual value. Without an element all of them, "
                               "first those of every element (*).");
-        arguments.positional("element", m_element, "Kind of element: camera, finish, ...", false);
+        arguments.positional("element", m_element, "Kind of element: camera, finish, ...", false,
+                             elementNames());
         arguments.positional("kind", m_kind,
                              "Its sub-category or shader class: Horizon, \"lit appearance\", ...",
                              false);
@@ -128,10 +138,12 @@ private:
             return;
         const toolkit::ElementInfo* const info = toolkit::FindElement(m_element);
         if (!info)
-            throw Failure(QStringLiteral("there is no element \"%1\"").arg(m_element));
+            throw Failure(QStringLiteral("there is no element \"%1\"").arg(m_element) +
+                          toolkit::didYouMean(toolkit::likeliest(m_element, elementNames())));
         if (!m_kind.isEmpty() && !info->areKindsOpen && !info->kinds.contains(m_kind)) {
             throw Failure(QStringLiteral("\"%1\" is no kind of \"%2\", which are %3")
-                              .arg(m_kind, m_element, info->kinds.join(QStringLiteral(", "))));
+                              .arg(m_kind, m_element, info->kinds.join(QStringLiteral(", "))) +
+                          toolkit::didYouMean(toolkit::likeliest(m_kind, info->kinds)));
         }
     }
 

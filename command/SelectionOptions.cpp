@@ -5,9 +5,37 @@
 
 #include "Arguments.h"
 
+#include <rvopen/toolkit/schema/ElementInfo.h>
+
 namespace rvopen::command {
 
 using namespace toolkit;
+
+namespace {
+
+/// The kinds and sections that --type is usually asked for.
+QStringList usualTypes()
+{
+    QStringList types;
+    for (const ElementInfo& info : AllElements()) {
+        if (info.isPreset || info.isSection)
+            types << info.name;
+    }
+    return types;
+}
+
+QStringList usualSubCategories()
+{
+    QStringList kinds;
+    for (const ElementInfo& info : AllElements()) {
+        if (info.isPreset && info.kindAttribute == QLatin1String("subcat"))
+            kinds << info.kinds;
+    }
+    kinds.removeDuplicates();
+    return kinds;
+}
+
+} // namespace
 
 void SelectionOptions::declare(Arguments& arguments)
 {
@@ -16,8 +44,10 @@ void SelectionOptions::declare(Arguments& arguments)
                      "repeated");
     arguments.option("--type", m_texts.type, "KIND",
                      "Presets of one kind: material, camera, ..., or of a "
-                     "section: materials, ...");
-    arguments.option("--subcat", m_texts.subCategory, "NAME", "Presets of one sub-category");
+                     "section: materials, ...",
+                     usualTypes());
+    arguments.option("--subcat", m_texts.subCategory, "NAME", "Presets of one sub-category",
+                     usualSubCategories());
     arguments.option("--category", m_texts.category, "NAME", "Presets of one category");
     arguments.option("--text", m_texts.text, "WORDS",
                      "Presets with all these words, in any case and without accents, in names, "

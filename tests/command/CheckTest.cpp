@@ -416,4 +416,14 @@ TEST(Check, ReadsStandardInput)
     EXPECT_THAT(run.out.toStdString(), ::testing::StartsWith("<stdin>:1:1: error: "));
 }
 
+TEST(Check, AsksWhichRuleWasMeant)
+{
+    const Workspace workspace;
+    EXPECT_EQ(
+        workspace.run("check --only bad-vlaue a.xml").err,
+        QStringLiteral("rvopen: there is no rule \"bad-vlaue\"; did you mean \"bad-value\"?\n"));
+    EXPECT_EQ(workspace.run("check --ignore nothing a.xml").err,
+              QStringLiteral("rvopen: there is no rule \"nothing\"; --rules explains all\n"));
+}
+
 } // namespace rvopen::test

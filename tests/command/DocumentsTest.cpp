@@ -101,6 +101,25 @@ TEST(ManualPage, HasEveryCommandAndOption)
     }
 }
 
+TEST(ManualPage, HasTheEnvironment)
+{
+    const QString section = Workspace()
+                                .run("--generate man")
+                                .out.section(QStringLiteral(".SH ENVIRONMENT\n"), 1)
+                                .section(QStringLiteral(".SH "), 0, 0);
+    EXPECT_EQ(section,
+              QStringLiteral(".TP\n.B RVOPEN_INSTALL\nThe host's installation, with xml/ and "
+                             "sethumbs/. \\fB\\-\\-install\\fR goes before it.\n"
+                             ".TP\n.B RVOPEN_ARCHIVES\nThe archives that came with the host. "
+                             "\\fB\\-\\-archives\\fR goes before it.\n"
+                             ".TP\n.B RVOPEN_CUSTOM\nThe user's own archives. "
+                             "\\fB\\-\\-custom\\fR goes before it.\n"
+                             ".TP\n.B RVOPEN_SNAPSHOTS\nThe pictures of snapshots. "
+                             "\\fB\\-\\-snapshots\\fR goes before it.\n"
+                             ".TP\n.B NO_COLOR\nWhere it is not empty, nothing is coloured unless "
+                             "\\-\\-color asks for it.\n"));
+}
+
 TEST(ManualPage, IsWellFormed)
 {
     if (!hasProgram("groff"))
@@ -120,6 +139,17 @@ TEST(Completion, OfBashOffersCommandsOptionsAndChoices)
     EXPECT_EQ(offered(workspace, "check --severity w"), QStringLiteral("warning\n"));
 }
 
+TEST(Completion, OfBashOffersUsualValues)
+{
+    const Workspace workspace;
+    EXPECT_EQ(offered(workspace, "list --type foregrounds"), QStringLiteral("foregrounds\n"));
+    EXPECT_EQ(offered(workspace, "list --subcat De"), QStringLiteral("Depth Cue\n"));
+    EXPECT_EQ(offered(workspace, "check --only missing-te"), QStringLiteral("missing-texture\n"));
+    EXPECT_EQ(offered(workspace, "help te"), QStringLiteral("textures\n"));
+    EXPECT_EQ(offered(workspace, "new sn"), QStringLiteral("snapshots\n"));
+    EXPECT_EQ(offered(workspace, "params naturalLightS"), QStringLiteral("naturalLightStudio\n"));
+}
+
 TEST(Completion, OfBashTellsFoldersFromFilesAndFromWords)
 {
     const Workspace workspace;
@@ -136,7 +166,8 @@ TEST(Completion, OfZshTellsFoldersFromFilesAndFromWords)
     for (const char* const option :
          {"--custom[The user'\\''s own archives]:folder:_files -/'",
           "--in-place[Write over the input]'", ":n: '",
-          "-o[Write to this file, .png or .pdf]:file:_files'",
+          "--subcat[Presets of one sub-category]:value:(", " Depth\\ Cue",
+          "'1:value:(snapshots archive)'", "-o[Write to this file, .png or .pdf]:file:_files'",
           "--severity[Leave out findings below this one]:value:(note warning error)'"})
         EXPECT_TRUE(zsh.contains(QLatin1String(option))) << option;
 }
@@ -147,6 +178,8 @@ TEST(Completion, OfFishOffersEveryChoice)
     const QString fish = workspace.run("--generate fish").out;
     EXPECT_TRUE(fish.contains(QLatin1String(" -l color -x -a 'auto always never' ")));
     EXPECT_TRUE(fish.contains(QLatin1String(" -l severity -x -a 'note warning error' ")));
+    EXPECT_TRUE(fish.contains(QLatin1String("'__fish_seen_subcommand_from new' -f -a 'snapshots "
+                                            "archive'")));
 }
 
 TEST(Completion, OfFishIsTakenByFish)

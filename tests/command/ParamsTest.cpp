@@ -153,4 +153,13 @@ TEST(Params, MakesTablesForTheDocuments)
         run.out.contains(QLatin1String("| \"Filename\" | string | empty | empty | file | ")));
 }
 
+TEST(Params, AskWhichElementOrKindWasMeant)
+{
+    const Workspace workspace;
+    EXPECT_EQ(workspace.run("params camra").err,
+              QStringLiteral("rvopen: there is no element \"camra\"; did you mean \"camera\"?\n"));
+    EXPECT_EQ(workspace.run("params xyz").err,
+              QStringLiteral("rvopen: there is no element \"xyz\"\n"));
+}
+
 } // namespace rvopen::test
