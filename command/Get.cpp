@@ -8,6 +8,7 @@
 #include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Likeness.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
@@ -80,13 +81,14 @@ public:
         std::vector<PathPattern> patterns;
         for (const QString& path : arguments)
             patterns.emplace_back(path);
-        const Selection selection = m_selection.selection();
+        const Selection selection = m_selection.selection(session);
         if (patterns.empty() && selection.isEverything())
             throw Failure(QStringLiteral("say which values: paths, or what is selected"));
         const QStringList files = m_inputs.files(given, session);
         const bool isOne = files == given && files.size() == 1;
 
         QVector<int> counts(int(patterns.size()));
+        QVector<QString> problems(int(patterns.size()));
         QVector<Found> all;
         forEachDocument(
             files, session,
@@ -94,6 +96,10 @@ public:
                 Found found{document.Name(), {}};
                 find(document, patterns, selection.in(document.Root()), found.values, counts);
                 all.append(found);
+                for (int i = 0; isOne && i < int(counts.size()); ++i) {
+                    if (counts[i] == 0)
+                        problems[i] = nothingHas(patterns[std::size_t(i)].Text(), document.Root());
+                }
             },
             {}, Access::Reading, m_inputs.jobs());
         if (isOne && session.hasFailed())
@@ -103,9 +109,12 @@ public:
             if (counts[i] > 0)
                 continue;
             isIncomplete = true;
-            const QString text = patterns[std::size_t(i)].Text();
-            session.warning(isOne ? all.first().file : QStringLiteral("rvopen"),
-                            QStringLiteral("nothing has the path \"%1\"").arg(text));
+            if (isOne)
+                session.warning(all.first().file, problems[i]);
+            else
+                session.warning(QStringLiteral("rvopen"),
+                                QStringLiteral("nothing has the path \"%1\"")
+                                    .arg(patterns[std::size_t(i)].Text()));
         }
         if (patterns.empty())
             isIncomplete = std::all_of(all.begin(), all.end(),

@@ -82,7 +82,7 @@ public:
         if (files.isEmpty() && m_files.isEmpty())
             throw Failure(QStringLiteral(
                 "name archives, or the folders of the host (--install, --archives, --custom)"));
-        const Selection selection = m_selection.selection();
+        const Selection selection = m_selection.selection(session);
 
         std::vector<Entry> entries;
         forEachDocument(files, session, [&](Document& document) {

@@ -8,6 +8,7 @@
 #include "Session.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
+#include "toolkit/edit/Likeness.h"
 #include "toolkit/images/HostPicture.h"
 #include "toolkit/images/ImageFiles.h"
 
@@ -65,7 +66,7 @@ public:
         const QVector<PathPattern::Match> matches = PathPattern(m_path).Find(document->Root());
         if (matches.size() != 1)
             throw Failure(matches.isEmpty()
-                              ? QStringLiteral("nothing has the path \"%1\"").arg(m_path)
+                              ? nothingHas(m_path, document->Root())
                               : QStringLiteral("%1 places have the path \"%2\", the first \"%3\"")
                                     .arg(matches.size())
                                     .arg(m_path, matches.first().path));

@@ -48,6 +48,45 @@ struct Job {
     QString file;
 };
 
+/// Pictures that are not made. One of each reason is told: there may be hundreds of the same.
+class Refusals {
+public:
+    void add(const QString& reason, const QString& file, const QString& message)
+    {
+        for (Refusal& refusal : m_refusals) {
+            if (refusal.reason == reason) {
+                ++refusal.others;
+                return;
+            }
+        }
+        m_refusals.append({reason, file, message, 0});
+    }
+
+    /// The next begins anew.
+    void report(Session& session)
+    {
+        for (const Refusal& refusal : m_refusals) {
+            session.error(
+                refusal.file,
+                refusal.others == 0
+                    ? refusal.message
+                    : QStringLiteral("%1; the same goes for %2")
+                          .arg(refusal.message, counted(refusal.others, QStringLiteral("other"))));
+        }
+        m_refusals.clear();
+    }
+
+private:
+    struct Refusal {
+        QString reason;
+        QString file;
+        QString message;
+        int others = 0;
+    };
+
+    QVector<Refusal> m_refusals;
+};
+
 /// Usable as the name of a file on every system.
 QString fileSafe(const QString& text)
 {
@@ -110,7 +149,7 @@ public:
                 QStringLiteral("--size takes %1 to %2").arg(MinPictureSize).arg(MaxPictureSize));
         if (!m_output.isEmpty() && !m_options.isDryRun() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
-        m_selected = m_selection.selection();
+        m_selected = m_selection.selection(session);
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
@@ -151,6 +190,7 @@ private:
             written += finish(jobs, document, session, isChanged);
         }
         session.clearProgress();
+        m_refusals.report(session);
         if (isChanged && !m_options.isDryRun())
             save(document, session);
         m_kept += kept;
@@ -176,11 +216,11 @@ private:
             job.file = outputFile(job.subject);
             // A dry run made no folder.
             return !QFileInfo::exists(m_output) ||
-                   (isFree(job.file, m_output, session) && isOurs(job.file, session));
+                   (isFree(job.file, m_output, session) && isOurs(job.file));
         }
         if (place.lack != PictureLack::Nothing) {
-            session.error(document.Name(),
-                          job.subject.path + QLatin1String(": ") + problemOf(place.lack));
+            m_refusals.add(problemOf(place.lack), document.Name(),
+                           job.subject.path + QLatin1String(": ") + problemOf(place.lack));
             return false;
         }
         if (!element.attribute(QStringLiteral("xmlImage")).isEmpty()) {
@@ -211,12 +251,12 @@ private:
     }
 
     /// Whether nothing else would be lost.
-    bool isOurs(const QString& file, Session& session) const
+    bool isOurs(const QString& file)
     {
         try {
             m_options.check(file);
         } catch (const Failure& failure) {
-            session.error(file, failure.Message());
+            m_refusals.add(QStringLiteral("--force"), file, failure.Message());
             return false;
         }
         return true;
@@ -305,6 +345,7 @@ private:
     FileTransaction m_folders;
     /// Files of this run, so that none is written twice.
     QSet<QString> m_taken;
+    Refusals m_refusals;
     QJsonArray m_pictures;
     int m_kept = 0;
 };

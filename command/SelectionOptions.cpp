@@ -4,6 +4,8 @@
 #include "SelectionOptions.h"
 
 #include "Arguments.h"
+#include "Session.h"
+#include "toolkit/edit/Likeness.h"
 
 #include <rvopen/toolkit/schema/ElementInfo.h>
 
@@ -57,8 +59,17 @@ void SelectionOptions::declare(Arguments& arguments)
                      "be repeated");
 }
 
-Selection SelectionOptions::selection() const
+Selection SelectionOptions::selection(Session& session) const
 {
+    QStringList known;
+    for (const ElementInfo& info : AllElements())
+        known << info.name;
+    const QString likely = likeliest(m_texts.type, known);
+    if (!likely.isEmpty() && !known.contains(m_texts.type, Qt::CaseInsensitive)) {
+        session.warning(QStringLiteral("rvopen"),
+                        QStringLiteral("there is no kind \"%1\"").arg(m_texts.type) +
+                            didYouMean(likely));
+    }
     return Selection(m_texts);
 }
 

@@ -12,13 +12,15 @@
 namespace rvopen::command {
 
 class Arguments;
+class Session;
 
 /// The options that say which presets or other elements a command is about, the same for all.
 class SelectionOptions {
 public:
     void declare(Arguments& arguments);
-    /// Of the command line, once it is parsed. Throws a Failure when a path or condition is none.
-    toolkit::Selection selection() const;
+    /// Of the command line, once it is parsed. Throws a Failure when a path or condition is none,
+    /// and warns of a kind that seems mistyped: documents may have other kinds than are known.
+    toolkit::Selection selection(Session& session) const;
 
 private:
     toolkit::SelectionTexts m_texts;

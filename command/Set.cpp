@@ -9,6 +9,7 @@
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/edit/Labels.h"
+#include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/TypedText.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
@@ -94,7 +95,7 @@ public:
         const QStringList given = m_inputs.taken(assignments);
         if (assignments.isEmpty())
             throw Failure(QStringLiteral("say what to set: PATH=VALUE"));
-        const Selection selection = m_selection.selection();
+        const Selection selection = m_selection.selection(session);
         const QStringList files = m_inputs.files(given, session);
         m_isOne = files == given && files.size() == 1;
         if (m_target.isGiven() && !m_target.isInPlace() && files.size() != 1)
@@ -180,8 +181,7 @@ private:
         count += int(matches.size());
         if (matches.isEmpty()) {
             if (m_isOne)
-                session.error(document.Name(),
-                              QStringLiteral("nothing has the path \"%1\"").arg(path));
+                session.error(document.Name(), nothingHas(path, document.Root()));
             return !m_isOne;
         }
         if (matches.size() > 1 && !m_all) {

@@ -90,7 +90,7 @@ public:
         if (isInput())
             throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
         m_options.check(m_output);
-        m_selected = m_selection.selection();
+        m_selected = m_selection.selection(session);
         prepareTexts();
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
@@ -195,12 +195,35 @@ private:
         return images;
     }
 
+    static bool fits(const ContactSheet& sheet)
+    {
+        return sheet.height() <= s_maxHeight &&
+               qint64(sheet.width()) * sheet.height() <= s_maxPixels;
+    }
+
+    /// What makes the sheet small enough for one picture.
+    QString remedy() const
+    {
+        const auto fitsAt = [this](int side) {
+            return fits(ContactSheet(title(), m_cells, m_columns, side));
+        };
+        int fitting = MinPictureSize;
+        if (!fitsAt(fitting))
+            return QStringLiteral("or more --columns");
+        int tooLarge = m_size;
+        while (tooLarge - fitting > 1) {
+            const int between = (fitting + tooLarge) / 2;
+            (fitsAt(between) ? fitting : tooLarge) = between;
+        }
+        return QStringLiteral("--size %1, or more --columns").arg(fitting);
+    }
+
     QByteArray asPng(const ContactSheet& sheet)
     {
         const QSize size(sheet.width(), sheet.height());
-        if (size.height() > s_maxHeight || qint64(size.width()) * size.height() > s_maxPixels)
-            throw Failure(QStringLiteral("that is too much for one picture: take PDF, a smaller "
-                                         "--size, or more --columns"));
+        if (!fits(sheet))
+            throw Failure(QStringLiteral("that is too much for one picture: take PDF, ") +
+                          remedy());
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);

@@ -94,7 +94,7 @@ public:
         }
         if (m_target.isGiven() || m_target.isDryRun())
             throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --relink"));
-        const Selection selection = m_selection.selection();
+        const Selection selection = m_selection.selection(session);
         bool isMissing = false;
         QJsonArray list;
         forEachDocument(m_files, session, [&](Document& document) {
@@ -202,7 +202,7 @@ private:
 
     QVector<ReferencedTexture> selected(const Document& document) const
     {
-        return texturesOf(document, m_selection.selection().in(document.Root()));
+        return texturesOf(document, m_selection.selection(session).in(document.Root()));
     }
 
     /// By the first prefix that the reference has; null without.

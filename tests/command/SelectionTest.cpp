@@ -141,4 +141,15 @@ TEST_F(Selecting, SheetShowsThese)
               2);
 }
 
+TEST(Selection, AsksWhichKindWasMeant)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    const Outcome run = workspace.run("list --type materail a.rvx");
+    EXPECT_EQ(run.err, QStringLiteral(
+                           "rvopen: there is no kind \"materail\"; did you mean \"material\"?\n"));
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(workspace.run("list --type MATERIAL a.rvx").err, QString());
+}
+
 } // namespace rvopen::test

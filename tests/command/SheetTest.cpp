@@ -4,6 +4,7 @@
 #include "Program.h"
 
 #include <QImage>
+#include <QRegularExpression>
 
 namespace rvopen::test {
 
@@ -171,6 +172,26 @@ TEST(Sheet, WithoutAnyFontSaysSo)
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("font"));
     EXPECT_FALSE(workspace.exists(QStringLiteral("a.png")));
+}
+
+TEST(Sheet, ThatIsTooLargeIsToldASizeThatFits)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(400));
+    const QString line = QStringLiteral("sheet --dry-run a.rvx -o a.png --columns 1 --size %1");
+    const auto runAt = [&](int size) {
+        return workspace.run(line.arg(size).split(QLatin1Char(' ')));
+    };
+    const Outcome refused = runAt(200);
+    EXPECT_EQ(refused.code, 2);
+    const QRegularExpressionMatch match =
+        QRegularExpression(QStringLiteral("^rvopen: that is too much for one picture: take PDF, "
+                                          "--size (\\d+), or more --columns\n$"))
+            .match(refused.err);
+    ASSERT_TRUE(match.hasMatch()) << refused.err.toStdString();
+    const int fitting = match.captured(1).toInt();
+    EXPECT_EQ(runAt(fitting).code, 0);
+    EXPECT_EQ(runAt(fitting + 1).code, 2);
 }
 
 } // namespace rvopen::test

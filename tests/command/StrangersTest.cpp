@@ -384,4 +384,27 @@ TEST(Strangers, NoEmptyFolderIsLeft)
     EXPECT_FALSE(workspace.exists(QStringLiteral("out")));
 }
 
+TEST(Strangers, OtherFilesAreToldForWhatTheyAre)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("picture.xml"), QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10));
+    workspace.write(QStringLiteral("packed.rvx"), QByteArray("\x1f\x8b\x08\0", 4));
+    for (const char* const command : {"tree", "list", "format --check", "check"}) {
+        const QString name = QLatin1String(command);
+        const Outcome picture = workspace.run(name.split(QLatin1Char(' ')) +
+                                              QStringList(QStringLiteral("picture.xml")));
+        EXPECT_THAT((picture.out + picture.err).toStdString(),
+                    ::testing::HasSubstr(": This is a JPEG picture, no document"))
+            << command;
+        const Outcome packed =
+            workspace.run(name.split(QLatin1Char(' ')) + QStringList(QStringLiteral("packed.rvx")));
+        EXPECT_THAT((packed.out + packed.err).toStdString(),
+                    ::testing::HasSubstr(": This is a gzip file, no document"))
+            << command;
+    }
+    const Outcome input = workspace.run("tree -", QByteArray("\x1f\x8b\x08\0", 4));
+    EXPECT_THAT(input.err.toStdString(),
+                ::testing::HasSubstr(": This is a gzip file, no document"));
+}
+
 } // namespace rvopen::test

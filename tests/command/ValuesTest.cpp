@@ -352,4 +352,51 @@ TEST_F(Values, SetThatCannotWriteLeavesTheOldFile)
     EXPECT_EQ(workspace.files().size(), 2);
 }
 
+TEST(Set, TellsHowAValueIsWritten)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    const auto refusal = [&workspace](const char* assignment) {
+        const Outcome run =
+            workspace.run({QStringLiteral("set"), QStringLiteral("a.xml"), QStringLiteral("-o"),
+                           QStringLiteral("-"), QLatin1String(assignment)});
+        EXPECT_EQ(run.code, 2) << assignment;
+        return run.err.section(QLatin1Char('\n'), 0, 0).section(QStringLiteral(": "), 2);
+    };
+    EXPECT_EQ(refusal("camera[Eye]:Field Of View=40,5"),
+              QStringLiteral("\"40,5\" has a comma where a number has its decimal point: 40.5"));
+    EXPECT_EQ(refusal("camera[Eye]:Field Of View=wide"),
+              QStringLiteral("\"wide\" is no number: write it as 0.5"));
+    EXPECT_EQ(refusal("renderTarget:Width=1.5"),
+              QStringLiteral("\"1.5\" is no whole number of 32 bits: write it as 3"));
+    EXPECT_EQ(refusal("camera[Eye]:Orthographic=maybe"),
+              QStringLiteral("\"maybe\" is neither true nor false"));
+    EXPECT_EQ(refusal("background:Colour=red"),
+              QStringLiteral("\"red\" is no colour: write \"0.5 0 0\" or \"#800000\""));
+    EXPECT_EQ(refusal("camera[Eye]:From=1 2"),
+              QStringLiteral("\"1 2\" is not three numbers: write \"0 0.5 1\""));
+}
+
+TEST(Paths, ThatFindNothingAskWhichWasMeant)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), smallDocument());
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    const QString view = QStringLiteral("camera:Feild Of View");
+    EXPECT_EQ(workspace.run({QStringLiteral("get"), QStringLiteral("a.xml"), view}).err,
+              QStringLiteral("a.xml: nothing has the path \"camera:Feild Of View\"; did you mean "
+                             "\"camera:Field Of View\"?\n"));
+    EXPECT_EQ(workspace
+                  .run({QStringLiteral("set"), QStringLiteral("a.xml"),
+                        view + QStringLiteral("=40"), QStringLiteral("-o"), QStringLiteral("-")})
+                  .err,
+              QStringLiteral("a.xml: nothing has the path \"camera:Feild Of View\"; did you mean "
+                             "\"camera:Field Of View\"?\nrvopen: nothing was set\n"));
+    EXPECT_EQ(workspace.run("remove a.rvx Barss -o -").err,
+              QStringLiteral("rvopen: nothing has the path \"Barss\"; did you mean \"Brass\"?\n"));
+    EXPECT_EQ(workspace.run("get a.rvx material@subcta").err,
+              QStringLiteral("a.rvx: nothing has the path \"material@subcta\"; did you mean "
+                             "\"material@subcat\"?\n"));
+}
+
 } // namespace rvopen::test

@@ -3,6 +3,7 @@
 
 #include <rvopen/toolkit/documents/Document.h>
 
+#include "ForeignFormat.h"
 #include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/RVOpenLimits.h>
@@ -79,8 +80,12 @@ std::unique_ptr<Document> Document::Read(const QString& argument, ReadError& err
     }
     document->m_dom.reset(ReadXmlDocument(document->m_path, &error));
     error.file = document->m_name;
-    if (!document->m_dom)
+    if (!document->m_dom) {
+        const QString format = foreignFormatOf(document->m_path);
+        if (!format.isEmpty())
+            error.message = QStringLiteral("This is %1, no document").arg(format);
         return nullptr;
+    }
     document->m_kind = kindOf(*document->m_dom);
     return document;
 }

@@ -103,8 +103,7 @@ Load LoadDocument(const QString& path, DocumentKind wanted)
     if (!load.document) {
         load.foreignFormat = foreignFormatOf(path);
         if (!load.foreignFormat.isEmpty())
-            load.error =
-                problemOf(path, QStringLiteral("This is %1, no document").arg(load.foreignFormat));
+            load.error = problemOf(path, load.error.message);
         return load;
     }
     load.kind = load.document->Kind();

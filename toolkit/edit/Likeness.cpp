@@ -183,6 +183,12 @@ QString likeliestPath(const QString& path, const QDomElement& root)
     return isAnchored && !found.isEmpty() ? QLatin1Char('/') + found : found;
 }
 
+QString nothingHas(const QString& path, const QDomElement& root)
+{
+    return QStringLiteral("nothing has the path \"%1\"").arg(path) +
+           didYouMean(likeliestPath(path, root));
+}
+
 QString didYouMean(const QString& likely)
 {
     return likely.isEmpty() ? QString() : QStringLiteral("; did you mean \"%1\"?").arg(likely);

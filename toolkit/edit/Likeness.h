@@ -18,6 +18,9 @@ QString likeliest(const QString& word, const QStringList& candidates);
 /// or "//", which means many.
 QString likeliestPath(const QString& path, const QDomElement& root);
 
+/// Says that nothing below the root has the path, and which one was meant, if one is like it.
+QString nothingHas(const QString& path, const QDomElement& root);
+
 /// The end of a message: "; did you mean "..."?". Empty for an empty text.
 QString didYouMean(const QString& likely);
 

@@ -35,6 +35,28 @@ unsigned int getTriple(const Param& param, float (&triple)[3])
     return param.IsVector() ? param.GetValVector(triple) : param.GetValPoint(triple);
 }
 
+/// What is wrong with a text that is no value of the type, and how one is written.
+QString wrongText(ValueType type, const ValueFault& fault, const QString& text)
+{
+    const QString given = QLatin1Char('"') + text + QLatin1Char('"');
+    switch (type) {
+    case ValueType::Boolean:
+        return given + QLatin1String(" is neither true nor false");
+    case ValueType::Colour:
+        return given + QLatin1String(" is no colour: write \"0.5 0 0\" or \"#800000\"");
+    case ValueType::Vector:
+    case ValueType::Point:
+        return given + QLatin1String(" is not three numbers: write \"0 0.5 1\"");
+    default:
+        break;
+    }
+    const QString problem = FaultMessage(ParamInfo(), fault);
+    if (fault.fault == Fault::DecimalComma)
+        return problem;
+    return problem + (type == ValueType::Integer ? QLatin1String(": write it as 3")
+                                                 : QLatin1String(": write it as 0.5"));
+}
+
 QString outsideRange(const QDomElement& param, double value)
 {
     double low = 0;
@@ -101,8 +123,7 @@ QVariant ParamValues::Value(const QDomElement& param)
 QString ParamValues::Check(const QDomElement& param, const QString& text)
 {
     m_param.SetDomNode(param);
-    const QString typeName = name(param, "type");
-    const std::optional<ValueType> type = TypeNamed(typeName);
+    const std::optional<ValueType> type = TypeNamed(name(param, "type"));
     if (!type)
         return QStringLiteral("the parameter has no type that the host knows");
     if (m_param.IsShader()) {
@@ -114,7 +135,7 @@ QString ParamValues::Check(const QDomElement& param, const QString& text)
     if (fault.fault == Fault::ForbiddenCharacter)
         return QStringLiteral("it has a character that no document may contain");
     if (fault)
-        return QStringLiteral("\"%1\" is no value of type \"%2\"").arg(text, typeName);
+        return wrongText(*type, fault, text);
     return m_param.IsFloat() || m_param.IsInt() ? outsideRange(param, text.toDouble()) : QString();
 }
 

@@ -4,6 +4,7 @@
 #include "Things.h"
 
 #include "Labels.h"
+#include "Likeness.h"
 #include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
@@ -125,7 +126,7 @@ void choose(const QDomElement& root, const QString& path, Matches matches, QVect
         found += things;
     }
     if (all.isEmpty())
-        throw Failure(QStringLiteral("nothing has the path \"%1\"").arg(path));
+        throw Failure(nothingHas(path, root));
     if (found.isEmpty() && isCurrent)
         throw Failure(QStringLiteral("\"%1\": the current snapshot stays in its document, under "
                                      "its name")

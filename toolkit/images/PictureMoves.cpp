@@ -226,10 +226,12 @@ void PictureMoves::finish(const Backup& backUp, const Complaint& complain)
     for (const Move& move : m_moves) {
         if (move.old == Old::Kept || left.contains(move.from) || !isSomething(move.from))
             continue;
-        const QString problem = move.to.isEmpty() ? backUp(move.from) : QString();
-        if (!problem.isEmpty() || !QFile::remove(move.from)) {
-            complain(move.from,
-                     problem.isEmpty() ? QStringLiteral("it could not be removed") : problem);
+        QString problem = move.to.isEmpty() ? backUp(move.from) : QString();
+        QFile file(move.from);
+        if (problem.isEmpty() && !file.remove())
+            problem = QStringLiteral("it could not be removed: ") + file.errorString();
+        if (!problem.isEmpty()) {
+            complain(move.from, problem);
             continue;
         }
         // Of the category's folders those go that hold nothing any more.
