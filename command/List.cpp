@@ -6,6 +6,7 @@
 #include "Input.h"
 #include "SelectionOptions.h"
 #include "Session.h"
+#include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
@@ -39,6 +40,37 @@ struct Entry {
     QString order;
 };
 
+/// What there is to know of a preset, by the name that it has in JSON and on the command line.
+struct Column {
+    const char* name;
+    QString Entry::*text;
+};
+
+constexpr Column s_columns[] = {{"file", &Entry::file},
+                                {"kind", &Entry::kind},
+                                {"name", &Entry::name},
+                                {"refname", &Entry::refName},
+                                {"category", &Entry::category},
+                                {"subcat", &Entry::subCategory},
+                                {"folder", &Entry::folder},
+                                {"path", &Entry::path},
+                                {"description", &Entry::description}};
+
+QStringList columnNames()
+{
+    QStringList names;
+    for (const Column& column : s_columns)
+        names << QLatin1String(column.name);
+    return names;
+}
+
+/// A cell of tab-separated text: what would end it, and the backslash before these, has a
+/// backslash.
+QString tabSeparated(const QString& text)
+{
+    return visible(QString(text).replace(QLatin1Char('\\'), QLatin1String("\\\\")));
+}
+
 bool precedes(const Entry& a, const Entry& b)
 {
     for (const auto part :
@@ -67,6 +99,12 @@ public:
         arguments.description("Sorted by kind and name. Without files, all archives in the folders "
                               "of the host. Exit code 1 when nothing is found.");
         arguments.positional("files", m_files, "Archives, folders, or \"-\"", false);
+        arguments.option("--columns", m_names, "NAMES",
+                         "These alone, in this order, as name,path; there are file, kind, name, "
+                         "refname, category, subcat, folder, path and description");
+        arguments.flag(
+            "--tsv", m_isTabSeparated,
+            "Tabs between the columns and a line of their names above, for spreadsheets");
         m_selection.declare(arguments);
         arguments.example("rvopen list --type material --text \"brass\" install",
                           "materials that have to do with brass");
@@ -82,6 +120,10 @@ public:
         if (files.isEmpty() && m_files.isEmpty())
             throw Failure(QStringLiteral(
                 "name archives, or the folders of the host (--install, --archives, --custom)"));
+        if (session.json && (m_isTabSeparated || !m_names.isEmpty()))
+            throw Failure(QStringLiteral("--json has all columns: it goes with neither --columns "
+                                         "nor --tsv"));
+        const QVector<Column> columns = chosenColumns();
         const Selection selection = m_selection.selection(session);
 
         std::vector<Entry> entries;
@@ -95,12 +137,36 @@ public:
         std::sort(entries.begin(), entries.end(), precedes);
         if (session.json)
             printJson(entries, session.out);
-        else
+        else if (m_isTabSeparated)
+            printTabSeparated(entries, columns, session.out);
+        else if (m_names.isEmpty())
             print(entries, session.out);
+        else
+            print(entries, columns, session.out);
         return session.result(entries.empty() ? ExitFindings : ExitFine);
     }
 
 private:
+    /// All where none are named.
+    QVector<Column> chosenColumns() const
+    {
+        QVector<Column> columns;
+        if (m_names.isEmpty()) {
+            for (const Column& column : s_columns)
+                columns.append(column);
+            return columns;
+        }
+        const QStringList known = columnNames();
+        for (const QString& name : m_names.split(QLatin1Char(','))) {
+            const int at = int(known.indexOf(name.trimmed()));
+            if (at < 0)
+                throw Failure(QStringLiteral("there is no column \"%1\"").arg(name.trimmed()) +
+                              didYouMean(likeliest(name.trimmed(), known)));
+            columns.append(s_columns[at]);
+        }
+        return columns;
+    }
+
     static Entry entry(const Document& document, const Preset& preset)
     {
         const QDomElement& element = preset.element;
@@ -124,19 +190,42 @@ private:
         table.print(out);
     }
 
+    static void print(const std::vector<Entry>& entries, const QVector<Column>& columns,
+                      Output& out)
+    {
+        Table table;
+        for (const Entry& entry : entries) {
+            QVector<Table::Cell> cells;
+            for (const Column& column : columns)
+                cells.append({entry.*column.text});
+            table.row(cells);
+        }
+        table.print(out);
+    }
+
+    static void printTabSeparated(const std::vector<Entry>& entries, const QVector<Column>& columns,
+                                  Output& out)
+    {
+        QStringList cells;
+        for (const Column& column : columns)
+            cells << QLatin1String(column.name);
+        out.line(cells.join(QLatin1Char('\t')));
+        for (const Entry& entry : entries) {
+            cells.clear();
+            for (const Column& column : columns)
+                cells << tabSeparated(entry.*column.text);
+            out.line(cells.join(QLatin1Char('\t')));
+        }
+    }
+
     static void printJson(const std::vector<Entry>& entries, Output& out)
     {
         QJsonArray presets;
         for (const Entry& entry : entries) {
-            presets.append(QJsonObject{{QStringLiteral("file"), entry.file},
-                                       {QStringLiteral("kind"), entry.kind},
-                                       {QStringLiteral("name"), entry.name},
-                                       {QStringLiteral("refname"), entry.refName},
-                                       {QStringLiteral("category"), entry.category},
-                                       {QStringLiteral("subcat"), entry.subCategory},
-                                       {QStringLiteral("folder"), entry.folder},
-                                       {QStringLiteral("path"), entry.path},
-                                       {QStringLiteral("description"), entry.description}});
+            QJsonObject preset;
+            for (const Column& column : s_columns)
+                preset.insert(QLatin1String(column.name), entry.*column.text);
+            presets.append(preset);
         }
         QJsonObject result = Session::envelope("list");
         result.insert(QStringLiteral("presets"), presets);
@@ -144,6 +233,8 @@ private:
     }
 
     QStringList m_files;
+    QString m_names;
+    bool m_isTabSeparated = false;
     SelectionOptions m_selection;
 };
 

@@ -125,4 +125,46 @@ TEST(List, TakesTenThousandPresets)
     EXPECT_EQ(workspace.run("list a.rvx").lines().size(), 10000);
 }
 
+TEST(List, PrintsTheColumnsThatAreChosen)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("list --columns refname,name --category Metals a.rvx").out,
+              QStringLiteral("m.brass  Brass\nm.zinc   Zinc\n"));
+}
+
+TEST(List, PrintsTabSeparatedText)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("list --tsv --columns name,description --category Metals a.rvx").out,
+              QStringLiteral("name\tdescription\nBrass\tShiny and yellow\nZinc\tGrey\n"));
+    EXPECT_EQ(
+        workspace.run("list --tsv --type camera a.rvx").out,
+        QStringLiteral("file\tkind\tname\trefname\tcategory\tsubcat\tfolder\tpath\tdescription\n"
+                       "a.rvx\tcamera\tAbove\tc.above\tCameras\t\t\tcameras[Cameras]/"
+                       "camera[Above]\t\n"));
+}
+
+TEST(List, TabsAndLinesInNamesEndNoCell)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><colours><colour name=\"a&#9;b&#10;c\\d\"/></colours></presets>");
+    EXPECT_EQ(workspace.run("list --tsv --columns name a.rvx").out,
+              QStringLiteral("name\na\\tb\\nc\\\\d\n"));
+}
+
+TEST(List, RefusesColumnsThatThereAreNotAndThoseOfJson)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("list --columns nmae a.rvx").err,
+              QStringLiteral("rvopen: there is no column \"nmae\"; did you mean \"name\"?\n"));
+    const Outcome json = workspace.run("list --json --tsv a.rvx");
+    EXPECT_EQ(json.err, QStringLiteral("rvopen: --json has all columns: it goes with neither "
+                                       "--columns nor --tsv\n"));
+    EXPECT_EQ(json.code, 2);
+}
+
 } // namespace rvopen::test
