@@ -162,7 +162,7 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (ReferencedTexture texture : selected(*document)) {
+        for (ReferencedTexture texture : selected(*document, session)) {
             const QString changed = withAnotherPrefix(texture.reference, prefixes);
             if (!changed.isEmpty()) {
                 texture.refer(changed);
@@ -200,7 +200,7 @@ private:
         return session.result(isIncomplete ? ExitFindings : ExitFine);
     }
 
-    QVector<ReferencedTexture> selected(const Document& document) const
+    QVector<ReferencedTexture> selected(const Document& document, Session& session) const
     {
         return texturesOf(document, m_selection.selection(session).in(document.Root()));
     }
@@ -241,7 +241,7 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (const ReferencedTexture& texture : selected(*document)) {
+        for (const ReferencedTexture& texture : selected(*document, session)) {
             const QString problem =
                 problemOfTexture(texture, TextureCollection::objectionTo(
                                               texture, *document, session.folders, m_isEverywhere));

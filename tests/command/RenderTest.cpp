@@ -353,6 +353,19 @@ TEST(Render, NamesLeadOutOfNoFolder)
         EXPECT_TRUE(file.startsWith(QLatin1String("in/"))) << file.toStdString();
 }
 
+TEST(Render, TellsOneOfThePicturesThatAreRefusedAlike)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("render --all --size 16 -o out a.rvx").code, 0);
+    const Outcome run = workspace.run("render --all --size 16 -o out a.rvx");
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.out, QStringLiteral("a.rvx  0 pictures\n"));
+    EXPECT_EQ(run.err, QStringLiteral("out/material Brass.png: \"out/material Brass.png\" is there "
+                                      "already: --force writes over it; the same goes for 3 "
+                                      "others\n"));
+}
+
 TEST(Render, ValuesThatAreNoNumbersAreDrawnToo)
 {
     const Workspace workspace;
