@@ -47,6 +47,7 @@ std::unique_ptr<Command> makeRemove();
 std::unique_ptr<Command> makeRename();
 std::unique_ptr<Command> makeSort();
 std::unique_ptr<Command> makeDiff();
+std::unique_ptr<Command> makeMerge();
 std::unique_ptr<Command> makeFormat();
 std::unique_ptr<Command> makePreview();
 std::unique_ptr<Command> makeRender();

@@ -49,10 +49,10 @@ std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
     for (const auto make :
-         {makeInfo,   makeTree,      makeList,   makeFind,   makeGet,     makeSet,
-          makeCheck,  makeTextures,  makeImport, makeCopy,   makeMove,    makeRename,
-          makeRemove, makeSort,      makeDiff,   makeFormat, makePreview, makeRender,
-          makeSheet,  makeThumbnail, makeNew,    makeParams})
+         {makeInfo,   makeTree,     makeList,      makeFind,  makeGet,    makeSet,
+          makeCheck,  makeTextures, makeImport,    makeCopy,  makeMove,   makeRename,
+          makeRemove, makeSort,     makeDiff,      makeMerge, makeFormat, makePreview,
+          makeRender, makeSheet,    makeThumbnail, makeNew,   makeParams})
         commands.push_back(make());
     return commands;
 }

@@ -75,8 +75,8 @@ LAYERS = {
         toolkit/check/Inspecting toolkit/check/Inspection toolkit/check/Mending
         toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
         toolkit/check/RuleTable""",
-    "Toolkit: compare": "toolkit/compare/Comparer",
-    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer",
+    "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members",
+    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
     "Toolkit: drawing": """
         toolkit/drawing/Backdrop toolkit/drawing/ColourDistance toolkit/drawing/Diagrams
         toolkit/drawing/Drawing toolkit/drawing/Optics toolkit/drawing/Photometry
@@ -87,7 +87,7 @@ LAYERS = {
     "Command": """
         command/Arguments command/Check command/Command command/CommandLine command/Diff
         command/Documentation command/Editing command/Find command/Format command/Get command/Import
-        command/Info command/Input command/Inputs command/Interrupts command/List command/New
+        command/Info command/Input command/Inputs command/Interrupts command/List command/Merge command/New
         command/Output command/OutputOptions command/ParamTables command/Params command/Preview
         command/Program command/Remove command/Rename command/Render command/SelectionOptions
         command/Session command/Set command/Sheet command/Sort command/Target command/Textures

@@ -58,7 +58,7 @@ TEST(Git, IsSetUpAsDocumented)
     };
     ASSERT_EQ(git(QStringLiteral("init -q .")).code, 0);
     const QStringList shell = blocks(QStringLiteral("docs/command.md"), QStringLiteral("sh"));
-    ASSERT_EQ(shell.size(), 3);
+    ASSERT_EQ(shell.size(), 4);
     ASSERT_EQ(workspace.shell(shell[0]).code, 0);
     ASSERT_EQ(workspace.shell(shell[2]).code, 0);
 
@@ -79,6 +79,57 @@ TEST(Git, IsSetUpAsDocumented)
     EXPECT_EQ(refused.code, 1);
     EXPECT_THAT(refused.err.toStdString(), ::testing::HasSubstr("not canonical: MyPresets.rvx"));
     EXPECT_EQ(git(QStringLiteral("log --oneline")).lines().size(), 1);
+}
+
+TEST(Git, MergesAsDocumented)
+{
+    if (!hasProgram("git"))
+        GTEST_SKIP() << "there is no git";
+    Workspace workspace;
+    workspace.environment.insert(QStringLiteral("HOME"), workspace.path());
+    workspace.environment.insert(QStringLiteral("GIT_CONFIG_NOSYSTEM"), QStringLiteral("1"));
+    ASSERT_EQ(workspace
+                  .shell(QStringLiteral("git init -q . && git config user.name T && "
+                                        "git config user.email t@t"))
+                  .code,
+              0);
+    ASSERT_EQ(
+        workspace.shell(blocks(QStringLiteral("docs/command.md"), QStringLiteral("sh")).last())
+            .code,
+        0);
+    const QString name = QStringLiteral("presets/MyPresets.rvx");
+    const auto commit = [&workspace, &name](const QByteArray& archive, const QString& branch) {
+        workspace.write(name, archive);
+        const Outcome run = workspace.shell(
+            QStringLiteral("git add . && git commit -qm x && git branch %1").arg(branch));
+        EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    };
+    commit(smallArchive(), QStringLiteral("base"));
+    // In one line, which git by itself could not merge: ours has it with another name.
+    commit(smallArchive().replace("desc=\"Grey\"", "desc=\"Blue\""), QStringLiteral("fine"));
+    ASSERT_EQ(workspace.shell(QStringLiteral("git reset -q --hard base")).code, 0);
+    commit(smallArchive().replace("val=\"30\"", "val=\"40\""), QStringLiteral("conflict"));
+    ASSERT_EQ(workspace.shell(QStringLiteral("git reset -q --hard base")).code, 0);
+    const QByteArray ours = smallArchive()
+                                .replace("val=\"30\"", "val=\"35\"")
+                                .replace("name=\"Zinc\"", "name=\"Zink\"");
+    commit(ours, QStringLiteral("ours"));
+
+    const Outcome fine = workspace.shell(QStringLiteral("git merge -q -m m fine"));
+    EXPECT_EQ(fine.code, 0) << fine.out.toStdString() << fine.err.toStdString();
+    const QByteArray merged = QByteArray(ours).replace("desc=\"Grey\"", "desc=\"Blue\"");
+    workspace.write(QStringLiteral("wanted.rvx"), merged);
+    EXPECT_EQ(workspace.run("diff wanted.rvx presets/MyPresets.rvx").out, QString());
+
+    const Outcome conflict = workspace.shell(QStringLiteral("git merge -m m conflict 2>&1"));
+    EXPECT_EQ(conflict.code, 1);
+    EXPECT_THAT(
+        conflict.out.toStdString(),
+        ::testing::HasSubstr("! cameras[Cameras]/camera[Above]:Field Of View: \"30\" -> ours "
+                             "\"35\", theirs \"40\"\n"));
+    EXPECT_EQ(workspace.shell(QStringLiteral("git ls-files --unmerged | wc -l")).out.trimmed(),
+              QStringLiteral("3"));
+    EXPECT_EQ(workspace.run("diff wanted.rvx presets/MyPresets.rvx").out, QString());
 }
 
 // What is made from the parser.

@@ -3,6 +3,7 @@
 
 #include <rvopen/toolkit/compare/Comparer.h>
 
+#include "Members.h"
 #include "toolkit/edit/Labels.h"
 #include "toolkit/schema/Vocabulary.h"
 
@@ -21,57 +22,9 @@ namespace rvopen::toolkit {
 
 namespace {
 
-struct Child {
-    QDomElement element;
-    QString path;
-    QString key;
-};
-
 QString attribute(const QDomElement& element, const char* name)
 {
     return element.attribute(QLatin1String(name));
-}
-
-/// Where the parts are told apart by their names; elsewhere by their kind.
-bool isContainer(const QDomElement& element)
-{
-    const QString tag = element.tagName();
-    return tag == QLatin1String("snapshots") || tag == QLatin1String("dir") ||
-           tag == QLatin1String("materialRepository") || Vocabulary::instance().isSection(tag);
-}
-
-QString keyAmong(const QDomElement& parent, const QDomElement& child)
-{
-    const QString tag = child.tagName();
-    if (isParam(child))
-        return QLatin1Char(':') + attribute(child, "name");
-    const bool isCollection = tag == QLatin1String("snapshots");
-    if (!isContainer(parent) && !isCollection)
-        return tag;
-    QString identity;
-    if (parent.tagName() == QLatin1String("materialRepository"))
-        identity = attribute(child, "linkname");
-    if (identity.isEmpty())
-        identity = attribute(child, "refname");
-    if (identity.isEmpty())
-        identity = attribute(child, "name");
-    return tag + QLatin1Char('/') + identity;
-}
-
-QVector<Child> childrenOf(const QDomElement& parent, const QString& path)
-{
-    QVector<Child> children;
-    Labels labels;
-    QHash<QString, int> counts;
-    for (QDomElement element = parent.firstChildElement(); !element.isNull();
-         element = element.nextSiblingElement()) {
-        Child child{element, joined(path, labels.next(element)), keyAmong(parent, element)};
-        const int count = ++counts[child.key];
-        if (count > 1)
-            child.key += QLatin1Char('#') + QString::number(count);
-        children.append(child);
-    }
-    return children;
 }
 
 /// The longest run of positions that is in order already; what is not in it was moved.
@@ -112,10 +65,10 @@ public:
         m_differences.clear();
         compareElements(before, QString(), after, QString());
         pairUp();
-        for (const Child& child : m_removed)
+        for (const Member& child : m_removed)
             m_differences.append(
                 {DifferenceKind::Removed, child.element.tagName(), child.path, {}, {}, {}});
-        for (const Child& child : m_added)
+        for (const Member& child : m_added)
             m_differences.append(
                 {DifferenceKind::Added, child.element.tagName(), child.path, {}, {}, {}});
         return m_differences;
@@ -130,8 +83,8 @@ private:
         if (isParam(before) && isParam(after))
             compareValues(before, after, path);
         compareAttributes(before, after, path);
-        const QVector<Child> old = childrenOf(before, fromPath);
-        const QVector<Child> now = childrenOf(after, path);
+        const QVector<Member> old = membersOf(before, fromPath);
+        const QVector<Member> now = membersOf(after, path);
         QHash<QString, int> positions;
         for (int i = 0; i < int(now.size()); ++i)
             positions.insert(now[i].key, i);
@@ -158,17 +111,17 @@ private:
     }
 
     /// A folder's members may be somewhere else: each counts for itself.
-    static void lose(const Child& child, QVector<Child>& list)
+    static void lose(const Member& child, QVector<Member>& list)
     {
         list.append(child);
         const QString tag = child.element.tagName();
         if (tag != QLatin1String("dir") && !Vocabulary::instance().isSection(tag))
             return;
-        for (const Child& member : childrenOf(child.element, child.path))
+        for (const Member& member : membersOf(child.element, child.path))
             lose(member, list);
     }
 
-    void compareOrder(const QVector<Child>& old, const QVector<Child>& now,
+    void compareOrder(const QVector<Member>& old, const QVector<Member>& now,
                       const QVector<QPair<int, int>>& pairs)
     {
         QVector<int> positions;
@@ -178,7 +131,7 @@ private:
         for (int i = 0; i < int(pairs.size()); ++i) {
             if (settled.contains(i) || isParam(now[pairs[i].second].element))
                 continue;
-            const Child& child = now[pairs[i].second];
+            const Member& child = now[pairs[i].second];
             m_differences.append({DifferenceKind::Moved,
                                   child.element.tagName(),
                                   child.path,
@@ -198,9 +151,9 @@ private:
                 added[key].append(i);
         }
         QSet<int> arrived;
-        QVector<Child> gone;
-        QVector<QPair<Child, Child>> moves;
-        for (const Child& child : m_removed) {
+        QVector<Member> gone;
+        QVector<QPair<Member, Member>> moves;
+        for (const Member& child : m_removed) {
             QVector<int>& candidates = added[moveKey(child)];
             if (moveKey(child).isEmpty() || candidates.isEmpty()) {
                 gone.append(child);
@@ -210,7 +163,7 @@ private:
             arrived.insert(index);
             moves.append({child, m_added[index]});
         }
-        QVector<Child> come;
+        QVector<Member> come;
         for (int i = 0; i < int(m_added.size()); ++i) {
             if (!arrived.contains(i))
                 come.append(m_added[i]);
@@ -231,7 +184,7 @@ private:
         }
     }
 
-    static QString moveKey(const Child& child)
+    static QString moveKey(const Member& child)
     {
         const QDomElement& element = child.element;
         if (isParam(element))
@@ -303,8 +256,8 @@ private:
     Comparison m_comparison;
     ParamValues m_before;
     ParamValues m_after;
-    QVector<Child> m_removed;
-    QVector<Child> m_added;
+    QVector<Member> m_removed;
+    QVector<Member> m_added;
     QVector<Difference> m_differences;
 };
 
