@@ -7,7 +7,9 @@
 #include "OutputOptions.h"
 #include "SelectionOptions.h"
 #include "Session.h"
+#include "SheetPage.h"
 #include "toolkit/documents/FileWriting.h"
+#include "toolkit/documents/Interruption.h"
 #include "toolkit/documents/SafeFiles.h"
 #include "toolkit/drawing/Drawing.h"
 #include "toolkit/images/ContactSheet.h"
@@ -17,6 +19,7 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
 
@@ -28,6 +31,7 @@
 #include <QPdfWriter>
 
 #include <algorithm>
+#include <optional>
 
 namespace rvopen::command {
 
@@ -42,6 +46,8 @@ const qint64 s_maxPixels = qint64(200) * 1000 * 1000;
 /// On paper, and pictures are drawn twice as fine as they are asked for.
 const int s_dotsPerInch = 300;
 const int s_pdfFineness = 2;
+/// That are held at one time.
+const int s_picturesAtOnce = 64;
 
 class Sheet : public Command {
 public:
@@ -61,60 +67,67 @@ public:
             "Presets, snapshots and palettes under the names of their sections, folders and "
             "collections. Pictures that are there are taken, the others are drawn; no document "
             "is changed. The name of the output tells the format: PNG is one long picture, PDF "
-            "has pages of A4.");
+            "has pages of A4. With --html a folder with a page for browsers, to search, filter "
+            "and look into.");
         arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
         arguments.option("-o,--output", m_output, "FILE", "Write to this file, .png or .pdf");
+        arguments.option("--html", m_html, "DIR",
+                         "Write a page for browsers into this folder, which is empty or, with "
+                         "--force, has such a page");
         arguments.option("--size", m_size, "PIXELS", "The width of a picture; 160 when not given");
         arguments.option("--columns", m_columns, "NUMBER", "Pictures in a row; 6 when not given");
         arguments.flag("--drawn", m_drawn, "Draw them all, also those that there are pictures of");
         m_options.declare(arguments);
         m_selection.declare(arguments);
+        for (const char* const option : {"--output", "--columns", "--backup"})
+            arguments.onlyOne({QStringLiteral("--html"), QLatin1String(option)});
         arguments.example("rvopen sheet archives/Custom/MyPresets.rvx --size 80 -o mine.pdf",
                           "a sheet to print");
-        arguments.example("rvopen sheet snapshots/import_me.xml --columns 3 -o snapshots.png",
-                          "the snapshots of a document, with the pictures beside it");
+        arguments.example("rvopen sheet archives --type material --html page",
+                          "materials to look through in a browser: page/index.html");
     }
 
     int run(Session& session) override
     {
+        const bool isPage = !m_html.isEmpty();
         const QString format = QFileInfo(m_output).suffix().toLower();
         const bool isPdf = format == QLatin1String("pdf");
-        if (!isPdf && format != QLatin1String("png"))
-            throw Failure(QStringLiteral("say where to write: --output FILE.png or FILE.pdf"));
+        if (!isPage && !isPdf && format != QLatin1String("png"))
+            throw Failure(QStringLiteral("say where to write: --output FILE.png or FILE.pdf, or "
+                                         "--html DIR"));
         if (m_size < MinPictureSize || m_size > MaxPictureSize / s_pdfFineness)
             throw Failure(QStringLiteral("--size takes %1 to %2")
                               .arg(MinPictureSize)
                               .arg(MaxPictureSize / s_pdfFineness));
         if (m_columns < 1 || m_columns > s_maxColumns)
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
-        if (isInput())
+        if (!isPage && isInput())
             throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
-        m_options.check(m_output);
         m_selected = m_selection.selection(session);
-        prepareTexts();
+        if (isPage) {
+            m_page.emplace(m_html, m_options.isForced());
+            preparePictures();
+        } else {
+            m_options.check(m_output);
+            prepareTexts();
+        }
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
         if (m_items.isEmpty() && !session.hasFailed())
             throw Failure(QStringLiteral("there is nothing to show"));
         if (session.hasFailed())
             return ExitFailed;
-        if (m_names.size() > 1) {
-            for (ContactSheet::Cell& cell : m_cells)
-                cell.heading = m_names[cell.document - 1] + QStringLiteral(": ") + cell.heading;
-        }
-        const ContactSheet sheet(title(), m_cells, m_columns, m_size);
         m_session = &session;
         m_wish.size = isPdf ? m_size * s_pdfFineness : m_size;
         int pages = 1;
-        const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
+        if (isPage)
+            writePage();
+        else
+            writeSheet(isPdf, pages);
         session.clearProgress();
-        if (!m_options.isDryRun()) {
-            m_options.backUp(m_output);
-            writeOrFail(bytes, m_output);
-        }
         if (session.json) {
             QJsonObject result = Session::envelope(name());
-            result.insert(QStringLiteral("written"), m_output);
+            result.insert(QStringLiteral("written"), isPage ? m_html : m_output);
             result.insert(QStringLiteral("pictures"), int(m_items.size()));
             result.insert(QStringLiteral("drawn"), m_drawnCount);
             result.insert(QStringLiteral("pages"), pages);
@@ -156,7 +169,10 @@ private:
                         : QFileInfo(document.Name()).completeBaseName());
         const QVector<Subject> subjects = selectedOf(
             SubjectsOf(document) + PaletteSubjects(document), m_selected.in(document.Root()));
+        ParamValues values;
         for (const Subject& subject : subjects) {
+            if (m_page)
+                m_page->add(subject, document, values);
             Item item;
             const QString file = LocatePicture(subject.element, document, session.folders).file;
             if (!m_drawn && FindsPicture(subject.element, file)) {
@@ -173,9 +189,39 @@ private:
         }
     }
 
+    void writeSheet(bool isPdf, int& pages)
+    {
+        if (m_names.size() > 1) {
+            for (ContactSheet::Cell& cell : m_cells)
+                cell.heading = m_names[cell.document - 1] + QStringLiteral(": ") + cell.heading;
+        }
+        const ContactSheet sheet(title(), m_cells, m_columns, m_size);
+        const QByteArray bytes = isPdf ? asPdf(sheet, pages) : asPng(sheet);
+        if (m_options.isDryRun())
+            return;
+        m_options.backUp(m_output);
+        writeOrFail(bytes, m_output);
+    }
+
+    void writePage()
+    {
+        if (m_options.isDryRun())
+            return;
+        // Whoever ends the program waits for a few pictures, and what there is of the page goes.
+        const Uninterrupted writing;
+        const int count = int(m_items.size());
+        for (int first = 0; first < count; first += s_picturesAtOnce) {
+            const QVector<QImage> images =
+                pictures(first, std::min(s_picturesAtOnce, count - first));
+            for (int i = 0; i < int(images.size()); ++i)
+                m_page->setPicture(first + i, images[i]);
+        }
+        m_page->finish(title());
+    }
+
     QVector<QImage> pictures(int first, int count)
     {
-        m_session->progress(first, int(m_items.size()), m_output);
+        m_session->progress(first, int(m_items.size()), m_html.isEmpty() ? m_output : m_html);
         QVector<QImage> images(count);
         std::vector<drawing::Draw> draws;
         QVector<int> places;
@@ -258,6 +304,7 @@ private:
 
     QStringList m_files;
     QString m_output;
+    QString m_html;
     int m_size = 160;
     int m_columns = 6;
     bool m_drawn = false;
@@ -265,6 +312,7 @@ private:
     SelectionOptions m_selection;
     Selection m_selected;
 
+    std::optional<SheetPage> m_page;
     PictureWish m_wish;
     Session* m_session = nullptr;
     QStringList m_names;

@@ -90,7 +90,7 @@ LAYERS = {
         command/Info command/Input command/Inputs command/Interrupts command/List command/Merge command/New
         command/Output command/OutputOptions command/ParamTables command/Params command/Preview
         command/Program command/Remove command/Rename command/Render command/SelectionOptions
-        command/Session command/Set command/Sheet command/Sort command/Target command/Textures
+        command/Session command/Set command/Sheet command/SheetPage command/Sort command/Target command/Textures
         command/Thumbnail command/Transfer command/Tree command/main""",
 }
 

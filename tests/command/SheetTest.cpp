@@ -3,7 +3,9 @@
 
 #include "Program.h"
 
+#include <QFile>
 #include <QImage>
+#include <QJsonDocument>
 #include <QRegularExpression>
 
 namespace rvopen::test {
@@ -19,6 +21,15 @@ int inkIn(const QImage& image)
             count += qGray(image.pixel(x, y)) < 80 ? 1 : 0;
     }
     return count;
+}
+
+/// What the script in "page" gives to the page.
+QJsonObject dataOf(const Workspace& workspace)
+{
+    const QByteArray script = workspace.read(QStringLiteral("page/data.js"));
+    const int begin = int(script.indexOf('(')) + 1;
+    const QByteArray json = script.mid(begin, int(script.lastIndexOf(')')) - begin);
+    return QJsonDocument::fromJson(json).object();
 }
 
 } // namespace
@@ -157,6 +168,96 @@ TEST(Sheet, OfNothingAnswersTwo)
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), "<presets/>");
     EXPECT_EQ(workspace.run("sheet a.rvx -o a.png").code, 2);
+}
+
+TEST(Sheet, AsPageHasItsFilesAndAPictureOfEach)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    const Outcome run = workspace.run("sheet --json a.rvx --html page --size 16");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(isOfSchema(run, QStringLiteral("sheet")));
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 4);
+    for (const char* const name : {"index.html", "style.css", "script.js"}) {
+        QFile file(QStringLiteral(RVOPEN_SOURCE_DIR "/command/html/") + QLatin1String(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(workspace.read(QLatin1String("page/") + QLatin1String(name)), file.readAll())
+            << name;
+    }
+    const QJsonObject page = dataOf(workspace);
+    EXPECT_EQ(page.value(QStringLiteral("title")).toString(), QStringLiteral("Mine"));
+    const QJsonArray items = page.value(QStringLiteral("items")).toArray();
+    ASSERT_EQ(items.size(), 4);
+    for (const QJsonValue& item : items) {
+        const QString picture = item.toObject().value(QStringLiteral("picture")).toString();
+        EXPECT_EQ(QImage(workspace.path(QLatin1String("page/pictures/") + picture)).size(),
+                  QSize(16, 16))
+            << picture.toStdString();
+    }
+    EXPECT_EQ(items.at(0).toObject().value(QStringLiteral("search")).toString(),
+              QStringLiteral("brass\nmaterials / metals\nm.brass\nmetals\nopaque\nshiny and "
+                             "yellow"));
+}
+
+TEST(Sheet, OfTheSamePresetsThePageHasTheSameBytes)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("sheet a.rvx --html page --size 16").code, 0);
+    EXPECT_EQ(workspace.run("sheet a.rvx --html other --size 16").code, 0);
+    const Outcome run = workspace.shell(QStringLiteral("diff -r page other && find page | wc -l"));
+    EXPECT_EQ(run.code, 0) << run.out.toStdString();
+    EXPECT_GE(run.out.trimmed().toInt(), 9);
+}
+
+TEST(Sheet, OfAPageNoTextEndsTheScript)
+{
+    const Workspace workspace;
+    workspace.write(
+        QStringLiteral("a.rvx"),
+        smallArchive().replace("name=\"Zinc\"", "name=\"&lt;/script>&lt;img onerror=x>&#x2028;\""));
+    EXPECT_EQ(workspace.run("sheet a.rvx --html page --size 16").code, 0);
+    const QByteArray data = workspace.read(QStringLiteral("page/data.js"));
+    EXPECT_TRUE(data.contains("\\u003c/script>\\u003cimg onerror=x>\\u2028"));
+    EXPECT_FALSE(data.contains('<'));
+    EXPECT_EQ(data.count('\n'), 1);
+}
+
+TEST(Sheet, APageIsWrittenOverAPageAlone)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    workspace.write(QStringLiteral("b.rvx"), smallArchive().replace("Above", "Below"));
+    workspace.write(QStringLiteral("mine/notes.txt"), "mine");
+    EXPECT_EQ(workspace.run("sheet a.rvx --html mine --force").code, 2);
+    EXPECT_EQ(workspace.files().filter(QStringLiteral("mine/")).size(), 1);
+    EXPECT_EQ(workspace.run("sheet a.rvx --html page --size 16").code, 0);
+    const QByteArray before = workspace.read(QStringLiteral("page/data.js"));
+    EXPECT_EQ(workspace.run("sheet b.rvx --html page --size 16").code, 2);
+    EXPECT_EQ(workspace.run("sheet b.rvx --html page --size 16 --force --dry-run").code, 0);
+    EXPECT_EQ(workspace.read(QStringLiteral("page/data.js")), before);
+    EXPECT_EQ(workspace.run("sheet b.rvx --html page --size 16 --force").code, 0);
+    EXPECT_EQ(workspace.run("sheet b.rvx --html other --size 16").code, 0);
+    EXPECT_EQ(workspace.shell(QStringLiteral("diff -r page other")).out, QString());
+}
+
+TEST(Sheet, ADryRunMakesNoPage)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("sheet a.rvx --html page --dry-run").code, 0);
+    EXPECT_FALSE(workspace.exists(QStringLiteral("page")));
+}
+
+TEST(Sheet, OfAPageHasWhatIsSelected)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    EXPECT_EQ(workspace.run("sheet a.rvx --html page --size 16 --type camera").code, 0);
+    const QJsonArray items = dataOf(workspace).value(QStringLiteral("items")).toArray();
+    ASSERT_EQ(items.size(), 1);
+    EXPECT_EQ(items.at(0).toObject().value(QStringLiteral("path")).toString(),
+              QStringLiteral("cameras[Cameras]/camera[Above]"));
 }
 
 TEST(Sheet, WithoutAnyFontSaysSo)
