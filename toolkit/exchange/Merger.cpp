@@ -201,20 +201,24 @@ void Merger::settlePlaces()
     }
     for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
         if (!repeated.contains(it.key()))
-            settlePlace(it.key(), base.value(it.key()), ours.value(it.key()),
-                        theirs.value(it.key()));
+            settlePlace(base.value(it.key()), ours.value(it.key()), theirs.value(it.key()));
     }
 }
 
-void Merger::settlePlace(const QString& key, const Standing& base, const Standing& ours,
-                         const Standing& theirs)
+void Merger::settlePlace(const Standing& base, const Standing& ours, const Standing& theirs)
 {
     if (ours.element.isNull() || theirs.element.isNull()) {
         const Standing& left = ours.element.isNull() ? theirs : ours;
         if (base.element.isNull() || left.element.isNull() || base.place == left.place)
             return;
-        m_moved.insert(key);
-        moveLike(base.element, left.element);
+        const MergeText changed = QStringLiteral("changed");
+        const bool isOurs = theirs.element.isNull();
+        m_conflicts.append({left.path, QStringLiteral("there"), isOurs ? changed : MergeText(),
+                            isOurs ? MergeText() : changed});
+        // Neither side's place is to be told of again.
+        base.element.parentNode().removeChild(base.element);
+        if (!isOurs)
+            theirs.element.parentNode().removeChild(theirs.element);
         return;
     }
     const Choice choice =
@@ -323,7 +327,7 @@ void Merger::mergeMembers(const QDomElement& base, const QDomElement& ours,
 /// Theirs has it no more.
 void Merger::lose(const QDomElement& base, const Member& ours)
 {
-    if (m_moved.contains(ours.key) || !m_baseWithOurs.Run(base, ours.element).isEmpty()) {
+    if (!m_baseWithOurs.Run(base, ours.element).isEmpty()) {
         m_conflicts.append(
             {ours.path, QStringLiteral("there"), QStringLiteral("changed"), MergeText()});
         return;
@@ -337,7 +341,7 @@ void Merger::lose(const QDomElement& base, const Member& ours)
 /// Ours has it no more.
 void Merger::reportLost(const QDomElement& base, const Member& theirs)
 {
-    if (m_moved.contains(theirs.key) || !m_baseWithTheirs.Run(base, theirs.element).isEmpty())
+    if (!m_baseWithTheirs.Run(base, theirs.element).isEmpty())
         m_conflicts.append(
             {theirs.path, QStringLiteral("there"), MergeText(), QStringLiteral("changed")});
 }

@@ -66,8 +66,7 @@ private:
     static Standings standingsOf(const QDomElement& root, QSet<QString>& repeated);
     void settleUnits();
     void settlePlaces();
-    void settlePlace(const QString& key, const Standing& base, const Standing& ours,
-                     const Standing& theirs);
+    void settlePlace(const Standing& base, const Standing& ours, const Standing& theirs);
     void mergeElements(const QDomElement& base, const QDomElement& ours, const QDomElement& theirs,
                        const QString& path);
     void mergeValue(const QDomElement& base, QDomElement ours, const QDomElement& theirs,
@@ -88,8 +87,6 @@ private:
     ParamValues m_theirValues;
     Comparer m_baseWithOurs;
     Comparer m_baseWithTheirs;
-    /// Keys of presets that one side moved and the other has no more.
-    QSet<QString> m_moved;
     QVector<MergeConflict> m_conflicts;
     int m_taken = 0;
 };

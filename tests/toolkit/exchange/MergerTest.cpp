@@ -5,6 +5,7 @@
 
 #include "../Parts.h"
 
+#include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/documents/Document.h>
 
 #include <QFile>
@@ -59,7 +60,7 @@ protected:
             merged.conflicts += conflict.path.toStdString() + ": " + shown(conflict.base) + " | " +
                                 shown(conflict.ours) + " | " + shown(conflict.theirs) + "\n";
         merged.taken = merger.taken();
-        merged.text = second->Dom().toString(-1).remove(QLatin1Char('\n')).toStdString();
+        merged.text = XmlText(second->Dom(), 0).remove(QLatin1Char('\n')).toStdString();
         return merged;
     }
 
@@ -166,6 +167,15 @@ TEST_F(Merges, WhatWasMovedHereAndRemovedThereIsAConflict)
                  "<dir name='d'><material refname='r'/></dir>", "<dir name='d'/>");
     EXPECT_EQ(merged.text, "<dir name=\"d\"><material refname=\"r\"/></dir>");
     EXPECT_EQ(merged.conflicts, "materials/dir[d]/material[r]: there | changed | -\n");
+}
+
+TEST_F(Merges, WhatWasRemovedHereAndMovedThereIsAConflictAndTheRestComes)
+{
+    const Merged merged =
+        archives("<material refname='r'/>", "",
+                 "<dir name='d'><material refname='n'/><material refname='r'/></dir>");
+    EXPECT_EQ(merged.text, "<dir name=\"d\"><material refname=\"n\"/></dir>");
+    EXPECT_EQ(merged.conflicts, "materials/dir[d]/material[r]: there | - | changed\n");
 }
 
 TEST_F(Merges, WhatBothChangedAlikeIsNoConflict)
