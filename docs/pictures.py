@@ -62,9 +62,9 @@ LAYERS = {
         toolkit/documents/SafeFiles""",
     "Toolkit: edit": """
         toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
-        toolkit/edit/Labels toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/Placement
-        toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things toolkit/edit/TypedText
-        toolkit/edit/Uses""",
+        toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues
+        toolkit/edit/Placement toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things
+        toolkit/edit/TypedText toolkit/edit/Uses""",
     "Toolkit: images": """
         toolkit/images/ContactSheet toolkit/images/EmbeddedPreview toolkit/images/FileIndex
         toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
