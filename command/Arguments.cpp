@@ -123,7 +123,7 @@ QStringList optionsOf(const CommandDoc& command)
 
 /// Why the command line cannot be taken. What is not known comes first: what is missing then may be
 /// what it was meant for.
-QString problemOf(const CLI::App& program, const CLI::ParseError& error)
+QString complaintOf(const CLI::App& program, const CLI::ParseError& error)
 {
     const std::vector<CLI::App*> parsed = program.get_subcommands();
     const QString command = parsed.empty() ? QString() : text(parsed.front()->get_name());
@@ -306,7 +306,7 @@ ParsedLine CommandLine::parse(int argc, char** argv)
         m_app->parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() != 0) {
-            line.problem = problemOf(*m_app, error);
+            line.problem = complaintOf(*m_app, error);
         } else {
             std::ostringstream stream;
             m_app->exit(error, stream, stream);
