@@ -161,6 +161,7 @@ public:
             m_fix && m_target.isInPlace() && !m_target.isDryRun() ? Access::Changing
                                                                   : Access::Reading,
             m_inputs.jobs());
+        m_selection.tellMisspelling(session);
         if (m_format == QLatin1String("json"))
             session.out.json(jsonOf(findings, int(files.size())));
         else if (m_format == QLatin1String("sarif"))

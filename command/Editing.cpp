@@ -71,7 +71,8 @@ void EditReport::print(const char* command, const Document& document, const Targ
     if (!session.json) {
         Table table;
         for (const Edit& edit : edits) {
-            QString rest = edit.became.isEmpty() ? QString() : QLatin1String("-> ") + edit.became;
+            const bool isElsewhere = !edit.became.isEmpty() && edit.became != edit.path;
+            QString rest = isElsewhere ? QLatin1String("-> ") + edit.became : QString();
             if (!edit.note.isEmpty())
                 rest += (rest.isEmpty() ? QString() : QStringLiteral(": ")) + edit.note;
             table.row(

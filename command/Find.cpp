@@ -128,6 +128,7 @@ public:
                     examine(item, document.Name(), values, hits);
             },
             {}, Access::Reading, m_inputs.jobs());
+        m_selection.tellMisspelling(session);
         if (m_isEqual)
             keepEqual(hits);
         if (!m_colour.isEmpty()) {

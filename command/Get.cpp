@@ -102,6 +102,7 @@ public:
                 }
             },
             {}, Access::Reading, m_inputs.jobs());
+        m_selection.tellMisspelling(session);
         if (isOne && session.hasFailed())
             return ExitFailed;
         bool isIncomplete = false;

@@ -134,6 +134,7 @@ public:
                     entries.push_back(entry(document, preset));
             });
         });
+        m_selection.tellMisspelling(session);
         std::sort(entries.begin(), entries.end(), precedes);
         if (session.json)
             printJson(entries, session.out);

@@ -154,6 +154,7 @@ public:
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},
             m_embed && !m_options.isDryRun() ? Access::Changing : Access::Reading);
+        m_selection.tellMisspelling(session);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("pictures"), m_pictures);

@@ -59,7 +59,7 @@ void SelectionOptions::declare(Arguments& arguments)
                      "be repeated");
 }
 
-Selection SelectionOptions::selection(Session& session) const
+Selection SelectionOptions::selection(Session& session)
 {
     QStringList known;
     for (const ElementInfo& info : AllElements())
@@ -70,7 +70,15 @@ Selection SelectionOptions::selection(Session& session) const
                         QStringLiteral("there is no kind \"%1\"").arg(m_texts.type) +
                             didYouMean(likely));
     }
-    return Selection(m_texts);
+    m_selection = Selection(m_texts);
+    return m_selection;
+}
+
+void SelectionOptions::tellMisspelling(Session& session) const
+{
+    const QString misspelling = m_selection.misspelling();
+    if (!misspelling.isEmpty())
+        session.warning(QStringLiteral("rvopen"), misspelling);
 }
 
 QVector<Subject> selectedOf(const QVector<Subject>& subjects, const Scope& scope)

@@ -20,10 +20,14 @@ public:
     void declare(Arguments& arguments);
     /// Of the command line, once it is parsed. Throws a Failure when a path or condition is none,
     /// and warns of a kind that seems mistyped: documents may have other kinds than are known.
-    toolkit::Selection selection(Session& session) const;
+    toolkit::Selection selection(Session& session);
+    /// To be called when all documents were looked at: warns when nothing was selected in any and
+    /// something seems mistyped.
+    void tellMisspelling(Session& session) const;
 
 private:
     toolkit::SelectionTexts m_texts;
+    toolkit::Selection m_selection;
 };
 
 /// Those that are selected.

@@ -109,6 +109,7 @@ public:
             },
             {}, m_target.isInPlace() && !m_target.isDryRun() ? Access::Changing : Access::Reading,
             m_inputs.jobs());
+        m_selection.tellMisspelling(session);
         if (m_isOne && session.hasFailed())
             return ExitFailed;
         for (int i = 0; i < int(m_counts.size()); ++i) {

@@ -113,6 +113,7 @@ public:
         }
 
         forEachDocument(m_files, session, [&](Document& document) { collect(document, session); });
+        m_selection.tellMisspelling(session);
         if (m_items.isEmpty() && !session.hasFailed())
             throw Failure(QStringLiteral("there is nothing to show"));
         if (session.hasFailed())

@@ -109,6 +109,7 @@ public:
                     print(document, texture, session.out);
             }
         });
+        m_selection.tellMisspelling(session);
         if (session.json)
             printJson(list, session);
         return session.result(m_missing && isMissing ? ExitFindings : ExitFine);
@@ -200,9 +201,11 @@ private:
         return session.result(isIncomplete ? ExitFindings : ExitFine);
     }
 
-    QVector<ReferencedTexture> selected(const Document& document, Session& session) const
+    QVector<ReferencedTexture> selected(const Document& document, Session& session)
     {
-        return texturesOf(document, m_selection.selection(session).in(document.Root()));
+        const Scope scope = m_selection.selection(session).in(document.Root());
+        m_selection.tellMisspelling(session);
+        return texturesOf(document, scope);
     }
 
     /// By the first prefix that the reference has; null without.

@@ -105,6 +105,7 @@ public:
                 printChildren(document.Root(), QString(), QString(), 1);
             }
         });
+        m_selection.tellMisspelling(session);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("files"), files);

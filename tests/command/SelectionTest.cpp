@@ -152,4 +152,55 @@ TEST(Selection, AsksWhichKindWasMeant)
     EXPECT_EQ(workspace.run("list --type MATERIAL a.rvx").err, QString());
 }
 
+namespace {
+
+struct Misspelt {
+    const char* options;
+    const char* meant;
+};
+
+void PrintTo(const Misspelt& row, std::ostream* out)
+{
+    *out << row.options;
+}
+
+class SelectionMisspelt : public ::testing::TestWithParam<Misspelt> {};
+
+} // namespace
+
+TEST_P(SelectionMisspelt, AsksWhatWasMeant)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    workspace.write(QStringLiteral("empty.rvx"), "<presets/>");
+    const QStringList options = words(GetParam().options);
+    for (const char* const command : {"list a.rvx empty.rvx", "find --text brass empty.rvx a.rvx",
+                                      "tree a.rvx", "textures a.rvx", "check a.rvx"}) {
+        const Outcome run = workspace.run(words(command) + options);
+        EXPECT_EQ(run.err,
+                  QLatin1String("rvopen: ") + QLatin1String(GetParam().meant) + QLatin1Char('\n'))
+            << command;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, SelectionMisspelt,
+    ::testing::Values(
+        Misspelt{"--category Metal", "there is no category \"Metal\"; did you mean \"Metals\"?"},
+        Misspelt{"--subcat Opaqe", "there is no sub-category \"Opaqe\"; did you mean \"Opaque\"?"},
+        Misspelt{"--where roughnes>0.8",
+                 "there is no parameter \"roughnes\"; did you mean \"roughness\"?"},
+        Misspelt{"--where @dessc~grey", "there is no attribute \"dessc\"; did you mean \"desc\"?"},
+        Misspelt{"--select material[Bras]",
+                 "nothing has the path \"material[Bras]\"; did you mean \"material[Brass]\"?"}));
+
+TEST(Selection, IsNotMisspeltWhereOneDocumentHasIt)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    workspace.write(QStringLiteral("b.rvx"),
+                    "<presets><colours><colour name=\"A\" cat=\"Metal\"/></colours></presets>");
+    EXPECT_EQ(workspace.run("list --category Metal a.rvx b.rvx").err, QString());
+}
+
 } // namespace rvopen::test

@@ -74,14 +74,19 @@ void Condition::parse(const QString& text)
     const int at = operatorAt(text);
     QString name = (at < 0 ? text : text.left(at)).trimmed();
     m_isAttribute = name.startsWith(QLatin1Char('@'));
-    if (m_isAttribute || name.startsWith(QLatin1Char(':')))
+    const bool isMarked = m_isAttribute || name.startsWith(QLatin1Char(':'));
+    if (isMarked)
         name.remove(0, 1);
     name = unquoted(name);
     if (name.isEmpty())
         fail(QStringLiteral("it begins with a parameter's name or an attribute, as in \"@cat\""));
+    m_writtenName = name;
     m_name = m_isAttribute ? name : folded(name);
-    if (at < 0)
+    if (at < 0) {
+        if (!isMarked)
+            fail(QStringLiteral("an operator and a value follow, as in \"roughness > 0.8\""));
         return;
+    }
 
     struct Sign {
         const char* text;
@@ -104,6 +109,8 @@ void Condition::parse(const QString& text)
         }
     }
     if (m_operator == Operator::Exists)
+        fail(QStringLiteral("the operators are = != < <= > >= ~"));
+    if (!rest.isEmpty() && QLatin1String("=!<>~").contains(rest[0]))
         fail(QStringLiteral("the operators are = != < <= > >= ~"));
     m_value = unquoted(rest.trimmed());
     m_isNumber = ToNumber(m_value, m_number);
@@ -139,6 +146,16 @@ bool Condition::holds(const QDomElement& element, ParamValues& values) const
         level = below;
     }
     return false;
+}
+
+bool Condition::isAboutAttribute() const
+{
+    return m_isAttribute;
+}
+
+QString Condition::name() const
+{
+    return m_writtenName;
 }
 
 bool Condition::holdsParam(const QDomElement& param, ParamValues& values) const

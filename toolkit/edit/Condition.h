@@ -11,7 +11,8 @@ namespace rvopen::toolkit {
 class ParamValues;
 
 /// What an element has to fulfil: "roughness > 0.8", "'diffuse factor' >= 0.5", "@cat = Metals",
-/// "@desc ~ grey", or "@custom" alone for an attribute that is there.
+/// "@desc ~ grey", or "@custom" and ":roughness" alone for an attribute or a
+/// parameter that is there.
 class Condition {
 public:
     /// Throws a Failure when the text is no condition.
@@ -22,6 +23,11 @@ public:
     /// fulfils the condition is enough, and without any it is not fulfilled. An attribute is the
     /// element's own, and empty where it is absent.
     bool holds(const QDomElement& element, ParamValues& values) const;
+
+    /// Else about a parameter.
+    bool isAboutAttribute() const;
+    /// Of the attribute, or of the parameter, as it was written.
+    QString name() const;
 
 private:
     enum class Operator {
@@ -41,6 +47,7 @@ private:
     bool holdsOrder(double value) const;
 
     bool m_isAttribute = false;
+    QString m_writtenName;
     /// Folded, for a parameter.
     QString m_name;
     Operator m_operator = Operator::Exists;

@@ -5,11 +5,14 @@
 
 #include "Folding.h"
 #include "Labels.h"
+#include "Likeness.h"
 #include "Placement.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
+
+#include <QMutex>
 
 #include <algorithm>
 
@@ -45,7 +48,42 @@ QString attribute(const QDomElement& element, const char* name)
     return element.attribute(QLatin1String(name));
 }
 
+/// Calls \p visit with the root and all elements below it.
+template <typename Visit>
+void forAll(const QDomElement& root, const Visit& visit)
+{
+    visit(root);
+    for (QDomElement child = root.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        forAll(child, visit);
+}
+
+/// Says that there is no such thing, when another one there is like it.
+QString noSuch(const char* thing, const QString& word, const QSet<QString>& known)
+{
+    QStringList candidates = known.values();
+    candidates.sort();
+    const auto isWord = [folds = folded(word)](const QString& candidate) {
+        return folded(candidate) == folds;
+    };
+    if (word.isEmpty() || std::any_of(candidates.cbegin(), candidates.cend(), isWord))
+        return QString();
+    const QString likely = likeliest(word, candidates);
+    return likely.isEmpty()
+               ? QString()
+               : QStringLiteral("there is no %1 \"%2\"").arg(QLatin1String(thing), word) +
+                     didYouMean(likely);
+}
+
 } // namespace
+
+/// What the documents had to say.
+struct Selection::Record {
+    /// Documents may be read by several threads.
+    QMutex mutex;
+    bool isFound = false;
+    QString misspelling;
+};
 
 Scope::Scope(const QDomElement& root, const QVector<PathPattern::Match>& matches, bool isExact)
     : m_isEverything(false)
@@ -97,6 +135,8 @@ Selection::Selection(const SelectionTexts& texts)
     , m_subCategory(folded(texts.subCategory))
     , m_category(folded(texts.category))
     , m_words(foldedWords(texts.text))
+    , m_texts(texts)
+    , m_record(std::make_shared<Record>())
 {
     for (const QString& path : texts.paths) {
         m_paths.emplace_back(path);
@@ -115,6 +155,67 @@ bool Selection::isEverything() const
 }
 
 Scope Selection::in(const QDomElement& root) const
+{
+    const Scope scope = scopeIn(root);
+    note(scope.isEverything() || !scope.elements().isEmpty(), root);
+    return scope;
+}
+
+QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
+{
+    const QVector<PathPattern::Match> result = itemsIn(root);
+    note(!result.isEmpty(), root);
+    return result;
+}
+
+QString Selection::misspelling() const
+{
+    return m_record && !m_record->isFound ? m_record->misspelling : QString();
+}
+
+void Selection::note(bool isFound, const QDomElement& root) const
+{
+    if (!m_record)
+        return;
+    const QMutexLocker locker(&m_record->mutex);
+    m_record->isFound = m_record->isFound || isFound;
+    if (!m_record->isFound && m_record->misspelling.isEmpty())
+        m_record->misspelling = misspellingIn(root);
+}
+
+QString Selection::misspellingIn(const QDomElement& root) const
+{
+    for (const PathPattern& path : m_paths) {
+        if (path.Find(root).isEmpty() && !likeliestPath(path.Text(), root).isEmpty())
+            return nothingHas(path.Text(), root);
+    }
+    QSet<QString> subCategories;
+    QSet<QString> categories;
+    QSet<QString> params;
+    QSet<QString> attributes;
+    forAll(root, [&](const QDomElement& element) {
+        subCategories.insert(attribute(element, "subcat"));
+        categories.insert(attribute(element, "cat"));
+        if (isParam(element))
+            params.insert(attribute(element, "name"));
+        const QDomNamedNodeMap map = element.attributes();
+        for (int i = 0; i < map.count(); ++i)
+            attributes.insert(map.item(i).nodeName());
+    });
+    QString result = noSuch("sub-category", m_texts.subCategory, subCategories);
+    if (result.isEmpty())
+        result = noSuch("category", m_texts.category, categories);
+    for (const Condition& condition : m_conditions) {
+        if (result.isEmpty()) {
+            result = condition.isAboutAttribute()
+                         ? noSuch("attribute", condition.name(), attributes)
+                         : noSuch("parameter", condition.name(), params);
+        }
+    }
+    return result;
+}
+
+Scope Selection::scopeIn(const QDomElement& root) const
 {
     if (isEverything())
         return Scope();
@@ -141,11 +242,11 @@ Scope Selection::in(const QDomElement& root) const
     return Scope(root, both, false);
 }
 
-QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
+QVector<PathPattern::Match> Selection::itemsIn(const QDomElement& root) const
 {
     if (m_paths.empty())
         return filtered(root);
-    const Scope scope = in(root);
+    const Scope scope = scopeIn(root);
     QVector<PathPattern::Match> result;
     for (const PathPattern::Match& match : filtered(root)) {
         if (scope.takes(match.path))

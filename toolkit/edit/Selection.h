@@ -13,6 +13,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
 #include <vector>
 
 namespace rvopen::toolkit {
@@ -74,8 +75,17 @@ public:
     Scope in(const QDomElement& root) const;
     /// The presets or other such elements that are selected, whole, in document order.
     QVector<PathPattern::Match> items(const QDomElement& root) const;
+    /// When nothing was selected in any document asked about, what may be mistyped, and what was
+    /// meant: a sentence without its point. Empty when nothing is like it.
+    QString misspelling() const;
 
 private:
+    struct Record;
+
+    void note(bool isFound, const QDomElement& root) const;
+    QString misspellingIn(const QDomElement& root) const;
+    Scope scopeIn(const QDomElement& root) const;
+    QVector<PathPattern::Match> itemsIn(const QDomElement& root) const;
     bool hasFilter() const;
     bool isCandidate(const QDomElement& element) const;
     bool isOfType(const QDomElement& element) const;
@@ -88,6 +98,10 @@ private:
     QString m_category;
     QStringList m_words;
     std::vector<Condition> m_conditions;
+    /// As they were typed.
+    SelectionTexts m_texts;
+    /// Of all copies.
+    std::shared_ptr<Record> m_record;
 };
 
 /// All words, which are folded, occur in the name, reference name, category, folders or description

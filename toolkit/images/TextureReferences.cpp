@@ -18,6 +18,8 @@ namespace rvopen::toolkit {
 
 namespace {
 
+const QLatin1Char s_backslash('\\');
+
 Rebased rebased(const QString& reference, const QString& from, const QString& to)
 {
     Rebased result{reference, QString(), QString()};
@@ -73,14 +75,15 @@ QString withOtherPrefix(const QString& reference, const QString& from, const QSt
     QString rest = reference.mid(prefix.size());
     while (rest.startsWith(QLatin1Char('/')) || rest.startsWith(QLatin1Char('\\')))
         rest.remove(0, 1);
-    const bool isBackslashed = reference.contains(QLatin1Char('\\'));
-    const bool hasEnd = to.isEmpty() || to.endsWith(QLatin1Char('/')) ||
-                        to.endsWith(QLatin1Char('\\')) || rest.isEmpty();
-    return to +
-           (hasEnd          ? QString()
-            : isBackslashed ? QStringLiteral("\\")
-                            : QStringLiteral("/")) +
-           rest;
+    // Between folders stands what the new beginning has there, else what the reference has.
+    const QString& like =
+        to.contains(QLatin1Char('/')) || to.contains(s_backslash) ? to : reference;
+    const QChar separator = like.contains(s_backslash) ? s_backslash : QLatin1Char('/');
+    rest.replace(s_backslash, separator);
+    rest.replace(QLatin1Char('/'), separator);
+    const bool hasEnd =
+        to.isEmpty() || to.endsWith(QLatin1Char('/')) || to.endsWith(s_backslash) || rest.isEmpty();
+    return to + (hasEnd ? QString() : QString(separator)) + rest;
 }
 
 QVector<Rebased> rebaseTextures(const QDomElement& element, const QString& from, const QString& to)

@@ -29,6 +29,9 @@ TEST(TextureReferences, ChangesPrefixesOfWholeNames)
             .toStdString();
     };
     EXPECT_EQ(changed("D:\\tex\\a\\b.png", "d:/tex/", "E:\\new"), "E:\\new\\a\\b.png");
+    EXPECT_EQ(changed("D:\\tex\\a\\b.png", "D:\\tex", "/mnt/new"), "/mnt/new/a/b.png");
+    EXPECT_EQ(changed("/tex/a/b.png", "/tex", "E:\\new"), "E:\\new\\a\\b.png");
+    EXPECT_EQ(changed("D:\\tex\\a\\b.png", "D:\\tex", "textures"), "textures\\a\\b.png");
     EXPECT_EQ(changed("/tex/b.png", "/", "/new"), "/new/tex/b.png");
     EXPECT_EQ(changed("tex/b.png", "tex", ""), "b.png");
     EXPECT_EQ(changed("textures/b.png", "tex", "new"), "");
