@@ -5,6 +5,7 @@
 
 #include "Arguments.h"
 #include "Input.h"
+#include "Output.h"
 #include "Target.h"
 #include "toolkit/documents/FileTransaction.h"
 #include "toolkit/documents/FileWriting.h"
@@ -19,6 +20,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 
 #include <algorithm>
@@ -190,8 +192,22 @@ QVector<Use> usesInFiles(const Uses& uses, OfArchive ofArchive, const QStringLis
 
 void complainOf(const QVector<Use>& uses, Session& session)
 {
+    QHash<QString, int> counts;
+    const auto key = [](const Use& use) { return use.file + QLatin1Char('\n') + use.what; };
     for (const Use& use : uses)
-        session.warning(use.file, QStringLiteral("%1 uses %2").arg(use.path, use.what));
+        ++counts[key(use)];
+    for (const Use& use : uses) {
+        // The first one of them speaks for all of a file.
+        const int others = counts.take(key(use)) - 1;
+        if (others < 0)
+            continue;
+        QString message = QStringLiteral("%1 uses %2").arg(use.path, use.what);
+        if (others > 0)
+            message += QLatin1String("; so ") +
+                       (others == 1 ? QStringLiteral("does ") : QStringLiteral("do ")) +
+                       counted(others, QStringLiteral("other place"));
+        session.warning(use.file, message);
+    }
 }
 
 bool complainOf(const PictureMoves& pictures, const Document& document, Session& session)

@@ -106,6 +106,24 @@ TEST(Remove, KeepsBackupsOfDocumentAndPicture)
     EXPECT_EQ(workspace.read(QStringLiteral("a.rvx.old")), before);
 }
 
+TEST(Remove, TellsOfTheUsesInOneFileOnce)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><materials><material name=\"Base\" refname=\"m.base\"/>"
+                    "<material name=\"A\"><material refname=\"m.base\"/></material>"
+                    "<material name=\"B\"><material refname=\"m.base\"/></material>"
+                    "<material name=\"C\"><material refname=\"m.base\"/></material>"
+                    "</materials></presets>");
+    EXPECT_EQ(workspace.run("remove a.rvx material[Base] --dry-run").err,
+              QStringLiteral("a.rvx: materials/material[A]/material[m.base] uses material m.base; "
+                             "so do 2 other places\n"
+                             "a.rvx: nothing was removed: --force removes what is used\n"));
+    EXPECT_EQ(workspace.run("remove a.rvx material[Base] material[A] --dry-run")
+                  .err.count(QStringLiteral("; so does 1 other place\n")),
+              1);
+}
+
 TEST(Remove, RefusesWhatIsUsedAndSaysByWhom)
 {
     const Workspace workspace;
