@@ -63,6 +63,20 @@ void putBack(const QVector<QPair<QString, QByteArray>>& files, Session& session)
     }
 }
 
+/// Paths of the things that are selected as a whole, each of one thing. The current snapshot is
+/// none of them, nor are parts of snapshots.
+QStringList selectedPaths(const QDomElement& root, const Selection& selection)
+{
+    const Scope scope = selection.in(root);
+    QStringList paths;
+    for (const PathPattern::Match& match : selection.items(root)) {
+        const Thing thing = thingOf(match.element);
+        if (thing != Thing::Other && thing != Thing::CurrentSnapShot && scope.covers(match.path))
+            paths << QLatin1Char('/') + match.path;
+    }
+    return paths;
+}
+
 } // namespace
 
 void EditReport::print(const char* command, const Document& document, const Target& target,
@@ -109,6 +123,32 @@ void EditReport::print(const char* command, const Document& document, const Targ
     result.insert(QStringLiteral("textures"), images);
     result.insert(QStringLiteral("pictures"), moves);
     session.out.json(result);
+}
+
+QVector<Chosen> selectedThings(const QDomElement& root, const QStringList& paths,
+                               const Selection& selection, Matches matches)
+{
+    if (selection.isEverything() && paths.isEmpty())
+        throw Failure(QStringLiteral("say which: paths, or what is to be selected"));
+    if (selection.isEverything())
+        return chosenThings(root, paths, matches);
+    QVector<Chosen> chosen;
+    if (paths.isEmpty()) {
+        const QStringList selected = selectedPaths(root, selection);
+        if (selected.size() > 1 && matches == Matches::OneForEachPath)
+            throw Failure(QStringLiteral("%1 things are selected; --all takes them all")
+                              .arg(selected.size()));
+        chosen = chosenThings(root, selected, Matches::All);
+    } else {
+        const Scope scope = selection.in(root);
+        for (const Chosen& one : chosenThings(root, paths, matches)) {
+            if (scope.covers(one.path))
+                chosen.append(one);
+        }
+    }
+    if (chosen.isEmpty())
+        throw Failure(QStringLiteral("nothing is selected"));
+    return chosen;
 }
 
 QStringList writeTogether(const QVector<const Document*>& documents, const Target& target,

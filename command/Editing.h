@@ -4,6 +4,8 @@
 #pragma once
 
 #include "Session.h"
+#include "toolkit/edit/Selection.h"
+#include "toolkit/edit/Things.h"
 #include "toolkit/images/PictureMoves.h"
 #include "toolkit/images/TextureReferences.h"
 
@@ -49,6 +51,13 @@ struct EditReport {
     void print(const char* command, const toolkit::Document& document, const Target& target,
                Session& session) const;
 };
+
+/// The things with these paths, as far as they are selected; without paths all that is selected, in
+/// document order. Throws a Failure where that is nothing, or several and \p matches does not allow
+/// that.
+QVector<toolkit::Chosen> selectedThings(const QDomElement& root, const QStringList& paths,
+                                        const toolkit::Selection& selection,
+                                        toolkit::Matches matches);
 
 /// Writes the documents, each of which is its own input, and lets the pictures follow: all of it or
 /// nothing. Throws a Failure when that cannot be done. What was written is in the answer.

@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Editing.h"
 #include "Input.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/edit/Things.h"
@@ -35,11 +36,14 @@ public:
             "its materials, the current snapshot stays. Pictures go with what they show unless "
             "something else shows them too; comments and image files stay. What is used, in the "
             "file, in the archives of the host's folders or in those named with --users, is not "
-            "removed without --force.");
+            "removed without --force. With a selection, what the paths lead to and is selected; "
+            "without paths, all that is selected.");
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
-        arguments.positional("paths", m_paths, "Presets, folders, snapshots or palette materials");
-        arguments.flag("--all", m_all, "Remove every match of a path");
+        arguments.positional("paths", m_paths, "Presets, folders, snapshots or palette materials",
+                             false);
+        arguments.flag("--all", m_all, "Remove every match of a path, and all that is selected");
         declareUsers(arguments, m_users);
+        m_selection.declare(arguments);
         m_target.declare(arguments, "Remove also what is used, and write over another file than "
                                     "the input");
         arguments.example("rvopen remove archives/Custom/MyPresets.rvx \"colour[Our orange]\" "
@@ -56,7 +60,8 @@ public:
         const std::unique_ptr<Document> document = readOrFail(m_file, session);
         m_target.check(*document);
         const QVector<Chosen> chosen =
-            chosenThings(document->Root(), m_paths, m_all ? Matches::All : Matches::OneForEachPath);
+            selectedThings(document->Root(), m_paths, m_selection.selection(session),
+                           m_all ? Matches::All : Matches::OneForEachPath);
         EditReport report;
         QVector<QDomElement> elements;
         for (const Chosen& one : chosen)
@@ -115,6 +120,7 @@ private:
     QStringList m_paths;
     bool m_all = false;
     QStringList m_users;
+    SelectionOptions m_selection;
     Target m_target;
 };
 

@@ -5,6 +5,7 @@
 #include "Command.h"
 #include "Editing.h"
 #include "Input.h"
+#include "SelectionOptions.h"
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/documents/FileLock.h"
@@ -53,7 +54,8 @@ public:
         checkFiles(*source, target, isWithin);
 
         const QVector<Chosen> chosen =
-            chosenThings(source->Root(), m_paths, m_all ? Matches::All : Matches::OneForEachPath);
+            selectedThings(source->Root(), m_paths, m_selection.selection(session),
+                           m_all ? Matches::All : Matches::OneForEachPath);
         m_before = foldersOf(*source, session.folders, source->Folder());
         m_freeNames.emplace(target.Root());
         Walk(target.Root(), QString(), [this](const QDomElement& element, const QString&) {
@@ -84,18 +86,20 @@ protected:
     {
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("paths", m_paths,
-                             "Presets, folders, snapshots, palettes or materials of palettes");
+                             "Presets, folders, snapshots, palettes or materials of palettes",
+                             false);
         arguments.option("--into", m_targetFile, "FILE",
                          "Another document or archive that takes them");
         arguments.option("--to", m_to, "PATH",
                          "The section, folder, collection or palette that takes them; folders at "
                          "its end are made");
-        arguments.flag("--all", m_all, "Take every match of a path");
+        arguments.flag("--all", m_all, "Take every match of a path, and all that is selected");
         arguments.flag("--skip", m_skip, "Leave out what is there already");
         arguments.flag("--rename", m_rename, "Give it another name");
         arguments.flag("--replace", m_replace, "Put it in the place of what is there");
         arguments.onlyOne(
             {QStringLiteral("--skip"), QStringLiteral("--rename"), QStringLiteral("--replace")});
+        m_selection.declare(arguments);
         m_target.declare(arguments, "Write over other pictures and another file than the input");
     }
 
@@ -392,6 +396,7 @@ private:
     bool m_skip = false;
     bool m_rename = false;
     bool m_replace = false;
+    SelectionOptions m_selection;
     Target m_target;
 
     /// Of the pictures in the source.
@@ -426,7 +431,8 @@ public:
             "free; in another file what is there already stops it, unless it is said what to do. "
             "Without --to they go where they stood, materials of palettes into the section "
             "\"materials\". Pictures are copied for the new names; relative references to image "
-            "files lead to the same files from the new place.");
+            "files lead to the same files from the new place. Without paths, all that is "
+            "selected.");
         declareCommon(arguments);
         arguments.example(
             "rvopen copy archives/Custom/MyPresets.rvx \"colour[Our blue]\" --in-place",
@@ -463,7 +469,8 @@ public:
             "Takes the paths of get. Reference names stay, so that what uses a preset finds it. "
             "What is there already stops it, unless it is said what to do. Pictures and the "
             "comments before presets go along; relative references to image files lead to the same "
-            "files from the new place. Between two files both are written, or neither is.");
+            "files from the new place. Between two files both are written, or neither is. Without "
+            "paths, all that is selected.");
         declareCommon(arguments);
         arguments.example(
             "rvopen move archives/Custom/MyPresets.rvx \"material[Loden green]\" --to "

@@ -141,6 +141,59 @@ TEST_F(Selecting, SheetShowsThese)
               2);
 }
 
+TEST_F(Selecting, RemoveTakesTheseAway)
+{
+    EXPECT_EQ(workspace.run("remove a.rvx --category metals --in-place").code, 2);
+    EXPECT_EQ(workspace.run("remove a.rvx --category metals --in-place").err,
+              QStringLiteral("rvopen: 2 things are selected; --all takes them all\n"));
+    EXPECT_EQ(listed({}), "c.above m.brass m.window m.zinc");
+    const Outcome one = workspace.run("remove a.rvx --where roughness<0.5 --in-place");
+    EXPECT_EQ(one.code, 0) << one.err.toStdString();
+    EXPECT_EQ(listed({}), "c.above m.window m.zinc");
+    EXPECT_EQ(workspace.run("remove a.rvx --all --type material --in-place").code, 0);
+    EXPECT_EQ(listed({}), "c.above");
+}
+
+TEST_F(Selecting, RemoveTakesOfThePathsWhatIsSelected)
+{
+    EXPECT_EQ(workspace.run("remove a.rvx --all material --text grey --in-place").code, 0);
+    EXPECT_EQ(listed({}), "c.above m.brass m.window");
+    // A preset is not meant by a part of it.
+    for (const char* const options :
+         {"--select finish", "--text grey", "material[Brass] --text window"}) {
+        const Outcome run = workspace.run(words("remove a.rvx --in-place --all") + words(options));
+        EXPECT_EQ(run.code, 2) << options;
+    }
+    EXPECT_EQ(workspace.run("remove a.rvx --all --in-place").code, 2);
+    EXPECT_EQ(listed({}), "c.above m.brass m.window");
+}
+
+TEST_F(Selecting, RemoveLeavesTheCurrentSnapshot)
+{
+    workspace.write(QStringLiteral("s.xml"),
+                    "<snapRoot><snapshots name=\"Model SnapShots\"><snapshot name=\"A\"/>"
+                    "</snapshots><snapshot name=\"CurrSnapshot\"/></snapRoot>");
+    const Outcome run = workspace.run("remove s.xml --type snapshot --in-place");
+    EXPECT_EQ(run.out, QStringLiteral("removed  snapshots[Model SnapShots]/snapshot[A]\n"));
+    EXPECT_TRUE(workspace.read(QStringLiteral("s.xml")).contains("CurrSnapshot"));
+}
+
+TEST_F(Selecting, CopyAndMoveTakeThese)
+{
+    workspace.write(QStringLiteral("b.rvx"), "<presets type=\"UserArchives\"/>");
+    const Outcome copied =
+        workspace.run("copy a.rvx --all --subcat opaque --into b.rvx --in-place");
+    EXPECT_EQ(copied.out,
+              QStringLiteral("copied  materials[Materials]/dir[Metals]/material[Brass]  -> "
+                             "materials[Materials]/dir[Metals]/material[Brass]\n"
+                             "copied  materials[Materials]/dir[Metals]/material[Zinc]   -> "
+                             "materials[Materials]/dir[Metals]/material[Zinc]\n"))
+        << copied.err.toStdString();
+    EXPECT_EQ(workspace.run("move a.rvx --type camera --into b.rvx --in-place").code, 0);
+    EXPECT_EQ(listed({}), "m.brass m.window m.zinc");
+    EXPECT_EQ(workspace.run("list b.rvx").lines().size(), 3);
+}
+
 TEST(Selection, AsksWhichKindWasMeant)
 {
     const Workspace workspace;
