@@ -9,6 +9,7 @@
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/edit/Likeness.h"
+#include "toolkit/edit/Placement.h"
 
 #include <rvopen/RVOpenVersion.h>
 #include <rvopen/toolkit/check/Inspection.h>
@@ -130,13 +131,14 @@ public:
             throw Failure(QStringLiteral("--output takes one document"));
 
         const Selection selection = m_selection.selection(session);
-        const Surroundings surroundings = lookAround(session);
+        Surroundings surroundings = lookAround(session);
         QVector<Finding> findings;
         forEachDocument(
             files, session,
             [&](Document& document) {
                 QVector<Finding> found =
                     inside(selection.in(document.Root()), wanted(Inspect(document, surroundings)));
+                take(document, surroundings);
                 if (m_fix)
                     fix(found, document, session);
                 if (m_format == QLatin1String("text"))
@@ -203,6 +205,19 @@ private:
         surroundings.knownMajor = newest.knownMajor;
         surroundings.knownMinor = newest.knownMinor;
         return surroundings;
+    }
+
+    /// The reference names of an archive are its own from now on.
+    static void take(const Document& document, Surroundings& surroundings)
+    {
+        if (document.Kind() != DocumentKind::Archive)
+            return;
+        forEachPreset(document.Root(), [&](const Preset& preset) {
+            const QString refName = preset.element.attribute(QStringLiteral("refname"));
+            const QString key = preset.element.tagName() + QLatin1Char('/') + refName;
+            if (!refName.isEmpty() && !surroundings.taken.contains(key))
+                surroundings.taken.insert(key, document.Name());
+        });
     }
 
     bool isWanted(const Rule& rule) const

@@ -254,6 +254,28 @@ TEST(Check, PresetsAreLookedForInTheFoldersOfTheHost)
     EXPECT_EQ(found.rules, QStringList(QStringLiteral("missing-preset")));
 }
 
+TEST(Check, ReferenceNamesAreThoseOfOneArchiveAmongAllThatAreChecked)
+{
+    const Workspace workspace;
+    const QByteArray archive = inArchive("<colours><colour name=\"a\" refname=\"r\"/></colours>"
+                                         "<bumps><bump name=\"b\" refname=\"r\"/></bumps>");
+    workspace.write(QStringLiteral("a.rvx"), archive);
+    workspace.write(QStringLiteral("b.rvx"),
+                    inArchive("<bumps><bump name=\"other\" refname=\"r\"/></bumps>"));
+    workspace.write(QStringLiteral("c.rvx"),
+                    inArchive("<lenses><lens refname=\"r\"/><lens/></lenses>"));
+    workspace.write(QStringLiteral("d.rvx"), inArchive("<lenses><lens/></lenses>"));
+    const Found found = check(workspace, words("a.rvx b.rvx c.rvx d.rvx"));
+    EXPECT_EQ(found.rules, QStringList(QStringLiteral("duplicate-reference-name")));
+    const QJsonObject finding = found.findings.first().toObject();
+    EXPECT_EQ(finding[QStringLiteral("file")].toString(), QStringLiteral("b.rvx"));
+    EXPECT_EQ(finding[QStringLiteral("path")].toString(), QStringLiteral("bumps/bump[other]"));
+    EXPECT_EQ(finding[QStringLiteral("message")].toString(),
+              QStringLiteral("The reference name \"r\" is taken in \"a.rvx\""));
+    // The same file twice is one archive.
+    EXPECT_EQ(check(workspace, words("a.rvx ./a.rvx")).rules, QStringList());
+}
+
 TEST(Check, ArchivesAreLookedForInTheFolderOfTheirType)
 {
     const Workspace workspace;

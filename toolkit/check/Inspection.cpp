@@ -8,6 +8,8 @@
 #include "Places.h"
 #include "References.h"
 #include "RuleTable.h"
+#include "toolkit/documents/SafeFiles.h"
+#include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
 #include "toolkit/schema/Vocabulary.h"
 
@@ -189,10 +191,7 @@ private:
         if (isPreset) {
             child.isInPreset = true;
             if (!refName.isEmpty()) {
-                if (parent.refNames->contains(refName))
-                    m_inspecting.report(
-                        rules::duplicateRefName, element, ordinal,
-                        QStringLiteral("The reference name \"%1\" is taken").arg(refName));
+                inspectRefName(child, refName, *parent.refNames, ordinal);
                 parent.refNames->insert(refName);
             }
             m_references.inspectThumbnail(element, ordinal);
@@ -226,6 +225,20 @@ private:
         if (!image.isEmpty() && !HasEmbeddedPreview(element))
             m_inspecting.report(rules::unreadablePreview, element, ordinal,
                                 QStringLiteral("The embedded preview cannot be decoded"));
+    }
+
+    void inspectRefName(const Frame& preset, const QString& refName, const QSet<QString>& refNames,
+                        int ordinal)
+    {
+        const QString other =
+            m_inspecting.surroundings.taken.value(preset.tag + QLatin1Char('/') + refName);
+        const bool isElsewhere =
+            !other.isEmpty() && !isSameFile(other, m_inspecting.document.Name());
+        if (refNames.contains(refName) || isElsewhere)
+            m_inspecting.report(
+                rules::duplicateRefName, preset.element, ordinal,
+                QStringLiteral("The reference name \"%1\" is taken").arg(refName) +
+                    (isElsewhere ? QStringLiteral(" in \"%1\"").arg(other) : QString()));
     }
 
     void inspectName(const Frame& child, int ordinal, QSet<QString>& names)

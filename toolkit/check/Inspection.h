@@ -9,6 +9,7 @@
 #include <rvopen/toolkit/documents/Folders.h>
 
 #include <QDomElement>
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -55,6 +56,9 @@ struct Surroundings {
     /// "kind/reference name" of all presets in the folders of the host; where there are none
     /// references to presets are not judged.
     QSet<QString> presets;
+    /// By "kind/reference name" the file, as the user named it, of each preset in archives that
+    /// were inspected before: no other file may have the name as well.
+    QHash<QString, QString> taken;
 };
 
 /// What is in the folders: reads all archives there. Those that cannot be read are told to

@@ -114,9 +114,11 @@ const Rule duplicateName = {"duplicate-name", Severity::Warning,
 const Rule duplicateLinkName = {
     "duplicate-link-name", Severity::Error, "Two materials of a palette have the same link name.",
     "The first is used for the object of the model, the others never.", nullptr};
-const Rule duplicateRefName = {"duplicate-reference-name", Severity::Error,
-                               "Two presets of a section have the same reference name.",
-                               "The first is found, the others never. Give each its own.", nullptr};
+const Rule duplicateRefName = {
+    "duplicate-reference-name", Severity::Error,
+    "Two presets of a section have the same reference name, in one archive or "
+    "in two that are checked together.",
+    "The first is found, the others never. Give each its own.", nullptr};
 const Rule missingPreset = {"missing-preset", Severity::Warning,
                             "No archive has the preset that is referred to.",
                             "Looked for in the folders of the host when these are named.", nullptr};
