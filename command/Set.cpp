@@ -15,6 +15,7 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/toolkit/schema/ValueCheck.h>
 #include <rvopen/toolkit/schema/ValueText.h>
@@ -53,6 +54,34 @@ QString checkAttribute(const toolkit::ParamInfo* info, const QString& value)
     return toolkit::FaultMessage(*info, fault);
 }
 
+/// What seems mistyped in an assignment to an attribute: one that nobody knows, or a kind that is
+/// none. Where other kinds are as good, it is one that looks like a known kind.
+QString slipOf(const QString& element, const QString& attribute, const QString& value)
+{
+    const ElementInfo* const info = FindElement(element);
+    if (info && !FindAttribute(element, attribute)) {
+        QStringList known;
+        for (const ParamInfo& each : AllAttributes()) {
+            if (each.element.isEmpty() || each.element == element)
+                known << each.name.toString();
+        }
+        return QStringLiteral("no %1 has an attribute \"%2\"").arg(element, attribute) +
+               didYouMean(likeliest(attribute, known));
+    }
+    if (!info || info->kindAttribute != attribute || value.isEmpty() || info->kinds.contains(value))
+        return QString();
+    const QString likely = likeliestKind(value, info->kinds);
+    if (info->areKindsOpen && likely.isEmpty())
+        return QString();
+    return QStringLiteral("there is no %1 of kind \"%2\"").arg(element, value) + didYouMean(likely);
+}
+
+/// The problem, and that it can be passed over.
+QString unlessForced(const QString& problem)
+{
+    return problem.isEmpty() ? problem : problem + QLatin1String(" (--force sets it)");
+}
+
 class Set : public Command {
 public:
     const char* name() const override
@@ -68,15 +97,19 @@ public:
     void declare(Arguments& arguments) override
     {
         arguments.description(
-            "Takes the paths of get. Values are of the parameter's type and within its range, "
+            "Takes the paths of get. Values are of the parameter's type and within its ranges, "
+            "which "
+            "params tells, "
             "lengths in scene units, booleans true or false, colours \"0.5 0 0\" or \"#800000\". "
             "Either all assignments are made in a document or none; among many documents, those "
             "that have not what a path names stay as they are.");
         arguments.positional("file", m_file, "Document, archive, folder, or \"-\"", false);
         arguments.positional("assignments", m_assignments, "More documents, and PATH=VALUE", false);
         arguments.flag("--all", m_all, "Set every match of a path; without, there may be one only");
-        m_target.declare(arguments, "Also set read-only parameters, and values outside of their "
-                                    "range, and write over another file that is there");
+        m_target.declare(arguments,
+                         "Also set read-only parameters, values outside of their range, and kinds "
+                         "and attributes that nobody knows, and write over another file that is "
+                         "there");
         m_selection.declare(arguments);
         m_inputs.declare(arguments);
         arguments.example("rvopen set snapshots/house.xml \"/snapshot/camera:Field Of View=50\" "
@@ -231,16 +264,22 @@ private:
                 return QStringLiteral("set the parameter itself, without \"@%1\"").arg(attribute);
             if (!isAttributeName(attribute))
                 return QStringLiteral("\"%1\" is no name for an attribute").arg(attribute);
-            return checkAttribute(toolkit::FindAttribute(element.tagName(), attribute), value);
+            const QString problem =
+                checkAttribute(toolkit::FindAttribute(element.tagName(), attribute), value);
+            return !problem.isEmpty() || m_target.isForced()
+                       ? problem
+                       : unlessForced(slipOf(element.tagName(), attribute, value));
         }
         if (!isParam(element))
             return QStringLiteral("only parameters (:name) and attributes (@name) have values");
-        if (!m_target.isForced())
-            return values.Check(element, value);
+        // By itself, and without its own range, it has its type alone.
         QDomElement free = element.cloneNode(false).toElement();
         free.removeAttribute(QStringLiteral("rangeMin"));
         free.removeAttribute(QStringLiteral("rangeMax"));
-        return values.Check(free, value);
+        const QString problem = values.Check(free, value);
+        return !problem.isEmpty() || m_target.isForced()
+                   ? problem
+                   : unlessForced(values.Check(element, value));
     }
 
     static bool isAttributeName(const QString& name)

@@ -88,6 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
         RuleCase{"unknown-attribute", "<snapRoot colour=\"red\"/>"},
         RuleCase{"unknown-kind", inSnapShot("<camera/><background subcat=\"plain\"/>")},
         RuleCase{"unknown-kind", inSnapShot("<camera/><scheme subcat=\"exterior\"/>")},
+        RuleCase{"unknown-kind", inArchive("<materials><material subcat=\"Opake\"/></materials>")},
+        RuleCase{"unknown-kind", inArchive("<lenses><lens subcat=\"long\"/></lenses>")},
         RuleCase{"misplaced-child", inArchive("<materials><colour/></materials>")},
         RuleCase{"misplaced-child",
                  inArchive("<materials><material><camera/></material></materials>")},
@@ -122,6 +124,18 @@ INSTANTIATE_TEST_SUITE_P(
                  inCamera("<param name=\"Near\" rangeMin=\"1\" type=\"float\" val=\"0\"/>")},
         RuleCase{"out-of-range",
                  inCamera("<param name=\"Near\" rangeMax=\"2\" type=\"float\" val=\"3\"/>")},
+        RuleCase{"out-of-range", inCamera("<param name=\"Near\" type=\"float\" val=\"-1\"/>")},
+        RuleCase{"out-of-range",
+                 inCamera("<param name=\"Field Of View\" type=\"float\" val=\"-3\"/>")},
+        RuleCase{"out-of-range", inCamera("<param name=\"Near\" rangeMin=\"-9\" type=\"float\" "
+                                          "val=\"-1\"/>")},
+        RuleCase{"out-of-range",
+                 inArchive("<finishes><finish shaderClass=\"lit appearance\"><param "
+                           "name=\"roughness\" type=\"float\" val=\"5\"/></finish></finishes>")},
+        RuleCase{"out-of-range",
+                 inArchive("<colours><colour><diffuse><param name=\"Colour\" type=\"shader\" "
+                           "val=\"colour\"><plainColour><param name=\"Colour\" type=\"colour\" "
+                           "val=\"5 5 5\"/></plainColour></param></diffuse></colour></colours>")},
         RuleCase{"duplicate-parameter",
                  inCamera("<param name=\"Near\" type=\"float\" val=\"1\"/>"
                           "<param name=\"Near\" type=\"float\" val=\"2\"/>")},
@@ -156,6 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         QByteArray("<snapRoot zorvane_version=\"3.1\"/>"),
         inArchive("<materials><dir name=\"x\"><material><material/></material></dir></materials>"),
+        inArchive("<materials><material subcat=\"Velvety\"/><material subcat=\"\"/></materials>"),
         inArchive("<lenses><lens><param name=\"Angle\" type=\"float\" val=\"1\"/></lens></lenses>"),
         inArchive("<colours><colour name=\"a\" refname=\"r\"/></colours><bumps><bump name=\"a\" "
                   "refname=\"r\"/></bumps>"),

@@ -252,6 +252,44 @@ TEST_F(Values, SetKnowsWhatAttributesAreMadeOf)
     EXPECT_EQ(get({QStringLiteral("@unitsScale")}).out, QStringLiteral("0.5\n"));
 }
 
+TEST_F(Values, SetRefusesWhatMakesNoSenseUnlessForced)
+{
+    struct Slip {
+        const char* assignment;
+        const char* problem;
+    };
+    for (const Slip& slip :
+         {Slip{"camera[Eye]:Near=-3", "-3 is not from 0 (--force sets it)"},
+          Slip{"renderTarget:Width=-2", "-2 is not from 1 (--force sets it)"},
+          Slip{"background:Colour=1 -1 0", "-1 is not from 0 (--force sets it)"},
+          Slip{"background@subcat=Plane",
+               "there is no background of kind \"Plane\"; did you mean \"Plain\"? (--force sets "
+               "it)"},
+          Slip{"background@subcat=Stars",
+               "there is no background of kind \"Stars\" (--force sets it)"},
+          Slip{"camera[Eye]@decs=x", "no camera has an attribute \"decs\"; did you mean \"desc\"? "
+                                     "(--force sets it)"}}) {
+        const QString assignment = QString::fromUtf8(slip.assignment);
+        const Outcome refused = set({assignment});
+        EXPECT_EQ(refused.code, 2) << slip.assignment;
+        EXPECT_THAT(refused.err.toStdString(),
+                    ::testing::HasSubstr(": " + std::string(slip.problem) + '\n'));
+        EXPECT_TRUE(isUntouched()) << slip.assignment;
+        const QString place = assignment.section(QLatin1Char('='), 0, 0);
+        const QString before = get({place}).out;
+        EXPECT_EQ(set({QStringLiteral("--force"), assignment}).code, 0) << slip.assignment;
+        EXPECT_EQ(get({place}).out, assignment.section(QLatin1Char('='), 1) + QLatin1Char('\n'));
+        EXPECT_NE(get({place}).out, before);
+        workspace.write(QStringLiteral("a.xml"), smallDocument());
+    }
+}
+
+TEST_F(Values, SetTakesKindsThatAreLikeNoOther)
+{
+    EXPECT_EQ(set({QStringLiteral("camera[Eye]@subcat=Handheld")}).code, 0);
+    EXPECT_EQ(set({QStringLiteral("background@subcat=Horizon")}).code, 0);
+}
+
 TEST_F(Values, SetMakesAllAssignmentsOrNone)
 {
     EXPECT_EQ(

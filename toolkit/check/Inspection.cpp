@@ -303,16 +303,21 @@ private:
 
     void inspectKind(const Frame& child, int ordinal)
     {
+        if (child.info->kinds.isEmpty())
+            return;
         const bool isFinish = child.tag == QLatin1String("finish");
         const bool matters = isFinish || child.tag == QLatin1String("background") ||
                              child.tag == QLatin1String("scheme");
-        if (!matters)
-            return;
         const QString kind = KindOf(child.element);
         // A finish without class is one that nothing was said of yet.
-        if (!child.info->kinds.contains(kind) && !(isFinish && kind.isEmpty()))
+        if (child.info->kinds.contains(kind) || (kind.isEmpty() && (isFinish || !matters)))
+            return;
+        // Where other kinds are as good, one that looks like a known one is a slip.
+        const QString likely = likeliestKind(kind, child.info->kinds);
+        if (matters || !likely.isEmpty())
             m_inspecting.report(rules::unknownKind, child.element, ordinal,
-                                QStringLiteral("A %1 of kind \"%2\"").arg(child.tag, kind));
+                                QStringLiteral("A %1 of kind \"%2\"").arg(child.tag, kind) +
+                                    didYouMean(likely));
     }
 
     void inspectComponents(const Frame& snapShot, int ordinal, const QSet<QString>& components)

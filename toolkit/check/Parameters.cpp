@@ -59,7 +59,7 @@ void Parameters::inspect(const QDomElement& param, int ordinal, bool isBehindOth
                             QStringLiteral("\"%1\" has type \"%2\" instead of \"%3\"")
                                 .arg(name, type, TypeName((*info)->type)));
     else
-        inspectValue(param, ordinal, name, *valueType, text, hasMore);
+        inspectValue(param, ordinal, name, *valueType, isExpected ? *info : nullptr, text, hasMore);
     if (!isOfType)
         m_inspecting.findings.last().expectedType = TypeName((*info)->type);
     if (type == words.string && !text.isEmpty() && isTextureParam(m_tag, name))
@@ -83,9 +83,14 @@ void Parameters::inspectName(const QDomElement& param, int ordinal, const QStrin
 }
 
 void Parameters::inspectValue(const QDomElement& param, int ordinal, const QString& name,
-                              ValueType type, const QString& text, bool hasMore)
+                              ValueType type, const ParamInfo* info, const QString& text,
+                              bool hasMore)
 {
-    if (CheckText(type, text))
+    const ValueFault fault = info ? CheckValue(*info, text) : CheckText(type, text);
+    if (fault.fault == Fault::OutsideRange)
+        m_inspecting.report(rules::outOfRange, param, ordinal,
+                            QStringLiteral("\"%1\": %2").arg(name, FaultMessage(*info, fault)));
+    else if (fault && fault.fault != Fault::NoChoice)
         m_inspecting.report(rules::badValue, param, ordinal,
                             text.isEmpty()
                                 ? QStringLiteral("\"%1\" has no value").arg(name)

@@ -27,8 +27,9 @@ public:
 
 private:
     void inspectName(const QDomElement& param, int ordinal, const QString& name);
+    /// \p info is null for a parameter that is not known.
     void inspectValue(const QDomElement& param, int ordinal, const QString& name, ValueType type,
-                      const QString& text, bool hasMore);
+                      const ParamInfo* info, const QString& text, bool hasMore);
     void inspectRange(const QDomElement& param, int ordinal, const QString& name,
                       const QString& text);
 

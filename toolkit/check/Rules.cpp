@@ -99,7 +99,7 @@ const Rule wrongType = {"wrong-type", Severity::Error,
 const Rule badValue = {"bad-value", Severity::Error, "The value is none of the parameter's type.",
                        "It is read as 0, or not at all. Set it anew.", nullptr};
 const Rule outOfRange = {"out-of-range", Severity::Warning,
-                         "The value is outside of \"rangeMin\" to \"rangeMax\".",
+                         "The value makes no sense, or is outside of \"rangeMin\" to \"rangeMax\".",
                          "The host offers values within the range only. Set another value, or "
                          "correct the range.",
                          nullptr};

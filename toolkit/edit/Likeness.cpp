@@ -49,12 +49,12 @@ int distance(const QString& a, const QString& b, int most)
 /// Takes one candidate after the other and keeps the nearest.
 class Nearest {
 public:
-    explicit Nearest(const QString& word)
+    explicit Nearest(const QString& word, int lettersPerSlip = 3)
         : m_word(word)
         , m_folded(folded(word))
         , m_most(int(std::count_if(word.cbegin(), word.cend(),
                                    [](QChar c) { return c.isLetterOrNumber(); })) /
-                 3)
+                 lettersPerSlip)
     {
     }
 
@@ -126,12 +126,17 @@ bool meansMany(const QString& path)
 
 } // namespace
 
-QString likeliest(const QString& word, const QStringList& candidates)
+QString likeliest(const QString& word, const QStringList& candidates, int lettersPerSlip)
 {
-    Nearest nearest(word);
+    Nearest nearest(word, lettersPerSlip);
     for (const QString& candidate : candidates)
         nearest.offer(candidate);
     return nearest.found();
+}
+
+QString likeliestKind(const QString& kind, const QStringList& kinds)
+{
+    return likeliest(kind, kinds, 2);
 }
 
 QString likeliestPath(const QString& path, const QDomElement& root)

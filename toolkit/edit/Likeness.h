@@ -10,9 +10,11 @@
 namespace rvopen::toolkit {
 
 /// Which of the candidates somebody may have meant who wrote another word: the one with the fewest
-/// letters left out, too many, wrong or swapped with the next. At most a third of the word's
-/// letters may be, whose case and accents do not count. Empty for none.
-QString likeliest(const QString& word, const QStringList& candidates);
+/// letters left out, too many, wrong or swapped with the next. At most one letter of the word in
+/// \p lettersPerSlip may be; case and accents do not count. Empty for none.
+QString likeliest(const QString& word, const QStringList& candidates, int lettersPerSlip = 3);
+/// The same for the kind of an element, which is one of few and may be half wrong.
+QString likeliestKind(const QString& kind, const QStringList& kinds);
 
 /// The same for a path that nothing below the root has; empty also for one with stars, conditions
 /// or "//", which means many.

@@ -5,6 +5,7 @@
 
 #include "TypedText.h"
 
+#include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/toolkit/schema/ValueCheck.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
@@ -131,11 +132,18 @@ QString ParamValues::Check(const QDomElement& param, const QString& text)
                    ? QString()
                    : QStringLiteral("\"colour\" is the only kind of shader that the host knows");
     }
-    const ValueFault fault = CheckText(*type, storedText(*type, text));
+    const QString stored = storedText(*type, text);
+    const ValueFault fault = CheckText(*type, stored);
     if (fault.fault == Fault::ForbiddenCharacter)
         return QStringLiteral("it has a character that no document may contain");
     if (fault)
         return wrongText(*type, fault, text);
+    // Ranges of lengths hold in any units.
+    const ParamInfo* const info = FindParam(m_param);
+    const QString problem =
+        info && info->type == *type ? FaultMessage(*info, CheckValue(*info, stored)) : QString();
+    if (!problem.isEmpty())
+        return problem;
     return m_param.IsFloat() || m_param.IsInt() ? outsideRange(param, text.toDouble()) : QString();
 }
 

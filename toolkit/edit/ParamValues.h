@@ -29,8 +29,9 @@ public:
     /// for a value that is absent.
     QVariant Value(const QDomElement& param);
 
-    /// The text as a value of the parameter's type, checked but not set yet. Empty when it is one,
-    /// otherwise what is wrong.
+    /// The text as a value of the parameter, checked but not set yet: by its type, by what
+    /// ParamInfo tells of it where it stands, and by its own range. Empty when it is one, otherwise
+    /// what is wrong.
     QString Check(const QDomElement& param, const QString& text);
     /// Sets a text that Check() found good.
     void Set(const QDomElement& param, const QString& text);

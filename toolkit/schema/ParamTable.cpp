@@ -501,14 +501,17 @@ constexpr ParamInfo s_params[] = {
 
     plainColour
         .colour(u"Colour", u"Colour", u"Colour of the whole surface, or below an image with alpha.")
+        .hard(within(0, 1))
         .usual(u"0.7 0.7 0.7"),
 
     plainColourInTransparency
         .colour(u"Colour", u"Opacity", u"Opacity of red, green and blue; white is opaque.")
+        .hard(within(0, 1))
         .in(ColourSpace::Data)
         .usual(u"1 1 1"),
 
     plainColourInBump.colour(u"Colour", u"Colour", u"Makes no relief.")
+        .hard(within(0, 1))
         .in(ColourSpace::None)
         .usual(u"1 1 1"),
 

@@ -30,6 +30,16 @@ QString path(const char* text)
 
 } // namespace
 
+TEST(Likeness, KindsMayBeHalfWrong)
+{
+    const QStringList kinds{QStringLiteral("Opaque"), QStringLiteral("Mask")};
+    EXPECT_EQ(likeliestKind(QStringLiteral("Opake"), kinds), QStringLiteral("Opaque"));
+    EXPECT_EQ(likeliestKind(QStringLiteral("mask"), kinds), QStringLiteral("Mask"));
+    EXPECT_EQ(likeliestKind(QStringLiteral("Matte"), kinds), QString());
+    EXPECT_EQ(likeliestKind(QStringLiteral("Mask"), kinds), QString());
+    EXPECT_EQ(likeliest(QStringLiteral("Opake"), kinds), QString());
+}
+
 TEST(Likeness, ForgivesALetterLeftOutTooManyWrongOrSwapped)
 {
     EXPECT_EQ(among("lst", "tree list find"), QStringLiteral("list"));
