@@ -3,6 +3,8 @@
 
 #include "Program.h"
 
+#include <QDir>
+
 /// What a document loses on its way into another folder: nothing without a word.
 namespace rvopen::test {
 
@@ -130,6 +132,24 @@ TEST_F(TakenAlong, CollectingTakesPictures)
     const QStringList before = workspace.files();
     EXPECT_EQ(workspace.run("textures --dry-run --collect other in/a.xml").code, 0);
     EXPECT_EQ(workspace.files(), before);
+}
+
+TEST_F(TakenAlong, CollectedPicturesLieBesideTheDocumentHoweverTheirFolderIsNamed)
+{
+    workspace.write(QStringLiteral("in/a.rvx"),
+                    "<presets type=\"UserArchives\"><colours><colour cat=\"C\" imgname=\"Red\" "
+                    "name=\"Red\"/></colours></presets>");
+    workspace.write(QStringLiteral("in/C/thumbs/Red.jpg"), pictureOf("red"));
+    for (const char* const line :
+         {"textures --collect parcel in/a.rvx", "textures --collect parcel in/a.rvx --custom in",
+          "textures --collect parcel in/a.rvx --custom ./in/../in"}) {
+        EXPECT_EQ(workspace.run(line).code, 0) << line;
+        EXPECT_EQ(workspace.files().filter(QStringLiteral("parcel/")),
+                  QStringList(
+                      {QStringLiteral("parcel/C/thumbs/Red.jpg"), QStringLiteral("parcel/a.rvx")}))
+            << line;
+        QDir(workspace.path(QStringLiteral("parcel"))).removeRecursively();
+    }
 }
 
 TEST_F(TakenAlong, RelinkingKeepsRelativeReferencesRelative)

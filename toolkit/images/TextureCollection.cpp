@@ -92,8 +92,10 @@ void TextureCollection::addPictures(const Document& document, const Folders& nam
     for (const QString& picture : pictures) {
         if (!QFileInfo(picture).isFile() || !isBelow(picture, root) || !isPictureFile(picture))
             continue;
+        // A relative path would be taken for one below the root.
+        const QString absolute = QFileInfo(picture).absoluteFilePath();
         const QString target =
-            m_folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(picture);
+            m_folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(absolute);
         if (QFileInfo::exists(target)) {
             if (!haveSameBytes(picture, target))
                 complain(picture,
