@@ -87,8 +87,7 @@ void EditReport::print(const char* command, const Document& document, const Targ
     if (!session.json) {
         Table table;
         for (const Edit& edit : edits) {
-            const bool isElsewhere = !edit.became.isEmpty() && edit.became != edit.path;
-            QString rest = isElsewhere ? QLatin1String("-> ") + edit.became : QString();
+            QString rest = edit.became.isEmpty() ? QString() : QLatin1String("-> ") + edit.became;
             if (!edit.note.isEmpty())
                 rest += (rest.isEmpty() ? QString() : QStringLiteral(": ")) + edit.note;
             table.row(
@@ -146,8 +145,10 @@ QVector<Chosen> selectedThings(const QDomElement& root, const QStringList& paths
                 chosen.append(one);
         }
     }
-    if (chosen.isEmpty())
-        throw Failure(QStringLiteral("nothing is selected"));
+    if (chosen.isEmpty()) {
+        const QString misspelling = selection.misspelling();
+        throw Failure(misspelling.isEmpty() ? QStringLiteral("nothing is selected") : misspelling);
+    }
     return chosen;
 }
 

@@ -201,13 +201,9 @@ private:
     void addEdits(EditReport& report, const QVector<Chosen>& chosen, const QString& action) const
     {
         for (const Chosen& one : chosen) {
-            Edit edit{one.path, thingName(one.thing), action, QString(), QString()};
-            if (action != QLatin1String("none"))
-                edit.became = PathOf(one.element);
-            // What no path shows.
-            if (m_isCategory || edit.became == one.path)
-                edit.note = QStringLiteral("%1 \"%2\"").arg(attribute(), m_newName);
-            report.edits.append(edit);
+            const bool isNone = action == QLatin1String("none");
+            report.edits.append({one.path, thingName(one.thing), action,
+                                 isNone ? QString() : PathOf(one.element), QString()});
         }
     }
 

@@ -240,7 +240,7 @@ INSTANTIATE_TEST_SUITE_P(
     Words, SelectionMisspelt,
     ::testing::Values(
         Misspelt{"--category Metal", "there is no category \"Metal\"; did you mean \"Metals\"?"},
-        Misspelt{"--subcat Opaqe", "there is no sub-category \"Opaqe\"; did you mean \"Opaque\"?"},
+        Misspelt{"--subcat Opake", "there is no sub-category \"Opake\"; did you mean \"Opaque\"?"},
         Misspelt{"--where roughnes>0.8",
                  "there is no parameter \"roughnes\"; did you mean \"roughness\"?"},
         Misspelt{"--where @dessc~grey", "there is no attribute \"dessc\"; did you mean \"desc\"?"},

@@ -27,6 +27,9 @@ QString unquoted(const QString& text)
     return isQuoted ? text.mid(1, text.size() - 2) : text;
 }
 
+/// What operators are made of.
+const QLatin1String s_signs("=!<>~");
+
 /// Where the operator begins: at the first of its characters outside of quotes; -1 without.
 int operatorAt(const QString& text)
 {
@@ -38,7 +41,7 @@ int operatorAt(const QString& text)
                 quote = QChar();
         } else if (i == 0 && (c == QLatin1Char('\'') || c == QLatin1Char('"'))) {
             quote = c;
-        } else if (QLatin1String("=!<>~").contains(c)) {
+        } else if (s_signs.contains(c)) {
             return i;
         }
     }
@@ -74,19 +77,15 @@ void Condition::parse(const QString& text)
     const int at = operatorAt(text);
     QString name = (at < 0 ? text : text.left(at)).trimmed();
     m_isAttribute = name.startsWith(QLatin1Char('@'));
-    const bool isMarked = m_isAttribute || name.startsWith(QLatin1Char(':'));
-    if (isMarked)
+    if (m_isAttribute || name.startsWith(QLatin1Char(':')))
         name.remove(0, 1);
     name = unquoted(name);
     if (name.isEmpty())
         fail(QStringLiteral("it begins with a parameter's name or an attribute, as in \"@cat\""));
     m_writtenName = name;
     m_name = m_isAttribute ? name : folded(name);
-    if (at < 0) {
-        if (!isMarked)
-            fail(QStringLiteral("an operator and a value follow, as in \"roughness > 0.8\""));
+    if (at < 0)
         return;
-    }
 
     struct Sign {
         const char* text;
@@ -110,9 +109,11 @@ void Condition::parse(const QString& text)
     }
     if (m_operator == Operator::Exists)
         fail(QStringLiteral("the operators are = != < <= > >= ~"));
-    if (!rest.isEmpty() && QLatin1String("=!<>~").contains(rest[0]))
-        fail(QStringLiteral("the operators are = != < <= > >= ~"));
-    m_value = unquoted(rest.trimmed());
+    rest = rest.trimmed();
+    if (!rest.isEmpty() && s_signs.contains(rest[0]))
+        fail(QStringLiteral("the operators are = != < <= > >= ~; a text that begins with one is "
+                            "quoted"));
+    m_value = unquoted(rest);
     m_isNumber = ToNumber(m_value, m_number);
     const bool isOrder = m_operator == Operator::Less || m_operator == Operator::LessOrEqual ||
                          m_operator == Operator::Greater || m_operator == Operator::GreaterOrEqual;

@@ -11,7 +11,7 @@ namespace rvopen::toolkit {
 class ParamValues;
 
 /// What an element has to fulfil: "roughness > 0.8", "'diffuse factor' >= 0.5", "@cat = Metals",
-/// "@desc ~ grey", or "@custom" and ":roughness" alone for an attribute or a
+/// "@desc ~ grey", or "@custom" and "roughness" alone for an attribute or a
 /// parameter that is there.
 class Condition {
 public:

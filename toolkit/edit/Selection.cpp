@@ -58,8 +58,14 @@ void forAll(const QDomElement& root, const Visit& visit)
         forAll(child, visit);
 }
 
+QString likeliestWord(const QString& word, const QStringList& candidates)
+{
+    return likeliest(word, candidates);
+}
+
 /// Says that there is no such thing, when another one there is like it.
-QString noSuch(const char* thing, const QString& word, const QSet<QString>& known)
+QString noSuch(const char* thing, const QString& word, const QSet<QString>& known,
+               QString (*likelyOf)(const QString&, const QStringList&) = likeliestWord)
 {
     QStringList candidates = known.values();
     candidates.sort();
@@ -68,7 +74,7 @@ QString noSuch(const char* thing, const QString& word, const QSet<QString>& know
     };
     if (word.isEmpty() || std::any_of(candidates.cbegin(), candidates.cend(), isWord))
         return QString();
-    const QString likely = likeliest(word, candidates);
+    const QString likely = likelyOf(word, candidates);
     return likely.isEmpty()
                ? QString()
                : QStringLiteral("there is no %1 \"%2\"").arg(QLatin1String(thing), word) +
@@ -202,7 +208,7 @@ QString Selection::misspellingIn(const QDomElement& root) const
         for (int i = 0; i < map.count(); ++i)
             attributes.insert(map.item(i).nodeName());
     });
-    QString result = noSuch("sub-category", m_texts.subCategory, subCategories);
+    QString result = noSuch("sub-category", m_texts.subCategory, subCategories, likeliestKind);
     if (result.isEmpty())
         result = noSuch("category", m_texts.category, categories);
     for (const Condition& condition : m_conditions) {

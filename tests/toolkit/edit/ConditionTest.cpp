@@ -99,6 +99,6 @@ TEST_P(NoCondition, IsRefused)
 
 INSTANTIATE_TEST_SUITE_P(Texts, NoCondition,
                          ::testing::Values("", "=1", "@", "@=1", "''=1", "a<b", "a>=", "a!b", "a<",
-                                           "a", "a=>1", "a==1", "a<>1"));
+                                           "a=>1", "a==1", "a<>1", "a= >1"));
 
 } // namespace rvopen::test
