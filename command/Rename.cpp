@@ -202,9 +202,20 @@ private:
     {
         for (const Chosen& one : chosen) {
             const bool isNone = action == QLatin1String("none");
-            report.edits.append({one.path, thingName(one.thing), action,
-                                 isNone ? QString() : PathOf(one.element), QString()});
+            const QString path = isNone ? QString() : PathOf(one.element);
+            report.edits.append({one.path, thingName(one.thing), action, path,
+                                 path == one.path ? newNameNote() : QString()});
         }
+    }
+
+    /// What is new where the path does not show it.
+    QString newNameNote() const
+    {
+        const QString what = m_isCategory   ? QStringLiteral("category")
+                             : m_isRefName  ? QStringLiteral("reference name")
+                             : m_isLinkName ? QStringLiteral("link name")
+                                            : QStringLiteral("name");
+        return QStringLiteral("its %1 is \"%2\"").arg(what, m_newName);
     }
 
     QString m_file;

@@ -58,6 +58,8 @@ TEST_F(Rename, ACategoryTakesItsFolderAlong)
 {
     const Outcome run = workspace.run("rename --category a.rvx C D --in-place");
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.lines().first().endsWith(QLatin1String("colour[Red]: its category is \"D\"")))
+        << run.out.toStdString();
     EXPECT_EQ(workspace.read(QStringLiteral("a.rvx")),
               archive("cat=\"D\" name=\"Red\" refname=\"c.red\"", "D"));
     EXPECT_EQ(files(), QStringLiteral("D/thumbs/Blue.jpg D/thumbs/Red.jpg a.rvx"));
