@@ -86,6 +86,14 @@ def tasks():
     return len(re.findall(r"^## ", (ROOT / "docs" / "cookbook.md").read_text(encoding="utf-8"), re.MULTILINE))
 
 
+def sessions_of_tasks():
+    """How many tasks of a preset library there are, each of which has to have one session."""
+    text = (ROOT / "docs" / "tasks.md").read_text(encoding="utf-8")
+    counts = [len(re.findall(r"^```console$", task, re.MULTILINE))
+              for task in re.split(r"^### ", text, flags=re.MULTILINE)[1:]]
+    return len(counts) if set(counts) == {1} else counts
+
+
 def files(pattern):
     return sum(1 for path in ROOT.glob(pattern) if path.is_file())
 
@@ -124,6 +132,9 @@ SENTENCES = [
     ("README.md", r"\[cookbook\]\(docs/cookbook.md\) has " + NUMBER + " tasks", tasks),
     ("packaging/README.md.in", "and " + NUMBER + r" tasks in its \[cookbook\]", tasks),
     ("docs/cookbook.md", NUMBER + " tasks, each with the commands", tasks),
+    ("README.md", r"\[another page\]\(docs/tasks.md\) has " + NUMBER + " of a preset library", sessions_of_tasks),
+    ("packaging/README.md.in", "and " + NUMBER + r" \[tasks of a preset library\]", sessions_of_tasks),
+    ("docs/tasks.md", NUMBER + " tasks of technical artists", sessions_of_tasks),
     ("docs/command.md", "explains one with " + NUMBER + " examples", examples),
     ("docs/guide.md", "the " + NUMBER + " default archives are", lambda: files("data/install/xml/*.rvx")),
     ("docs/guide.md", "The " + NUMBER + " extra archives of an installation",
@@ -156,6 +167,9 @@ class Counts(unittest.TestCase):
                 found = re.findall(sentence.replace(NUMBER, r"\b" + NUMBER + r"\b"), text, re.IGNORECASE)
                 self.assertEqual(len(found), 1, "the sentence is not there once")
                 self.assertEqual(number(found[0]), counted())
+
+    def test_there_are_forty_tasks_of_a_preset_library(self):
+        self.assertEqual(sessions_of_tasks(), 40)
 
     def test_the_table_has_every_section(self):
         table = (ROOT / "data" / "README.md").read_text(encoding="utf-8")
