@@ -53,6 +53,19 @@ TEST(Copy, WithinAFileGetsFreeNamesAndAPictureOfItsOwn)
     EXPECT_EQ(workspace.read(QStringLiteral("C/thumbs/Red (2).jpg")), pictureOf("red"));
 }
 
+TEST(Copy, APictureOfAnotherNameIsNotShared)
+{
+    const Workspace workspace;
+    workspace.write(
+        QStringLiteral("a.rvx"),
+        colours("      <colour cat=\"C\" imgname=\"r\" name=\"Red\" refname=\"c.red\"/>\n"));
+    workspace.write(QStringLiteral("C/thumbs/r.jpg"), pictureOf("red"));
+    EXPECT_EQ(workspace.run("copy a.rvx colour[Red] --in-place").code, 0);
+    EXPECT_EQ(workspace.run("get a.rvx 'Red (2)@imgname'").out, QStringLiteral("r_2\n"));
+    EXPECT_EQ(joined(workspace), QStringLiteral("C/thumbs/r.jpg C/thumbs/r_2.jpg a.rvx"));
+    EXPECT_EQ(workspace.read(QStringLiteral("C/thumbs/r_2.jpg")), pictureOf("red"));
+}
+
 TEST(Copy, AFolderGivesThePresetsInItFreeNames)
 {
     const Workspace workspace;

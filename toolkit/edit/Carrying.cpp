@@ -8,6 +8,9 @@
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/schema/ValueText.h>
 
+#include <QPair>
+#include <QVector>
+
 namespace rvopen::toolkit {
 
 namespace {
@@ -16,6 +19,18 @@ const QString s_name = QStringLiteral("name");
 const QString s_refName = QStringLiteral("refname");
 const QString s_linkName = QStringLiteral("linkname");
 const QString s_val = QStringLiteral("val");
+
+/// How a name gets a number.
+struct NumberedName {
+    QString attribute;
+    QString pattern;
+};
+
+/// The names that nothing else may have, that of the picture among them.
+const NumberedName s_numberedNames[] = {{s_name, QStringLiteral("%1 (%2)")},
+                                        {s_refName, QStringLiteral("%1_%2")},
+                                        {s_linkName, QStringLiteral("%1 (%2)")},
+                                        {QStringLiteral("imgname"), QStringLiteral("%1_%2")}};
 
 /// Of a kind that has no other meaning: lower case, with "_" for what is no letter or digit.
 QString slug(const QString& name)
@@ -69,33 +84,30 @@ QString keyOf(const QDomElement& element, const QDomElement& shelf)
 FreeNames::FreeNames(const QDomElement& root)
 {
     Walk(root, QString(), [this](const QDomElement& element, const QString&) {
-        for (const QString& attribute : {s_name, s_refName, s_linkName})
-            m_taken.insert(element.attribute(attribute));
+        for (const NumberedName& each : s_numberedNames)
+            m_taken.insert(element.attribute(each.attribute));
         return !isParam(element);
     });
 }
 
 void FreeNames::rename(QDomElement element)
 {
-    const QString name = element.attribute(s_name);
-    const QString refName = element.attribute(s_refName);
-    const QString linkName = element.attribute(s_linkName);
     for (int number = 2;; ++number) {
-        const QString digits = QString::number(number);
-        const QString newName = QStringLiteral("%1 (%2)").arg(name, digits);
-        const QString newRefName = QStringLiteral("%1_%2").arg(refName, digits);
-        const QString newLinkName = QStringLiteral("%1 (%2)").arg(linkName, digits);
-        if ((!name.isEmpty() && m_taken.contains(newName)) ||
-            (!refName.isEmpty() && m_taken.contains(newRefName)) ||
-            (!linkName.isEmpty() && m_taken.contains(newLinkName)))
+        QVector<QPair<QString, QString>> names;
+        bool isFree = true;
+        for (const NumberedName& each : s_numberedNames) {
+            const QString name = element.attribute(each.attribute);
+            if (name.isEmpty())
+                continue;
+            names.append({each.attribute, each.pattern.arg(name, QString::number(number))});
+            isFree = isFree && !m_taken.contains(names.last().second);
+        }
+        if (!isFree)
             continue;
-        if (!name.isEmpty())
-            element.setAttribute(s_name, newName);
-        if (!refName.isEmpty())
-            element.setAttribute(s_refName, newRefName);
-        if (!linkName.isEmpty())
-            element.setAttribute(s_linkName, newLinkName);
-        m_taken << newName << newRefName << newLinkName;
+        for (const auto& name : names) {
+            element.setAttribute(name.first, name.second);
+            m_taken.insert(name.second);
+        }
         return;
     }
 }

@@ -24,8 +24,8 @@ class FreeNames {
 public:
     explicit FreeNames(const QDomElement& root);
 
-    /// Gives the element a name, and if it has one a reference name, that are free; from then on
-    /// they are taken.
+    /// Gives the element a name, and if it has them a reference name and one of its picture, that
+    /// are free; from then on they are taken.
     void rename(QDomElement element);
 
 private:

@@ -46,6 +46,21 @@ TEST(Carrying, FindsNamesThatNothingHas)
     EXPECT_EQ(element.attribute(QStringLiteral("refname")), QStringLiteral("r_4"));
 }
 
+TEST(Carrying, GivesAPictureANameOfItsOwn)
+{
+    const QDomDocument document =
+        parsed("<a><x name='n' imgname='p'/><y imgname='p_2'/><z name='m'/></a>");
+    FreeNames names(document.documentElement());
+    const QDomElement element = document.documentElement().firstChildElement();
+    names.rename(element);
+    EXPECT_EQ(element.attribute(QStringLiteral("name")), QStringLiteral("n (3)"));
+    EXPECT_EQ(element.attribute(QStringLiteral("imgname")), QStringLiteral("p_3"));
+    const QDomElement bare = document.documentElement().lastChildElement();
+    names.rename(bare);
+    EXPECT_EQ(bare.attribute(QStringLiteral("name")), QStringLiteral("m (2)"));
+    EXPECT_FALSE(bare.hasAttribute(QStringLiteral("imgname")));
+}
+
 TEST(Carrying, KeepsPercentSignsInNames)
 {
     const QDomDocument document = parsed("<a><x name='Gloss %2' refname='r%1'/></a>");
