@@ -125,8 +125,9 @@ void EditReport::print(const char* command, const Document& document, const Targ
 }
 
 QVector<Chosen> selectedThings(const QDomElement& root, const QStringList& paths,
-                               const Selection& selection, Matches matches)
+                               const Selection& selection, bool isAll)
 {
+    const Matches matches = isAll ? Matches::All : Matches::OneForEachPath;
     if (selection.isEverything() && paths.isEmpty())
         throw Failure(QStringLiteral("say which: paths, or what is to be selected"));
     if (selection.isEverything())
@@ -134,7 +135,7 @@ QVector<Chosen> selectedThings(const QDomElement& root, const QStringList& paths
     QVector<Chosen> chosen;
     if (paths.isEmpty()) {
         const QStringList selected = selectedPaths(root, selection);
-        if (selected.size() > 1 && matches == Matches::OneForEachPath)
+        if (selected.size() > 1 && !isAll)
             throw Failure(QStringLiteral("%1 things are selected; --all takes them all")
                               .arg(selected.size()));
         chosen = chosenThings(root, selected, Matches::All);

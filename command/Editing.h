@@ -53,11 +53,10 @@ struct EditReport {
 };
 
 /// The things with these paths, as far as they are selected; without paths all that is selected, in
-/// document order. Throws a Failure where that is nothing, or several and \p matches does not allow
-/// that.
+/// document order. Throws a Failure where that is nothing, or several for one path or none and
+/// \p isAll does not allow that.
 QVector<toolkit::Chosen> selectedThings(const QDomElement& root, const QStringList& paths,
-                                        const toolkit::Selection& selection,
-                                        toolkit::Matches matches);
+                                        const toolkit::Selection& selection, bool isAll);
 
 /// Writes the documents, each of which is its own input, and lets the pictures follow: all of it or
 /// nothing. Throws a Failure when that cannot be done. What was written is in the answer.

@@ -41,7 +41,8 @@ public:
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("paths", m_paths, "Presets, folders, snapshots or palette materials",
                              false);
-        arguments.flag("--all", m_all, "Remove every match of a path, and all that is selected");
+        arguments.flag("--all", m_all,
+                       "Remove every match of a path, without paths all that is selected");
         declareUsers(arguments, m_users);
         m_selection.declare(arguments);
         m_target.declare(arguments, "Remove also what is used, and write over another file than "
@@ -60,8 +61,7 @@ public:
         const std::unique_ptr<Document> document = readOrFail(m_file, session);
         m_target.check(*document);
         const QVector<Chosen> chosen =
-            selectedThings(document->Root(), m_paths, m_selection.selection(session),
-                           m_all ? Matches::All : Matches::OneForEachPath);
+            selectedThings(document->Root(), m_paths, m_selection.selection(session), m_all);
         EditReport report;
         QVector<QDomElement> elements;
         for (const Chosen& one : chosen)

@@ -54,8 +54,7 @@ public:
         checkFiles(*source, target, isWithin);
 
         const QVector<Chosen> chosen =
-            selectedThings(source->Root(), m_paths, m_selection.selection(session),
-                           m_all ? Matches::All : Matches::OneForEachPath);
+            selectedThings(source->Root(), m_paths, m_selection.selection(session), m_all);
         m_before = foldersOf(*source, session.folders, source->Folder());
         m_freeNames.emplace(target.Root());
         Walk(target.Root(), QString(), [this](const QDomElement& element, const QString&) {
@@ -86,14 +85,14 @@ protected:
     {
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("paths", m_paths,
-                             "Presets, folders, snapshots, palettes or materials of palettes",
-                             false);
+                             "Presets, folders, snapshots, palettes or their materials", false);
         arguments.option("--into", m_targetFile, "FILE",
                          "Another document or archive that takes them");
         arguments.option("--to", m_to, "PATH",
                          "The section, folder, collection or palette that takes them; folders at "
                          "its end are made");
-        arguments.flag("--all", m_all, "Take every match of a path, and all that is selected");
+        arguments.flag("--all", m_all,
+                       "Take every match of a path, without paths all that is selected");
         arguments.flag("--skip", m_skip, "Leave out what is there already");
         arguments.flag("--rename", m_rename, "Give it another name");
         arguments.flag("--replace", m_replace, "Put it in the place of what is there");
@@ -431,8 +430,7 @@ public:
             "free; in another file what is there already stops it, unless it is said what to do. "
             "Without --to they go where they stood, materials of palettes into the section "
             "\"materials\". Pictures are copied for the new names; relative references to image "
-            "files lead to the same files from the new place. Without paths, all that is "
-            "selected.");
+            "files lead to the same files from the new place.");
         declareCommon(arguments);
         arguments.example(
             "rvopen copy archives/Custom/MyPresets.rvx \"colour[Our blue]\" --in-place",
@@ -469,8 +467,7 @@ public:
             "Takes the paths of get. Reference names stay, so that what uses a preset finds it. "
             "What is there already stops it, unless it is said what to do. Pictures and the "
             "comments before presets go along; relative references to image files lead to the same "
-            "files from the new place. Between two files both are written, or neither is. Without "
-            "paths, all that is selected.");
+            "files from the new place. Between two files both are written, or neither is.");
         declareCommon(arguments);
         arguments.example(
             "rvopen move archives/Custom/MyPresets.rvx \"material[Loden green]\" --to "
