@@ -167,7 +167,7 @@ TEST_F(TakenAlong, RelinkingByPrefixKeepsFolders)
         const char* after;
     } cases[] = {
         {"D:\\tex\\a\\b.png", "D:\\tex=E:\\new", "E:\\new\\a\\b.png"},
-        {"d:/TEX/a/b.png", "D:\\tex\\=E:\\new\\", "E:\\new\\a/b.png"},
+        {"d:/TEX/a/b.png", "D:\\tex\\=E:\\new\\", "E:\\new\\a\\b.png"},
         {"D:\\texture\\b.png", "D:\\tex=E:\\new", "D:\\texture\\b.png"},
         {"tex\\a\\b.png", "tex=img", "img\\a\\b.png"},
     };
