@@ -463,4 +463,23 @@ TEST(Check, AsksWhichRuleWasMeant)
               QStringLiteral("rvopen: there is no rule \"nothing\"; --rules explains all\n"));
 }
 
+TEST(Check, RulesAreTheSameAsTextAndAsJson)
+{
+    const Workspace workspace;
+    QString text;
+    for (const auto& value :
+         workspace.run("check --rules --json").json()[QStringLiteral("rules")].toArray()) {
+        const QJsonObject rule = value.toObject();
+        text += rule[QStringLiteral("rule")].toString() + QLatin1String(" (") +
+                rule[QStringLiteral("severity")].toString() + QLatin1String(")\n    ") +
+                rule[QStringLiteral("summary")].toString() + QLatin1String("\n    ") +
+                rule[QStringLiteral("advice")].toString() + QLatin1Char('\n');
+        if (!rule[QStringLiteral("fix")].isNull())
+            text += QLatin1String("    --fix: ") + rule[QStringLiteral("fix")].toString() +
+                    QLatin1Char('\n');
+    }
+    EXPECT_TRUE(text.contains(QStringLiteral("    --fix: ")));
+    EXPECT_EQ(workspace.run("check --rules").out, text);
+}
+
 } // namespace rvopen::test

@@ -44,6 +44,15 @@ constexpr Range between(double minimum, double maximum)
 
 /// A row that is being put together: each operation gives one that knows more.
 class ParamRow {
+    // Before its callers: clang evaluates no constant by a template that it has yet to read.
+    template <class Value>
+    constexpr ParamRow with(Value ParamInfo::*member, const Value& value) const
+    {
+        ParamRow row = *this;
+        row.m_info.*member = value;
+        return row;
+    }
+
 public:
     constexpr ParamRow(QStringView element, QStringView kind, QStringView name, QStringView label,
                        QStringView help, ValueType type)
@@ -135,14 +144,6 @@ public:
     }
 
 private:
-    template <class Value>
-    constexpr ParamRow with(Value ParamInfo::*member, const Value& value) const
-    {
-        ParamRow row = *this;
-        row.m_info.*member = value;
-        return row;
-    }
-
     ParamInfo m_info;
 };
 

@@ -9,6 +9,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#if defined(__unix__) || defined(__APPLE__)
+#include <sys/stat.h>
+#endif
+
 namespace rvopen::test {
 
 namespace {
@@ -130,5 +134,31 @@ TEST_F(NewFile, SameBytesAreToldWhateverTheName)
     EXPECT_FALSE(toolkit::haveSameBytes(path("a"), path("other")));
     EXPECT_FALSE(toolkit::haveSameBytes(path("a"), path("nothing")));
 }
+
+#if defined(__unix__) || defined(__APPLE__)
+TEST_F(NewFile, IsForThoseWhomTheProcessLets)
+{
+    const struct {
+        mode_t withheld;
+        QFile::Permissions left;
+    } cases[] = {
+        {0, QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther},
+        {S_IRGRP, QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther},
+        {S_IWGRP, QFile::ReadGroup | QFile::ReadOther | QFile::WriteOther},
+        {S_IROTH, QFile::ReadGroup | QFile::WriteGroup | QFile::WriteOther},
+        {S_IWOTH, QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther},
+    };
+    for (const auto& each : cases) {
+        const mode_t before = umask(each.withheld);
+        FileTransaction files;
+        const bool isMade = files.create("x", path("a"));
+        umask(before);
+        ASSERT_TRUE(isMade);
+        const QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        EXPECT_EQ(int(QFile::permissions(path("a")) & others), int(each.left)) << each.withheld;
+    }
+}
+#endif
 
 } // namespace rvopen::test

@@ -144,4 +144,12 @@ TEST_F(AppearanceMaps, M9_TheBaseMaterialDoesNotComeInItsPlace)
     }
 }
 
+TEST_F(AppearanceMaps, AnImageThatIsNotThereIsDrawnAsChequers)
+{
+    const QImage image = room.flat(colour(map("none.png")) + dull());
+    EXPECT_EQ(image.pixel(16, 16), image.pixel(48, 48));
+    EXPECT_EQ(image.pixel(48, 16), image.pixel(16, 48));
+    EXPECT_NE(image.pixel(16, 16), image.pixel(48, 16));
+}
+
 } // namespace rvopen::test

@@ -78,6 +78,8 @@ TEST(Likeness, KnowsPathsFromAnywhereInTheDocument)
 {
     EXPECT_EQ(path("finish:rougness"), QStringLiteral("finish:roughness"));
     EXPECT_EQ(path("material[Bras]/finish"), QStringLiteral("material[Brass]/finish"));
+    EXPECT_EQ(path("material[Brass]/finish:rougness"),
+              QStringLiteral("material[Brass]/finish:roughness"));
     EXPECT_EQ(path("Barss/finish:roughness"), QStringLiteral("Brass/finish:roughness"));
     EXPECT_EQ(path(":rouhgness"), QStringLiteral(":roughness"));
 }
