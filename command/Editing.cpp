@@ -77,6 +77,16 @@ QStringList selectedPaths(const QDomElement& root, const Selection& selection)
     return paths;
 }
 
+QStringList notesOf(const QVector<Rebased>& textures)
+{
+    QStringList notes;
+    for (const Rebased& texture : textures) {
+        if (!texture.note.isEmpty())
+            notes << QStringLiteral("\"%1\": %2").arg(texture.reference, texture.note);
+    }
+    return notes;
+}
+
 } // namespace
 
 void EditReport::print(const char* command, const Document& document, const Target& target,
@@ -270,11 +280,8 @@ bool complainOf(const PictureMoves& pictures, const Document& document, Session&
 
 void complainOf(const QVector<Rebased>& textures, const Document& document, Session& session)
 {
-    for (const Rebased& texture : textures) {
-        if (!texture.note.isEmpty())
-            session.warning(document.Name(),
-                            QStringLiteral("\"%1\": %2").arg(texture.reference, texture.note));
-    }
+    for (const QString& note : notesOf(textures))
+        session.warning(document.Name(), note);
 }
 
 QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Session& session)
@@ -291,21 +298,22 @@ QSet<QString> picturesOfOthers(const QVector<const Document*>& documents, Sessio
     return files;
 }
 
-void takeAlong(const Document& document, const Document& input, const QString& file,
-               Session& session)
+QStringList takeAlong(const Document& document, const Document& input, const QString& file,
+                      const Folders& folders)
 {
     const QFileInfo output(PathToOpen(file));
     const bool isDevice = output.exists() && !output.isFile();
     const QString folder = output.absolutePath();
     if (isDevice || input.IsStream() ||
         QFileInfo(folder).canonicalFilePath() == QFileInfo(input.Folder()).canonicalFilePath())
-        return;
-    complainOf(rebaseTextures(document.Root(), input.Folder(), folder), input, session);
-    const int count = picturesLeft(document, input, folder, session.folders);
+        return {};
+    QStringList left = notesOf(rebaseTextures(document.Root(), input.Folder(), folder));
+    const int count = picturesLeft(document, input, folder, folders);
     if (count > 0)
-        session.warning(input.Name(), QStringLiteral("%1 left where the document was")
-                                          .arg(counted(count, QStringLiteral("picture is"),
-                                                       QStringLiteral("pictures are"))));
+        left << QStringLiteral("%1 left where the document was")
+                    .arg(counted(count, QStringLiteral("picture is"),
+                                 QStringLiteral("pictures are")));
+    return left;
 }
 
 QString outputFolder(const Document& document, const Target& target)

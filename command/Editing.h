@@ -95,9 +95,10 @@ QSet<QString> picturesOfOthers(const QVector<const toolkit::Document*>& document
                                Session& session);
 
 /// Before a document that was read as \p input is written to another file: relative references to
-/// image files lead to the same files from there, and what stays behind is said.
-void takeAlong(const toolkit::Document& document, const toolkit::Document& input,
-               const QString& file, Session& session);
+/// image files lead to the same files from there. In the answer is what stays behind, to be said
+/// once it is written.
+QStringList takeAlong(const toolkit::Document& document, const toolkit::Document& input,
+                      const QString& file, const toolkit::Folders& folders);
 
 /// The folder that a document is written into.
 QString outputFolder(const toolkit::Document& document, const Target& target);

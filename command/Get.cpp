@@ -62,7 +62,8 @@ public:
             "Exit code 1 when a path finds nothing.");
         arguments.positional("file", m_file, "Document, archive, folder, or \"-\"", false);
         arguments.positional("paths", m_paths,
-                             "More documents, and the paths of parameters, attributes or elements",
+                             "More documents, patterns, folders as \"archives/\", and the paths of "
+                             "parameters, attributes or elements",
                              false);
         m_selection.declare(arguments);
         m_inputs.declare(arguments);

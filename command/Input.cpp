@@ -22,12 +22,6 @@ using namespace toolkit;
 
 namespace {
 
-bool isPattern(const QString& text)
-{
-    return text.contains(QLatin1Char('*')) || text.contains(QLatin1Char('?')) ||
-           text.contains(QLatin1Char('['));
-}
-
 /// The files and folders that a pattern fits, in the order of their names.
 QStringList fitting(const QString& pattern)
 {
@@ -78,6 +72,12 @@ QStringList documentsBelow(const QString& folder, Session& session)
 }
 
 } // namespace
+
+bool isPattern(const QString& text)
+{
+    return text.contains(QLatin1Char('*')) || text.contains(QLatin1Char('?')) ||
+           text.contains(QLatin1Char('['));
+}
 
 QStringList expandedInputs(const QStringList& arguments, Session& session)
 {

@@ -15,6 +15,9 @@
 
 namespace rvopen::command {
 
+/// Whether the name of a file stands for several, as "*.rvx".
+bool isPattern(const QString& text);
+
 /// Files, with each folder replaced by the documents in it and below it in the order of their
 /// names, and each pattern that is no file's name ("*", "?", "[ab]") by what it fits. What cannot
 /// be listed, a pattern that fits nothing, and a file whose name is not UTF-8, counts as an error.

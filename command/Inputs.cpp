@@ -20,6 +20,20 @@ namespace rvopen::command {
 
 using namespace toolkit;
 
+namespace {
+
+/// Whether it can only be documents: one that is there, a pattern of their names, or a folder with
+/// a slash at its end, where no path has one.
+bool isInput(const QString& argument)
+{
+    const QFileInfo file(PathToOpen(argument));
+    if (argument.endsWith(QLatin1Char('/')))
+        return file.isDir();
+    return isDocumentName(argument) && (file.isFile() || isPattern(argument));
+}
+
+} // namespace
+
 void Inputs::declare(Arguments& arguments)
 {
     arguments.option("--files-from", m_list, "FILE",
@@ -45,8 +59,7 @@ QStringList Inputs::taken(QStringList& arguments) const
     QStringList files;
     if (m_list.isEmpty() && !arguments.isEmpty())
         files << arguments.takeFirst();
-    while (!arguments.isEmpty() && isDocumentName(arguments.first()) &&
-           QFileInfo(PathToOpen(arguments.first())).isFile())
+    while (!arguments.isEmpty() && isInput(arguments.first()))
         files << arguments.takeFirst();
     return files;
 }

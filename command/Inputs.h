@@ -20,7 +20,8 @@ public:
     /// them. Throws a Failure when the list cannot be read.
     QStringList files(const QStringList& arguments, Session& session) const;
     /// Takes the documents that come first out of what stands on a command line before the rest:
-    /// the first argument unless a list is given, and those after it that are files of documents.
+    /// the first argument unless a list is given, and those after it that are files of documents,
+    /// patterns of their names, or folders with a slash at their ends.
     QStringList taken(QStringList& arguments) const;
     /// How many documents are read at one time.
     int jobs() const;

@@ -104,7 +104,9 @@ public:
             "Either all assignments are made in a document or none; among many documents, those "
             "that have not what a path names stay as they are.");
         arguments.positional("file", m_file, "Document, archive, folder, or \"-\"", false);
-        arguments.positional("assignments", m_assignments, "More documents, and PATH=VALUE", false);
+        arguments.positional("assignments", m_assignments,
+                             "More documents, patterns, folders as \"archives/\", and PATH=VALUE",
+                             false);
         arguments.flag("--all", m_all, "Set every match of a path; without, there may be one only");
         m_target.declare(arguments,
                          "Also set read-only parameters, values outside of their range, and kinds "

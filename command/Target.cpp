@@ -101,12 +101,14 @@ void Target::write(const Document& document, const Document& input, Session& ses
         session.out.text(XmlText(document.Dom(), indent));
         return;
     }
-    if (!m_inPlace)
-        takeAlong(document, input, path, session);
+    const QStringList left =
+        m_inPlace ? QStringList() : takeAlong(document, input, path, session.folders);
     m_options.backUp(path);
     const QString problem = problemOfWriting(document.Dom(), indent, path);
     if (!problem.isEmpty())
         throw Failure(QStringLiteral("\"%1\": %2; nothing was changed").arg(path, problem));
+    for (const QString& note : left)
+        session.warning(input.Name(), note);
 }
 
 void Target::backUp(const QString& path) const

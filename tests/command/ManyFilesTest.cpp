@@ -65,6 +65,16 @@ TEST_F(ManyFiles, DocumentsComeBeforePaths)
     EXPECT_EQ(valuesOf(run(QByteArray("get in/12.rvx in/11.rvx ") + s_view + "'")), "12 11");
 }
 
+TEST_F(ManyFiles, PatternsAndFoldersWithASlashComeBeforePaths)
+{
+    const QByteArray rest = QByteArray(" ") + s_view + "'";
+    EXPECT_EQ(valuesOf(run("get in/12.rvx in/1[01].rvx" + rest)), "12 10 11");
+    workspace.write(QStringLiteral("more/x.rvx"), workspace.read(QStringLiteral("in/11.rvx")));
+    EXPECT_EQ(valuesOf(run("get in/12.rvx more/ in/10.rvx" + rest)), "12 11 10");
+    // Without it the name may be that of a preset.
+    EXPECT_EQ(run("get in/12.rvx more" + rest).code, 1);
+}
+
 TEST_F(ManyFiles, ComeFromAList)
 {
     const QByteArray rest = QByteArray(" ") + s_view + "'";

@@ -125,6 +125,15 @@ TEST_F(TakenAlong, ImportingTakesThumbnailsOfPresets)
     EXPECT_TRUE(workspace.exists(QStringLiteral("in/C/thumbs/Red.jpg")));
 }
 
+TEST_F(TakenAlong, NothingIsSaidOfWhatWasNotWritten)
+{
+    const Outcome run = workspace.run("set in/a.xml snapshot[A]@desc=x -o none/b.xml");
+    EXPECT_EQ(run.code, 2);
+    EXPECT_TRUE(run.err.startsWith(QStringLiteral("rvopen: \"none/b.xml\": ")))
+        << run.err.toStdString();
+    EXPECT_EQ(run.err.count(QLatin1Char('\n')), 1);
+}
+
 TEST_F(TakenAlong, CollectingTakesPictures)
 {
     EXPECT_EQ(workspace.run("textures --collect parcel in/a.xml").code, 0);
