@@ -111,8 +111,9 @@ TEST_F(Finding, PrintsWhere)
 
 TEST_F(Finding, NeedsToKnowWhatAndWhere)
 {
-    for (const char* const line : {"find a.rvx", "find --equal", "find --colour reddish a.rvx",
-                                   "find --within 3 a.rvx", "find --equal --users x a.rvx"})
+    for (const char* const line :
+         {"find a.rvx", "find --equal", "find --colour reddish a.rvx", "find --within 3 a.rvx",
+          "find --within 0 --text x a.rvx", "find --equal --users x a.rvx"})
         EXPECT_EQ(workspace.run(line).code, 2) << line;
 }
 

@@ -33,6 +33,24 @@ TEST(Preview, FindsTheThumbnailOfASnapShotBesideTheDocument)
     }());
 }
 
+TEST(Preview, FindsTheThumbnailOfASnapShotWhereTheHostKeepsThem)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("in/a.xml"),
+                    "<snapRoot><snapshots><snapshot name=\"A\"/></snapshots></snapRoot>");
+    for (const auto& place :
+         {qMakePair(QStringLiteral("in"), 3), qMakePair(QStringLiteral("host"), 5)}) {
+        QImage image(4, place.second, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        workspace.write(place.first + QStringLiteral("/x"), "");
+        EXPECT_TRUE(image.save(workspace.path(place.first + QStringLiteral("/icon_A.jpg"))));
+    }
+    EXPECT_EQ(workspace.run("preview in/a.xml snapshot[A] -o a.bmp").code, 0);
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("a.bmp"))).height(), 3);
+    EXPECT_EQ(workspace.run("preview --snapshots host in/a.xml snapshot[A] -o b.bmp").code, 0);
+    EXPECT_EQ(QImage(workspace.path(QStringLiteral("b.bmp"))).height(), 5);
+}
+
 TEST(Preview, FindsTheThumbnailOfAPresetBelowTheInstallation)
 {
     const Workspace workspace;

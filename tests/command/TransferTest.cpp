@@ -53,6 +53,17 @@ TEST(Copy, WithinAFileGetsFreeNamesAndAPictureOfItsOwn)
     EXPECT_EQ(workspace.read(QStringLiteral("C/thumbs/Red (2).jpg")), pictureOf("red"));
 }
 
+TEST(Copy, ReadsStandardInputAsOneOfTheTwo)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("b.rvx"), colours(QByteArray()));
+    const QByteArray input = colours(colour("Red", "c.red"));
+    const Outcome run = workspace.run(words("copy - colour[Red] --into b.rvx --in-place"), input);
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(workspace.read(QStringLiteral("b.rvx")), input);
+    EXPECT_EQ(workspace.run(words("copy - colour[Red] --into -"), input).code, 2);
+}
+
 TEST(Copy, APictureOfAnotherNameIsNotShared)
 {
     const Workspace workspace;
