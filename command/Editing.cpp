@@ -63,18 +63,17 @@ void putBack(const QVector<QPair<QString, QByteArray>>& files, Session& session)
     }
 }
 
-/// Paths of the things that are selected as a whole, each of one thing. The current snapshot is
-/// none of them, nor are parts of snapshots.
-QStringList selectedPaths(const QDomElement& root, const Selection& selection)
+/// The things that are selected as a whole. The current snapshot is none of them, nor are parts of
+/// snapshots.
+QVector<Chosen> thingsIn(const QDomElement& root, const Selection& selection)
 {
     const Scope scope = selection.in(root);
-    QStringList paths;
+    QVector<Chosen> things;
     for (const PathPattern::Match& match : selection.items(root)) {
-        const Thing thing = thingOf(match.element);
-        if (thing != Thing::Other && thing != Thing::CurrentSnapShot && scope.covers(match.path))
-            paths << QLatin1Char('/') + match.path;
+        if (scope.covers(match.path))
+            things += thingsOf(match);
     }
-    return paths;
+    return things;
 }
 
 QStringList notesOf(const QVector<Rebased>& textures)
@@ -144,11 +143,10 @@ QVector<Chosen> selectedThings(const QDomElement& root, const QStringList& paths
         return chosenThings(root, paths, matches);
     QVector<Chosen> chosen;
     if (paths.isEmpty()) {
-        const QStringList selected = selectedPaths(root, selection);
-        if (selected.size() > 1 && !isAll)
-            throw Failure(QStringLiteral("%1 things are selected; --all takes them all")
-                              .arg(selected.size()));
-        chosen = chosenThings(root, selected, Matches::All);
+        chosen = thingsIn(root, selection);
+        if (chosen.size() > 1 && !isAll)
+            throw Failure(
+                QStringLiteral("%1 things are selected; --all takes them all").arg(chosen.size()));
     } else {
         const Scope scope = selection.in(root);
         for (const Chosen& one : chosenThings(root, paths, matches)) {

@@ -10,6 +10,7 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 
+#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -81,36 +82,9 @@ QDomElement makeLike(const QDomElement& wanted, const QDomElement& parent)
     return made;
 }
 
-bool isBelowAny(const QDomElement& element, const QVector<Chosen>& chosen)
-{
-    for (QDomNode node = element.parentNode(); !node.isNull(); node = node.parentNode()) {
-        if (std::any_of(chosen.cbegin(), chosen.cend(),
-                        [&node](const Chosen& other) { return other.element == node; }))
-            return true;
-    }
-    return false;
-}
-
-/// The things that a match stands for.
-QVector<Chosen> thingsOf(const PathPattern::Match& match)
-{
-    const Thing thing = thingOf(match.element);
-    if (thing == Thing::Other || thing == Thing::CurrentSnapShot)
-        return {};
-    if (thing != Thing::Palette)
-        return {{match.element, match.path, thing}};
-    QVector<Chosen> materials;
-    Labels labels;
-    for (QDomElement child = match.element.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        const QString path = joined(match.path, labels.next(child));
-        if (thingOf(child) == Thing::PaletteMaterial)
-            materials.append({child, path, Thing::PaletteMaterial});
-    }
-    return materials;
-}
-
-void choose(const QDomElement& root, const QString& path, Matches matches, QVector<Chosen>& chosen)
+/// What the path leads to, by the paths of the things.
+void choose(const QDomElement& root, const QString& path, Matches matches,
+            QHash<QString, Thing>& named)
 {
     const PathPattern pattern(path);
     if (!pattern.Attribute().isEmpty())
@@ -138,13 +112,8 @@ void choose(const QDomElement& root, const QString& path, Matches matches, QVect
     if (count > 1 && matches == Matches::OneForEachPath)
         throw Failure(QStringLiteral("\"%1\" leads to %2 things; --all takes them all")
                           .arg(path, QString::number(count)));
-    for (const Chosen& one : found) {
-        const bool isKnown =
-            std::any_of(chosen.cbegin(), chosen.cend(),
-                        [&one](const Chosen& other) { return other.element == one.element; });
-        if (!isKnown)
-            chosen.append(one);
-    }
+    for (const Chosen& one : found)
+        named.insert(one.path, one.thing);
 }
 
 } // namespace
@@ -314,18 +283,36 @@ QDomElement mainCollection(const QDomElement& root)
     return found;
 }
 
+QVector<Chosen> thingsOf(const PathPattern::Match& match)
+{
+    const Thing thing = thingOf(match.element);
+    if (thing == Thing::Other || thing == Thing::CurrentSnapShot)
+        return {};
+    if (thing != Thing::Palette)
+        return {{match.element, match.path, thing}};
+    QVector<Chosen> materials;
+    Labels labels;
+    for (QDomElement child = match.element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        const QString path = joined(match.path, labels.next(child));
+        if (thingOf(child) == Thing::PaletteMaterial)
+            materials.append({child, path, Thing::PaletteMaterial});
+    }
+    return materials;
+}
+
 QVector<Chosen> chosenThings(const QDomElement& root, const QStringList& paths, Matches matches)
 {
-    QVector<Chosen> named;
+    QHash<QString, Thing> named;
     for (const QString& path : paths)
         choose(root, path, matches, named);
     QVector<Chosen> chosen;
     Walk(root, QString(), [&](const QDomElement& element, const QString& path) {
-        for (const Chosen& one : named) {
-            if (one.element == element && !isBelowAny(element, chosen))
-                chosen.append({element, path, one.thing});
-        }
-        return !isParam(element);
+        const auto thing = named.constFind(path);
+        if (thing == named.cend())
+            return !isParam(element);
+        chosen.append({element, path, *thing});
+        return false;
     });
     return chosen;
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <rvopen/toolkit/edit/NodePath.h>
+
 #include <QDomElement>
 #include <QString>
 #include <QStringList>
@@ -58,6 +60,10 @@ struct Chosen {
     QString path;
     Thing thing = Thing::Other;
 };
+
+/// What an element with that path stands for: itself, a palette its materials, what is no thing
+/// that can be taken nothing.
+QVector<Chosen> thingsOf(const PathPattern::Match& match);
 
 enum class Matches { OneForEachPath, All };
 
