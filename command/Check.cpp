@@ -9,7 +9,6 @@
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/edit/Likeness.h"
-#include "toolkit/edit/Placement.h"
 
 #include <rvopen/RVOpenVersion.h>
 #include <rvopen/toolkit/check/Inspection.h>
@@ -138,7 +137,7 @@ public:
             [&](Document& document) {
                 QVector<Finding> found =
                     inside(selection.in(document.Root()), wanted(Inspect(document, surroundings)));
-                take(document, surroundings);
+                TakeNames(document, surroundings);
                 if (m_fix)
                     fix(found, document, session);
                 if (m_format == QLatin1String("text"))
@@ -205,19 +204,6 @@ private:
         surroundings.knownMajor = newest.knownMajor;
         surroundings.knownMinor = newest.knownMinor;
         return surroundings;
-    }
-
-    /// The reference names of an archive are its own from now on.
-    static void take(const Document& document, Surroundings& surroundings)
-    {
-        if (document.Kind() != DocumentKind::Archive)
-            return;
-        forEachPreset(document.Root(), [&](const Preset& preset) {
-            const QString refName = preset.element.attribute(QStringLiteral("refname"));
-            const QString key = preset.element.tagName() + QLatin1Char('/') + refName;
-            if (!refName.isEmpty() && !surroundings.taken.contains(key))
-                surroundings.taken.insert(key, document.Name());
-        });
     }
 
     bool isWanted(const Rule& rule) const

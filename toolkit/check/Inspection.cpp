@@ -230,8 +230,7 @@ private:
     void inspectRefName(const Frame& preset, const QString& refName, const QSet<QString>& refNames,
                         int ordinal)
     {
-        const QString other =
-            m_inspecting.surroundings.taken.value(preset.tag + QLatin1Char('/') + refName);
+        const QString other = m_inspecting.surroundings.taken.value(presetKey(preset.tag, refName));
         const bool isElsewhere =
             !other.isEmpty() && !isSameFile(other, m_inspecting.document.Name());
         if (refNames.contains(refName) || isElsewhere)
@@ -370,14 +369,24 @@ Surroundings LookAround(const Folders& folders, const std::function<void(const R
         const std::unique_ptr<Document> archive = Document::Read(file, error);
         if (archive) {
             forEachPreset(archive->Root(), [&surroundings](const Preset& preset) {
-                surroundings.presets.insert(preset.element.tagName() + QLatin1Char('/') +
-                                            preset.element.attribute(QStringLiteral("refname")));
+                surroundings.presets.insert(presetKey(preset.element));
             });
         } else if (failed) {
             failed(error);
         }
     }
     return surroundings;
+}
+
+void TakeNames(const Document& archive, Surroundings& surroundings)
+{
+    if (archive.Kind() != DocumentKind::Archive)
+        return;
+    forEachPreset(archive.Root(), [&](const Preset& preset) {
+        const QString key = presetKey(preset.element);
+        if (!key.isEmpty() && !surroundings.taken.contains(key))
+            surroundings.taken.insert(key, archive.Name());
+    });
 }
 
 QVector<Finding> Inspect(const Document& document, const Surroundings& surroundings)

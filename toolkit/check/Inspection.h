@@ -57,7 +57,7 @@ struct Surroundings {
     /// references to presets are not judged.
     QSet<QString> presets;
     /// By "kind/reference name" the file, as the user named it, of each preset in archives that
-    /// were inspected before: no other file may have the name as well.
+    /// TakeNames() was called for: no other file may have the name as well.
     QHash<QString, QString> taken;
 };
 
@@ -65,6 +65,10 @@ struct Surroundings {
 /// \p failed, and left out.
 RVOPEN_TOOLKIT_EXPORT Surroundings
 LookAround(const Folders& folders, const std::function<void(const ReadError&)>& failed = {});
+
+/// The reference names of an archive are its own from now on: Inspect() tells of other files that
+/// have them as well. Of what is no archive nothing is taken.
+RVOPEN_TOOLKIT_EXPORT void TakeNames(const Document& archive, Surroundings& surroundings);
 
 /// What is to be said of the document, in document order, with places and paths. Previews
 /// are decoded, which needs a QGuiApplication; a program without any application gets one.

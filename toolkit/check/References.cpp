@@ -5,6 +5,7 @@
 
 #include "Inspecting.h"
 #include "RuleTable.h"
+#include "toolkit/edit/Placement.h"
 #include "toolkit/images/ImageFiles.h"
 #include "toolkit/images/ReferencedTextures.h"
 
@@ -27,8 +28,7 @@ void References::inspectPreset(const QDomElement& element, const QString& tag,
                                const QString& refName, int ordinal)
 {
     const QSet<QString>& presets = m_inspecting.surroundings.presets;
-    if (!refName.isEmpty() && !presets.isEmpty() &&
-        !presets.contains(tag + QLatin1Char('/') + refName))
+    if (!refName.isEmpty() && !presets.isEmpty() && !presets.contains(presetKey(tag, refName)))
         m_inspecting.report(rules::missingPreset, element, ordinal,
                             QStringLiteral("No archive has a %1 \"%2\"").arg(tag, refName));
 }

@@ -64,6 +64,17 @@ void forEachPreset(const QDomElement& root, const std::function<void(const Prese
     }
 }
 
+QString presetKey(const QString& kind, const QString& refName)
+{
+    return kind + QLatin1Char('/') + refName;
+}
+
+QString presetKey(const QDomElement& element)
+{
+    const QString refName = element.attribute(QStringLiteral("refname"));
+    return refName.isEmpty() ? QString() : presetKey(element.tagName(), refName);
+}
+
 QStringList archivesIn(const Folders& folders)
 {
     const QString install =

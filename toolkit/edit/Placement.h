@@ -26,6 +26,11 @@ struct Preset {
 /// Calls \p visit for each preset of the archive with that root, in document order.
 void forEachPreset(const QDomElement& root, const std::function<void(const Preset&)>& visit);
 
+/// What a preset is told by wherever it stands: "kind/reference name".
+QString presetKey(const QString& kind, const QString& refName);
+/// The same of an element; empty without a reference name.
+QString presetKey(const QDomElement& element);
+
 /// The archives in the folders that the user named: the installation's, the product's, his own.
 QStringList archivesIn(const Folders& folders);
 

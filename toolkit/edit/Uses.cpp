@@ -4,6 +4,7 @@
 #include "Uses.h"
 
 #include "Labels.h"
+#include "Placement.h"
 #include "Things.h"
 #include "toolkit/documents/SafeFiles.h"
 
@@ -17,11 +18,6 @@ namespace {
 
 const QString s_refName = QStringLiteral("refname");
 const QString s_linkName = QStringLiteral("linkname");
-
-QString keyOfPreset(const QDomElement& element)
-{
-    return element.tagName() + QLatin1Char('/') + element.attribute(s_refName);
-}
 
 /// The library says where the archive is that a folder stands for.
 QString archiveOf(const QDomElement& folder)
@@ -42,7 +38,7 @@ Uses::Uses(const Document& document, const QVector<QDomElement>& elements)
     for (const QDomElement& element : elements) {
         for (const QDomElement& leaf : leavesOf(element)) {
             if (thingOf(leaf) == Thing::Preset && !leaf.attribute(s_refName).isEmpty())
-                m_keys.insert(keyOfPreset(leaf));
+                m_keys.insert(presetKey(leaf));
         }
     }
 }
@@ -103,7 +99,7 @@ QVector<Use> Uses::ofObjects() const
 /// A preset has the name itself.
 bool Uses::isUse(const QDomElement& element) const
 {
-    return element.hasAttribute(s_refName) && m_keys.contains(keyOfPreset(element)) &&
+    return element.hasAttribute(s_refName) && m_keys.contains(presetKey(element)) &&
            thingOf(element) != Thing::Preset;
 }
 

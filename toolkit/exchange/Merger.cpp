@@ -150,10 +150,9 @@ Merger::Standings Merger::standingsOf(const QDomElement& root, QSet<QString>& re
     if (root.tagName() == QLatin1String("snapRoot"))
         return standings;
     forEachPreset(root, [&](const Preset& preset) {
-        const QString refName = preset.element.attribute(QStringLiteral("refname"));
-        if (refName.isEmpty())
+        const QString key = presetKey(preset.element);
+        if (key.isEmpty())
             return;
-        const QString key = preset.element.tagName() + QLatin1Char('/') + refName;
         if (standings.contains(key))
             repeated.insert(key);
         const QString place = preset.folder.isEmpty()
@@ -194,14 +193,12 @@ void Merger::settlePlaces()
     const Standings base = standingsOf(m_base, repeated);
     const Standings ours = standingsOf(m_ours, repeated);
     const Standings theirs = standingsOf(m_theirs, repeated);
-    QMap<QString, bool> keys;
-    for (const Standings* standings : {&base, &ours, &theirs}) {
-        for (auto it = standings->cbegin(); it != standings->cend(); ++it)
-            keys.insert(it.key(), true);
-    }
-    for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
-        if (!repeated.contains(it.key()))
-            settlePlace(base.value(it.key()), ours.value(it.key()), theirs.value(it.key()));
+    QStringList keys = base.keys() + ours.keys() + theirs.keys();
+    keys.sort();
+    keys.removeDuplicates();
+    for (const QString& key : keys) {
+        if (!repeated.contains(key))
+            settlePlace(base.value(key), ours.value(key), theirs.value(key));
     }
 }
 
@@ -327,7 +324,7 @@ void Merger::mergeMembers(const QDomElement& base, const QDomElement& ours,
 /// Theirs has it no more.
 void Merger::lose(const QDomElement& base, const Member& ours)
 {
-    if (!m_baseWithOurs.Run(base, ours.element).isEmpty()) {
+    if (!m_comparer.Run(base, ours.element).isEmpty()) {
         m_conflicts.append(
             {ours.path, QStringLiteral("there"), QStringLiteral("changed"), MergeText()});
         return;
@@ -341,7 +338,7 @@ void Merger::lose(const QDomElement& base, const Member& ours)
 /// Ours has it no more.
 void Merger::reportLost(const QDomElement& base, const Member& theirs)
 {
-    if (!m_baseWithTheirs.Run(base, theirs.element).isEmpty())
+    if (!m_comparer.Run(base, theirs.element).isEmpty())
         m_conflicts.append(
             {theirs.path, QStringLiteral("there"), MergeText(), QStringLiteral("changed")});
 }

@@ -9,7 +9,7 @@
 #include <rvopen/toolkit/edit/ParamValues.h>
 
 #include <QDomElement>
-#include <QMap>
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QVector>
@@ -59,7 +59,7 @@ private:
         QString place;
         QString path;
     };
-    using Standings = QMap<QString, Standing>;
+    using Standings = QHash<QString, Standing>;
     enum class Choice { Ours, Theirs, Neither };
 
     static Choice choiceOf(const MergeText& base, const MergeText& ours, const MergeText& theirs);
@@ -85,8 +85,7 @@ private:
     ParamValues m_baseValues;
     ParamValues m_ourValues;
     ParamValues m_theirValues;
-    Comparer m_baseWithOurs;
-    Comparer m_baseWithTheirs;
+    Comparer m_comparer;
     QVector<MergeConflict> m_conflicts;
     int m_taken = 0;
 };

@@ -78,6 +78,26 @@ TEST_F(Inspected, PresetsAreMissedOnceTheFoldersAreKnown)
               "missing-preset 1:60 snapshot[CurrSnapshot]/camera[a]");
 }
 
+TEST_F(Inspected, AReferenceNameOfAnArchiveIsTakenForTheNext)
+{
+    const QByteArray text = "<presets><colours><colour refname='r'/><colour/></colours></presets>";
+    write("a.rvx", text);
+    write("b.rvx", text);
+    const Load first = LoadDocument(path("a.rvx"));
+    const Load second = LoadDocument(path("b.rvx"));
+    ASSERT_TRUE(first && second);
+    Surroundings surroundings;
+    EXPECT_EQ(linesOf(Inspect(*first.document, surroundings)), "");
+    TakeNames(*first.document, surroundings);
+    EXPECT_EQ(linesOf(Inspect(*first.document, surroundings)), "");
+    EXPECT_EQ(linesOf(Inspect(*second.document, surroundings)),
+              "duplicate-reference-name 1:19 colours/colour[r]");
+    // A document has no presets of its own, whatever it refers to.
+    const Load snapShots = loaded("<snapRoot><colour refname='s'/></snapRoot>");
+    TakeNames(*snapShots.document, surroundings);
+    EXPECT_EQ(surroundings.taken.size(), 1);
+}
+
 TEST_F(Inspected, WhatIsMendedIsMarkedAndStandsInTheDocument)
 {
     const Load load = loaded("<snapRoot><snapshots name='SnapShots'/>"
