@@ -129,7 +129,7 @@ public:
         if (m_fix && files.size() != 1 && m_target.isGiven() && !m_target.isInPlace())
             throw Failure(QStringLiteral("--output takes one document"));
 
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         Surroundings surroundings = lookAround(session);
         QVector<Finding> findings;
         forEachDocument(

@@ -100,7 +100,7 @@ public:
 
     int run(Session& session) override
     {
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         if (m_within >= 0 && m_colour.isEmpty())
             throw Failure(QStringLiteral("--within goes with --colour"));
         if (m_within < 0)

@@ -82,7 +82,7 @@ public:
         std::vector<PathPattern> patterns;
         for (const QString& path : arguments)
             patterns.emplace_back(path);
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         if (patterns.empty() && selection.isEverything())
             throw Failure(QStringLiteral("say which values: paths, or what is selected"));
         const QStringList files = m_inputs.files(given, session);
@@ -115,8 +115,7 @@ public:
                 session.warning(all.first().file, problems[i]);
             else
                 session.warning(QStringLiteral("rvopen"),
-                                QStringLiteral("nothing has the path \"%1\"")
-                                    .arg(patterns[std::size_t(i)].Text()));
+                                noSuchPath(patterns[std::size_t(i)].Text(), QString()));
         }
         if (patterns.empty())
             isIncomplete = std::all_of(all.begin(), all.end(),

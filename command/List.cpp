@@ -99,9 +99,9 @@ public:
         arguments.description("Sorted by kind and name. Without files, all archives in the folders "
                               "of the host. Exit code 1 when nothing is found.");
         arguments.positional("files", m_files, "Archives, folders, or \"-\"", false);
-        arguments.option("--columns", m_names, "NAMES",
-                         "These alone, in this order, as name,path; there are file, kind, name, "
-                         "refname, category, subcat, folder, path and description");
+        const QByteArray columns = "These alone, in this order, as name,path; there are " +
+                                   columnNames().join(QStringLiteral(", ")).toLatin1();
+        arguments.option("--columns", m_names, "NAMES", columns.constData());
         arguments.flag(
             "--tsv", m_isTabSeparated,
             "Tabs between the columns and a line of their names above, for spreadsheets");
@@ -124,7 +124,7 @@ public:
             throw Failure(QStringLiteral("--json has all columns: it goes with neither --columns "
                                          "nor --tsv"));
         const QVector<Column> columns = chosenColumns();
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
 
         std::vector<Entry> entries;
         forEachDocument(files, session, [&](Document& document) {

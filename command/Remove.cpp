@@ -61,7 +61,7 @@ public:
         const std::unique_ptr<Document> document = readOrFail(m_file, session);
         m_target.check(*document);
         const QVector<Chosen> chosen =
-            selectedThings(document->Root(), m_paths, m_selection.selection(session), m_all);
+            selectedThings(document->Root(), m_paths, m_selection.selection(), m_all);
         EditReport report;
         QVector<QDomElement> elements;
         for (const Chosen& one : chosen)

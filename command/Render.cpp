@@ -149,7 +149,7 @@ public:
                 QStringLiteral("--size takes %1 to %2").arg(MinPictureSize).arg(MaxPictureSize));
         if (!m_output.isEmpty() && !m_options.isDryRun() && !m_folders.makeFolder(m_output))
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
-        m_selected = m_selection.selection(session);
+        m_selected = m_selection.selection();
         preparePictures();
         forEachDocument(
             m_files, session, [&](Document& document) { render(document, session); }, {},

@@ -5,7 +5,6 @@
 
 #include "Arguments.h"
 #include "Session.h"
-#include "toolkit/edit/Likeness.h"
 
 #include <rvopen/toolkit/schema/ElementInfo.h>
 
@@ -59,17 +58,8 @@ void SelectionOptions::declare(Arguments& arguments)
                      "be repeated");
 }
 
-Selection SelectionOptions::selection(Session& session)
+Selection SelectionOptions::selection()
 {
-    QStringList known;
-    for (const ElementInfo& info : AllElements())
-        known << info.name;
-    const QString likely = likeliest(m_texts.type, known);
-    if (!likely.isEmpty() && !known.contains(m_texts.type, Qt::CaseInsensitive)) {
-        session.warning(QStringLiteral("rvopen"),
-                        QStringLiteral("there is no kind \"%1\"").arg(m_texts.type) +
-                            didYouMean(likely));
-    }
     m_selection = Selection(m_texts);
     return m_selection;
 }

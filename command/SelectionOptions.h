@@ -18,9 +18,8 @@ class Session;
 class SelectionOptions {
 public:
     void declare(Arguments& arguments);
-    /// Of the command line, once it is parsed. Throws a Failure when a path or condition is none,
-    /// and warns of a kind that seems mistyped: documents may have other kinds than are known.
-    toolkit::Selection selection(Session& session);
+    /// Of the command line, once it is parsed. Throws a Failure when a path or condition is none.
+    toolkit::Selection selection();
     /// To be called when all documents were looked at: warns when nothing was selected in any and
     /// something seems mistyped.
     void tellMisspelling(Session& session) const;

@@ -98,9 +98,8 @@ public:
     {
         arguments.description(
             "Takes the paths of get. Values are of the parameter's type and within its ranges, "
-            "which "
-            "params tells, "
-            "lengths in scene units, booleans true or false, colours \"0.5 0 0\" or \"#800000\". "
+            "which params tells, lengths in scene units, booleans true or false, colours \"0.5 0 "
+            "0\" or \"#800000\". "
             "Either all assignments are made in a document or none; among many documents, those "
             "that have not what a path names stay as they are.");
         arguments.positional("file", m_file, "Document, archive, folder, or \"-\"", false);
@@ -130,7 +129,7 @@ public:
         const QStringList given = m_inputs.taken(assignments);
         if (assignments.isEmpty())
             throw Failure(QStringLiteral("say what to set: PATH=VALUE"));
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         const QStringList files = m_inputs.files(given, session);
         m_isOne = files == given && files.size() == 1;
         if (m_target.isGiven() && !m_target.isInPlace() && files.size() != 1)

@@ -103,7 +103,7 @@ public:
             throw Failure(QStringLiteral("--columns takes 1 to %1").arg(s_maxColumns));
         if (!isPage && isInput())
             throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
-        m_selected = m_selection.selection(session);
+        m_selected = m_selection.selection();
         if (isPage) {
             m_page.emplace(m_html, m_options.isForced());
             preparePictures();

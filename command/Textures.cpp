@@ -94,7 +94,7 @@ public:
         }
         if (m_target.isGiven() || m_target.isDryRun())
             throw Failure(QStringLiteral("--output, --in-place and --dry-run go with --relink"));
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         bool isMissing = false;
         QJsonArray list;
         forEachDocument(m_files, session, [&](Document& document) {
@@ -203,7 +203,7 @@ private:
 
     QVector<ReferencedTexture> selected(const Document& document, Session& session)
     {
-        const Scope scope = m_selection.selection(session).in(document.Root());
+        const Scope scope = m_selection.selection().in(document.Root());
         m_selection.tellMisspelling(session);
         return texturesOf(document, scope);
     }

@@ -54,7 +54,7 @@ public:
         checkFiles(*source, target, isWithin);
 
         const QVector<Chosen> chosen =
-            selectedThings(source->Root(), m_paths, m_selection.selection(session), m_all);
+            selectedThings(source->Root(), m_paths, m_selection.selection(), m_all);
         m_before = foldersOf(*source, session.folders, source->Folder());
         m_freeNames.emplace(target.Root());
         Walk(target.Root(), QString(), [this](const QDomElement& element, const QString&) {

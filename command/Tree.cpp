@@ -81,7 +81,7 @@ public:
 
     int run(Session& session) override
     {
-        const Selection selection = m_selection.selection(session);
+        const Selection selection = m_selection.selection();
         bool isFound = selection.isEverything();
         QJsonArray files;
         forEachDocument(m_files, session, [&](Document& document) {

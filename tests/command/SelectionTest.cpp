@@ -247,6 +247,17 @@ INSTANTIATE_TEST_SUITE_P(
         Misspelt{"--select material[Bras]",
                  "nothing has the path \"material[Bras]\"; did you mean \"material[Brass]\"?"}));
 
+TEST(Selection, SaysNothingOfWhatThereIsWhereSomethingElseLeftItOut)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    workspace.write(QStringLiteral("b.rvx"),
+                    "<presets><colours><colour name=\"A\" cat=\"Metal\"/></colours></presets>");
+    const Outcome run = workspace.run("list --category Metal --type material a.rvx b.rvx");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, QString());
+}
+
 TEST(Selection, IsNotMisspeltWhereOneDocumentHasIt)
 {
     const Workspace workspace;

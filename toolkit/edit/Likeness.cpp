@@ -190,8 +190,12 @@ QString likeliestPath(const QString& path, const QDomElement& root)
 
 QString nothingHas(const QString& path, const QDomElement& root)
 {
-    return QStringLiteral("nothing has the path \"%1\"").arg(path) +
-           didYouMean(likeliestPath(path, root));
+    return noSuchPath(path, likeliestPath(path, root));
+}
+
+QString noSuchPath(const QString& path, const QString& likely)
+{
+    return QStringLiteral("nothing has the path \"%1\"").arg(path) + didYouMean(likely);
 }
 
 QString didYouMean(const QString& likely)

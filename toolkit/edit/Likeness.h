@@ -23,6 +23,9 @@ QString likeliestPath(const QString& path, const QDomElement& root);
 /// Says that nothing below the root has the path, and which one was meant, if one is like it.
 QString nothingHas(const QString& path, const QDomElement& root);
 
+/// The same, once it is known which one was meant; empty for none.
+QString noSuchPath(const QString& path, const QString& likely);
+
 /// The end of a message: "; did you mean "..."?". Empty for an empty text.
 QString didYouMean(const QString& likely);
 

@@ -12,8 +12,6 @@
 #include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 
-#include <QMutex>
-
 #include <algorithm>
 
 namespace rvopen::toolkit {
@@ -58,37 +56,39 @@ void forAll(const QDomElement& root, const Visit& visit)
         forAll(child, visit);
 }
 
-QString likeliestWord(const QString& word, const QStringList& candidates)
+QStringList sorted(const QSet<QString>& words)
 {
-    return likeliest(word, candidates);
+    QStringList list = words.values();
+    list.sort();
+    return list;
 }
 
-/// Says that there is no such thing, when another one there is like it.
-QString noSuch(const char* thing, const QString& word, const QSet<QString>& known,
-               QString (*likelyOf)(const QString&, const QStringList&) = likeliestWord)
+/// Says that there is no such thing, where another one is likely to be meant. One that differs in
+/// case or accents only is the thing itself.
+QString noSuch(const char* thing, const QString& word, const QString& likely)
 {
-    QStringList candidates = known.values();
-    candidates.sort();
-    const auto isWord = [folds = folded(word)](const QString& candidate) {
-        return folded(candidate) == folds;
-    };
-    if (word.isEmpty() || std::any_of(candidates.cbegin(), candidates.cend(), isWord))
+    if (likely.isEmpty() || folded(likely) == folded(word))
         return QString();
-    const QString likely = likelyOf(word, candidates);
-    return likely.isEmpty()
-               ? QString()
-               : QStringLiteral("there is no %1 \"%2\"").arg(QLatin1String(thing), word) +
-                     didYouMean(likely);
+    return QStringLiteral("there is no %1 \"%2\"").arg(QLatin1String(thing), word) +
+           didYouMean(likely);
 }
 
 } // namespace
 
-/// What the documents had to say.
+/// What there is in the documents, until something is found in one.
 struct Selection::Record {
-    /// Documents may be read by several threads.
-    QMutex mutex;
     bool isFound = false;
-    QString misspelling;
+    QSet<QString> kinds;
+    QSet<QString> subCategories;
+    QSet<QString> categories;
+    QSet<QString> params;
+    QSet<QString> attributes;
+    struct Path {
+        bool isThere = false;
+        /// What was meant where it is not.
+        QString likely;
+    };
+    std::vector<Path> paths;
 };
 
 Scope::Scope(const QDomElement& root, const QVector<PathPattern::Match>& matches, bool isExact)
@@ -137,11 +137,10 @@ bool Scope::takes(const QString& path) const
 }
 
 Selection::Selection(const SelectionTexts& texts)
-    : m_type(texts.type)
+    : m_texts(texts)
     , m_subCategory(folded(texts.subCategory))
     , m_category(folded(texts.category))
     , m_words(foldedWords(texts.text))
-    , m_texts(texts)
     , m_record(std::make_shared<Record>())
 {
     for (const QString& path : texts.paths) {
@@ -176,49 +175,57 @@ QVector<PathPattern::Match> Selection::items(const QDomElement& root) const
 
 QString Selection::misspelling() const
 {
-    return m_record && !m_record->isFound ? m_record->misspelling : QString();
+    if (!m_record || m_record->isFound)
+        return QString();
+    for (std::size_t i = 0; i < m_record->paths.size(); ++i) {
+        const Record::Path& path = m_record->paths[i];
+        if (!path.isThere && !path.likely.isEmpty())
+            return noSuchPath(m_paths[i].Text(), path.likely);
+    }
+    // Kinds that the documents do not have, but might, are none that is mistyped.
+    QSet<QString> kinds = m_record->kinds;
+    for (const ElementInfo& info : AllElements())
+        kinds.insert(info.name);
+    QStringList problems{
+        noSuch("kind", m_texts.type, likeliest(m_texts.type, sorted(kinds))),
+        noSuch("sub-category", m_texts.subCategory,
+               likeliestKind(m_texts.subCategory, sorted(m_record->subCategories))),
+        noSuch("category", m_texts.category,
+               likeliest(m_texts.category, sorted(m_record->categories)))};
+    for (const Condition& condition : m_conditions) {
+        const bool isParam = !condition.isAboutAttribute();
+        problems << noSuch(
+            isParam ? "parameter" : "attribute", condition.name(),
+            likeliest(condition.name(), sorted(isParam ? m_record->params : m_record->attributes)));
+    }
+    problems.removeAll(QString());
+    return problems.isEmpty() ? QString() : problems.first();
 }
 
 void Selection::note(bool isFound, const QDomElement& root) const
 {
-    if (!m_record)
+    if (!m_record || m_record->isFound)
         return;
-    const QMutexLocker locker(&m_record->mutex);
-    m_record->isFound = m_record->isFound || isFound;
-    if (!m_record->isFound && m_record->misspelling.isEmpty())
-        m_record->misspelling = misspellingIn(root);
-}
-
-QString Selection::misspellingIn(const QDomElement& root) const
-{
-    for (const PathPattern& path : m_paths) {
-        if (path.Find(root).isEmpty() && !likeliestPath(path.Text(), root).isEmpty())
-            return nothingHas(path.Text(), root);
+    m_record->isFound = isFound;
+    if (isFound)
+        return;
+    m_record->paths.resize(m_paths.size());
+    for (std::size_t i = 0; i < m_paths.size(); ++i) {
+        Record::Path& path = m_record->paths[i];
+        path.isThere = path.isThere || !m_paths[i].Find(root).isEmpty();
+        if (!path.isThere && path.likely.isEmpty())
+            path.likely = likeliestPath(m_paths[i].Text(), root);
     }
-    QSet<QString> subCategories;
-    QSet<QString> categories;
-    QSet<QString> params;
-    QSet<QString> attributes;
-    forAll(root, [&](const QDomElement& element) {
-        subCategories.insert(attribute(element, "subcat"));
-        categories.insert(attribute(element, "cat"));
+    forAll(root, [this](const QDomElement& element) {
+        m_record->kinds.insert(element.tagName());
+        m_record->subCategories.insert(attribute(element, "subcat"));
+        m_record->categories.insert(attribute(element, "cat"));
         if (isParam(element))
-            params.insert(attribute(element, "name"));
+            m_record->params.insert(attribute(element, "name"));
         const QDomNamedNodeMap map = element.attributes();
         for (int i = 0; i < map.count(); ++i)
-            attributes.insert(map.item(i).nodeName());
+            m_record->attributes.insert(map.item(i).nodeName());
     });
-    QString result = noSuch("sub-category", m_texts.subCategory, subCategories, likeliestKind);
-    if (result.isEmpty())
-        result = noSuch("category", m_texts.category, categories);
-    for (const Condition& condition : m_conditions) {
-        if (result.isEmpty()) {
-            result = condition.isAboutAttribute()
-                         ? noSuch("attribute", condition.name(), attributes)
-                         : noSuch("parameter", condition.name(), params);
-        }
-    }
-    return result;
 }
 
 Scope Selection::scopeIn(const QDomElement& root) const
@@ -263,7 +270,7 @@ QVector<PathPattern::Match> Selection::itemsIn(const QDomElement& root) const
 
 bool Selection::hasFilter() const
 {
-    return !m_type.isEmpty() || !m_subCategory.isEmpty() || !m_category.isEmpty() ||
+    return !m_texts.type.isEmpty() || !m_subCategory.isEmpty() || !m_category.isEmpty() ||
            !m_words.isEmpty() || !m_conditions.empty();
 }
 
@@ -273,13 +280,15 @@ bool Selection::isCandidate(const QDomElement& element) const
         return false;
     const ElementInfo* const info = FindElement(element.tagName());
     return (info && info->isPreset) || element.tagName() == QLatin1String("snapshot") ||
-           (!m_type.isEmpty() && element.tagName().compare(m_type, Qt::CaseInsensitive) == 0);
+           (!m_texts.type.isEmpty() &&
+            element.tagName().compare(m_texts.type, Qt::CaseInsensitive) == 0);
 }
 
 bool Selection::isOfType(const QDomElement& element) const
 {
-    return m_type.isEmpty() || element.tagName().compare(m_type, Qt::CaseInsensitive) == 0 ||
-           topOf(element).tagName().compare(m_type, Qt::CaseInsensitive) == 0;
+    return m_texts.type.isEmpty() ||
+           element.tagName().compare(m_texts.type, Qt::CaseInsensitive) == 0 ||
+           topOf(element).tagName().compare(m_texts.type, Qt::CaseInsensitive) == 0;
 }
 
 bool Selection::passes(const QDomElement& element, ParamValues& values) const

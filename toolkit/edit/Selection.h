@@ -83,7 +83,6 @@ private:
     struct Record;
 
     void note(bool isFound, const QDomElement& root) const;
-    QString misspellingIn(const QDomElement& root) const;
     Scope scopeIn(const QDomElement& root) const;
     QVector<PathPattern::Match> itemsIn(const QDomElement& root) const;
     bool hasFilter() const;
@@ -92,14 +91,13 @@ private:
     bool passes(const QDomElement& element, ParamValues& values) const;
     QVector<PathPattern::Match> filtered(const QDomElement& root) const;
 
+    /// As they were typed.
+    SelectionTexts m_texts;
     std::vector<PathPattern> m_paths;
-    QString m_type;
     QString m_subCategory;
     QString m_category;
     QStringList m_words;
     std::vector<Condition> m_conditions;
-    /// As they were typed.
-    SelectionTexts m_texts;
     /// Of all copies.
     std::shared_ptr<Record> m_record;
 };
