@@ -11,6 +11,7 @@
 #include "toolkit/edit/Likeness.h"
 #include "toolkit/images/HostPicture.h"
 #include "toolkit/images/ImageFiles.h"
+#include "toolkit/images/PictureMoves.h"
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/toolkit/documents/Failure.h>
@@ -40,11 +41,11 @@ public:
 
     void declare(Arguments& arguments) override
     {
-        arguments.description("The embedded picture, else the thumbnail below --install or "
-                              "--custom, or for a snapshot "
-                              "in --snapshots or beside the document. The name of the output tells "
-                              "the format, PNG to "
-                              "standard output. Exit code 1 when there is no picture.");
+        arguments.description(
+            "The embedded picture, else the thumbnail below --install, for a user's archive below "
+            "--custom or beside it, for a snapshot in --snapshots or beside the document. The name "
+            "of the output tells the format, PNG to standard output. Exit code 1 when there is no "
+            "picture.");
         arguments.positional("file", m_file, "Document, archive, or \"-\"");
         arguments.positional("path", m_path, "Path of a preset or snapshot, as for get");
         arguments.option("-o,--output", m_output, "FILE",
@@ -72,6 +73,7 @@ public:
                                     .arg(m_path, matches.first().path));
         if (session.folders.snapshots.isEmpty())
             GetDirectoryHandler()->SetSnapshotsFolder(document->Folder());
+        const PictureFolders places(*document, session.folders);
         const QPixmap picture = hostPictureOf(matches.first().element, session.folders.install);
         if (picture.isNull()) {
             session.warning(document->Name(),

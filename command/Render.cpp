@@ -15,6 +15,7 @@
 #include "toolkit/drawing/Drawing.h"
 #include "toolkit/images/ImageFiles.h"
 #include "toolkit/images/PictureApplication.h"
+#include "toolkit/images/PictureMoves.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/drawing/Picture.h>
@@ -117,8 +118,10 @@ public:
     {
         arguments.description(
             "Draws from the values alone, the same picture every time. It goes where the host "
-            "looks for it: below --install or --custom, or for a snapshot in --snapshots or "
-            "beside the document. Pictures that are there are replaced with --all.");
+            "looks for it: below --install, for a user's archive below --custom or beside it, for "
+            "a snapshot in --snapshots or beside the document. Pictures that are there are "
+            "replaced "
+            "with --all.");
         arguments.positional("files", m_files, "Documents, archives, folders, or \"-\"");
         arguments.flag("--missing", m_missing, "What has no picture that can be shown");
         arguments.flag("--all", m_all, "All of them");
@@ -174,6 +177,7 @@ private:
         drawing::TextureReader textures(TextureFinder(document, session.folders));
         const QVector<Subject> subjects =
             selectedOf(SubjectsOf(document), m_selected.in(document.Root()));
+        const PictureFolders places(document, session.folders);
         int kept = 0;
         int written = 0;
         bool isChanged = false;
@@ -182,7 +186,7 @@ private:
             for (; i < int(subjects.size()) && int(jobs.size()) < s_batch; ++i) {
                 Job job;
                 job.subject = subjects[i];
-                if (!decide(job, document, session, kept))
+                if (!decide(job, document, places.folders(), session, kept))
                     continue;
                 job.draw = drawing::drawingOf(job.subject.element, m_wish, textures);
                 jobs.append(job);
@@ -203,10 +207,11 @@ private:
     }
 
     /// Whether the picture is to be drawn, and where it goes then.
-    bool decide(Job& job, const Document& document, Session& session, int& kept)
+    bool decide(Job& job, const Document& document, const Folders& folders, Session& session,
+                int& kept)
     {
         const QDomElement& element = job.subject.element;
-        const PictureLocation place = LocatePicture(element, document, session.folders);
+        const PictureLocation place = LocatePicture(element, document, folders);
         if (m_missing && FindsPicture(element, place.file)) {
             ++kept;
             return false;

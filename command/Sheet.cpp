@@ -15,6 +15,7 @@
 #include "toolkit/images/ContactSheet.h"
 #include "toolkit/images/ImageFiles.h"
 #include "toolkit/images/PictureApplication.h"
+#include "toolkit/images/PictureMoves.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/drawing/Picture.h>
@@ -170,12 +171,13 @@ private:
                         : QFileInfo(document.Name()).completeBaseName());
         const QVector<Subject> subjects = selectedOf(
             SubjectsOf(document) + PaletteSubjects(document), m_selected.in(document.Root()));
+        const PictureFolders places(document, session.folders);
         ParamValues values;
         for (const Subject& subject : subjects) {
             if (m_page)
                 m_page->add(subject, document, values);
             Item item;
-            const QString file = LocatePicture(subject.element, document, session.folders).file;
+            const QString file = LocatePicture(subject.element, document, places.folders()).file;
             if (!m_drawn && FindsPicture(subject.element, file)) {
                 item.embedded = subject.element.attribute(QStringLiteral("xmlImage"));
                 item.file = file;

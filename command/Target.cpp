@@ -84,6 +84,11 @@ void Target::check(const Document& input) const
         m_options.check(m_output);
 }
 
+void Target::checkFile(const QString& path) const
+{
+    m_options.check(path);
+}
+
 QString Target::file(const Document& input) const
 {
     if (m_inPlace)

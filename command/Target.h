@@ -28,6 +28,8 @@ public:
     void lock(const QString& input);
     /// Throws a Failure unless the user said where to write what is made of \p input.
     void check(const toolkit::Document& input) const;
+    /// Throws a Failure when that file is there and the user did not say --force.
+    void checkFile(const QString& path) const;
     /// Empty for standard output.
     QString file(const toolkit::Document& input) const;
     bool isGiven() const;

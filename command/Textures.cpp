@@ -72,7 +72,8 @@ public:
         arguments.option(
             "--collect", m_collect, "DIR",
             "Copy the document, the images that it refers to and the pictures of its presets and "
-            "snapshots into this folder, and refer to bare file names there");
+            "snapshots into this folder, and refer to bare file names there; --force writes over "
+            "the document and pictures that are there");
         arguments.flag("--everywhere", m_isEverywhere,
                        "Collect also images that lie outside of the document's folder and those "
                        "of the host");
@@ -239,8 +240,15 @@ private:
         const std::unique_ptr<Document> document = readOrFail(m_files.first(), session);
         if (document->IsStandardInput())
             throw Failure(QStringLiteral("--collect needs a document with a name"));
+        const QString copy = TextureCollection::copyOf(document->Path(), m_collect);
+        if (isSameFile(copy, document->Path()))
+            throw Failure(QStringLiteral("\"%1\" is the input").arg(copy));
+        m_target.checkFile(copy);
         const Uninterrupted writing;
-        TextureCollection collection(m_collect, document->Path());
+        TextureCollection::Overwriting overwriting;
+        if (m_target.isForced())
+            overwriting = [this](const QString& file) { m_target.backUp(file); };
+        TextureCollection collection(m_collect, document->Path(), overwriting);
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
@@ -263,9 +271,10 @@ private:
                                [&session](const QString& file, const QString& message) {
                                    session.warning(file, message);
                                });
-        collection.write(*document);
-        if (!m_target.isDryRun())
+        if (!m_target.isDryRun()) {
+            collection.write(*document);
             collection.keep();
+        }
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
     }

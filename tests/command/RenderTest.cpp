@@ -86,16 +86,19 @@ TEST_P(Golden, PictureIsAsItWas)
 
 INSTANTIATE_TEST_SUITE_P(
     Pictures, Golden,
-    ::testing::Values(
-        "material Matt paint", "material Red plastic", "material Brushed steel",
-        "material Chromium", "material Gold", "material Glass", "material Frosted green glass",
-        "material Planks", "material Planks turned and mirrored", "material Lamp",
-        "material Varnished", "colour Orange", "finish Gloss", "transparency Half",
-        "transparency Perforated", "bump Dots", "background Graduated", "background Horizon",
-        "background Image", "background Absent image", "background Reflection", "foreground Mist",
-        "naturalLightStudio Morning", "camera From above", "camera Elevation", "lens Wide",
-        "aspectratio Screen", "aspectratioorient Portrait", "scheme Outside", "scheme Inside",
-        "scheme On a table", "snapshot Outside", "snapshot In mist", "snapshot Palette"));
+    ::testing::Values("material Matt paint", "material Red plastic", "material Brushed steel",
+                      "material Chromium", "material Gold", "material Glass",
+                      "material Frosted green glass", "material Planks",
+                      "material Planks turned and mirrored", "material Lamp", "material Varnished",
+                      "colour Orange", "finish Gloss", "transparency Half",
+                      "transparency Perforated", "bump Dots", "bump Absent", "background Graduated",
+                      "background Horizon", "background Image", "background Absent image",
+                      "background Reflection", "foreground Mist", "naturalLightStudio Morning",
+                      "camera From above", "camera Elevation", "camera Turned up", "lens Wide",
+                      "aspectratio Screen", "aspectratioorient Portrait", "scheme Outside",
+                      "scheme Inside", "scheme On a table", "snapshot Outside", "snapshot In mist",
+                      "snapshot Palette", "snapshot Two rows inside", "snapshot Bare outside",
+                      "snapshot Bare product"));
 
 TEST(Render, DrawsTheSameBytesEveryTime)
 {
@@ -109,7 +112,7 @@ TEST(Render, DrawsTheSameBytesEveryTime)
                   0);
     }
     const QStringList names = QDir(workspace.path(QStringLiteral("a"))).entryList(QDir::Files);
-    EXPECT_EQ(names.size(), 31);
+    EXPECT_EQ(names.size(), 33);
     for (const QString& name : names)
         EXPECT_EQ(workspace.read(QStringLiteral("a/") + name),
                   workspace.read(QStringLiteral("b/") + name))
@@ -156,6 +159,42 @@ TEST(Render, WritesAUsersPicturesBelowTheCustomFolder)
     EXPECT_EQ(workspace.run("render --all --size 16 --custom mine mine/a.rvx").code, 0);
     EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Metals/thumbs/Brass.jpg")));
     EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Cameras/thumbs/Above.jpg")));
+}
+
+TEST(Render, WritesAUsersPicturesBesideTheArchiveWhereNoFolderIsNamed)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("mine/Sub/a.rvx"),
+                    smallArchive().replace("<presets", "<presets path=\"Sub\\\""));
+    EXPECT_EQ(workspace.run("render --missing --size 16 mine/Sub/a.rvx").code, 0);
+    const QString picture = QStringLiteral("mine/Metals/thumbs/Brass.jpg");
+    ASSERT_TRUE(workspace.exists(picture));
+    // Who looks for it finds it there: what is missing, what is shown, and what is copied.
+    EXPECT_EQ(workspace.run("render --missing --size 16 --json mine/Sub/a.rvx")
+                  .json()
+                  .value(QStringLiteral("pictures"))
+                  .toArray()
+                  .size(),
+              0);
+    EXPECT_EQ(workspace.run("preview mine/Sub/a.rvx material[Brass] -o brass.png").code, 0);
+    EXPECT_FALSE(QImage(workspace.path(QStringLiteral("brass.png"))).isNull());
+    EXPECT_EQ(workspace.run("sheet --json mine/Sub/a.rvx -o sheet.png")
+                  .json()
+                  .value(QStringLiteral("drawn"))
+                  .toInt(-1),
+              0);
+    EXPECT_EQ(workspace.run("rename mine/Sub/a.rvx material[Brass] Bronze --in-place").code, 0);
+    EXPECT_FALSE(workspace.exists(picture));
+    EXPECT_TRUE(workspace.exists(QStringLiteral("mine/Metals/thumbs/Bronze.jpg")));
+}
+
+TEST(Render, AUsersArchiveFromAPipeHasNoPlaceForPictures)
+{
+    const Workspace workspace;
+    const Outcome run = workspace.run(words("render --missing --size 16 -"), smallArchive());
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("--custom"));
+    EXPECT_TRUE(workspace.files().isEmpty());
 }
 
 TEST(Render, WritesPicturesOfSnapShotsBesideTheDocument)

@@ -192,6 +192,57 @@ TEST(Textures, CollectDoesNotTakeTheDocumentsOwnFolder)
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), referringTo({}));
 }
 
+TEST(Textures, CollectAgainAsksForForce)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("x/a.png"), pictureOf("new"));
+    workspace.write(QStringLiteral("out/a.png"), pictureOf("old"));
+    workspace.write(QStringLiteral("out/a.xml"), "what was there");
+    workspace.write(QStringLiteral("a.xml"), referringTo({QStringLiteral("x/a.png")}));
+    const Outcome refused = textures(workspace, words("--collect out a.xml"));
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_THAT(refused.err.toStdString(), ::testing::HasSubstr("--force writes over it"));
+    EXPECT_EQ(textures(workspace, words("--collect out --force --dry-run a.xml")).code, 0);
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a.xml")), QByteArray("what was there"));
+    EXPECT_FALSE(workspace.exists(QStringLiteral("out/a (2).png")));
+    EXPECT_EQ(textures(workspace, words("--collect out --force --backup a.xml")).code, 0);
+    EXPECT_EQ(references(workspace, QStringLiteral("out/a.xml")),
+              QStringList(QStringLiteral("a (2).png")));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a.xml~")), QByteArray("what was there"));
+    // Another document may refer to an image that is there.
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a.png")), pictureOf("old"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/a (2).png")), pictureOf("new"));
+}
+
+TEST(Textures, CollectWritesOverPicturesWithForce)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("in/a.xml"), smallDocument());
+    EXPECT_EQ(workspace.run("render --all --size 16 in/a.xml").code, 0);
+    const QByteArray drawn = workspace.read(QStringLiteral("in/icon_Größe.jpg"));
+    workspace.write(QStringLiteral("out/icon_Größe.jpg"), pictureOf("old"));
+    EXPECT_THAT(textures(workspace, words("--collect out in/a.xml")).err.toStdString(),
+                ::testing::HasSubstr("it is left, another"));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/icon_Größe.jpg")), pictureOf("old"));
+    EXPECT_THAT(textures(workspace, words("--collect out --force in/a.xml")).err.toStdString(),
+                ::testing::Not(::testing::HasSubstr("it is left")));
+    EXPECT_EQ(workspace.read(QStringLiteral("out/icon_Größe.jpg")), drawn);
+}
+
+TEST(Textures, CollectDoesNotWriteOverItsInput)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), referringTo({}));
+    QFile::link(workspace.path(QStringLiteral(".")), workspace.path(QStringLiteral("here")));
+    for (const char* const folder : {".", "here"}) {
+        const Outcome run = textures(workspace, words("--force a.xml --collect") +
+                                                    QStringList(QLatin1String(folder)));
+        EXPECT_EQ(run.code, 2) << folder;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("is the input")) << folder;
+    }
+    EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), referringTo({}));
+}
+
 TEST(Textures, CollectLeavesOutWhatIsMissing)
 {
     const Workspace workspace;

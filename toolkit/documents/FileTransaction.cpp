@@ -46,6 +46,8 @@ QFile::Permissions permissionsOfNewFiles()
 
 FileTransaction::~FileTransaction()
 {
+    for (const Replaced& one : m_replaced)
+        problemOfWriting(one.bytes, one.file);
     for (const QString& file : m_files)
         QFile::remove(file);
     for (const QString& folder : m_folders)
@@ -102,8 +104,21 @@ bool FileTransaction::copy(const QString& source, const QString& target)
     return readWhole(source, bytes) && create(bytes, target);
 }
 
+bool FileTransaction::replace(const QByteArray& bytes, const QString& target)
+{
+    Replaced before;
+    before.file = target;
+    m_problem = readWhole(target, before.bytes) ? problemOfWriting(bytes, target)
+                                                : QStringLiteral("it could not be read");
+    if (!m_problem.isEmpty())
+        return false;
+    m_replaced.append(before);
+    return true;
+}
+
 void FileTransaction::keep()
 {
+    m_replaced.clear();
     m_files.clear();
     m_folders.clear();
 }

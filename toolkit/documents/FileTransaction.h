@@ -6,11 +6,12 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 namespace rvopen::toolkit {
 
 /// Files that are made together. Unless keep() is called they are removed again at the end, with
-/// the folders that were made for them: all or nothing.
+/// the folders that were made for them, and what was replaced is written back: all or nothing.
 class FileTransaction {
 public:
     FileTransaction() = default;
@@ -26,14 +27,23 @@ public:
     bool create(const QByteArray& bytes, const QString& target);
     /// Copies a file in the same way, whole.
     bool copy(const QString& source, const QString& target);
+    /// Writes over a file that is there. False when it cannot, problem() says why; the file is as
+    /// it was then.
+    bool replace(const QByteArray& bytes, const QString& target);
     void keep();
     /// Why the last file or folder could not be made: "it is there already", or the system's
     /// reason.
     QString problem() const;
 
 private:
+    struct Replaced {
+        QString file;
+        QByteArray bytes;
+    };
+
     QStringList m_files;
     QStringList m_folders;
+    QVector<Replaced> m_replaced;
     QString m_problem;
 };
 

@@ -24,25 +24,6 @@ namespace rvopen::toolkit {
 
 namespace {
 
-/// The library looks for a user's pictures in the folder that it was told.
-class CustomFolder {
-public:
-    explicit CustomFolder(const QString& folder)
-        : m_before(GetDirectoryHandler()->GetCustomArchivesFolder())
-    {
-        GetDirectoryHandler()->SetCustomArchivesFolder(folder);
-    }
-    ~CustomFolder()
-    {
-        GetDirectoryHandler()->SetCustomArchivesFolder(m_before);
-    }
-    CustomFolder(const CustomFolder&) = delete;
-    CustomFolder& operator=(const CustomFolder&) = delete;
-
-private:
-    QString m_before;
-};
-
 bool isSomething(const QString& path)
 {
     return QFileInfo::exists(path) || QFileInfo(path).isSymLink();
@@ -67,14 +48,34 @@ Folders foldersOf(const Document& document, const Folders& named, const QString&
     return folders;
 }
 
+PictureFolders::PictureFolders(const Document& document, const Folders& named)
+    : m_folders(named)
+    , m_before(GetDirectoryHandler()->GetCustomArchivesFolder())
+{
+    // What comes through a pipe has no place.
+    if (m_folders.custom.isEmpty() && !document.IsStandardInput() && !document.IsStream())
+        m_folders.custom = foldersOf(document, named, document.Folder()).custom;
+    GetDirectoryHandler()->SetCustomArchivesFolder(m_folders.custom);
+}
+
+PictureFolders::~PictureFolders()
+{
+    GetDirectoryHandler()->SetCustomArchivesFolder(m_before);
+}
+
+const Folders& PictureFolders::folders() const
+{
+    return m_folders;
+}
+
 PictureLocation pictureIn(const QDomElement& element, const Document& document,
                           const Folders& folders)
 {
     const Thing thing = thingOf(element);
     if (thing != Thing::Preset && thing != Thing::SnapShot)
         return {};
-    const CustomFolder custom(folders.custom);
-    return LocatePicture(element, document, folders);
+    const PictureFolders told(document, folders);
+    return LocatePicture(element, document, told.folders());
 }
 
 QSet<QString> picturesOf(const Document& document, const Folders& folders)

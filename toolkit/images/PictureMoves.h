@@ -27,6 +27,22 @@ class Document;
 /// snapshots in \p snapShots unless the user named their folder.
 Folders foldersOf(const Document& document, const Folders& named, const QString& snapShots);
 
+/// Folders that the library has for as long as this lives. Where the user named none for his
+/// archives it is the one in which foldersOf() has the pictures of this document.
+class PictureFolders {
+public:
+    PictureFolders(const Document& document, const Folders& named);
+    ~PictureFolders();
+    PictureFolders(const PictureFolders&) = delete;
+    PictureFolders& operator=(const PictureFolders&) = delete;
+
+    const Folders& folders() const;
+
+private:
+    Folders m_folders;
+    QString m_before;
+};
+
 /// LocatePicture() in folders that may be others than those that the library was told.
 PictureLocation pictureIn(const QDomElement& element, const Document& document,
                           const Folders& folders);

@@ -18,15 +18,24 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 namespace rvopen::toolkit {
 
-TextureCollection::TextureCollection(const QString& folder, const QString& document)
+QString TextureCollection::copyOf(const QString& document, const QString& folder)
+{
+    return QFileInfo(PathToOpen(folder)).absoluteFilePath() + QLatin1Char('/') +
+           LastPathComponent(document);
+}
+
+TextureCollection::TextureCollection(const QString& folder, const QString& document,
+                                     Overwriting overwriting)
     : m_folder(QFileInfo(PathToOpen(folder)).absoluteFilePath())
-    , m_copy(m_folder + QLatin1Char('/') + LastPathComponent(document))
+    , m_copy(copyOf(document, folder))
+    , m_overwriting(std::move(overwriting))
     , m_taken{{LastPathComponent(m_copy).toLower(), QString()}}
 {
-    if (QFileInfo::exists(m_copy) || QFileInfo(m_copy).isSymLink())
+    if (!m_overwriting && (QFileInfo::exists(m_copy) || QFileInfo(m_copy).isSymLink()))
         throw Failure(QStringLiteral("\"%1\" is there already").arg(m_copy));
     if (!m_files.makeFolder(m_folder))
         throw Failure(QStringLiteral("\"%1\": %2").arg(folder, m_files.problem()));
@@ -97,7 +106,11 @@ void TextureCollection::addPictures(const Document& document, const Folders& nam
         const QString target =
             m_folder + QLatin1Char('/') + QDir(PathToOpen(root)).relativeFilePath(absolute);
         if (QFileInfo::exists(target)) {
-            if (!haveSameBytes(picture, target))
+            if (haveSameBytes(picture, target))
+                continue;
+            if (m_overwriting && linkInTheWay(target, m_folder).isEmpty())
+                m_replacing.append({picture, target});
+            else
                 complain(picture,
                          QStringLiteral("it is left, another \"%1\" is there").arg(target));
             continue;
@@ -113,9 +126,26 @@ void TextureCollection::write(const Document& document)
     const QString text = XmlText(document.Dom(), document.Indent());
     if (text.isNull())
         throw Failure(QStringLiteral("\"%1\" could not be read again").arg(m_copy));
-    if (!m_files.create(text.toUtf8(), m_copy))
+    for (const auto& [picture, target] : m_replacing) {
+        QByteArray bytes;
+        if (!readWhole(picture, bytes))
+            throw Failure(
+                QStringLiteral("\"%1\" could not be read; nothing was collected").arg(picture));
+        replace(bytes, target);
+    }
+    if (m_overwriting && QFileInfo::exists(m_copy))
+        replace(text.toUtf8(), m_copy);
+    else if (!m_files.create(text.toUtf8(), m_copy))
         throw Failure(
             QStringLiteral("\"%1\": %2; nothing was collected").arg(m_copy, m_files.problem()));
+}
+
+void TextureCollection::replace(const QByteArray& bytes, const QString& target)
+{
+    m_overwriting(target);
+    if (!m_files.replace(bytes, target))
+        throw Failure(
+            QStringLiteral("\"%1\": %2; nothing was collected").arg(target, m_files.problem()));
 }
 
 void TextureCollection::keep()

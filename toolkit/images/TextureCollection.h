@@ -6,7 +6,9 @@
 #include "toolkit/documents/FileTransaction.h"
 
 #include <QHash>
+#include <QPair>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 
@@ -29,9 +31,17 @@ public:
         Outside ///< Neither in the document's folder nor in one of the host's.
     };
 
-    /// For a document with that path. Throws a Failure when the folder has it already, or cannot be
+    /// The name that a document with that path has in the folder.
+    static QString copyOf(const QString& document, const QString& folder);
+
+    /// Hears which file is about to be written over; throws a Failure where it must not be.
+    using Overwriting = std::function<void(const QString& file)>;
+    /// For a document with that path. Without \p overwriting nothing is written over; with it the
+    /// document's copy and pictures are, never images that it refers to: these have free names.
+    /// Throws a Failure when the document's copy must not be written over or the folder cannot be
     /// made.
-    TextureCollection(const QString& folder, const QString& document);
+    TextureCollection(const QString& folder, const QString& document,
+                      Overwriting overwriting = nullptr);
 
     /// \p isEverywhere: what lies outside is handed on, too.
     static Objection objectionTo(const ReferencedTexture& texture, const Document& document,
@@ -48,16 +58,21 @@ public:
     /// Throws a Failure when one cannot be copied.
     void addPictures(const Document& document, const Folders& named, const Complaint& complain);
 
-    /// Writes the document, which refers to these names by now. Throws a Failure when it cannot be
-    /// written.
+    /// Writes over what is to be written over, and the document, which refers to these names by
+    /// now. Throws a Failure when that cannot be done.
     void write(const Document& document);
     /// Unless it is called, all that was copied and written goes again.
     void keep();
 
 private:
+    void replace(const QByteArray& bytes, const QString& target);
+
     QString m_folder;
     /// The document's copy.
     QString m_copy;
+    Overwriting m_overwriting;
+    /// Pictures, and the files that they replace.
+    QVector<QPair<QString, QString>> m_replacing;
     FileTransaction m_files;
     /// Names in lower case and the files in the folder that have them.
     QHash<QString, QString> m_taken;

@@ -96,6 +96,26 @@ TEST_F(NewFile, TakesNoNameThatIsTaken)
     EXPECT_EQ(names(), "link there");
 }
 
+TEST_F(NewFile, WhatIsReplacedComesBackUnlessItIsKept)
+{
+    write("there", "old");
+    {
+        FileTransaction files;
+        ASSERT_TRUE(files.replace("new", path("there")));
+        EXPECT_EQ(read("there"), QByteArray("new"));
+        EXPECT_FALSE(files.replace("new", path("nothing")));
+        EXPECT_EQ(files.problem(), QStringLiteral("it could not be read"));
+    }
+    EXPECT_EQ(read("there"), QByteArray("old"));
+    {
+        FileTransaction files;
+        ASSERT_TRUE(files.replace("new", path("there")));
+        files.keep();
+    }
+    EXPECT_EQ(read("there"), QByteArray("new"));
+    EXPECT_EQ(names(), "there");
+}
+
 TEST_F(NewFile, IsNoneBelowAFile)
 {
     write("file", "");

@@ -241,6 +241,15 @@ TEST(AppearanceView, V9_OfAnUpVectorTheDirectionCounts)
     EXPECT_GT(difference(upright, room.picture(camera("0 -10 0", "1 2 3", 40), 64)), 50);
 }
 
+TEST(AppearanceView, V9_ACameraThatLooksAtItselfHasNoPlace)
+{
+    Room room;
+    const QByteArray placeless = "<camera>" + param("Field Of View", 40) + "</camera>";
+    const QImage angle = room.picture(placeless, 64);
+    EXPECT_EQ(room.picture(camera("0 0 5", "0 0 5", 40), 64), angle);
+    EXPECT_GT(difference(room.picture(camera("0 -10 0", "0 10 0", 40), 64), angle), 10);
+}
+
 TEST(AppearanceView, V10_ALensGivesItsAngleAndNothingElse)
 {
     const QByteArray before = camera("1 2 3", "4 5 6", 40, "0 1 0", false, param("Near", 2));

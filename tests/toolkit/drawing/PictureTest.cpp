@@ -5,11 +5,14 @@
 
 #include "../InAFolder.h"
 
+#include <rvopen/DirectoryHandler.h>
 #include <rvopen/toolkit/documents/Folders.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
 
 #include <QBuffer>
+#include <QDir>
+#include <QFileInfo>
 
 namespace rvopen::test {
 
@@ -86,6 +89,25 @@ TEST_F(PresetPicture, ThatIsEmbeddedIsTheOneThatThereIs)
     EXPECT_EQ(picture.size(), QSize(4, 2));
     EXPECT_EQ(picture.pixelColor(1, 1), QColor(255, 0, 0));
     EXPECT_TRUE(EmbeddedPreview(QStringLiteral("00")).isNull());
+}
+
+TEST_F(PresetPicture, InItsFileIsFoundWhereNoneIsEmbedded)
+{
+    const auto archive = read(s_archive);
+    ASSERT_TRUE(archive);
+    QDomElement element = archive->Root().firstChildElement().firstChildElement();
+    Folders folders;
+    folders.custom = path(".");
+    GetDirectoryHandler()->SetCustomArchivesFolder(folders.custom);
+    const QString file = LocatePicture(element, *archive, folders).file;
+    QImage blue(2, 3, QImage::Format_RGB32);
+    blue.fill(QColor(0, 0, 255));
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    ASSERT_TRUE(blue.save(file, "PNG"));
+    EXPECT_EQ(ExistingPicture(element, *archive, folders).size(), QSize(2, 3));
+    element.setAttribute(QStringLiteral("xmlImage"), embedded(qRgb(255, 0, 0)));
+    EXPECT_EQ(ExistingPicture(element, *archive, folders).size(), QSize(4, 2));
+    GetDirectoryHandler()->SetCustomArchivesFolder(QString());
 }
 
 TEST_F(PresetPicture, OfAUsersPresetHasNoPlaceWithoutTheFolderOfHisArchives)
