@@ -48,7 +48,7 @@ const qint64 s_maxPixels = qint64(200) * 1000 * 1000;
 const int s_dotsPerInch = 300;
 const int s_pdfFineness = 2;
 /// That are held at one time.
-const int s_picturesAtOnce = 64;
+const int s_picturesAtOnce = 16;
 
 class Sheet : public Command {
 public:

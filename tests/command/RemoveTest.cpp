@@ -227,6 +227,18 @@ TEST(Remove, ThatCannotBeWrittenLeavesThePicture)
     EXPECT_EQ(workspace.read(QStringLiteral("a.rvx")), large);
 }
 
+TEST(Remove, SaysWhereNoPicturesWereLookedFor)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"),
+                    colours(s_red + s_blue).replace("UserArchives", "Zorvane"));
+    workspace.write(QStringLiteral("host/x"), "");
+    EXPECT_EQ(workspace.run("remove a.rvx colour[Red] --dry-run").err,
+              QStringLiteral("a.rvx: no pictures were looked for: pictures of presets lie below "
+                             "--install DIR\n"));
+    EXPECT_EQ(workspace.run("remove a.rvx colour[Red] --dry-run --install host").err, QString());
+}
+
 TEST(Remove, IsOfItsSchema)
 {
     const Workspace workspace;

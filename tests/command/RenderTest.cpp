@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
                       "aspectratio Screen", "aspectratioorient Portrait", "scheme Outside",
                       "scheme Inside", "scheme On a table", "snapshot Outside", "snapshot In mist",
                       "snapshot Palette", "snapshot Two rows inside", "snapshot Bare outside",
-                      "snapshot Bare product"));
+                      "snapshot Bare product", "snapshot Four in a row"));
 
 TEST(Render, DrawsTheSameBytesEveryTime)
 {
@@ -446,6 +446,14 @@ TEST(Render, RefusesSizesThatNobodyNeeds)
                 .code,
             2)
             << size;
+}
+
+TEST(Render, TakesTheGreatestSizeThereIs)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), "<presets><colours/></presets>");
+    EXPECT_EQ(workspace.run("render --all --size 2048 -o out a.rvx").out,
+              QStringLiteral("a.rvx  0 pictures\n"));
 }
 
 TEST(Render, AsksForMissingOrAll)

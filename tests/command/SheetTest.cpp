@@ -96,7 +96,18 @@ TEST(Sheet, HasAPaletteForEachSnapShotThatIsOne)
         workspace.run({QStringLiteral("sheet"), QStringLiteral("--json"),
                        QStringLiteral(RVOPEN_GOLDEN_DIR "/snapshots.xml"), QStringLiteral("--size"),
                        QStringLiteral("32"), QStringLiteral("-o"), QStringLiteral("a.png")});
-    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 9) << run.err.toStdString();
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 10) << run.err.toStdString();
+}
+
+TEST(Sheet, APageThatIsInterruptedLeavesNothing)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), largeArchive(400));
+    const Outcome run = workspace.shell(QStringLiteral(
+        "timeout --preserve-status -s TERM 1 rvopen sheet --drawn --html out --size 100 a.rvx"));
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("interrupted"));
+    EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
 }
 
 TEST(Sheet, AsPdfHasThePagesThatItSays)

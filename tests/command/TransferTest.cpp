@@ -77,6 +77,17 @@ TEST(Copy, APictureOfAnotherNameIsNotShared)
     EXPECT_EQ(workspace.read(QStringLiteral("C/thumbs/r_2.jpg")), pictureOf("red"));
 }
 
+TEST(Copy, OnlyFoldersAndSectionsTakePresets)
+{
+    const Workspace workspace;
+    const QByteArray before = colours(colour("Red", "c.red") + colour("Blue", "c.blue"));
+    workspace.write(QStringLiteral("a.rvx"), before);
+    const Outcome run =
+        workspace.run("copy a.rvx colour[Red] --to colours[Colours]/colour[Blue] --in-place");
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(workspace.read(QStringLiteral("a.rvx")), before);
+}
+
 TEST(Copy, AFolderGivesThePresetsInItFreeNames)
 {
     const Workspace workspace;

@@ -126,6 +126,20 @@ TEST_F(Values, GetPrintsEveryMatchWithItsPath)
     EXPECT_EQ(get(words("'camera:Field Of View'")).lines().size(), 2);
 }
 
+TEST_F(Values, GetOfAnElementHasWhatParametersHold)
+{
+    workspace.write(QStringLiteral("a.rvx"),
+                    "<presets><colours><colour name=\"Red\"><diffuse><param name=\"Colour\" "
+                    "type=\"shader\" val=\"colour\"><plainColour enabled=\"1\"><param "
+                    "name=\"Colour\" type=\"colour\" val=\"1 0 0\"/></plainColour></param>"
+                    "</diffuse></colour></colours></presets>");
+    EXPECT_EQ(
+        workspace.run("get a.rvx colour[Red]").lines().filter(QStringLiteral("/plainColour")),
+        (QStringList{
+            QStringLiteral("colours/colour[Red]/diffuse:Colour/plainColour@enabled  1"),
+            QStringLiteral("colours/colour[Red]/diffuse:Colour/plainColour:Colour   1 0 0")}));
+}
+
 TEST_F(Values, GetTakesNamesWithSlashes)
 {
     EXPECT_EQ(get(words("'snapshot[Front / left]/camera:Orthographic'")).out,

@@ -50,6 +50,22 @@ TEST_F(Loading, GivesADocumentOfTheKindThatItIs)
     EXPECT_EQ(archive.document->Root().tagName(), QStringLiteral("presets"));
 }
 
+TEST_F(Loading, TellsAnArchiveByRootTypeOrSections)
+{
+    for (const char* const archive :
+         {"<presets/>", "<mine type='UserArchives'/>", "<mine type='Zorvane'/>",
+          "<mine><other/><materials/></mine>"}) {
+        ReadError error;
+        const auto document = Document::Read(written(archive), error);
+        ASSERT_TRUE(document) << archive;
+        EXPECT_EQ(document->Kind(), DocumentKind::Archive) << archive;
+    }
+    ReadError error;
+    const auto other = Document::Read(written("<mine type='Mine'><other/></mine>"), error);
+    ASSERT_TRUE(other);
+    EXPECT_EQ(other->Kind(), DocumentKind::Unknown);
+}
+
 TEST_F(Loading, RefusesAKindThatWasNotAskedForAndSaysWhichItIs)
 {
     const QString path = written(s_snapShots);

@@ -40,6 +40,15 @@ TEST(Likeness, KindsMayBeHalfWrong)
     EXPECT_EQ(likeliest(QStringLiteral("Opake"), kinds), QString());
 }
 
+TEST(Likeness, NamesInBracketsMayHaveSlashesAndColons)
+{
+    const QDomDocument document =
+        parsed("<presets><colours><colour name=\"Red/Brown: warm\"/></colours></presets>");
+    EXPECT_EQ(likeliestPath(QStringLiteral("colours/colour[Red/Brown: wram]"),
+                            document.documentElement()),
+              QStringLiteral("colours/colour[Red/Brown: warm]"));
+}
+
 TEST(Likeness, ForgivesALetterLeftOutTooManyWrongOrSwapped)
 {
     EXPECT_EQ(among("lst", "tree list find"), QStringLiteral("list"));
