@@ -55,6 +55,19 @@ TEST(Scope, OfAConditionHasPresetsAndNoPartsOfThem)
     EXPECT_EQ(selected(texts), "finishes/finish[F]");
 }
 
+TEST(Scope, OfAKindThatIsNoPresetHasItsElementsInSnapShots)
+{
+    const QDomDocument document =
+        parsed("<snapRoot><snapshot name=\"S\"><snapShotSettings/><camera/></snapshot></snapRoot>");
+    SelectionTexts texts;
+    texts.type = QStringLiteral("SNAPSHOTSETTINGS");
+    const auto settings = Selection(texts).in(document.documentElement()).elements();
+    ASSERT_EQ(settings.size(), 1);
+    EXPECT_EQ(settings[0].path, QStringLiteral("snapshot[S]/snapShotSettings"));
+    texts.type = QStringLiteral("nothing");
+    EXPECT_EQ(Selection(texts).in(document.documentElement()).elements().size(), 0);
+}
+
 TEST(Scope, OfPathAndFilterIsWhatBothSelect)
 {
     SelectionTexts texts = byPath("finish");

@@ -95,6 +95,27 @@ TEST(ContactSheet, RepeatsAHeadingOnANewPageOnly)
     }
 }
 
+TEST(ContactSheet, ARuleStandsBetweenAHeadingAndItsPictures)
+{
+    prepareTexts();
+    const QVector<QImage> pages =
+        pagesOf(ContactSheet(QStringLiteral("Title"), cells(2), 2, s_side));
+    const QImage band = above(pages[0], firstPicture(pages[0], 0));
+    int rule = -1;
+    int lastText = -1;
+    for (int y = 0; y < band.height(); ++y) {
+        int marked = 0;
+        for (int x = 0; x < band.width(); ++x)
+            marked += band.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
+        if (marked > 2 * s_side)
+            rule = y;
+        else if (inkIn(band.copy(0, y, band.width(), 1)) > 0)
+            lastText = y;
+    }
+    EXPECT_GT(lastText, 0);
+    EXPECT_GT(rule, lastText);
+}
+
 TEST(ContactSheet, HasAsManyPagesAsItsRowsFill)
 {
     prepareTexts();
