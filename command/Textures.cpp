@@ -8,6 +8,7 @@
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/documents/Interruption.h"
+#include "toolkit/documents/SafeFiles.h"
 #include "toolkit/images/FileIndex.h"
 #include "toolkit/images/ReferencedTextures.h"
 #include "toolkit/images/TextureCollection.h"

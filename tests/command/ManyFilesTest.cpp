@@ -86,6 +86,8 @@ TEST_F(ManyFiles, ComeFromAList)
                                                                       "cameras[Cameras]/camera"
                                                                       "[Above]:Field Of View  "
                                                                       "12\n"));
+    for (const char* const command : {"check", "format --check"})
+        EXPECT_NE(run(QByteArray(command) + " --files-from list").code, 2) << command;
     EXPECT_EQ(run("check --files-from none").code, 2);
     EXPECT_EQ(run("check -0 in/12.rvx").code, 2);
     EXPECT_EQ(run("check - --files-from -").code, 2);
