@@ -167,6 +167,8 @@ TEST(ManualPage, HasTheEnvironment)
                              "\\fB\\-\\-custom\\fR goes before it.\n"
                              ".TP\n.B RVOPEN_SNAPSHOTS\nThe pictures of snapshots. "
                              "\\fB\\-\\-snapshots\\fR goes before it.\n"
+                             ".TP\n.B RVOPEN_CATALOGUE\nWith off, no index of presets is read or "
+                             "written.\n"
                              ".TP\n.B NO_COLOR\nWhere it is not empty, nothing is coloured unless "
                              "\\-\\-color asks for it.\n"));
 }

@@ -102,6 +102,53 @@ TEST_F(Finding, AmongWhatIsSelected)
     EXPECT_EQ(found("find --json --colour #ff0000 --select dir a.rvx"), "Apple Cherry");
 }
 
+TEST_F(Finding, TheSameInRowsAsInDocuments)
+{
+    const QByteArray archive = manyColours().replace(
+        "</colours>", colour("Commas", "1,0,0") + colour("None", "") + colour("Word", "red") +
+                          colour("Three", "1 0 0 1") + "<colour refname=\"c.x\"/></colours>");
+    // With a prefix the document is built.
+    const QByteArray prefixed = QByteArray(archive).replace("<presets>", "<presets xmlns:p=\"u\">");
+    ASSERT_NE(prefixed, archive);
+    int lines = 0;
+    for (const char* const line :
+         {"find --text c. a.rvx", "find --type colour a.rvx", "find --category cafe a.rvx",
+          "find --colour #ff0000 a.rvx", "find --colour #000000 --within 30 a.rvx",
+          "find --colour #ff0000 --within 0 --text früchte a.rvx", "find --texture *oak* a.rvx",
+          "find --texture * --type colours a.rvx", "find --category Cafe --texture x a.rvx",
+          "find --category Cafee a.rvx", "find --users c.Apple a.rvx", "find --equal a.rvx"}) {
+        for (const char* const form : {"", " --json"}) {
+            const QByteArray whole = QByteArray(line) + form;
+            workspace.write(QStringLiteral("a.rvx"), archive);
+            const Outcome rows = workspace.run(whole.constData());
+            workspace.write(QStringLiteral("a.rvx"), prefixed);
+            const Outcome documents = workspace.run(whole.constData());
+            EXPECT_EQ(rows.out, documents.out) << line;
+            lines += int(rows.lines().size());
+            EXPECT_EQ(rows.err, documents.err) << line;
+            EXPECT_EQ(rows.code, documents.code) << line;
+        }
+    }
+    EXPECT_GT(lines, 25);
+}
+
+TEST_F(Finding, InTheOrderOfFiles)
+{
+    workspace.write(QStringLiteral("c.rvx"),
+                    manyColours().replace("<presets>", "<presets xmlns:p=\"u\">"));
+    EXPECT_EQ(found("find --json --text m.fruit c.rvx a.rvx b.xml", "file"), "c.rvx a.rvx b.xml");
+}
+
+TEST_F(Finding, TellsWhatIsNoDocumentAndFindsTheRest)
+{
+    workspace.write(QStringLiteral("c.rvx"), QByteArray("\xff\xd8\xff\xe0\0\x10JFIF", 10));
+    const Outcome run = workspace.run("find --text m.fruit c.rvx a.rvx");
+    EXPECT_THAT(run.err.toStdString(),
+                ::testing::HasSubstr(": This is a JPEG picture, no document\n"));
+    EXPECT_EQ(run.lines().size(), 1);
+    EXPECT_EQ(run.code, 2);
+}
+
 TEST_F(Finding, PrintsWhere)
 {
     EXPECT_EQ(workspace.run("find --colour #00ff00 --within 1 a.rvx").out,

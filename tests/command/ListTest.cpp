@@ -3,6 +3,8 @@
 
 #include "Program.h"
 
+#include <QThread>
+
 namespace rvopen::test {
 
 namespace {
@@ -146,6 +148,19 @@ TEST(List, PrintsTabSeparatedText)
                        "camera[Above]\t\n"));
 }
 
+TEST(List, SortsWhatWasBuiltAmongWhatWasNot)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.rvx"), smallArchive());
+    // With a prefix the document is built.
+    workspace.write(QStringLiteral("b.rvx"),
+                    smallArchive().replace("<presets", "<presets xmlns:p=\"u\""));
+    EXPECT_EQ(workspace.run("list --tsv --columns refname,file b.rvx a.rvx").out,
+              QStringLiteral("refname\tfile\nc.above\ta.rvx\nc.above\tb.rvx\nm.brass\ta.rvx\n"
+                             "m.brass\tb.rvx\nm.window\ta.rvx\nm.window\tb.rvx\n"
+                             "m.zinc\ta.rvx\nm.zinc\tb.rvx\n"));
+}
+
 TEST(List, TabsAndLinesInNamesEndNoCell)
 {
     const Workspace workspace;
@@ -165,6 +180,67 @@ TEST(List, RefusesColumnsThatThereAreNotAndThoseOfJson)
     EXPECT_EQ(json.err, QStringLiteral("rvopen: --json has all columns: it goes with neither "
                                        "--columns nor --tsv\n"));
     EXPECT_EQ(json.code, 2);
+}
+
+/// Archives that are listed with an index, which is kept below "caches".
+class ListWithIndex : public ::testing::Test {
+protected:
+    ListWithIndex()
+    {
+        workspace.environment.remove(QStringLiteral("RVOPEN_CATALOGUE"));
+        workspace.environment.insert(QStringLiteral("XDG_CACHE_HOME"),
+                                     workspace.path(QStringLiteral("caches")));
+        workspace.write(QStringLiteral("in/a.rvx"), largeArchive(8000));
+        workspace.write(QStringLiteral("in/b.rvx"), smallArchive());
+        // What is younger than the step of a clock is not kept.
+        QThread::msleep(2100);
+    }
+
+    Outcome list() const
+    {
+        return workspace.run("list in --text yellow");
+    }
+    QStringList cached() const
+    {
+        return workspace.files().filter(QStringLiteral("caches/"));
+    }
+
+    Workspace workspace;
+};
+
+TEST_F(ListWithIndex, PrintsTheSameAgainAndWithout)
+{
+    const Outcome first = list();
+    EXPECT_EQ(cached().size(), 1);
+    const Outcome again = list();
+    workspace.environment.insert(QStringLiteral("RVOPEN_CATALOGUE"), QStringLiteral("off"));
+    const Outcome without = list();
+    EXPECT_GT(first.lines().size(), 0);
+    EXPECT_EQ(again.out, first.out);
+    EXPECT_EQ(without.out, first.out);
+}
+
+TEST_F(ListWithIndex, PrintsWhatIsInTheFilesNow)
+{
+    list();
+    workspace.write(QStringLiteral("in/b.rvx"), smallArchive().replace("yellow", "violet"));
+    EXPECT_FALSE(list().out.contains(QLatin1String("b.rvx")));
+    workspace.write(QStringLiteral("in/b.rvx"), "<presets>");
+    const Outcome broken = list();
+    EXPECT_EQ(broken.code, 2);
+    EXPECT_TRUE(broken.err.contains(QLatin1String("in/b.rvx:1:10: "))) << broken.err.toStdString();
+}
+
+TEST_F(ListWithIndex, PrintsTheSameWithAnIndexThatIsNone)
+{
+    const QString first = list().out;
+    const QString name = cached().value(0);
+    const QByteArray index = workspace.read(name);
+    for (const QByteArray& bytes : {QByteArray(), index.left(index.size() / 2),
+                                    QByteArray(index.size(), 'x'), QByteArray("RVOCAT1\n")}) {
+        workspace.write(name, bytes);
+        EXPECT_EQ(list().out, first);
+    }
 }
 
 } // namespace rvopen::test

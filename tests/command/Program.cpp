@@ -97,6 +97,8 @@ Workspace::Workspace()
     for (const char* name : {"RVOPEN_INSTALL", "RVOPEN_ARCHIVES", "RVOPEN_CUSTOM",
                              "RVOPEN_SNAPSHOTS", "NO_COLOR", "QT_QPA_PLATFORM", "DISPLAY"})
         environment.remove(QLatin1String(name));
+    // What one test leaves must not answer another.
+    environment.insert(QStringLiteral("RVOPEN_CATALOGUE"), QStringLiteral("off"));
     const QString folder = QFileInfo(QStringLiteral(RVOPEN_COMMAND)).path();
     environment.insert(QStringLiteral("PATH"),
                        folder + QLatin1Char(':') + environment.value(QStringLiteral("PATH")));

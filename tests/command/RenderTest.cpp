@@ -98,7 +98,8 @@ INSTANTIATE_TEST_SUITE_P(
                       "aspectratio Screen", "aspectratioorient Portrait", "scheme Outside",
                       "scheme Inside", "scheme On a table", "snapshot Outside", "snapshot In mist",
                       "snapshot Palette", "snapshot Two rows inside", "snapshot Bare outside",
-                      "snapshot Bare product", "snapshot Four in a row"));
+                      "snapshot Bare product", "snapshot Four in a row", "snapshot Camera alone",
+                      "snapshot Background alone"));
 
 TEST(Render, DrawsTheSameBytesEveryTime)
 {

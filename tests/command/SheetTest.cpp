@@ -96,7 +96,7 @@ TEST(Sheet, HasAPaletteForEachSnapShotThatIsOne)
         workspace.run({QStringLiteral("sheet"), QStringLiteral("--json"),
                        QStringLiteral(RVOPEN_GOLDEN_DIR "/snapshots.xml"), QStringLiteral("--size"),
                        QStringLiteral("32"), QStringLiteral("-o"), QStringLiteral("a.png")});
-    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 10) << run.err.toStdString();
+    EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 12) << run.err.toStdString();
 }
 
 TEST(Sheet, APageThatIsInterruptedLeavesNothing)
