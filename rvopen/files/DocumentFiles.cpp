@@ -30,9 +30,7 @@ thread_local QString s_lastWriteError;
 QDomDocument* finish(std::unique_ptr<QDomDocument> document, const ReadError& failure,
                      ReadError* error)
 {
-    s_lastError = document ? ReadError() : failure;
-    if (error)
-        *error = s_lastError;
+    tellOfReading(document ? ReadError() : failure, error);
     return document.release();
 }
 
@@ -126,16 +124,10 @@ QDomDocument* readDocument(const QString& path, ReadError* error)
     ReadError failure;
     failure.file = path;
     QByteArray bytes;
-    if (!readBytes(path, bytes, failure.message))
-        return finish(nullptr, failure, error);
     QString text;
-    const bool decoded = decodeText(bytes, text);
-    bytes.clear();
-    if (!decoded) {
-        failure.message = QStringLiteral("The bytes stand for no character");
-        xml::setPlace(failure, xml::viewOf(text), text.size());
+    if (!readText(path, bytes, text, failure))
         return finish(nullptr, failure, error);
-    }
+    bytes.clear();
     auto document = xml::parse(std::move(text), Namespaces::Processed, failure);
     return finish(std::move(document), failure, error);
 }
@@ -150,6 +142,25 @@ QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadErro
     const bool isMarked = text.startsWith(QChar(QChar::ByteOrderMark));
     auto document = xml::parse(isMarked ? text.mid(1) : text, namespaces, failure);
     return finish(std::move(document), failure, error);
+}
+
+bool readText(const QString& path, QByteArray& bytes, QString& text, ReadError& failure)
+{
+    if (!readBytes(path, bytes, failure.message))
+        return false;
+    if (!decodeText(bytes, text)) {
+        failure.message = QStringLiteral("The bytes stand for no character");
+        xml::setPlace(failure, xml::viewOf(text), text.size());
+        return false;
+    }
+    return true;
+}
+
+void tellOfReading(const ReadError& result, ReadError* error)
+{
+    s_lastError = result;
+    if (error)
+        *error = result;
 }
 
 SaveResult saveDocument(const QDomDocument& document, const QString& path, int indent)

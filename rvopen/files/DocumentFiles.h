@@ -8,19 +8,27 @@
 #include <rvopen/files/AtomicWrite.h>
 #include <rvopen/xml/DomBuilder.h>
 
+#include <QByteArray>
 #include <QDomDocument>
 #include <QString>
 
 namespace rvopen {
 
-/// Everything that the library opens or parses goes through these two. Null when the text is not a
-/// well-formed document or passes a bound of RVOpenLimits.h; \p error, if given, and
+/// Everything that the library builds a document of goes through these two. Null when the text is
+/// not a well-formed document or passes a bound of RVOpenLimits.h; \p error, if given, and
 /// LastReadError() say why. The caller owns the result.
 ///
 /// Text in files is UTF-8 unless it starts with the byte order mark of UTF-16 or UTF-32; the
 /// encoding that an XML declaration states is ignored.
 QDomDocument* readDocument(const QString& path, ReadError* error = nullptr);
 QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadError* error = nullptr);
+
+/// The text of the file, with the line ends that it has there, and the bytes that it was decoded
+/// from. False where there is none, for the reason in \p failure.
+bool readText(const QString& path, QByteArray& bytes, QString& text, ReadError& failure);
+
+/// Sets what LastReadError() answers, and \p error if given.
+void tellOfReading(const ReadError& result, ReadError* error);
 
 /// Writes fileText() to \p path as UTF-8. A document without such a text, or with one that is too
 /// large to be read, is not written. On any result but Saved the file is as it was.

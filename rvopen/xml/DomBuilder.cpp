@@ -191,9 +191,4 @@ const QString& DomBuilder::nameOf(View name)
     return known;
 }
 
-QString DomBuilder::valueOf(const Attribute& attribute)
-{
-    return attribute.isPlain ? toQString(attribute.value) : decodedValue(attribute.value);
-}
-
 } // namespace rvopen::xml

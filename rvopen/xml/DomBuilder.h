@@ -64,7 +64,6 @@ private:
     void setAttributesInNamespaces(QDomElement& element, const StartTag& tag);
 
     const QString& nameOf(View name);
-    static QString valueOf(const Attribute& attribute);
 
     const bool m_processesNamespaces;
     QDomDocument m_document;

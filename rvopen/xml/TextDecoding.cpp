@@ -15,8 +15,6 @@ namespace {
 
 using compat::Size;
 
-enum class ByteOrder { Little, Big };
-
 bool decodeUtf8(const QByteArray& bytes, QString& text)
 {
     // With a size, since Qt 5 takes a byte array only up to its first 0; one that GCC, too, sees is
@@ -27,8 +25,7 @@ bool decodeUtf8(const QByteArray& bytes, QString& text)
         return true;
     // A replacement character may stand in the file itself. Any other one took the place of
     // malformed bytes, and differs from them when it is encoded again.
-    const QByteArray mark("\xEF\xBB\xBF");
-    const char* byte = bytes.constData() + (bytes.startsWith(mark) ? mark.size() : 0);
+    const char* byte = bytes.constData() + encodingOf(bytes).markSize;
     const char* const end = bytes.constData() + bytes.size();
     const QByteArray encoded = text.toUtf8();
     if (std::equal(byte, end, encoded.cbegin(), encoded.cend()))
@@ -46,24 +43,24 @@ bool decodeUtf8(const QByteArray& bytes, QString& text)
     return true;
 }
 
-bool decodeUtf16(const char* bytes, Size size, ByteOrder order, QString& text)
+bool decodeUtf16(const char* bytes, Size size, bool isBigEndian, QString& text)
 {
     const Size units = size / 2;
     text.resize(units);
-    if (order == ByteOrder::Little)
-        qFromLittleEndian<quint16>(bytes, units, text.data());
-    else
+    if (isBigEndian)
         qFromBigEndian<quint16>(bytes, units, text.data());
+    else
+        qFromLittleEndian<quint16>(bytes, units, text.data());
     return size % 2 == 0;
 }
 
-bool decodeUtf32(const char* bytes, Size size, ByteOrder order, QString& text)
+bool decodeUtf32(const char* bytes, Size size, bool isBigEndian, QString& text)
 {
     text.clear();
     text.reserve(size / 4);
     for (Size i = 0; i + 4 <= size; i += 4) {
-        const quint32 c = order == ByteOrder::Little ? qFromLittleEndian<quint32>(bytes + i)
-                                                     : qFromBigEndian<quint32>(bytes + i);
+        const quint32 c = isBigEndian ? qFromBigEndian<quint32>(bytes + i)
+                                      : qFromLittleEndian<quint32>(bytes + i);
         if (c > 0x10FFFF || (c >= 0xD800 && c < 0xE000))
             return false;
         if (QChar::requiresSurrogates(c)) {
@@ -78,20 +75,52 @@ bool decodeUtf32(const char* bytes, Size size, ByteOrder order, QString& text)
 
 } // namespace
 
-bool decodeText(const QByteArray& bytes, QString& text)
+Encoding encodingOf(const QByteArray& bytes)
 {
-    const char* const start = bytes.constData();
-    const Size size = bytes.size();
     // The mark of UTF-32 starts with that of UTF-16.
     if (bytes.startsWith(QByteArray("\xFF\xFE\0\0", 4)))
-        return decodeUtf32(start + 4, size - 4, ByteOrder::Little, text);
+        return {4, false, 4};
     if (bytes.startsWith(QByteArray("\0\0\xFE\xFF", 4)))
-        return decodeUtf32(start + 4, size - 4, ByteOrder::Big, text);
+        return {4, true, 4};
     if (bytes.startsWith("\xFF\xFE"))
-        return decodeUtf16(start + 2, size - 2, ByteOrder::Little, text);
+        return {2, false, 2};
     if (bytes.startsWith("\xFE\xFF"))
-        return decodeUtf16(start + 2, size - 2, ByteOrder::Big, text);
-    return decodeUtf8(bytes, text);
+        return {2, true, 2};
+    return {1, false, bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0};
+}
+
+bool decodeText(const QByteArray& bytes, QString& text)
+{
+    const Encoding encoding = encodingOf(bytes);
+    const char* const start = bytes.constData() + encoding.markSize;
+    const Size size = bytes.size() - encoding.markSize;
+    switch (encoding.unitWidth) {
+    case 2:
+        return decodeUtf16(start, size, encoding.isBigEndian, text);
+    case 4:
+        return decodeUtf32(start, size, encoding.isBigEndian, text);
+    default:
+        return decodeUtf8(bytes, text);
+    }
+}
+
+void normaliseLineEnds(QString& text)
+{
+    const QChar cr = QLatin1Char('\r');
+    const QChar lf = QLatin1Char('\n');
+    const auto first = text.indexOf(cr);
+    if (first < 0)
+        return;
+    QChar* const begin = text.data();
+    const QChar* const end = begin + text.size();
+    QChar* to = begin + first;
+    for (const QChar* from = to; from != end; ++from) {
+        if (*from != cr)
+            *to++ = *from;
+        else if (from + 1 == end || from[1] != lf)
+            *to++ = lf;
+    }
+    text.truncate(static_cast<Size>(to - begin));
 }
 
 } // namespace rvopen

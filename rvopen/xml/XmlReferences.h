@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <rvopen/xml/XmlCharacters.h>
+#include <rvopen/xml/XmlTokens.h>
 
 #include <QString>
 
@@ -18,5 +18,10 @@ QString decodedText(View text);
 /// The same for the value of an attribute, in which white space becomes blanks unless a reference
 /// stands for it.
 QString decodedValue(View value);
+
+inline QString valueOf(const Attribute& attribute)
+{
+    return attribute.isPlain ? toQString(attribute.value) : decodedValue(attribute.value);
+}
 
 } // namespace rvopen::xml

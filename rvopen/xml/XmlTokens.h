@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/RVOpenScanner.h>
 #include <rvopen/xml/XmlCharacters.h>
 
 #include <vector>
@@ -26,13 +27,7 @@ struct DocumentType {
     View systemId;
 };
 
-struct Attribute {
-    View name;
-    /// Between the quotes, as it stands there.
-    View value;
-    /// The value is what it stands for: it has no reference, and no white space but blanks.
-    bool isPlain = true;
-};
+using Attribute = ScannedAttribute;
 
 struct StartTag {
     /// From the "<" to the ">".
