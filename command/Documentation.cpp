@@ -138,8 +138,11 @@ QString troffVariables(const QVector<OptionDoc>& options)
                 QStringLiteral(".TP\n.B %1\n%2. \\fB%3\\fR goes before it.\n")
                     .arg(troff(option.variable), troff(option.help), troff(option.names.last()));
     }
-    return result + QLatin1String(".TP\n.B NO_COLOR\nWhere it is not empty, nothing is coloured "
-                                  "unless \\-\\-color asks for it.\n");
+    return result +
+           QLatin1String(".TP\n.B RVOPEN_CATALOGUE\nWith off, no index of presets is read or "
+                         "written.\n"
+                         ".TP\n.B NO_COLOR\nWhere it is not empty, nothing is coloured "
+                         "unless \\-\\-color asks for it.\n");
 }
 
 QString shellQuoted(QString text)

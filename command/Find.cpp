@@ -7,6 +7,9 @@
 #include "Inputs.h"
 #include "SelectionOptions.h"
 #include "Session.h"
+#include "toolkit/catalogue/BlockStore.h"
+#include "toolkit/catalogue/RowFilter.h"
+#include "toolkit/catalogue/SmallDocument.h"
 #include "toolkit/drawing/ColourDistance.h"
 #include "toolkit/edit/Content.h"
 #include "toolkit/edit/Folding.h"
@@ -18,21 +21,36 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/toolkit/schema/ValueText.h>
 
 #include <QHash>
 #include <QJsonArray>
 
 #include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace rvopen::command {
 
 using namespace toolkit;
+using catalogue::Block;
+using catalogue::BlockRow;
+using catalogue::BlockStore;
 
 namespace {
 
 /// Colours of one name, such as two browns.
 constexpr double s_standardDistance = 10;
+
+/// How much further away than asked for a colour may seem that is as it was written.
+constexpr double s_doubt = 1;
+
+/// Of one file.
+struct Rows {
+    /// They are all that is selected.
+    bool isAll = false;
+    std::vector<BlockRow> rows;
+};
 
 /// A preset or snapshot that was found.
 struct Hit {
@@ -120,15 +138,7 @@ public:
                 "name documents, or the folders of the host (--install, --archives, --custom)"));
 
         QVector<Hit> hits;
-        forEachDocument(
-            files, session,
-            [&](Document& document) {
-                ParamValues values;
-                for (const PathPattern::Match& item : selection.items(document.Root()))
-                    examine(item, document.Name(), values, hits);
-            },
-            {}, Access::Reading, m_inputs.jobs());
-        m_selection.tellMisspelling(session);
+        findInAll(files, selection, session, hits);
         if (m_isEqual)
             keepEqual(hits);
         if (!m_colour.isEmpty()) {
@@ -143,6 +153,113 @@ public:
     }
 
 private:
+    /// By the rows of the catalogue what they can say, and in documents the rest.
+    void findInAll(const QStringList& files, const Selection& selection, Session& session,
+                   QVector<Hit>& hits) const
+    {
+        AttributeFilter filter;
+        const bool isInRows =
+            selection.isAttributeFilter(filter) && m_users.isEmpty() && !m_isEqual;
+        const BlockStore store(isInRows ? files : QStringList(), [&](int at, const QString& file) {
+            session.progress(at, int(files.size()), file);
+        });
+        std::vector<Rows> selected(std::size_t(files.size()));
+        bool isSelected = false;
+        for (int i = 0; i < store.count(); ++i) {
+            const Block& block = store.block(i);
+            Rows& rows = selected[std::size_t(i)];
+            // In documents of snapshots more than rows is found.
+            rows.isAll =
+                block.text(block.head().root) != "snapRoot" &&
+                catalogue::forEachPassing(block, filter, [&rows](quint32, const BlockRow& row) {
+                    rows.rows.push_back(row);
+                });
+            isSelected = isSelected || !rows.rows.empty();
+        }
+        QStringList left;
+        for (int i = 0; i < int(files.size()); ++i) {
+            const Rows& rows = selected[std::size_t(i)];
+            QVector<Hit> found;
+            if (!rows.isAll || !findInRows(store, i, rows.rows, found)) {
+                left << files[i];
+                continue;
+            }
+            findInDocuments(left, selection, session, hits);
+            left.clear();
+            hits += found;
+        }
+        findInDocuments(left, selection, session, hits);
+        session.clearProgress();
+        if (!isSelected) {
+            for (int i = 0; i < store.count(); ++i)
+                catalogue::noteOthers(store.block(i), selection);
+            m_selection.tellMisspelling(session);
+        }
+    }
+
+    void findInDocuments(const QStringList& files, const Selection& selection, Session& session,
+                         QVector<Hit>& hits) const
+    {
+        forEachDocument(
+            files, session,
+            [&](Document& document) {
+                ParamValues values;
+                for (const PathPattern::Match& item : selection.items(document.Root()))
+                    examine(item, document.Name(), values, hits);
+            },
+            {}, Access::Reading, m_inputs.jobs());
+    }
+
+    /// False where a preset does not stand any more where its row has it.
+    bool findInRows(const BlockStore& store, int document, const std::vector<BlockRow>& rows,
+                    QVector<Hit>& hits) const
+    {
+        const Block& block = store.block(document);
+        const QString file = store.file(document);
+        for (const BlockRow& row : rows) {
+            if (m_texture.isEmpty() && m_colour.isEmpty()) {
+                Hit hit;
+                hit.file = file;
+                hit.kind = catalogue::toQString(block.text(row.kind));
+                hit.name = catalogue::toQString(block.text(catalogue::identityOf(row)));
+                hit.refName = catalogue::toQString(block.text(row.refName));
+                hit.path = catalogue::pathOf(block, row);
+                hits.append(hit);
+            } else if (mayHave(block, row)) {
+                // Where in the preset it is, the preset itself says.
+                const OpenPreset preset =
+                    catalogue::openThere(file, store.state(document), block, row);
+                if (!preset)
+                    return false;
+                ParamValues values;
+                examine({preset.element, catalogue::pathOf(block, row)}, file, values, hits);
+            }
+        }
+        return true;
+    }
+
+    /// Whether what is looked for may be in the preset. What is not written as a colour the host
+    /// may still take for one.
+    bool mayHave(const Block& block, const BlockRow& row) const
+    {
+        const bool isOfTexture = !m_texture.isEmpty();
+        const quint64 first = quint64(row.firstItem) + (isOfTexture ? 0 : row.textures);
+        const quint32 count = block.itemCount(first, isOfTexture ? row.textures : row.colours);
+        for (quint32 i = 0; i < count; ++i) {
+            const QString text = catalogue::toQString(block.text(block.item(quint32(first) + i)));
+            float colour[3] = {};
+            if (isOfTexture ? isTexture(text)
+                            : !ToTriple(text, colour) || distanceTo(colour) <= m_within + s_doubt)
+                return true;
+        }
+        return false;
+    }
+
+    double distanceTo(const float (&colour)[3]) const
+    {
+        return drawing::colourDistance(m_lab, drawing::labOf(colour));
+    }
+
     void examine(const PathPattern::Match& item, const QString& file, ParamValues& values,
                  QVector<Hit>& hits) const
     {
@@ -203,7 +320,7 @@ private:
             float colour[3] = {};
             if (!toTriple(text, colour))
                 return true;
-            const double distance = drawing::colourDistance(m_lab, drawing::labOf(colour));
+            const double distance = distanceTo(colour);
             if (distance < nearest) {
                 nearest = distance;
                 hit.at = path;

@@ -6,6 +6,8 @@
 #include "Input.h"
 #include "SelectionOptions.h"
 #include "Session.h"
+#include "toolkit/catalogue/PresetList.h"
+#include "toolkit/catalogue/RowFilter.h"
 #include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
 
@@ -13,48 +15,29 @@
 
 #include <QJsonArray>
 
-#include <algorithm>
-
 namespace rvopen::command {
 
 using namespace toolkit;
+using catalogue::BlockStore;
+using catalogue::PresetList;
 
 namespace {
-
-QString value(const QDomElement& element, const char* attribute)
-{
-    return element.attribute(QLatin1String(attribute));
-}
-
-struct Entry {
-    QString file;
-    QString kind;
-    QString name;
-    QString refName;
-    QString category;
-    QString subCategory;
-    QString folder;
-    QString path;
-    QString description;
-    /// The name without regard to the case of letters.
-    QString order;
-};
 
 /// What there is to know of a preset, by the name that it has in JSON and on the command line.
 struct Column {
     const char* name;
-    QString Entry::*text;
+    QString ListedPreset::*text;
 };
 
-constexpr Column s_columns[] = {{"file", &Entry::file},
-                                {"kind", &Entry::kind},
-                                {"name", &Entry::name},
-                                {"refname", &Entry::refName},
-                                {"category", &Entry::category},
-                                {"subcat", &Entry::subCategory},
-                                {"folder", &Entry::folder},
-                                {"path", &Entry::path},
-                                {"description", &Entry::description}};
+constexpr Column s_columns[] = {{"file", &ListedPreset::file},
+                                {"kind", &ListedPreset::kind},
+                                {"name", &ListedPreset::name},
+                                {"refname", &ListedPreset::refName},
+                                {"category", &ListedPreset::category},
+                                {"subcat", &ListedPreset::subCategory},
+                                {"folder", &ListedPreset::folder},
+                                {"path", &ListedPreset::path},
+                                {"description", &ListedPreset::description}};
 
 QStringList columnNames()
 {
@@ -69,17 +52,6 @@ QStringList columnNames()
 QString tabSeparated(const QString& text)
 {
     return visible(QString(text).replace(QLatin1Char('\\'), QLatin1String("\\\\")));
-}
-
-bool precedes(const Entry& a, const Entry& b)
-{
-    for (const auto part :
-         {&Entry::kind, &Entry::order, &Entry::name, &Entry::refName, &Entry::file}) {
-        const int order = QString::compare(a.*part, b.*part);
-        if (order != 0)
-            return order < 0;
-    }
-    return false;
 }
 
 class List : public Command {
@@ -126,25 +98,36 @@ public:
         const QVector<Column> columns = chosenColumns();
         const Selection selection = m_selection.selection();
 
-        std::vector<Entry> entries;
-        forEachDocument(files, session, [&](Document& document) {
-            const Scope scope = selection.in(document.Root());
-            forEachPreset(document.Root(), [&](const Preset& preset) {
-                if (scope.takes(preset.path))
-                    entries.push_back(entry(document, preset));
-            });
+        // What rows of the catalogue cannot say is looked for in documents.
+        AttributeFilter filter;
+        const bool isInRows = selection.isAttributeFilter(filter);
+        const QStringList found = expandedInputs(files, session);
+        const BlockStore store(isInRows ? found : QStringList(), [&](int at, const QString& file) {
+            session.progress(at, int(found.size()), file);
         });
-        m_selection.tellMisspelling(session);
-        std::sort(entries.begin(), entries.end(), precedes);
+        PresetList list(store);
+        QVector<bool> isListed;
+        for (int i = 0; i < int(found.size()); ++i)
+            isListed.append(isInRows && list.add(i, filter));
+        for (int i = 0; i < int(found.size()); ++i) {
+            if (!isListed[i])
+                addFromDocument(found[i], selection, session, list);
+        }
+        session.clearProgress();
+        if (list.size() == 0) {
+            for (int i = 0; i < store.count(); ++i)
+                catalogue::noteOthers(store.block(i), selection);
+            m_selection.tellMisspelling(session);
+        }
         if (session.json)
-            printJson(entries, session.out);
+            printJson(list, session.out);
         else if (m_isTabSeparated)
-            printTabSeparated(entries, columns, session.out);
+            printTabSeparated(list, columns, session.out);
         else if (m_names.isEmpty())
-            print(entries, session.out);
+            print(list, session.out);
         else
-            print(entries, columns, session.out);
-        return session.result(entries.empty() ? ExitFindings : ExitFine);
+            print(list, columns, session.out);
+        return session.result(list.size() == 0 ? ExitFindings : ExitFine);
     }
 
 private:
@@ -168,64 +151,77 @@ private:
         return columns;
     }
 
-    static Entry entry(const Document& document, const Preset& preset)
+    static void addFromDocument(const QString& file, const Selection& selection, Session& session,
+                                PresetList& list)
     {
-        const QDomElement& element = preset.element;
-        return {document.Name(),        element.tagName(),
-                value(element, "name"), value(element, "refname"),
-                value(element, "cat"),  value(element, "subcat"),
-                preset.folder,          preset.path,
-                value(element, "desc"), value(element, "name").toCaseFolded()};
+        forEachDocument({file}, session, [&](Document& document) {
+            const Scope scope = selection.in(document.Root());
+            forEachPreset(document.Root(), [&](const Preset& preset) {
+                if (scope.takes(preset.path))
+                    list.add(document.Name(), preset);
+            });
+        });
     }
 
-    static void print(const std::vector<Entry>& entries, Output& out)
+    static void print(PresetList& list, Output& out)
     {
-        Table table;
-        for (const Entry& entry : entries) {
-            table.row({{entry.kind, Style::Dim},
-                       {entry.name, Style::Bold},
-                       {entry.refName, Style::Cyan},
-                       {entry.subCategory},
-                       {entry.file + QLatin1String(": ") + entry.path, Style::Dim}});
-        }
-        table.print(out);
+        const auto cells = [](const ListedPreset& preset) {
+            return Columns::shown({{preset.kind, Style::Dim},
+                                   {preset.name, Style::Bold},
+                                   {preset.refName, Style::Cyan},
+                                   {preset.subCategory},
+                                   {preset.file + QLatin1String(": ") + preset.path, Style::Dim}});
+        };
+        // Measured in the order in which they lie in memory.
+        Columns columns;
+        for (std::size_t i = 0; i < list.size(); ++i)
+            columns.measure(cells(list.shortAt(i)));
+        list.sort();
+        for (std::size_t i = 0; i < list.size(); ++i)
+            columns.print(cells(list.at(i)), out);
     }
 
-    static void print(const std::vector<Entry>& entries, const QVector<Column>& columns,
-                      Output& out)
+    static void print(PresetList& list, const QVector<Column>& chosen, Output& out)
     {
-        Table table;
-        for (const Entry& entry : entries) {
-            QVector<Table::Cell> cells;
-            for (const Column& column : columns)
-                cells.append({entry.*column.text});
-            table.row(cells);
-        }
-        table.print(out);
+        const auto cells = [&chosen](const ListedPreset& preset) {
+            QVector<Cell> texts;
+            for (const Column& column : chosen)
+                texts.append({preset.*column.text});
+            return Columns::shown(texts);
+        };
+        Columns columns;
+        for (std::size_t i = 0; i < list.size(); ++i)
+            columns.measure(cells(list.at(i)));
+        list.sort();
+        for (std::size_t i = 0; i < list.size(); ++i)
+            columns.print(cells(list.at(i)), out);
     }
 
-    static void printTabSeparated(const std::vector<Entry>& entries, const QVector<Column>& columns,
-                                  Output& out)
+    static void printTabSeparated(PresetList& list, const QVector<Column>& columns, Output& out)
     {
         QStringList cells;
         for (const Column& column : columns)
             cells << QLatin1String(column.name);
         out.line(cells.join(QLatin1Char('\t')));
-        for (const Entry& entry : entries) {
+        list.sort();
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            const ListedPreset preset = list.at(i);
             cells.clear();
             for (const Column& column : columns)
-                cells << tabSeparated(entry.*column.text);
+                cells << tabSeparated(preset.*column.text);
             out.line(cells.join(QLatin1Char('\t')));
         }
     }
 
-    static void printJson(const std::vector<Entry>& entries, Output& out)
+    static void printJson(PresetList& list, Output& out)
     {
+        list.sort();
         QJsonArray presets;
-        for (const Entry& entry : entries) {
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            const ListedPreset listed = list.at(i);
             QJsonObject preset;
             for (const Column& column : s_columns)
-                preset.insert(QLatin1String(column.name), entry.*column.text);
+                preset.insert(QLatin1String(column.name), listed.*column.text);
             presets.append(preset);
         }
         QJsonObject result = Session::envelope("list");

@@ -211,16 +211,40 @@ void Output::flush()
         QStringLiteral("the output could not be written: %1").arg(QString::fromStdString(reason)));
 }
 
-void Table::row(const QVector<Cell>& cells)
+QVector<Cell> Columns::shown(QVector<Cell> cells)
 {
-    QVector<Cell> row = cells;
-    for (int i = 0; i < int(row.size()); ++i) {
-        row[i].text = visible(row[i].text);
+    for (Cell& cell : cells)
+        cell.text = visible(cell.text);
+    return cells;
+}
+
+void Columns::measure(const QVector<Cell>& cells)
+{
+    for (int i = 0; i < int(cells.size()); ++i) {
         if (int(m_widths.size()) <= i)
             m_widths.append(0);
-        m_widths[i] = std::max(m_widths[i], displayWidth(row[i].text));
+        m_widths[i] = std::max(m_widths[i], displayWidth(cells[i].text));
     }
-    m_rows.append(row);
+}
+
+void Columns::print(const QVector<Cell>& cells, Output& out, int indent) const
+{
+    int last = int(cells.size()) - 1;
+    while (last > 0 && cells[last].text.isEmpty())
+        --last;
+    QString line(indent, QLatin1Char(' '));
+    for (int i = 0; i <= last; ++i) {
+        line += out.styled(cells[i].text, cells[i].style);
+        if (i < last)
+            line += QString(m_widths[i] - displayWidth(cells[i].text) + 2, QLatin1Char(' '));
+    }
+    out.line(line);
+}
+
+void Table::row(const QVector<Cell>& cells)
+{
+    m_rows.append(Columns::shown(cells));
+    m_columns.measure(m_rows.last());
 }
 
 bool Table::isEmpty() const
@@ -230,18 +254,8 @@ bool Table::isEmpty() const
 
 void Table::print(Output& out, int indent) const
 {
-    for (const QVector<Cell>& row : m_rows) {
-        int last = int(row.size()) - 1;
-        while (last > 0 && row[last].text.isEmpty())
-            --last;
-        QString line(indent, QLatin1Char(' '));
-        for (int i = 0; i <= last; ++i) {
-            line += out.styled(row[i].text, row[i].style);
-            if (i < last)
-                line += QString(m_widths[i] - displayWidth(row[i].text) + 2, QLatin1Char(' '));
-        }
-        out.line(line);
-    }
+    for (const QVector<Cell>& row : m_rows)
+        m_columns.print(row, out, indent);
 }
 
 } // namespace rvopen::command

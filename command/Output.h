@@ -49,13 +49,29 @@ private:
     QByteArray m_buffer;
 };
 
-/// Rows of cells below each other; the last column is not padded.
+struct Cell {
+    QString text;
+    Style style = Style::Plain;
+};
+
+/// What cells below each other are padded to; the last one of a line is not. For more lines than
+/// are held in memory: first all are measured, then printed.
+class Columns {
+public:
+    /// The cells as they are printed.
+    static QVector<Cell> shown(QVector<Cell> cells);
+    /// Of cells that are shown().
+    void measure(const QVector<Cell>& cells);
+    void print(const QVector<Cell>& cells, Output& out, int indent = 0) const;
+
+private:
+    QVector<int> m_widths;
+};
+
+/// Rows of cells below each other.
 class Table {
 public:
-    struct Cell {
-        QString text;
-        Style style = Style::Plain;
-    };
+    using Cell = command::Cell;
 
     void row(const QVector<Cell>& cells);
     bool isEmpty() const;
@@ -64,7 +80,7 @@ public:
 private:
     /// As they are printed.
     QVector<QVector<Cell>> m_rows;
-    QVector<int> m_widths;
+    Columns m_columns;
 };
 
 } // namespace rvopen::command

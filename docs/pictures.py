@@ -27,12 +27,12 @@ COMMAND = DOCS.parent / "command"
 # From the bottom up: a file includes what is of its own layer or of one before it.
 LAYERS = {
     "Text and files": """
-        xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText xml/NamespaceScope
-        xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences xml/XmlScanner
-        xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
+        xml/BytePlaces xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText
+        xml/NamespaceScope xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences
+        xml/XmlScanner xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
         files/AtomicWrite files/Containment files/DocumentFiles files/PlatformRename files/PlatformRenameQt
         files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
-        RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenStatus RVOpenVersion
+        RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenScanner RVOpenStatus RVOpenVersion
         RVOpenVocabulary RVOpenWriter""",
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
@@ -71,12 +71,6 @@ LAYERS = {
         toolkit/images/PictureLocations toolkit/images/PictureMoves
         toolkit/images/ReferencedTextures toolkit/images/TextureCollection
         toolkit/images/TextureReferences""",
-    "Toolkit: check": """
-        toolkit/check/Inspecting toolkit/check/Inspection toolkit/check/Mending
-        toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
-        toolkit/check/RuleTable""",
-    "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members",
-    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
     "Toolkit: drawing": """
         toolkit/drawing/Backdrop toolkit/drawing/ColourDistance toolkit/drawing/Diagrams
         toolkit/drawing/Drawing toolkit/drawing/Optics toolkit/drawing/Photometry
@@ -84,6 +78,17 @@ LAYERS = {
         toolkit/drawing/SceneSurfaces toolkit/drawing/Sky toolkit/drawing/SnapShotPicture
         toolkit/drawing/Studio toolkit/drawing/Subjects toolkit/drawing/Surface toolkit/drawing/Vec
         toolkit/drawing/View""",
+    "Toolkit: catalogue": """
+        toolkit/catalogue/Block toolkit/catalogue/BlockStore toolkit/catalogue/Catalogue
+        toolkit/catalogue/FileState toolkit/catalogue/IndexFile toolkit/catalogue/PresetList
+        toolkit/catalogue/RowFilter toolkit/catalogue/RowScan toolkit/catalogue/RowSearch
+        toolkit/catalogue/SmallDocument""",
+    "Toolkit: check": """
+        toolkit/check/Inspecting toolkit/check/Inspection toolkit/check/Mending
+        toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
+        toolkit/check/RuleTable""",
+    "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members",
+    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
     "Command": """
         command/Arguments command/Check command/Command command/CommandLine command/Diff
         command/Documentation command/Editing command/Find command/Format command/Get command/Import

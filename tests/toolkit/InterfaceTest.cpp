@@ -3,6 +3,7 @@
 
 #include "Parts.h"
 
+#include <rvopen/toolkit/catalogue/Catalogue.h>
 #include <rvopen/toolkit/check/Inspection.h>
 #include <rvopen/toolkit/check/Rules.h>
 #include <rvopen/toolkit/compare/Comparer.h>
@@ -102,6 +103,24 @@ TEST(Interface, ChecksDocuments)
     ReadError error;
     error.message = QStringLiteral("broken");
     EXPECT_EQ(FindingOf(error).message, QStringLiteral("broken"));
+}
+
+TEST(Interface, FindsAndOpensPresets)
+{
+    const Catalogue catalogue({s_presets, QStringLiteral("none.rvx")});
+    EXPECT_EQ(catalogue.Problems().size(), 1);
+    EXPECT_GT(catalogue.Count(), 10);
+    CatalogueQuery query;
+    query.text = QStringLiteral("letter");
+    const QVector<ListedPreset> found = catalogue.Find(query);
+    ASSERT_EQ(found.size(), 2);
+    EXPECT_EQ(found[0].name, QStringLiteral("Letterhead blue"));
+    const OpenPreset preset = catalogue.Open(found[1]);
+    ASSERT_TRUE(preset);
+    EXPECT_EQ(PathOf(preset.element), found[1].path);
+    EXPECT_EQ(IdentityOf(preset.element), QStringLiteral("Our blue"));
+    query.colour = QStringLiteral("no colour");
+    EXPECT_THROW(catalogue.Find(query), Failure);
 }
 
 TEST(Interface, HasPicturesWithTheApplicationOfTheProgram)

@@ -8,6 +8,8 @@
 #include "Places.h"
 #include "References.h"
 #include "RuleTable.h"
+#include "toolkit/catalogue/BlockStore.h"
+#include "toolkit/catalogue/RowFilter.h"
 #include "toolkit/documents/SafeFiles.h"
 #include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
@@ -364,12 +366,24 @@ Surroundings LookAround(const Folders& folders, const std::function<void(const R
 {
     Surroundings surroundings;
     surroundings.folders = folders;
-    for (const QString& file : archivesIn(folders)) {
+    const catalogue::BlockStore archives(archivesIn(folders));
+    const auto add = [&surroundings](const QString& kind, const QString& refName) {
+        if (!refName.isEmpty())
+            surroundings.presets.insert(presetKey(kind, refName));
+    };
+    for (int i = 0; i < archives.count(); ++i) {
+        const catalogue::Block& block = archives.block(i);
+        const auto addRow = [&](quint32, const catalogue::BlockRow& row) {
+            add(catalogue::toQString(block.text(row.kind)),
+                catalogue::toQString(block.text(row.refName)));
+        };
+        if (catalogue::forEachPassing(block, AttributeFilter(), addRow))
+            continue;
         ReadError error;
-        const std::unique_ptr<Document> archive = Document::Read(file, error);
+        const std::unique_ptr<Document> archive = Document::Read(archives.file(i), error);
         if (archive) {
-            forEachPreset(archive->Root(), [&surroundings](const Preset& preset) {
-                surroundings.presets.insert(presetKey(preset.element));
+            forEachPreset(archive->Root(), [&add](const Preset& preset) {
+                add(preset.element.tagName(), preset.element.attribute(QStringLiteral("refname")));
             });
         } else if (failed) {
             failed(error);

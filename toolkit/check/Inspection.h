@@ -61,8 +61,8 @@ struct Surroundings {
     QHash<QString, QString> taken;
 };
 
-/// What is in the folders: reads all archives there. Those that cannot be read are told to
-/// \p failed, and left out.
+/// What is in the folders: reads all archives there, or what Catalogue keeps of them. Those that
+/// cannot be read are told to \p failed, and left out.
 RVOPEN_TOOLKIT_EXPORT Surroundings
 LookAround(const Folders& folders, const std::function<void(const ReadError&)>& failed = {});
 

@@ -5,15 +5,25 @@
 
 #include <rvopen/toolkit/edit/NodePath.h>
 
+#include <algorithm>
+
 namespace rvopen::toolkit {
 
 namespace {
 
 QString escaped(const QString& text, const char* special)
 {
+    const QLatin1String signs(special);
+    const auto isSign = [signs](QChar c) {
+        return c == EscapeSign || std::any_of(signs.begin(), signs.end(),
+                                              [c](char sign) { return c == QLatin1Char(sign); });
+    };
+    const auto isPlain = [&isSign](QChar c) { return c.unicode() >= 0x20 && !isSign(c); };
+    if (std::all_of(text.cbegin(), text.cend(), isPlain))
+        return text;
     QString result;
     for (const QChar c : text) {
-        if (c == EscapeSign || QLatin1String(special).contains(c))
+        if (isSign(c))
             result += EscapeSign;
         if (c == QLatin1Char('\n'))
             result += QLatin1String("\\n");
@@ -35,8 +45,7 @@ bool isParam(const QDomElement& element)
 QString Labels::next(const QDomElement& child)
 {
     const QString label = labelOf(child);
-    const int count = ++m_counts[label];
-    return count == 1 ? label : label + QLatin1Char('#') + QString::number(count);
+    return numbered(label, ++m_counts[label]);
 }
 
 QString joined(const QString& parentPath, const QString& label)
@@ -55,14 +64,23 @@ QString labelOf(const QDomElement& element)
 {
     if (isParam(element))
         return QLatin1Char(':') + escaped(element.attribute(QStringLiteral("name")), "/:@#=*");
-    const QString identity = IdentityOf(element);
+    return labelOf(element.tagName(), IdentityOf(element));
+}
+
+QString labelOf(const QString& kind, const QString& identity)
+{
     if (identity.isEmpty())
-        return element.tagName();
+        return kind;
     QString name = escaped(identity, "]*");
     // What a condition begins with.
     if (name[0] == QLatin1Char('@') || name[0] == QLatin1Char(':'))
         name.prepend(EscapeSign);
-    return element.tagName() + QLatin1Char('[') + name + QLatin1Char(']');
+    return kind + QLatin1Char('[') + name + QLatin1Char(']');
+}
+
+QString numbered(const QString& label, int number)
+{
+    return number == 1 ? label : label + QLatin1Char('#') + QString::number(number);
 }
 
 bool hasParts(const QString& text, const QStringList& parts)

@@ -33,6 +33,10 @@ QString attributePath(const QString& path, const QString& attribute);
 
 /// What the element is called among its neighbours, without the number of one that comes later.
 QString labelOf(const QDomElement& element);
+/// The same of an element that is no parameter.
+QString labelOf(const QString& kind, const QString& identity);
+/// That of the one that is the \p number th of those called the same, from 1.
+QString numbered(const QString& label, int number);
 
 /// Whether the text consists of the parts with anything between them; of one part alone, whether it
 /// is that.

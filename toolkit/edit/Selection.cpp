@@ -159,6 +159,22 @@ bool Selection::isEverything() const
     return m_paths.empty() && !hasFilter();
 }
 
+bool Selection::isAttributeFilter(AttributeFilter& filter) const
+{
+    filter = {m_texts.type, m_subCategory, m_category, m_words};
+    return m_paths.empty() && m_conditions.empty();
+}
+
+void Selection::noteOthers(const QString& kind, const QString& subCategory,
+                           const QString& category) const
+{
+    if (!m_record)
+        return;
+    m_record->kinds.insert(kind);
+    m_record->subCategories.insert(subCategory);
+    m_record->categories.insert(category);
+}
+
 Scope Selection::in(const QDomElement& root) const
 {
     const Scope scope = scopeIn(root);

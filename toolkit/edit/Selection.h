@@ -35,6 +35,24 @@ struct SelectionTexts {
     QStringList conditions;
 };
 
+/// What of a selection is about the presets' own attributes and folders; empty where nothing was
+/// said.
+struct AttributeFilter {
+    /// Kind or section, in any case of letters.
+    QString type;
+    /// \name Folded
+    /// @{
+    QString subCategory;
+    QString category;
+    QStringList words;
+    /// @}
+
+    bool isEmpty() const
+    {
+        return type.isEmpty() && subCategory.isEmpty() && category.isEmpty() && words.isEmpty();
+    }
+};
+
 /// The elements of one document that are selected.
 class Scope {
 public:
@@ -72,6 +90,10 @@ public:
     explicit Selection(const SelectionTexts& texts);
 
     bool isEverything() const;
+    /// False where more is asked for than \p filter can say.
+    bool isAttributeFilter(AttributeFilter& filter) const;
+    /// Hears what is not selected, where that is known without the document.
+    void noteOthers(const QString& kind, const QString& subCategory, const QString& category) const;
     Scope in(const QDomElement& root) const;
     /// The presets or other such elements that are selected, whole, in document order.
     QVector<PathPattern::Match> items(const QDomElement& root) const;

@@ -15,6 +15,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <vector>
 
 namespace rvopen::toolkit {
 
@@ -55,12 +56,18 @@ QVector<ReferencedTexture> texturesOf(const Document& document, const Scope& sco
     return textures;
 }
 
-bool isTextureParam(const QString& owner, const QString& name)
+bool isTextureParam(QStringView owner, QStringView name)
 {
-    const ParamInfos all = AllParams();
-    return std::any_of(all.begin(), all.end(), [&](const ParamInfo& info) {
-        return info.content == Content::ImageFile && info.element == QStringView(owner) &&
-               info.name == QStringView(name);
+    static const std::vector<const ParamInfo*> known = [] {
+        std::vector<const ParamInfo*> result;
+        for (const ParamInfo& info : AllParams()) {
+            if (info.content == Content::ImageFile)
+                result.push_back(&info);
+        }
+        return result;
+    }();
+    return std::any_of(known.begin(), known.end(), [&](const ParamInfo* info) {
+        return info->element == owner && info->name == name;
     });
 }
 

@@ -6,6 +6,7 @@
 #include <QDomElement>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <QVector>
 
 namespace rvopen::toolkit {
@@ -33,7 +34,7 @@ QVector<ReferencedTexture> texturesOf(const Document& document);
 QVector<ReferencedTexture> texturesOf(const Document& document, const Scope& scope);
 
 /// Whether a parameter of that name of such an element names an image that the host reads.
-bool isTextureParam(const QString& owner, const QString& name);
+bool isTextureParam(QStringView owner, QStringView name);
 
 /// The file that a reference of a document in \p folder stands for; empty when it is not there.
 QString findReferenced(const QString& reference, const QString& folder);

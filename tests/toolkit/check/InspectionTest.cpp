@@ -76,6 +76,10 @@ TEST_F(Inspected, PresetsAreMissedOnceTheFoldersAreKnown)
     EXPECT_EQ(joinedBy(" ", failed), folders.custom.toStdString() + "/broken.rvx");
     EXPECT_EQ(linesOf(Inspect(*load.document, surroundings)),
               "missing-preset 1:60 snapshot[CurrSnapshot]/camera[a]");
+    // With a prefix the document is built.
+    write("custom/c.rvx", "<presets xmlns:p='u'><cameras><camera refname='a'/></cameras>"
+                          "</presets>");
+    EXPECT_EQ(linesOf(Inspect(*load.document, LookAround(folders))), "");
 }
 
 TEST_F(Inspected, AReferenceNameOfAnArchiveIsTakenForTheNext)

@@ -1,0 +1,210 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "../InAFolder.h"
+#include "toolkit/catalogue/BlockStore.h"
+#include "toolkit/catalogue/SmallDocument.h"
+#include "toolkit/edit/Placement.h"
+
+#include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+#include <rvopen/toolkit/documents/Load.h>
+#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/ParamValues.h>
+
+#include <QStringList>
+
+namespace rvopen::test {
+
+using namespace toolkit;
+using namespace toolkit::catalogue;
+
+namespace {
+
+/// Two presets of one name, between others.
+QByteArray archive(const QByteArray& value)
+{
+    return "<?xml version='1.0' encoding='utf-8'?><!-- All. --><presets version='2'>"
+           "<colours name='Größen'><colour name='a'/><dir name='d &amp; e' refname='f'>"
+           "<colour name='b' cat='first'/>text<colour name='b' cat='second'><param name='Colour' "
+           "type='colour' val='" +
+           value + "'/></colour><colour name='c'/></dir></colours><materials/></presets>";
+}
+
+const QString s_second = QString::fromUtf8("colours[Größen]/dir[d & e]/colour[b]#2");
+
+QString textOf(const QDomElement& element)
+{
+    QDomDocument document;
+    document.appendChild(document.importNode(element, true));
+    return XmlText(document, ArchiveFileIndent);
+}
+
+/// The preset of the catalogue that has this path.
+ListedPreset listed(const Catalogue& catalogue, const QString& path)
+{
+    for (const ListedPreset& preset : catalogue.Find(CatalogueQuery())) {
+        if (preset.path == path)
+            return preset;
+    }
+    ADD_FAILURE() << path.toStdString();
+    return ListedPreset();
+}
+
+QString valueOf(const OpenPreset& preset)
+{
+    return ParamValues().Text(preset.element.firstChildElement());
+}
+
+/// How many elements its shelf has.
+int neighbours(const OpenPreset& preset)
+{
+    return int(preset.element.parentNode().childNodes().size());
+}
+
+class CatalogueTest : public InAFolder {
+protected:
+    OpenPreset opened(const QByteArray& text) const
+    {
+        const Catalogue catalogue({write("a.rvx", text)});
+        return catalogue.Open(listed(catalogue, s_second));
+    }
+};
+
+} // namespace
+
+TEST_F(CatalogueTest, OpensOnePresetWithWhatItStandsInAlone)
+{
+    const OpenPreset preset = opened(archive("1 0 0.5"));
+    ASSERT_TRUE(preset);
+    EXPECT_EQ(valueOf(preset), QStringLiteral("1 0 0.5"));
+    EXPECT_EQ(preset.element.attribute(QStringLiteral("cat")), QStringLiteral("second"));
+    EXPECT_EQ(neighbours(preset), 1);
+    EXPECT_EQ(PathOf(preset.element), QString::fromUtf8("colours[Größen]/dir[d & e]/colour[b]"));
+    EXPECT_EQ(preset.dom.documentElement().attribute(QStringLiteral("version")),
+              QStringLiteral("2"));
+    EXPECT_EQ(preset.error.message, QString());
+}
+
+TEST_F(CatalogueTest, OpensWhatTheWholeDocumentHas)
+{
+    QVector<ReadError> problems;
+    int opened = 0;
+    for (const QString& file : DocumentsBelow(QStringLiteral(RVOPEN_DATA_DIR), problems)) {
+        if (!file.endsWith(QLatin1String(".rvx")))
+            continue;
+        const BlockStore store({file});
+        ReadError error;
+        const std::unique_ptr<Document> document = Document::Read(file, error);
+        ASSERT_TRUE(document);
+        QStringList whole;
+        forEachPreset(document->Root(),
+                      [&whole](const Preset& preset) { whole << textOf(preset.element); });
+        QStringList alone;
+        const Block& block = store.block(0);
+        for (quint32 i = 0; i < block.head().rows; ++i)
+            alone << textOf(openThere(file, store.state(0), block, block.row(i)).element);
+        EXPECT_EQ(alone, whole) << file.toStdString();
+        opened += int(alone.size());
+    }
+    EXPECT_GT(opened, 100);
+}
+
+TEST_F(CatalogueTest, OpensWhatHasSignsInItsNameThatPathsEscape)
+{
+    const Catalogue catalogue(
+        {write("a.rvx", "<presets><colours><colour name='a' cat='0'/><colour name='x]*\\y' "
+                        "cat='1'/><colour name='@z' cat='2'/><colour name='l&#10;m' cat='3'/>"
+                        "<colour cat='4'/></colours></presets>")});
+    QString categories;
+    for (const ListedPreset& preset : catalogue.Find(CatalogueQuery())) {
+        const OpenPreset one = catalogue.Open(preset);
+        ASSERT_TRUE(one) << preset.path.toStdString();
+        EXPECT_EQ(neighbours(one), 1);
+        categories += one.element.attribute(QStringLiteral("cat"));
+    }
+    EXPECT_EQ(categories, QStringLiteral("01234"));
+}
+
+TEST_F(CatalogueTest, OpensWhatIsThereNow)
+{
+    const QString file = write("a.rvx", archive("1 0 0"));
+    const Catalogue catalogue({file});
+    const ListedPreset preset = listed(catalogue, s_second);
+    write("a.rvx", archive("0 1 0").replace("<colour name='a'/>", ""));
+    EXPECT_EQ(valueOf(catalogue.Open(preset)), QStringLiteral("0 1 0"));
+    write("a.rvx", archive("0 1 0").replace("name='b'", "name='z'"));
+    const OpenPreset gone = catalogue.Open(preset);
+    EXPECT_FALSE(gone);
+    EXPECT_EQ(gone.error.file, file);
+    EXPECT_EQ(gone.error.message,
+              QStringLiteral("There is no preset \"%1\" any more").arg(s_second));
+    write("a.rvx", "<presets>");
+    EXPECT_EQ(catalogue.Open(preset).error.line, 1);
+}
+
+TEST_F(CatalogueTest, LooksAtWhatStandsThereAlsoWhereTheStateIsTheSame)
+{
+    const QString file = write("a.rvx", archive("1 0 0"));
+    const BlockStore store({file});
+    const Block& block = store.block(0);
+    const BlockRow row = block.row(2);
+    ASSERT_TRUE(openThere(file, store.state(0), block, row));
+    // As if nothing had told that the file changed.
+    for (const auto& [before, after] :
+         {std::pair("name='b' cat='second'", "name='x' cat='second'"),
+          std::pair("<!-- All. -->", "<!-- All -->"), std::pair("<dir name='d", "<dir name='D"),
+          std::pair("<presets ", "<preset_ ")}) {
+        write("a.rvx", archive("1 0 0").replace(before, after));
+        FileState now;
+        ASSERT_TRUE(findState(QFile::encodeName(file), now));
+        EXPECT_FALSE(openThere(file, now, block, row)) << before;
+    }
+}
+
+TEST_F(CatalogueTest, BuildsTheWholeWhereAPartDoesNotSayWhatItMeans)
+{
+    const QByteArray text = archive("1 0 0");
+    // In the order of bytes that the mark says.
+    QByteArray wide("\xff\xfe");
+    for (const QChar c : QString::fromUtf8(text)) {
+        wide += char(c.cell());
+        wide += char(c.row());
+    }
+    const OpenPreset preset = opened(wide);
+    EXPECT_EQ(valueOf(preset), QStringLiteral("1 0 0"));
+    EXPECT_GT(neighbours(preset), 1);
+    EXPECT_EQ(neighbours(opened("\xef\xbb\xbf" + text)), 1);
+}
+
+TEST_F(CatalogueTest, TellsWhatItCannotRead)
+{
+    const QStringList files{write("a.rvx", archive("1 0 0")), write("b.rvx", "<presets>"),
+                            write("c.rvx", "<presets xmlns:p='u'><colours><colour/></colours>"
+                                           "</presets>"),
+                            path("none.rvx")};
+    const Catalogue catalogue(files);
+    QStringList problems;
+    for (const ReadError& problem : catalogue.Problems()) {
+        EXPECT_NE(problem.message, QString());
+        problems << problem.file;
+    }
+    EXPECT_EQ(problems, files.mid(1));
+    EXPECT_EQ(catalogue.Count(), 4);
+}
+
+TEST_F(CatalogueTest, FindsPresetsOfManyFiles)
+{
+    const Catalogue catalogue({write("b.rvx", archive("1 0 0")), write("a.rvx", archive("0 1 0"))});
+    CatalogueQuery query;
+    query.text = QStringLiteral("B");
+    query.colour = QStringLiteral("#00ff00");
+    const QVector<ListedPreset> found = catalogue.Find(query);
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found[0].file, path("a.rvx"));
+    EXPECT_EQ(found[0].path, s_second);
+    EXPECT_EQ(found[0].category, QStringLiteral("second"));
+    EXPECT_EQ(found[0].folder, QStringLiteral("d & e"));
+}
+
+} // namespace rvopen::test

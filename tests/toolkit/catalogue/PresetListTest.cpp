@@ -1,0 +1,156 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "toolkit/catalogue/PresetList.h"
+#include "../InAFolder.h"
+#include "toolkit/edit/Placement.h"
+
+#include <rvopen/toolkit/documents/Load.h>
+
+#include <QStringList>
+
+namespace rvopen::test {
+
+using namespace toolkit;
+using namespace toolkit::catalogue;
+
+namespace {
+
+AttributeFilter filterOf(const SelectionTexts& texts)
+{
+    AttributeFilter filter;
+    EXPECT_TRUE(Selection(texts).isAttributeFilter(filter));
+    return filter;
+}
+
+SelectionTexts textsOf(const char* type, const char* subCategory, const char* category,
+                       const char* text)
+{
+    SelectionTexts texts;
+    texts.type = QString::fromUtf8(type);
+    texts.subCategory = QString::fromUtf8(subCategory);
+    texts.category = QString::fromUtf8(category);
+    texts.text = QString::fromUtf8(text);
+    return texts;
+}
+
+class PresetListTest : public InAFolder {};
+
+} // namespace
+
+TEST_F(PresetListTest, HasWhatASelectionHas)
+{
+    QVector<ReadError> problems;
+    QStringList files;
+    for (const QString& file : DocumentsBelow(QStringLiteral(RVOPEN_DATA_DIR), problems)) {
+        if (file.endsWith(QLatin1String(".rvx")))
+            files << file;
+    }
+    files << write("a.rvx", "<presets><Materials name='oak'><dir name='Grün'><material name='Ä' "
+                            "cat='é' subcat='ß'/><dir refname='oak'><x name='brass'/></dir></dir>"
+                            "<y/></Materials></presets>");
+    int found = 0;
+    for (const SelectionTexts& texts :
+         {textsOf("", "", "", ""), textsOf("MATERIAL", "", "", ""),
+          textsOf("materials", "", "", ""), textsOf("", "opaque", "", ""),
+          textsOf("", "SS", "", ""), textsOf("", "", "metals", ""), textsOf("", "", "e", ""),
+          textsOf("", "", "", "oak"), textsOf("", "", "", "GRUN a"),
+          textsOf("", "", "", "house light"), textsOf("", "", "", "brass oak"),
+          textsOf("camera", "", "", "a"), textsOf("material", "", "", "nothing like this")}) {
+        const BlockStore store(files);
+        for (int i = 0; i < store.count(); ++i) {
+            PresetList list(store);
+            ASSERT_TRUE(list.add(i, filterOf(texts)));
+            QStringList listed;
+            for (std::size_t at = 0; at < list.size(); ++at)
+                listed << list.at(at).path;
+            ReadError error;
+            const std::unique_ptr<Document> document = Document::Read(files[i], error);
+            QStringList selected;
+            if (filterOf(texts).isEmpty()) {
+                forEachPreset(document->Root(),
+                              [&selected](const Preset& preset) { selected << preset.path; });
+            } else {
+                for (const PathPattern::Match& match : Selection(texts).items(document->Root()))
+                    selected << match.path;
+            }
+            EXPECT_EQ(listed, selected) << files[i].toStdString() << texts.text.toStdString();
+            found += int(listed.size());
+        }
+    }
+    EXPECT_GT(found, 500);
+}
+
+TEST_F(PresetListTest, SortsByKindNameReferenceNameAndFile)
+{
+    const QStringList files{
+        write("b.rvx", "<presets><a><y name='B'/><x name='b' refname='2'/></a></presets>"),
+        write("a.rvx", "<presets><a><x name='b' refname='2'/><x name='b' refname='1'/><x name='B'/>"
+                       "<x name='ä'/><x name='lengthy b'/><x name='lengthy A'/></a></presets>")};
+    const BlockStore store(files);
+    PresetList list(store);
+    EXPECT_TRUE(list.add(0, AttributeFilter()));
+    EXPECT_TRUE(list.add(1, AttributeFilter()));
+    list.sort();
+    QStringList order;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const ListedPreset preset = list.at(i);
+        order << preset.kind + QLatin1Char(' ') + preset.name + preset.refName +
+                     preset.file.right(6);
+    }
+    EXPECT_EQ(order,
+              QStringList({QStringLiteral("x B/a.rvx"), QStringLiteral("x b1/a.rvx"),
+                           QStringLiteral("x b2/a.rvx"), QStringLiteral("x b2/b.rvx"),
+                           QStringLiteral("x lengthy A/a.rvx"), QStringLiteral("x lengthy b/a.rvx"),
+                           QString::fromUtf8("x ä/a.rvx"), QStringLiteral("y B/b.rvx")}));
+}
+
+TEST_F(PresetListTest, TakesPresetsOfDocumentsThatWereBuilt)
+{
+    const QString file = write("a.rvx", "<presets><a><x name='b' cat='c'/></a></presets>");
+    const BlockStore store({file});
+    PresetList list(store);
+    EXPECT_TRUE(list.add(0, AttributeFilter()));
+    const std::unique_ptr<Document> document =
+        read("<presets><a name='n'><dir name='d'><x name='A' desc='e'/></dir></a></presets>");
+    forEachPreset(document->Root(),
+                  [&list](const Preset& preset) { list.add(QStringLiteral("built"), preset); });
+    list.sort();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list.at(0).file, QStringLiteral("built"));
+    EXPECT_EQ(list.at(0).path, QStringLiteral("a[n]/dir[d]/x[A]"));
+    EXPECT_EQ(list.at(0).folder, QStringLiteral("d"));
+    EXPECT_EQ(list.at(0).description, QStringLiteral("e"));
+    EXPECT_EQ(list.at(1).category, QStringLiteral("c"));
+}
+
+TEST_F(PresetListTest, LeavesToTheDocumentWhatRowsDoNotSay)
+{
+    const BlockStore store(
+        {write("a.rvx", "<presets xmlns:p='u'><a><x/></a></presets>"),
+         write("b.xml", "<snapRoot><snapshots><snapshot/></snapshots></snapRoot>"), path("none")});
+    PresetList list(store);
+    EXPECT_FALSE(list.add(0, AttributeFilter()));
+    EXPECT_FALSE(list.add(1, filterOf(textsOf("snapshot", "", "", ""))));
+    EXPECT_FALSE(list.add(2, AttributeFilter()));
+    EXPECT_EQ(list.size(), 0U);
+    EXPECT_TRUE(list.add(1, AttributeFilter()));
+    EXPECT_EQ(list.size(), 1U);
+}
+
+TEST(Selection, IsAnAttributeFilterUnlessPathsOrConditionsAreGiven)
+{
+    AttributeFilter filter;
+    SelectionTexts texts = textsOf("a", "B", "C", "D e");
+    EXPECT_TRUE(Selection(texts).isAttributeFilter(filter));
+    EXPECT_EQ(filter.type, QStringLiteral("a"));
+    EXPECT_EQ(filter.subCategory + filter.category, QStringLiteral("bc"));
+    EXPECT_EQ(filter.words, QStringList({QStringLiteral("d"), QStringLiteral("e")}));
+    texts.conditions = QStringList{QStringLiteral("@a = b")};
+    EXPECT_FALSE(Selection(texts).isAttributeFilter(filter));
+    texts.conditions.clear();
+    texts.paths = QStringList{QStringLiteral("material")};
+    EXPECT_FALSE(Selection(texts).isAttributeFilter(filter));
+}
+
+} // namespace rvopen::test

@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Block.h"
+
+#include "toolkit/edit/Folding.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace rvopen::toolkit::catalogue {
+
+static_assert(sizeof(BlockHead) == 48 && sizeof(BlockFolder) == 48 && sizeof(BlockRow) == 80,
+              "what is stored has no gaps");
+
+namespace {
+
+/// Of the rounds of checksum() and of the places of texts; odd, with bits all over.
+constexpr quint64 s_factor = 0x9e3779b97f4a7c15;
+
+/// Of a text whose other forms stand behind it.
+constexpr quint32 s_isMarked = 0x80000000;
+
+quint64 stirred(quint64 value)
+{
+    value ^= value >> 32;
+    value *= s_factor;
+    return value ^ value >> 29;
+}
+
+bool isAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char lowerCase(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+template <typename T>
+void append(QByteArray& bytes, const T* values, std::size_t count)
+{
+    bytes.append(reinterpret_cast<const char*>(values), static_cast<int>(count * sizeof(T)));
+}
+
+} // namespace
+
+Block::Block(std::string_view bytes)
+{
+    if (bytes.size() < sizeof(BlockHead))
+        return;
+    BlockHead head;
+    std::memcpy(&head, bytes.data(), sizeof head);
+    m_folders = sizeof head;
+    m_rows = m_folders + quint64(head.folders) * sizeof(BlockFolder);
+    m_items = m_rows + quint64(head.rows) * sizeof(BlockRow);
+    m_texts = m_items + quint64(head.items) * sizeof(TextId);
+    if (m_texts + head.textBytes != bytes.size())
+        return;
+    m_head = head;
+    m_bytes = bytes;
+}
+
+BlockFolder Block::folder(quint32 index) const
+{
+    BlockFolder folder = read<BlockFolder>(m_folders, index, m_head.folders);
+    // Whoever goes up comes to an end.
+    if (folder.parent != NoFolder && folder.parent >= index)
+        folder.parent = NoFolder;
+    return folder;
+}
+
+BlockRow Block::row(quint32 index) const
+{
+    return read<BlockRow>(m_rows, index, m_head.rows);
+}
+
+TextId Block::item(quint32 index) const
+{
+    return read<TextId>(m_items, index, m_head.items);
+}
+
+quint32 Block::itemCount(quint64 first, quint64 count) const
+{
+    return first < m_head.items ? quint32(std::min(count, m_head.items - first)) : 0;
+}
+
+std::string_view Block::text(TextId id) const
+{
+    quint32 length = 0;
+    if (quint64(id) + sizeof length > m_head.textBytes)
+        return {};
+    std::memcpy(&length, m_bytes.data() + m_texts + id, sizeof length);
+    length &= ~s_isMarked;
+    const quint64 start = quint64(id) + sizeof length;
+    return length > m_head.textBytes - start ? std::string_view()
+                                             : m_bytes.substr(m_texts + start, length);
+}
+
+std::string_view Block::foldedText(TextId id, std::string& lower) const
+{
+    return form(id, 1, lower);
+}
+
+std::string_view Block::caseFoldedText(TextId id, std::string& lower) const
+{
+    return form(id, 2, lower);
+}
+
+std::string_view Block::form(TextId id, int which, std::string& lower) const
+{
+    std::string_view form = text(id);
+    quint32 length = 0;
+    if (!form.empty())
+        std::memcpy(&length, m_bytes.data() + m_texts + id, sizeof length);
+    if ((length & s_isMarked) != 0) {
+        for (; which > 0; --which) {
+            id += quint32(sizeof length + form.size());
+            form = text(id);
+        }
+        return form;
+    }
+    lower.resize(form.size());
+    std::transform(form.begin(), form.end(), lower.begin(), lowerCase);
+    return lower;
+}
+
+template <typename T>
+T Block::read(quint64 start, quint32 index, quint32 count) const
+{
+    T value = T();
+    if (index < count)
+        std::memcpy(&value, m_bytes.data() + start + quint64(index) * sizeof value, sizeof value);
+    return value;
+}
+
+BlockWriter::BlockWriter()
+    : m_slots(1024, 0)
+{
+    const quint32 none = 0;
+    m_texts.append(reinterpret_cast<const char*>(&none), sizeof none);
+}
+
+TextId BlockWriter::add(std::string_view text)
+{
+    if (text.empty())
+        return 0;
+    std::size_t slot = slotOf(text);
+    if (m_slots[slot] != 0)
+        return m_slots[slot];
+    if (++m_used * 2 > m_slots.size()) {
+        growSlots();
+        slot = slotOf(text);
+    }
+    const TextId id = static_cast<TextId>(m_texts.size());
+    m_slots[slot] = id;
+    if (isAscii(text)) {
+        append(text, 0);
+    } else {
+        const QString shown = toQString(text);
+        append(text, s_isMarked);
+        append(folded(shown).toStdString(), 0);
+        append(shown.toCaseFolded().toStdString(), 0);
+    }
+    return id;
+}
+
+std::string_view BlockWriter::text(TextId id) const
+{
+    quint32 length = 0;
+    std::memcpy(&length, m_texts.data() + id, sizeof length);
+    length &= ~s_isMarked;
+    return std::string_view(m_texts).substr(id + sizeof length, length);
+}
+
+QByteArray BlockWriter::bytes()
+{
+    head.rows = static_cast<quint32>(rows.size());
+    head.folders = static_cast<quint32>(folders.size());
+    head.items = static_cast<quint32>(items.size());
+    head.textBytes = static_cast<quint32>(m_texts.size());
+    QByteArray bytes;
+    bytes.reserve(static_cast<int>(sizeof head + folders.size() * sizeof(BlockFolder) +
+                                   rows.size() * sizeof(BlockRow) + items.size() * sizeof(TextId) +
+                                   m_texts.size()));
+    catalogue::append(bytes, &head, 1);
+    catalogue::append(bytes, folders.data(), folders.size());
+    catalogue::append(bytes, rows.data(), rows.size());
+    catalogue::append(bytes, items.data(), items.size());
+    catalogue::append(bytes, m_texts.data(), m_texts.size());
+    return bytes;
+}
+
+/// That of the text, or the free one where it belongs.
+std::size_t BlockWriter::slotOf(std::string_view text) const
+{
+    std::size_t slot = checksum(text) & (m_slots.size() - 1);
+    while (m_slots[slot] != 0 && this->text(m_slots[slot]) != text)
+        slot = (slot + 1) & (m_slots.size() - 1);
+    return slot;
+}
+
+void BlockWriter::growSlots()
+{
+    std::vector<TextId> before(m_slots.size() * 4, 0);
+    before.swap(m_slots);
+    for (const TextId id : before) {
+        if (id != 0)
+            m_slots[slotOf(text(id))] = id;
+    }
+}
+
+void BlockWriter::append(std::string_view text, quint32 mark)
+{
+    const quint32 length = static_cast<quint32>(text.size()) | mark;
+    m_texts.append(reinterpret_cast<const char*>(&length), sizeof length);
+    m_texts.append(text);
+}
+
+QString toQString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), std::size_t(bytes.size())};
+}
+
+int compared(std::string_view a, std::string_view b)
+{
+    const std::size_t size = std::min(a.size(), b.size());
+    const auto [left, right] =
+        std::mismatch(a.begin(), a.begin() + std::ptrdiff_t(size), b.begin());
+    if (left == a.begin() + std::ptrdiff_t(size))
+        return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+    const auto x = static_cast<unsigned char>(*left);
+    const auto y = static_cast<unsigned char>(*right);
+    // The first units of what takes two in UTF-16 come before the last ones of what takes one.
+    const bool isOther = x >= 0xee && y >= 0xee && (x >= 0xf0) != (y >= 0xf0);
+    return (x < y) != isOther ? -1 : 1;
+}
+
+quint64 checksum(std::string_view bytes)
+{
+    // A step takes each number to a number of its own, so that one difference is never lost.
+    quint64 lanes[4] = {1, 2, 3, 4};
+    const auto step = [](quint64& lane, const char* at, std::size_t size) {
+        quint64 word = 0;
+        std::memcpy(&word, at, size);
+        lane = (lane ^ word) * s_factor;
+        lane ^= lane >> 32;
+    };
+    const char* at = bytes.data();
+    std::size_t left = bytes.size();
+    for (; left >= 32; left -= 32, at += 32) {
+        for (std::size_t i = 0; i < 4; ++i)
+            step(lanes[i], at + 8 * i, 8);
+    }
+    for (std::size_t i = 0; left > 0; ++i) {
+        const std::size_t size = std::min<std::size_t>(left, 8);
+        step(lanes[i], at, size);
+        at += size;
+        left -= size;
+    }
+    quint64 sum = stirred(bytes.size());
+    for (const quint64 lane : lanes)
+        sum = stirred(sum ^ lane);
+    return sum;
+}
+
+} // namespace rvopen::toolkit::catalogue

@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "BlockStore.h"
+
+#include "RowScan.h"
+#include "toolkit/edit/Labels.h"
+
+#include <rvopen/RVOpenPaths.h>
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <atomic>
+#include <new>
+#include <thread>
+
+namespace rvopen::toolkit::catalogue {
+
+namespace {
+
+/// The folder that all of the files are in or below.
+QString commonFolder(const QStringList& files)
+{
+    if (files.isEmpty())
+        return QString();
+    const auto [first, last] = std::minmax_element(files.begin(), files.end());
+    int same = 0;
+    while (same < int(std::min(first->size(), last->size())) && (*first)[same] == (*last)[same])
+        ++same;
+    return first->left(int(first->left(same).lastIndexOf(QLatin1Char('/'))));
+}
+
+template <typename Named>
+QString labelOf(const Block& block, const Named& named)
+{
+    return numbered(toolkit::labelOf(toQString(block.text(named.kind)),
+                                     toQString(block.text(identityOf(named)))),
+                    int(named.number));
+}
+
+} // namespace
+
+BlockStore::BlockStore(const QStringList& files,
+                       const std::function<void(int, const QString&)>& progress)
+    : m_sources(std::size_t(files.size()))
+{
+    QStringList documents;
+    for (int i = 0; i < int(files.size()); ++i) {
+        Source& source = m_sources[std::size_t(i)];
+        source.file = files[i];
+        const QString path = PathToOpen(files[i]);
+        if (files[i] == QLatin1String("-") || path.isEmpty() || path.contains(QChar(0)))
+            continue;
+        const QString document = QFileInfo(path).absoluteFilePath();
+        if (!findState(QFile::encodeName(path), source.state))
+            continue;
+        source.name = QFile::encodeName(document);
+        documents << document;
+    }
+    const QString name =
+        documents.isEmpty() ? QString() : IndexFile::nameFor(commonFolder(documents));
+    m_index = std::make_unique<IndexFile>(name);
+    std::vector<Source*> unknown;
+    for (Source& source : m_sources) {
+        if (source.name.isEmpty())
+            continue;
+        source.block = Block(m_index->find(source.name, source.state));
+        source.isKept = source.block.isValid();
+        if (!source.isKept)
+            unknown.push_back(&source);
+    }
+    readAll(unknown, progress);
+    qint64 readBytes = 0;
+    for (const Source* const source : unknown)
+        readBytes += source->isKept ? source->state.size : 0;
+    if (readBytes >= WorthKeeping)
+        keep(name);
+}
+
+void BlockStore::readAll(const std::vector<Source*>& sources,
+                         const std::function<void(int, const QString&)>& progress)
+{
+    std::atomic<std::size_t> next{0};
+    const auto read = [&](bool isTelling) {
+        RowScan scan;
+        for (std::size_t i; (i = next++) < sources.size();) {
+            Source& source = *sources[i];
+            if (isTelling && progress)
+                progress(int(i) + 1, source.file);
+            try {
+                const qint64 time = currentTime();
+                source.made = scan.blockOf(source.file, source.error);
+                source.block = Block(viewOf(source.made));
+                FileState after;
+                source.isKept = source.block.isValid() && !source.state.isRecent(time) &&
+                                findState(QFile::encodeName(PathToOpen(source.file)), after) &&
+                                after == source.state;
+            } catch (const std::bad_alloc&) {
+                // It is as one that was not read.
+                source.error = ReadError();
+            }
+        }
+    };
+    const std::size_t others =
+        std::min<std::size_t>(std::max(1U, std::thread::hardware_concurrency()), sources.size());
+    std::vector<std::thread> threads;
+    for (std::size_t i = 1; i < others; ++i)
+        threads.emplace_back(read, false);
+    read(true);
+    for (std::thread& thread : threads)
+        thread.join();
+    m_readCount = int(sources.size());
+}
+
+/// With what was there before of other documents, as far as it is still good.
+void BlockStore::keep(const QString& name) const
+{
+    std::vector<IndexFile::Entry> entries;
+    QSet<QByteArray> known;
+    for (const Source& source : m_sources) {
+        if (source.name.isEmpty() || known.contains(source.name))
+            continue;
+        known.insert(source.name);
+        if (source.isKept)
+            entries.push_back({source.name, source.state,
+                               source.made.isEmpty() ? m_index->find(source.name, source.state)
+                                                     : viewOf(source.made)});
+    }
+    for (const IndexFile::Entry& entry : m_index->entries()) {
+        FileState state;
+        if (!known.contains(entry.document) && findState(entry.document, state) &&
+            state == entry.state)
+            entries.push_back(entry);
+    }
+    IndexFile::write(name, entries);
+}
+
+std::vector<BlockFolder> foldersAbove(const Block& block, const BlockRow& row)
+{
+    std::vector<BlockFolder> folders;
+    for (quint32 index = row.folder; index != NoFolder; index = folders.back().parent)
+        folders.push_back(block.folder(index));
+    std::reverse(folders.begin(), folders.end());
+    return folders;
+}
+
+QString pathOf(const Block& block, const BlockRow& row)
+{
+    return pathOf(block, row, folderPathOf(block, row));
+}
+
+QString pathOf(const Block& block, const BlockRow& row, const QString& folderPath)
+{
+    return joined(folderPath, labelOf(block, row));
+}
+
+QString folderPathOf(const Block& block, const BlockRow& row)
+{
+    QString path;
+    for (const BlockFolder& folder : foldersAbove(block, row))
+        path = joined(path, labelOf(block, folder));
+    return path;
+}
+
+QString foldersOf(const Block& block, const BlockRow& row)
+{
+    QString folders;
+    for (const BlockFolder& folder : foldersAbove(block, row)) {
+        if (folder.parent != NoFolder)
+            folders += (folders.isEmpty() ? QString() : QStringLiteral(" / ")) +
+                       toQString(block.text(identityOf(folder)));
+    }
+    return folders;
+}
+
+std::string_view sectionOf(const Block& block, const BlockRow& row)
+{
+    const std::vector<BlockFolder> folders = foldersAbove(block, row);
+    return folders.empty() ? std::string_view() : block.text(folders.front().kind);
+}
+
+} // namespace rvopen::toolkit::catalogue

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/RVOpenReader.h>
+#include <rvopen/toolkit/ToolkitExport.h>
+
+#include <QDomDocument>
+#include <QDomElement>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <limits>
+#include <memory>
+
+namespace rvopen::toolkit {
+
+/// A preset in a list, as people see it.
+struct ListedPreset {
+    /// As it was given.
+    QString file;
+    /// Element name.
+    QString kind;
+    /// Empty where it has none.
+    QString name;
+    /// By which others refer to it.
+    QString refName;
+    /// Attribute "cat".
+    QString category;
+    /// Attribute "subcat".
+    QString subCategory;
+    /// Names of the folders, joined by " / ".
+    QString folder;
+    /// As PathOf() has it.
+    QString path;
+    /// Attribute "desc".
+    QString description;
+};
+
+/// What a number of a finish may be.
+struct NumberRange {
+    /// Of the parameter, in any case.
+    QString name;
+    /// It may be this.
+    double least = -std::numeric_limits<double>::infinity();
+    /// And this.
+    double most = std::numeric_limits<double>::infinity();
+};
+
+/// What presets are looked for; what is empty is not asked for. Texts are compared in any case and
+/// without accents.
+struct CatalogueQuery {
+    /// Beginnings of words that all occur in name, reference name, category, folders or
+    /// description.
+    QString text;
+    /// Kind or section: "material", "materials".
+    QString kind;
+    /// All of it.
+    QString category;
+    /// All of it.
+    QString subCategory;
+    /// The name of one of the folders that it stands in.
+    QString folder;
+    /// One that it has, as "#rrggbb" or "1 0.5 0".
+    QString colour;
+    /// How far from it, by CIEDE2000; 1 is hardly seen.
+    double within = 10;
+    /// All of these have to hold, each for one number of the preset.
+    QVector<NumberRange> numbers;
+};
+
+/// One preset that was opened, with the folders, section and root that it stands in, and as a rule
+/// without its neighbours. To be looked at: what is changed in it is changed in memory alone, and
+/// the archive is edited as a whole.
+struct OpenPreset {
+    /// All of it; null where the preset is not there.
+    QDomDocument dom;
+    /// The preset in it.
+    QDomElement element;
+    /// Why it is not there; without message when it is.
+    ReadError error;
+
+    /// Whether it is there.
+    explicit operator bool() const
+    {
+        return !element.isNull();
+    }
+};
+
+/// The presets of many archives, found without building one. What was found is kept in an index
+/// below $XDG_CACHE_HOME/rvopen/, which can be deleted at any time; with RVOPEN_CATALOGUE=off in
+/// the environment there is none. It is of the state that the files had when it was made.
+class RVOPEN_TOOLKIT_EXPORT Catalogue {
+public:
+    /// Reads what is new of the files, with all processors.
+    explicit Catalogue(const QStringList& files);
+    ~Catalogue();
+    Catalogue(const Catalogue&) = delete;
+    Catalogue& operator=(const Catalogue&) = delete;
+
+    /// What cannot be read, and documents with prefixes of namespaces, which have to be loaded to
+    /// know what is in them. Their presets are not found.
+    QVector<ReadError> Problems() const;
+    /// How many presets there are.
+    int Count() const;
+    /// Those that are looked for: the text as a name first, then names that begin with it, then
+    /// names that have its words, then all others; among these the nearest to the colour, then in
+    /// the order of files and in that of each. Throws a Failure when the colour is none.
+    QVector<ListedPreset> Find(const CatalogueQuery& query) const;
+    /// Opens a preset by its file and path. It is read where it was found, and looked for again
+    /// when something else is there now.
+    OpenPreset Open(const ListedPreset& preset) const;
+
+private:
+    class Store;
+    std::unique_ptr<Store> m_store;
+};
+
+} // namespace rvopen::toolkit

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Block.h"
+#include "BlockStore.h"
+#include "toolkit/edit/Selection.h"
+
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+
+#include <QString>
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace rvopen::toolkit {
+
+struct Preset;
+
+namespace catalogue {
+
+/// What a list shows of a row of the store.
+ListedPreset listedOf(const BlockStore& store, int document, quint32 row);
+
+/// Presets of many documents, sorted by kind, name, reference name and file. Holds little more of
+/// each than where it is in its block.
+class PresetList {
+public:
+    /// The store has to stay.
+    explicit PresetList(const BlockStore& store);
+
+    /// Adds those of a document of the store that pass. False where rows do not say which do; none
+    /// was added then.
+    bool add(int document, const AttributeFilter& filter);
+    /// Adds one of a document that was built.
+    void add(const QString& file, const Preset& preset);
+    void sort();
+
+    std::size_t size() const
+    {
+        return m_items.size();
+    }
+    ListedPreset at(std::size_t index) const;
+    /// With nothing of it but kind, name, reference name and sub-category.
+    ListedPreset shortAt(std::size_t index) const;
+
+private:
+    struct Item {
+        /// Of the store; below 0, -1 first, of those that were built.
+        int document = 0;
+        quint32 row = 0;
+        /// Its place among the kinds.
+        std::size_t kind = 0;
+        /// The first bytes of the name that it is sorted by, and where all of it stands.
+        quint64 start = 0;
+        std::size_t order = 0;
+        std::size_t orderLength = 0;
+    };
+    struct Keys {
+        std::string_view name;
+        std::string_view refName;
+    };
+    struct Built {
+        ListedPreset preset;
+        std::string name;
+        std::string refName;
+    };
+
+    const Built& builtOf(const Item& item) const
+    {
+        return m_built[std::size_t(-1 - item.document)];
+    }
+    Keys keysOf(const Item& item) const;
+    QString fileOf(const Item& item) const;
+    std::string_view orderOf(const Item& item) const;
+    void append(int document, quint32 row, std::string_view kind, std::string_view order);
+    bool precedes(const Item& a, const Item& b) const;
+
+    const BlockStore& m_store;
+    std::vector<Item> m_items;
+    std::deque<Built> m_built;
+    /// Paths of folders that were asked for, by document and folder.
+    mutable std::unordered_map<quint64, QString> m_folders;
+    std::vector<std::string> m_kinds;
+    std::string m_orders;
+};
+
+} // namespace catalogue
+} // namespace rvopen::toolkit

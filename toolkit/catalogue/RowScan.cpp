@@ -1,0 +1,255 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "RowScan.h"
+
+#include "toolkit/images/ReferencedTextures.h"
+
+#include <algorithm>
+
+namespace rvopen::toolkit::catalogue {
+
+namespace {
+
+using View = std::u16string_view;
+
+constexpr View s_param = u"param";
+
+/// Names with the prefix that is always declared, and what declares others.
+bool isInNamespace(View name)
+{
+    return name.size() > 4 && name[0] == u'x' &&
+           (name.substr(0, 4) == u"xml:" || name.substr(0, 6) == u"xmlns:");
+}
+
+QStringView shown(View text)
+{
+    return QStringView(text.data(), static_cast<int>(text.size()));
+}
+
+} // namespace
+
+QByteArray RowScan::blockOf(const QString& path, ReadError& error)
+{
+    m_block = BlockWriter();
+    m_depth = 0;
+    m_shelves.clear();
+    m_itemDepth = 0;
+    m_isCurrent = false;
+    return ScanFile(path, &error) ? m_block.bytes() : QByteArray();
+}
+
+void RowScan::StartElement(View name, const Attributes& attributes)
+{
+    ++m_depth;
+    if (isInNamespace(name))
+        m_block.head.needsDom = 1;
+    for (const ScannedAttribute& attribute : attributes) {
+        if (isInNamespace(attribute.name))
+            m_block.head.needsDom = 1;
+    }
+    if (m_itemDepth > 0) {
+        if (!m_isLeftOut)
+            part(name, attributes);
+    } else if (m_depth == 1) {
+        root(name, attributes);
+    } else if (m_depth == 2 || name == u"dir") {
+        folder(name, attributes);
+    } else {
+        m_itemDepth = m_depth;
+        m_isLeftOut = name == s_param;
+        if (!m_isLeftOut)
+            row(name, attributes);
+    }
+}
+
+void RowScan::EndElement()
+{
+    if (m_itemDepth == m_depth) {
+        if (!m_isLeftOut)
+            endRow(m_block.rows.back());
+        m_itemDepth = 0;
+    } else if (m_itemDepth > 0) {
+        if (!m_isLeftOut)
+            m_owners.pop_back();
+    } else {
+        if (m_depth == 2 && m_isCurrent) {
+            BlockRow& current = m_block.rows[m_current];
+            current.length = quint64(EndOffset()) - current.offset;
+            m_isCurrent = false;
+        }
+        m_shelves.pop_back();
+    }
+    --m_depth;
+}
+
+void RowScan::root(View name, const Attributes& attributes)
+{
+    m_block.head.root = add(name);
+    for (const ScannedAttribute& attribute : attributes) {
+        if (attribute.name == u"type")
+            m_block.head.rootType = add(attribute);
+    }
+    m_block.head.rootOffset = quint64(Offset());
+    m_block.head.rootLength = quint64(EndOffset()) - m_block.head.rootOffset;
+    m_shelves.emplace_back();
+}
+
+void RowScan::folder(View name, const Attributes& attributes)
+{
+    // One that is a section is called as parameters are.
+    if (name == s_param || name.find(u':') != View::npos)
+        m_block.head.needsDom = 1;
+    BlockFolder folder;
+    folder.offset = quint64(Offset());
+    folder.length = quint64(EndOffset()) - folder.offset;
+    folder.parent = m_shelves.back().folder;
+    folder.kind = add(name);
+    Named named;
+    for (const ScannedAttribute& attribute : attributes) {
+        if (!take(attribute, named) && attribute.name == u"archiveFilename")
+            folder.archive = add(attribute);
+    }
+    folder.name = named.name;
+    folder.refName = named.refName;
+    folder.linkName = named.linkName;
+    folder.number = numberOf(m_shelves.back(), folder.kind, named);
+    if (m_depth == 2 && name == u"snapshot" && m_block.text(m_block.head.root) == "snapRoot") {
+        row(name, attributes);
+        BlockRow& current = m_block.rows.back();
+        current.folder = NoFolder;
+        current.number = folder.number;
+        m_current = m_block.rows.size() - 1;
+        m_isCurrent = true;
+        m_owners.clear();
+    }
+    m_shelves.emplace_back();
+    m_shelves.back().folder = static_cast<quint32>(m_block.folders.size());
+    m_block.folders.push_back(folder);
+}
+
+void RowScan::row(View name, const Attributes& attributes)
+{
+    // A path that goes on behind a colon leads to a parameter.
+    if (name.find(u':') != View::npos)
+        m_block.head.needsDom = 1;
+    BlockRow row;
+    row.offset = quint64(Offset());
+    row.folder = m_shelves.back().folder;
+    row.kind = add(name);
+    Named named;
+    for (const ScannedAttribute& attribute : attributes) {
+        if (take(attribute, named))
+            continue;
+        if (attribute.name == u"cat")
+            row.category = add(attribute);
+        else if (attribute.name == u"subcat")
+            row.subCategory = add(attribute);
+        else if (attribute.name == u"desc")
+            row.description = add(attribute);
+        else if (attribute.name == u"imgname")
+            row.thumbnail = add(attribute);
+    }
+    row.name = named.name;
+    row.refName = named.refName;
+    row.linkName = named.linkName;
+    row.number = row.folder == NoFolder ? 1 : numberOf(m_shelves.back(), row.kind, named);
+    m_block.rows.push_back(row);
+    m_owners.assign(1, name);
+    m_textures.clear();
+    m_colours.clear();
+    m_numbers.clear();
+}
+
+void RowScan::part(View name, const Attributes& attributes)
+{
+    if (name == s_param)
+        param(attributes);
+    m_owners.push_back(name);
+}
+
+void RowScan::param(const Attributes& attributes)
+{
+    static const ScannedAttribute none;
+    const ScannedAttribute* name = &none;
+    const ScannedAttribute* type = &none;
+    const ScannedAttribute* value = &none;
+    for (const ScannedAttribute& attribute : attributes) {
+        if (attribute.name == u"name")
+            name = &attribute;
+        else if (attribute.name == u"type")
+            type = &attribute;
+        else if (attribute.name == u"val")
+            value = &attribute;
+    }
+    // What is written with references is none of these words, or not by anybody's habit.
+    if (!name->isPlain || !type->isPlain)
+        m_block.head.needsDom = 1;
+    const View owner = m_owners.back();
+    if (type->value == u"colour") {
+        const TextId colour = add(*value);
+        addOnce(m_colours, colour);
+        TextId& plain = m_block.rows.back().plainColour;
+        if (plain == 0 && owner == u"plainColour")
+            plain = colour;
+    } else if (type->value == u"float" && owner == u"finish") {
+        m_numbers.push_back(add(*name));
+        m_numbers.push_back(add(*value));
+    }
+    if (!value->value.empty() && isTextureParam(shown(owner), shown(name->value)))
+        addOnce(m_textures, add(*value));
+}
+
+void RowScan::endRow(BlockRow& row)
+{
+    row.length = quint64(EndOffset()) - row.offset;
+    std::vector<TextId>& items = m_block.items;
+    row.firstItem = static_cast<quint32>(items.size());
+    row.textures = static_cast<quint32>(m_textures.size());
+    row.colours = static_cast<quint32>(m_colours.size());
+    row.numbers = static_cast<quint32>(m_numbers.size() / 2);
+    for (const std::vector<TextId>* const part : {&m_textures, &m_colours, &m_numbers})
+        items.insert(items.end(), part->begin(), part->end());
+}
+
+bool RowScan::take(const ScannedAttribute& attribute, Named& named)
+{
+    if (attribute.name == u"name")
+        named.name = add(attribute);
+    else if (attribute.name == u"refname")
+        named.refName = add(attribute);
+    else if (attribute.name == u"linkname")
+        named.linkName = add(attribute);
+    else
+        return false;
+    return true;
+}
+
+quint32 RowScan::numberOf(Shelf& shelf, TextId kind, const Named& named)
+{
+    return ++shelf.counts[quint64(kind) << 32 | named.identity()];
+}
+
+TextId RowScan::add(View text)
+{
+    m_buffer.resize(text.size());
+    char16_t any = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        any = static_cast<char16_t>(any | text[i]);
+        m_buffer[i] = static_cast<char>(text[i]);
+    }
+    return any < 0x80 ? m_block.add(m_buffer) : m_block.add(shown(text).toString().toStdString());
+}
+
+TextId RowScan::add(const ScannedAttribute& attribute)
+{
+    return attribute.isPlain ? add(attribute.value) : m_block.add(attribute.Text().toStdString());
+}
+
+void RowScan::addOnce(std::vector<TextId>& items, TextId item)
+{
+    if (std::find(items.begin(), items.end(), item) == items.end())
+        items.push_back(item);
+}
+
+} // namespace rvopen::toolkit::catalogue
