@@ -279,8 +279,9 @@ TEST(Strangers, NoPictureNeedsADisplay)
                     "<presets><colours><colour name=\"Red\"/></colours></presets>");
     for (const char* const platform : {"xcb", "offscreen", "nonsense", "minimal"}) {
         workspace.environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QLatin1String(platform));
-        for (const char* const command : {"thumbnail a.rvx t.png", "sheet --force a.rvx -o s.png",
-                                          "render --force --all --size 16 a.rvx -o o"})
+        for (const char* const command :
+             {"thumbnail a.rvx t.png", "sheet --force --size 32 a.rvx -o s.png",
+              "render --force --all --size 16 a.rvx -o o"})
             EXPECT_EQ(workspace.shell(QStringLiteral("rvopen ") + QLatin1String(command)).code, 0)
                 << platform << ' ' << command;
     }

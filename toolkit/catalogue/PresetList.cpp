@@ -33,7 +33,7 @@ ListedPreset shortOf(const Block& block, const BlockRow& row)
     return listed;
 }
 
-ListedPreset listedOf(const QString& file, const Block& block, const BlockRow& row,
+ListedPreset listedIn(const QString& file, const Block& block, const BlockRow& row,
                       const QString& folderPath)
 {
     ListedPreset listed = shortOf(block, row);
@@ -51,7 +51,7 @@ ListedPreset listedOf(const BlockStore& store, int document, quint32 row)
 {
     const Block& block = store.block(document);
     const BlockRow found = block.row(row);
-    return listedOf(store.file(document), block, found, folderPathOf(block, found));
+    return listedIn(store.file(document), block, found, folderPathOf(block, found));
 }
 
 PresetList::PresetList(const BlockStore& store)
@@ -98,7 +98,7 @@ ListedPreset PresetList::at(std::size_t index) const
     QString& folder = m_folders[quint64(item.document) << 32 | row.folder];
     if (folder.isNull())
         folder = folderPathOf(block, row);
-    return listedOf(fileOf(item), block, row, folder);
+    return listedIn(fileOf(item), block, row, folder);
 }
 
 ListedPreset PresetList::shortAt(std::size_t index) const

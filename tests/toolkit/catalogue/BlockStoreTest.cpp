@@ -263,8 +263,10 @@ TEST_F(BlockStoreTest, NoByteThatIsAnotherMakesAnAnswerWrong)
     readCount();
     const QString name = index();
     const QByteArray whole = bytesOf(name);
-    // All of the head, of the records and names and of the first block's head, then some.
-    for (int at = 0; at < int(whole.size()) && !HasFailure(); at += at < 700 ? 1 : 19997) {
+    // All of the head, then some of the records and names and of the blocks.
+    for (int at = 0; at < int(whole.size()) && !HasFailure(); at += at < 32    ? 1
+                                                                    : at < 700 ? 13
+                                                                               : 39989) {
         QByteArray changed = whole;
         changed[at] = char(changed.at(at) ^ (1 << at % 8));
         writeBytes(name, changed);

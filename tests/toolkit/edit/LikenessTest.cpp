@@ -47,6 +47,10 @@ TEST(Likeness, NamesInBracketsMayHaveSlashesAndColons)
     EXPECT_EQ(likeliestPath(QStringLiteral("colours/colour[Red/Brown: wram]"),
                             document.documentElement()),
               QStringLiteral("colours/colour[Red/Brown: warm]"));
+    // A slash in a name is a letter like others.
+    EXPECT_EQ(likeliestPath(QStringLiteral("colours/colour[Red-Brown: warm]"),
+                            document.documentElement()),
+              QStringLiteral("colours/colour[Red/Brown: warm]"));
 }
 
 TEST(Likeness, ForgivesALetterLeftOutTooManyWrongOrSwapped)
