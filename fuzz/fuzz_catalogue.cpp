@@ -153,7 +153,8 @@ void asIndex(const QByteArray& bytes)
         if (listed <= quint64(index.size() - s_indexHead)) {
             const quint64 sum =
                 checksum(viewOf(index).substr(std::size_t(s_indexHead), std::size_t(listed)));
-            std::memcpy(index.data() + 24, &sum, sizeof sum);
+            index.replace(24, int(sizeof sum),
+                          QByteArray(reinterpret_cast<const char*>(&sum), int(sizeof sum)));
         }
     }
     writeFile(name, index);
