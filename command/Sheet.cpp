@@ -210,10 +210,23 @@ private:
     {
         if (m_options.isDryRun())
             return;
-        // Whoever ends the program waits for a few pictures, and what there is of the page goes.
         const Uninterrupted writing;
+        try {
+            drawPage();
+        } catch (...) {
+            // An interrupted program ends with "writing": what there is of the page goes before.
+            m_page.reset();
+            throw;
+        }
+    }
+
+    void drawPage()
+    {
         const int count = int(m_items.size());
         for (int first = 0; first < count; first += s_picturesAtOnce) {
+            // Whoever ends the program waits for a few pictures.
+            if (isInterrupted())
+                throw Failure(QStringLiteral("interrupted"));
             const QVector<QImage> images =
                 pictures(first, std::min(s_picturesAtOnce, count - first));
             for (int i = 0; i < int(images.size()); ++i)

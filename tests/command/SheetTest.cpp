@@ -103,8 +103,10 @@ TEST(Sheet, APageThatIsInterruptedLeavesNothing)
 {
     const Workspace workspace;
     workspace.write(QStringLiteral("a.rvx"), largeArchive(400));
+    // Once the first picture is there.
     const Outcome run = workspace.shell(QStringLiteral(
-        "timeout --preserve-status -s TERM 1 rvopen sheet --drawn --html out --size 100 a.rvx"));
+        "rvopen sheet --drawn --html out --size 100 a.rvx & until ls out/pictures/*.png >&2 || ! "
+        "kill -0 $!; do sleep 0.1; done; kill -TERM $!; wait $!"));
     EXPECT_EQ(run.code, 2);
     EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("interrupted"));
     EXPECT_EQ(workspace.files(), QStringList(QStringLiteral("a.rvx")));
