@@ -32,7 +32,8 @@
 #include <QPdfWriter>
 
 #include <algorithm>
-#include <optional>
+#include <memory>
+#include <utility>
 
 namespace rvopen::command {
 
@@ -106,7 +107,7 @@ public:
             throw Failure(QStringLiteral("\"%1\" is the input").arg(m_output));
         m_selected = m_selection.selection();
         if (isPage) {
-            m_page.emplace(m_html, m_options.isForced());
+            m_page = std::make_unique<SheetPage>(m_html, m_options.isForced());
             preparePictures();
         } else {
             m_options.check(m_output);
@@ -211,17 +212,8 @@ private:
         if (m_options.isDryRun())
             return;
         const Uninterrupted writing;
-        try {
-            drawPage();
-        } catch (...) {
-            // An interrupted program ends with "writing": what there is of the page goes before.
-            m_page.reset();
-            throw;
-        }
-    }
-
-    void drawPage()
-    {
+        // It goes before that, with what there is of it unless it was finished.
+        const std::unique_ptr<SheetPage> page = std::move(m_page);
         const int count = int(m_items.size());
         for (int first = 0; first < count; first += s_picturesAtOnce) {
             // Whoever ends the program waits for a few pictures.
@@ -230,9 +222,9 @@ private:
             const QVector<QImage> images =
                 pictures(first, std::min(s_picturesAtOnce, count - first));
             for (int i = 0; i < int(images.size()); ++i)
-                m_page->setPicture(first + i, images[i]);
+                page->setPicture(first + i, images[i]);
         }
-        m_page->finish(title());
+        page->finish(title());
     }
 
     QVector<QImage> pictures(int first, int count)
@@ -328,7 +320,7 @@ private:
     SelectionOptions m_selection;
     Selection m_selected;
 
-    std::optional<SheetPage> m_page;
+    std::unique_ptr<SheetPage> m_page;
     PictureWish m_wish;
     Session* m_session = nullptr;
     QStringList m_names;

@@ -243,6 +243,24 @@ TEST(Textures, CollectDoesNotWriteOverItsInput)
     EXPECT_EQ(workspace.read(QStringLiteral("a.xml")), referringTo({}));
 }
 
+TEST(Textures, CollectWritesThroughNoLink)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("a.xml"), referringTo({}));
+    workspace.write(QStringLiteral("mine"), "mine");
+    workspace.write(QStringLiteral("out/x"), "x");
+    for (const char* const target : {"mine", "nowhere"}) {
+        const QString link = workspace.path(QStringLiteral("out/a.xml"));
+        QFile::remove(link);
+        ASSERT_TRUE(QFile::link(workspace.path(QLatin1String(target)), link));
+        const Outcome run = textures(workspace, words("--collect out --force a.xml"));
+        EXPECT_EQ(run.code, 2) << target;
+        EXPECT_THAT(run.err.toStdString(), ::testing::HasSubstr("is a link")) << target;
+    }
+    EXPECT_EQ(workspace.read(QStringLiteral("mine")), QByteArray("mine"));
+    EXPECT_FALSE(workspace.exists(QStringLiteral("nowhere")));
+}
+
 TEST(Textures, CollectLeavesOutWhatIsMissing)
 {
     const Workspace workspace;

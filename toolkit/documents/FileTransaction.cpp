@@ -4,7 +4,6 @@
 #include "FileTransaction.h"
 
 #include "FileWriting.h"
-#include "Interruption.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,6 +77,8 @@ bool FileTransaction::create(const QByteArray& bytes, const QString& target)
     // A link that leads nowhere is a name that is taken, too.
     const auto isTaken = [&] { return QFileInfo::exists(target) || QFileInfo(target).isSymLink(); };
     const QString thereAlready = QStringLiteral("it is there already");
+    if (!m_holding)
+        m_holding.emplace();
     m_problem = isTaken()     ? thereAlready
                 : name.open() ? problemOfWriting(bytes, name.fileName())
                               : QStringLiteral("it could not be written: ") + name.errorString();
@@ -106,6 +107,8 @@ bool FileTransaction::copy(const QString& source, const QString& target)
 
 bool FileTransaction::replace(const QByteArray& bytes, const QString& target)
 {
+    if (!m_holding)
+        m_holding.emplace();
     Replaced before;
     before.file = target;
     m_problem = readWhole(target, before.bytes) ? problemOfWriting(bytes, target)
@@ -121,6 +124,7 @@ void FileTransaction::keep()
     m_replaced.clear();
     m_files.clear();
     m_folders.clear();
+    m_holding.reset();
 }
 
 QString FileTransaction::problem() const

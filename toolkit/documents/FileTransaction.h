@@ -3,15 +3,20 @@
 
 #pragma once
 
+#include "Interruption.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
+#include <optional>
+
 namespace rvopen::toolkit {
 
 /// Files that are made together. Unless keep() is called they are removed again at the end, with
-/// the folders that were made for them, and what was replaced is written back: all or nothing.
+/// the folders that were made for them, and what was replaced is written back: all or nothing. From
+/// the first file until that is settled nobody ends the program from outside.
 class FileTransaction {
 public:
     FileTransaction() = default;
@@ -41,6 +46,8 @@ private:
         QByteArray bytes;
     };
 
+    /// Goes last: what was made is removed before.
+    std::optional<Uninterrupted> m_holding;
     QStringList m_files;
     QStringList m_folders;
     QVector<Replaced> m_replaced;

@@ -37,6 +37,9 @@ TextureCollection::TextureCollection(const QString& folder, const QString& docum
 {
     if (!m_overwriting && (QFileInfo::exists(m_copy) || QFileInfo(m_copy).isSymLink()))
         throw Failure(QStringLiteral("\"%1\" is there already").arg(m_copy));
+    // The user named the folder; what a link in it leads to is somebody else's.
+    if (QFileInfo(m_copy).isSymLink())
+        throw Failure(QStringLiteral("\"%1\" is a link, which is not written through").arg(m_copy));
     if (!m_files.makeFolder(m_folder))
         throw Failure(QStringLiteral("\"%1\": %2").arg(folder, m_files.problem()));
 }

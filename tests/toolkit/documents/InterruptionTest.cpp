@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <vector>
 
 namespace rvopen::test {
@@ -36,7 +37,8 @@ public:
     }
     void release() override
     {
-        --depth;
+        if (--depth == 0 && atEnd)
+            atEnd();
     }
     bool isWanted() const override
     {
@@ -48,11 +50,46 @@ public:
     }
 
     int depth = 0;
+    /// Nothing holds any more.
+    std::function<void()> atEnd;
     bool wanted = false;
     std::vector<std::string> litter;
 };
 
 } // namespace
+
+TEST(Interruption, IsHeldFromTheFirstFileUntilAllAreKeptOrGone)
+{
+    const QTemporaryDir folder;
+    const QString made = folder.filePath(QStringLiteral("made"));
+    const QString old = folder.filePath(QStringLiteral("old"));
+    Noted noted;
+    {
+        FileTransaction files;
+        ASSERT_TRUE(files.create("old", old));
+        EXPECT_EQ(noted.depth, 1);
+        files.keep();
+        EXPECT_EQ(noted.depth, 0);
+    }
+    // Whoever may end the program then finds everything as it was.
+    int ends = 0;
+    noted.atEnd = [&] {
+        QByteArray bytes;
+        if (!QFile::exists(made) && toolkit::readWhole(old, bytes) && bytes == "old")
+            ++ends;
+    };
+    {
+        FileTransaction files;
+        ASSERT_TRUE(files.makeFolder(folder.filePath(QStringLiteral("folder"))));
+        EXPECT_EQ(noted.depth, 0);
+        ASSERT_TRUE(files.replace("new", old));
+        ends = 0;
+        ASSERT_TRUE(files.create("made", made));
+        EXPECT_EQ(noted.depth, 1);
+    }
+    EXPECT_EQ(noted.depth, 0);
+    EXPECT_EQ(ends, 1);
+}
 
 TEST(Interruption, IsHeldWhileAScopeLives)
 {
