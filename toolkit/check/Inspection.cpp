@@ -368,8 +368,8 @@ Surroundings LookAround(const Folders& folders, const std::function<void(const R
     surroundings.folders = folders;
     const catalogue::BlockStore archives(archivesIn(folders));
     const auto add = [&surroundings](const QString& kind, const QString& refName) {
-        if (!refName.isEmpty())
-            surroundings.presets.insert(presetKey(kind, refName));
+        // Of presets without a name, too: that there are some is enough to miss others.
+        surroundings.presets.insert(presetKey(kind, refName));
     };
     for (int i = 0; i < archives.count(); ++i) {
         const catalogue::Block& block = archives.block(i);

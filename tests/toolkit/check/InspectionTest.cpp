@@ -82,6 +82,23 @@ TEST_F(Inspected, PresetsAreMissedOnceTheFoldersAreKnown)
     EXPECT_EQ(linesOf(Inspect(*load.document, LookAround(folders))), "");
 }
 
+TEST_F(Inspected, PresetsAreMissedWhereThoseThatThereAreHaveNoNames)
+{
+    const Load load = loaded("<snapRoot><snapshot name='CurrSnapshot'><snapShotSettings/>"
+                             "<camera refname='a'/></snapshot></snapRoot>");
+    ASSERT_TRUE(load);
+    Folders folders;
+    folders.custom = path("custom");
+    for (const char* const archive :
+         {"<presets><cameras><camera/></cameras></presets>",
+          "<presets xmlns:p='u'><cameras><camera/></cameras></presets>"}) {
+        write("custom/a.rvx", archive);
+        EXPECT_EQ(linesOf(Inspect(*load.document, LookAround(folders))),
+                  "missing-preset 1:60 snapshot[CurrSnapshot]/camera[a]")
+            << archive;
+    }
+}
+
 TEST_F(Inspected, AReferenceNameOfAnArchiveIsTakenForTheNext)
 {
     const QByteArray text = "<presets><colours><colour refname='r'/><colour/></colours></presets>";
