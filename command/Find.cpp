@@ -223,7 +223,7 @@ private:
                 hit.kind = catalogue::toQString(block.text(row.kind));
                 hit.name = catalogue::toQString(block.text(catalogue::identityOf(row)));
                 hit.refName = catalogue::toQString(block.text(row.refName));
-                hit.path = catalogue::pathOf(block, row);
+                hit.path = catalogue::toQString(catalogue::pathOf(block, row));
                 hits.append(hit);
             } else if (mayHave(block, row)) {
                 // Where in the preset it is, the preset itself says.
@@ -232,7 +232,8 @@ private:
                 if (!preset)
                     return false;
                 ParamValues values;
-                examine({preset.element, catalogue::pathOf(block, row)}, file, values, hits);
+                examine({preset.element, catalogue::toQString(catalogue::pathOf(block, row))}, file,
+                        values, hits);
             }
         }
         return true;

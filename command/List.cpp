@@ -15,29 +15,33 @@
 
 #include <QJsonArray>
 
+#include <string>
+#include <vector>
+
 namespace rvopen::command {
 
 using namespace toolkit;
 using catalogue::BlockStore;
 using catalogue::PresetList;
+using catalogue::PresetText;
 
 namespace {
 
 /// What there is to know of a preset, by the name that it has in JSON and on the command line.
 struct Column {
     const char* name;
-    QString ListedPreset::*text;
+    PresetText text;
 };
 
-constexpr Column s_columns[] = {{"file", &ListedPreset::file},
-                                {"kind", &ListedPreset::kind},
-                                {"name", &ListedPreset::name},
-                                {"refname", &ListedPreset::refName},
-                                {"category", &ListedPreset::category},
-                                {"subcat", &ListedPreset::subCategory},
-                                {"folder", &ListedPreset::folder},
-                                {"path", &ListedPreset::path},
-                                {"description", &ListedPreset::description}};
+constexpr Column s_columns[] = {{"file", PresetText::File},
+                                {"kind", PresetText::Kind},
+                                {"name", PresetText::Name},
+                                {"refname", PresetText::RefName},
+                                {"category", PresetText::Category},
+                                {"subcat", PresetText::SubCategory},
+                                {"folder", PresetText::Folder},
+                                {"path", PresetText::Path},
+                                {"description", PresetText::Description}};
 
 QStringList columnNames()
 {
@@ -47,11 +51,13 @@ QStringList columnNames()
     return names;
 }
 
-/// A cell of tab-separated text: what would end it, and the backslash before these, has a
+/// Makes it a cell of tab-separated text: what would end it, and the backslash before these, has a
 /// backslash.
-QString tabSeparated(const QString& text)
+void makeTabSeparated(std::string& text)
 {
-    return visible(QString(text).replace(QLatin1Char('\\'), QLatin1String("\\\\")));
+    for (std::size_t at = 0; (at = text.find('\\', at)) != std::string::npos; at += 2)
+        text.insert(at, 1, '\\');
+    makeVisible(text);
 }
 
 class List : public Command {
@@ -163,53 +169,74 @@ private:
         });
     }
 
+    /// Calls \p use with the cells of each preset, in the places of those before.
+    template <typename Use>
+    static void forEachLine(const PresetList& list, std::vector<ShownCell>& cells,
+                            const std::vector<PresetText>& texts, Use use)
+    {
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            for (std::size_t cell = 0; cell < texts.size(); ++cell) {
+                cells[cell].text.clear();
+                list.append(i, texts[cell], cells[cell].text);
+                makeVisible(cells[cell].text);
+            }
+            use(i);
+        }
+    }
+
     static void print(PresetList& list, Output& out)
     {
-        const auto cells = [](const ListedPreset& preset) {
-            return Columns::shown({{preset.kind, Style::Dim},
-                                   {preset.name, Style::Bold},
-                                   {preset.refName, Style::Cyan},
-                                   {preset.subCategory},
-                                   {preset.file + QLatin1String(": ") + preset.path, Style::Dim}});
-        };
+        std::vector<ShownCell> cells{{"", Style::Dim}, {"", Style::Bold}, {"", Style::Cyan}, {}};
+        const std::vector<PresetText> texts{PresetText::Kind, PresetText::Name, PresetText::RefName,
+                                            PresetText::SubCategory};
         // Measured in the order in which they lie in memory.
         Columns columns;
-        for (std::size_t i = 0; i < list.size(); ++i)
-            columns.measure(cells(list.shortAt(i)));
+        forEachLine(list, cells, texts, [&](std::size_t) { columns.measure(cells); });
         list.sort();
-        for (std::size_t i = 0; i < list.size(); ++i)
-            columns.print(cells(list.at(i)), out);
+        cells.push_back({"", Style::Dim});
+        forEachLine(list, cells, texts, [&](std::size_t i) {
+            std::string& place = cells.back().text;
+            place.clear();
+            list.append(i, PresetText::File, place);
+            place += ": ";
+            list.append(i, PresetText::Path, place);
+            makeVisible(place);
+            columns.print(cells, out);
+        });
     }
 
     static void print(PresetList& list, const QVector<Column>& chosen, Output& out)
     {
-        const auto cells = [&chosen](const ListedPreset& preset) {
-            QVector<Cell> texts;
-            for (const Column& column : chosen)
-                texts.append({preset.*column.text});
-            return Columns::shown(texts);
-        };
+        std::vector<ShownCell> cells(std::size_t(chosen.size()));
+        std::vector<PresetText> texts;
+        for (const Column& column : chosen)
+            texts.push_back(column.text);
         Columns columns;
-        for (std::size_t i = 0; i < list.size(); ++i)
-            columns.measure(cells(list.at(i)));
+        forEachLine(list, cells, texts, [&](std::size_t) { columns.measure(cells); });
         list.sort();
-        for (std::size_t i = 0; i < list.size(); ++i)
-            columns.print(cells(list.at(i)), out);
+        forEachLine(list, cells, texts, [&](std::size_t) { columns.print(cells, out); });
     }
 
     static void printTabSeparated(PresetList& list, const QVector<Column>& columns, Output& out)
     {
-        QStringList cells;
+        QStringList names;
         for (const Column& column : columns)
-            cells << QLatin1String(column.name);
-        out.line(cells.join(QLatin1Char('\t')));
+            names << QLatin1String(column.name);
+        out.line(names.join(QLatin1Char('\t')));
         list.sort();
+        std::string line;
+        std::string cell;
         for (std::size_t i = 0; i < list.size(); ++i) {
-            const ListedPreset preset = list.at(i);
-            cells.clear();
-            for (const Column& column : columns)
-                cells << tabSeparated(preset.*column.text);
-            out.line(cells.join(QLatin1Char('\t')));
+            line.clear();
+            for (const Column& column : columns) {
+                cell.clear();
+                list.append(i, column.text, cell);
+                makeTabSeparated(cell);
+                line += cell;
+                line += '\t';
+            }
+            line.back() = '\n';
+            out.bytes(line);
         }
     }
 
@@ -217,11 +244,14 @@ private:
     {
         list.sort();
         QJsonArray presets;
+        std::string text;
         for (std::size_t i = 0; i < list.size(); ++i) {
-            const ListedPreset listed = list.at(i);
             QJsonObject preset;
-            for (const Column& column : s_columns)
-                preset.insert(QLatin1String(column.name), listed.*column.text);
+            for (const Column& column : s_columns) {
+                text.clear();
+                list.append(i, column.text, text);
+                preset.insert(QLatin1String(column.name), QString::fromStdString(text));
+            }
             presets.append(preset);
         }
         QJsonObject result = Session::envelope("list");

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <system_error>
 
 #if defined(_WIN32)
@@ -89,6 +90,25 @@ QByteArray harmless(const QByteArray& json)
     return result.toUtf8();
 }
 
+/// From blanks to tildes alone. Most of what is printed is, and eight bytes are one number.
+bool isPlainAscii(std::string_view text)
+{
+    const quint64 ones = 0x0101010101010101;
+    quint64 other = 0;
+    for (std::size_t at = 0; at < text.size(); at += 8) {
+        quint64 eight = 0x20 * ones;
+        if (text.size() - at >= 8) {
+            std::memcpy(&eight, text.data() + at, 8);
+        } else {
+            for (std::size_t i = at; i < text.size(); ++i)
+                eight = eight << 8 | static_cast<unsigned char>(text[i]);
+        }
+        // A bit for what is less than a blank, what is a delete character and what is no ASCII.
+        other |= (eight - 0x20 * ones) | (eight + ones) | eight;
+    }
+    return (other & 0x80 * ones) == 0;
+}
+
 } // namespace
 
 QString visible(const QString& text)
@@ -107,22 +127,6 @@ QString visible(const QString& text)
             result += c;
     }
     return result;
-}
-
-int displayWidth(const QString& text)
-{
-    const auto isAscii = [](QChar c) { return c.unicode() < 0x80; };
-    if (std::all_of(text.cbegin(), text.cend(), isAscii))
-        return int(text.size());
-    int width = 0;
-    for (const uint c : text.toUcs4()) {
-        const QChar::Category category = QChar::category(c);
-        if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
-            category == QChar::Other_Format)
-            continue;
-        width += isWide(c) ? 2 : 1;
-    }
-    return width;
 }
 
 QString counted(qint64 number, const QString& singular, const QString& plural)
@@ -170,9 +174,19 @@ void Output::setColour(const QString& when)
 
 QString Output::styled(const QString& text, Style style) const
 {
-    if (!m_coloured || style == Style::Plain || text.isEmpty())
-        return text;
-    return QLatin1String(code(style)) + text + QLatin1String("\033[0m");
+    std::string result;
+    appendStyled(text.toStdString(), style, result);
+    return QString::fromStdString(result);
+}
+
+void Output::appendStyled(std::string_view text, Style style, std::string& line) const
+{
+    const bool isStyled = m_coloured && style != Style::Plain && !text.empty();
+    if (isStyled)
+        line += code(style);
+    line += text;
+    if (isStyled)
+        line += "\033[0m";
 }
 
 void Output::line(const QString& line)
@@ -182,19 +196,21 @@ void Output::line(const QString& line)
 
 void Output::text(const QString& text)
 {
-    bytes(text.toUtf8());
+    const QByteArray utf8 = text.toUtf8();
+    bytes({utf8.constData(), std::size_t(utf8.size())});
 }
 
-void Output::bytes(const QByteArray& bytes)
+void Output::bytes(std::string_view bytes)
 {
-    m_buffer += bytes;
+    m_buffer.append(bytes.data(), int(bytes.size()));
     if (m_buffer.size() > 65536)
         flush();
 }
 
 void Output::json(const QJsonObject& object)
 {
-    bytes(harmless(QJsonDocument(object).toJson(QJsonDocument::Indented)));
+    const QByteArray json = harmless(QJsonDocument(object).toJson(QJsonDocument::Indented));
+    bytes({json.constData(), std::size_t(json.size())});
 }
 
 void Output::flush()
@@ -211,50 +227,67 @@ void Output::flush()
         QStringLiteral("the output could not be written: %1").arg(QString::fromStdString(reason)));
 }
 
-QVector<Cell> Columns::shown(QVector<Cell> cells)
+void makeVisible(std::string& text)
 {
-    for (Cell& cell : cells)
-        cell.text = visible(cell.text);
-    return cells;
+    if (!isPlainAscii(text))
+        text = visible(QString::fromStdString(text)).toStdString();
 }
 
-void Columns::measure(const QVector<Cell>& cells)
+int displayWidth(const std::string& text)
 {
-    for (int i = 0; i < int(cells.size()); ++i) {
-        if (int(m_widths.size()) <= i)
-            m_widths.append(0);
+    if (isPlainAscii(text))
+        return int(text.size());
+    int width = 0;
+    for (const uint c : QString::fromStdString(text).toUcs4()) {
+        const QChar::Category category = QChar::category(c);
+        if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
+            category == QChar::Other_Format)
+            continue;
+        width += isWide(c) ? 2 : 1;
+    }
+    return width;
+}
+
+void Columns::measure(const std::vector<ShownCell>& cells)
+{
+    if (m_widths.size() < cells.size())
+        m_widths.resize(cells.size());
+    for (std::size_t i = 0; i < cells.size(); ++i)
         m_widths[i] = std::max(m_widths[i], displayWidth(cells[i].text));
-    }
 }
 
-void Columns::print(const QVector<Cell>& cells, Output& out, int indent) const
+void Columns::print(const std::vector<ShownCell>& cells, Output& out, int indent)
 {
-    int last = int(cells.size()) - 1;
-    while (last > 0 && cells[last].text.isEmpty())
-        --last;
-    QString line(indent, QLatin1Char(' '));
-    for (int i = 0; i <= last; ++i) {
-        line += out.styled(cells[i].text, cells[i].style);
-        if (i < last)
-            line += QString(m_widths[i] - displayWidth(cells[i].text) + 2, QLatin1Char(' '));
+    std::size_t count = cells.size();
+    while (count > 1 && cells[count - 1].text.empty())
+        --count;
+    m_line.assign(std::size_t(indent), ' ');
+    for (std::size_t i = 0; i < count; ++i) {
+        out.appendStyled(cells[i].text, cells[i].style, m_line);
+        if (i + 1 < count)
+            m_line.append(std::size_t(m_widths[i] - displayWidth(cells[i].text) + 2), ' ');
     }
-    out.line(line);
+    m_line += '\n';
+    out.bytes(m_line);
 }
 
 void Table::row(const QVector<Cell>& cells)
 {
-    m_rows.append(Columns::shown(cells));
-    m_columns.measure(m_rows.last());
+    std::vector<ShownCell> row;
+    for (const Cell& cell : cells)
+        row.push_back({visible(cell.text).toStdString(), cell.style});
+    m_columns.measure(row);
+    m_rows.push_back(std::move(row));
 }
 
 bool Table::isEmpty() const
 {
-    return m_rows.isEmpty();
+    return m_rows.empty();
 }
 
-void Table::print(Output& out, int indent) const
+void Table::print(Output& out, int indent)
 {
-    for (const QVector<Cell>& row : m_rows)
+    for (const std::vector<ShownCell>& row : m_rows)
         m_columns.print(row, out, indent);
 }
 

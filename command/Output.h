@@ -9,6 +9,9 @@
 #include <QVector>
 
 #include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace rvopen::command {
 
@@ -16,8 +19,6 @@ enum class Style { Plain, Bold, Dim, Red, Green, Yellow, Cyan };
 
 /// Text with control characters, which could drive a terminal, made visible.
 QString visible(const QString& text);
-/// Columns that the text takes on a terminal.
-int displayWidth(const QString& text);
 /// "1 file", "2 files".
 QString counted(qint64 number, const QString& singular, const QString& plural = QString());
 /// 1234567 as "1.2 MB".
@@ -35,9 +36,11 @@ public:
     void setColour(const QString& when);
 
     QString styled(const QString& text, Style style) const;
+    /// The same in UTF-8.
+    void appendStyled(std::string_view text, Style style, std::string& line) const;
     void line(const QString& text = QString());
     void text(const QString& text);
-    void bytes(const QByteArray& bytes);
+    void bytes(std::string_view bytes);
     void json(const QJsonObject& object);
 
     /// Throws a Failure when something could not be written.
@@ -54,18 +57,27 @@ struct Cell {
     Style style = Style::Plain;
 };
 
+/// A cell as it is printed, in UTF-8.
+struct ShownCell {
+    std::string text;
+    Style style = Style::Plain;
+};
+
+/// Makes control characters visible.
+void makeVisible(std::string& text);
+/// Columns that the text takes on a terminal.
+int displayWidth(const std::string& text);
+
 /// What cells below each other are padded to; the last one of a line is not. For more lines than
 /// are held in memory: first all are measured, then printed.
 class Columns {
 public:
-    /// The cells as they are printed.
-    static QVector<Cell> shown(QVector<Cell> cells);
-    /// Of cells that are shown().
-    void measure(const QVector<Cell>& cells);
-    void print(const QVector<Cell>& cells, Output& out, int indent = 0) const;
+    void measure(const std::vector<ShownCell>& cells);
+    void print(const std::vector<ShownCell>& cells, Output& out, int indent = 0);
 
 private:
-    QVector<int> m_widths;
+    std::vector<int> m_widths;
+    std::string m_line;
 };
 
 /// Rows of cells below each other.
@@ -75,11 +87,10 @@ public:
 
     void row(const QVector<Cell>& cells);
     bool isEmpty() const;
-    void print(Output& out, int indent = 0) const;
+    void print(Output& out, int indent = 0);
 
 private:
-    /// As they are printed.
-    QVector<QVector<Cell>> m_rows;
+    std::vector<std::vector<ShownCell>> m_rows;
     Columns m_columns;
 };
 

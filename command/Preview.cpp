@@ -84,7 +84,7 @@ public:
         const QByteArray bytes =
             encodedPicture(picture.toImage(), isPiped ? QByteArray("png") : suffix());
         if (isPiped) {
-            session.out.bytes(bytes);
+            session.out.bytes({bytes.constData(), std::size_t(bytes.size())});
             return ExitFine;
         }
         if (isSameFile(m_output, document->Path()))

@@ -45,8 +45,9 @@ QStringList pathsOf(const Block& block)
     for (quint32 i = 0; i < block.head().rows; ++i) {
         const BlockRow row = block.row(i);
         if (row.folder != NoFolder)
-            paths << pathOf(block, row) + QLatin1Char(' ') + foldersOf(block, row) +
-                         QLatin1Char(' ') + toQString(block.text(row.name)) + QLatin1Char(' ') +
+            paths << toQString(pathOf(block, row)) + QLatin1Char(' ') +
+                         toQString(foldersOf(block, row)) + QLatin1Char(' ') +
+                         toQString(block.text(row.name)) + QLatin1Char(' ') +
                          toQString(block.text(row.description));
     }
     return paths;

@@ -79,7 +79,10 @@ bool XmlScan::ScanFile(const QString& path, ReadError* error)
     QString text;
     bool isDocument = readText(path, bytes, text, failure);
     if (isDocument) {
-        normaliseLineEnds(text);
+        // Bytes are searched more quickly than characters, of which none is coded without its
+        // number.
+        if (bytes.contains('\r'))
+            normaliseLineEnds(text);
         xml::Scanner scanner(xml::viewOf(text));
         Source source(*this, bytes, xml::viewOf(text));
         isDocument = xml::scan(scanner, source);

@@ -747,22 +747,24 @@ TEST(ReadingBoundsTest, RefusesAMillionLevelsAtOnce)
     EXPECT_EQ(parseText(nested(1000000)), nullptr);
 }
 
-QString withAttributes(int count)
+QString withAttributes(int count, const char* quotes)
 {
     QString text = QStringLiteral("<a");
     for (int i = 0; i < count; ++i)
-        text += QStringLiteral(" b%1=''").arg(i);
+        text += QStringLiteral(" b%1=").arg(i) + QLatin1String(quotes);
     return text + QStringLiteral("/>");
 }
 
 TEST(ReadingBoundsTest, TakesTheMostAttributes)
 {
-    EXPECT_NE(parseText(withAttributes(MaxAttributes)), nullptr);
+    EXPECT_NE(parseText(withAttributes(MaxAttributes, "''")), nullptr);
+    EXPECT_NE(parseText(withAttributes(MaxAttributes, "\"\"")), nullptr);
 }
 
 TEST(ReadingBoundsTest, RefusesMoreAttributes)
 {
-    EXPECT_EQ(parseText(withAttributes(MaxAttributes + 1)), nullptr);
+    EXPECT_EQ(parseText(withAttributes(MaxAttributes + 1, "''")), nullptr);
+    EXPECT_EQ(parseText(withAttributes(MaxAttributes + 1, "\"\"")), nullptr);
 }
 
 TEST(ReadingBoundsTest, TakesTheLongestName)
@@ -770,6 +772,7 @@ TEST(ReadingBoundsTest, TakesTheLongestName)
     const QString name(MaxNameLength, QLatin1Char('n'));
 
     EXPECT_NE(parseText(QStringLiteral("<%1 %1=''/>").arg(name)), nullptr);
+    EXPECT_NE(parseText(QStringLiteral("<%1 %1=\"\"/>").arg(name)), nullptr);
 }
 
 TEST(ReadingBoundsTest, RefusesALongerName)
@@ -777,6 +780,7 @@ TEST(ReadingBoundsTest, RefusesALongerName)
     const QString name(MaxNameLength + 1, QLatin1Char('n'));
 
     EXPECT_EQ(parseText(QStringLiteral("<a %1=''/>").arg(name)), nullptr);
+    EXPECT_EQ(parseText(QStringLiteral("<a %1=\"\"/>").arg(name)), nullptr);
 }
 
 TEST(ReadingBoundsTest, AreGenerousAboutTheInput)

@@ -36,9 +36,10 @@ const QVector<Row>& textureRows()
     return rows;
 }
 
-const Row& textureRow(const QString& file)
+// By value: a compiler warns of references that come from where a temporary went in.
+const Row& textureRow(QString name)
 {
-    const QString name = QString(file).replace('\\', '/');
+    name.replace('\\', '/');
     const auto row = std::find_if(textureRows().cbegin(), textureRows().cend(),
                                   [&name](const Row& each) { return each.text("file") == name; });
     if (row == textureRows().cend())

@@ -6,28 +6,27 @@
 #include <rvopen/xml/TextDecoding.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace rvopen::xml {
 
 namespace {
 
-/// Bytes of the characters in UTF-8; of half a surrogate pair half of that of the pair. In short
-/// numbers, with which the compiler takes many characters at once.
-qint64 utf8Length(const char16_t* from, const char16_t* to)
+/// Of the first byte from there on that is no ASCII; the size where there is none.
+qint64 otherThanAscii(const QByteArray& bytes, qint64 offset)
 {
-    qint64 length = to - from;
-    while (from != to) {
-        const char16_t* const end = from + std::min<std::ptrdiff_t>(to - from, 8192);
-        quint16 more = 0;
-        for (; from != end; ++from) {
-            const quint16 c = *from;
-            more = static_cast<quint16>(more + (c >= 0x80 ? 1 : 0));
-            more = static_cast<quint16>(more + (c >= 0x800 ? 1 : 0));
-            more = static_cast<quint16>(more - ((c & 0xF800) == 0xD800 ? 1 : 0));
-        }
-        length += more;
+    const quint64 highBits = 0x8080808080808080;
+    const char* const data = bytes.constData();
+    const qint64 size = bytes.size();
+    quint64 eight = 0;
+    for (; offset + 8 <= size; offset += 8) {
+        std::memcpy(&eight, data + offset, 8);
+        if ((eight & highBits) != 0)
+            break;
     }
-    return length;
+    while (offset < size && static_cast<unsigned char>(data[offset]) < 0x80)
+        ++offset;
+    return offset;
 }
 
 } // namespace
@@ -45,6 +44,7 @@ BytePlaces::BytePlaces(const QByteArray& bytes, View text)
     m_hasReturns = bytes.contains('\r');
     m_at = text.data();
     m_offset = m_start;
+    m_other = m_start;
 }
 
 qint64 BytePlaces::offsetOf(const char16_t* place)
@@ -54,12 +54,19 @@ qint64 BytePlaces::offsetOf(const char16_t* place)
     if (place < m_at) {
         m_at = m_text.data();
         m_offset = m_start;
+        m_other = m_start;
     }
-    if (m_width == 1 && !m_hasReturns) {
-        m_offset += utf8Length(m_at, place);
-        m_at = place;
-    }
+    const bool isUtf8 = m_width == 1 && !m_hasReturns;
     for (; m_at != place; ++m_at) {
+        if (isUtf8) {
+            if (m_other <= m_offset)
+                m_other = otherThanAscii(m_bytes, m_offset);
+            const qint64 same = std::min<qint64>(place - m_at, m_other - m_offset);
+            m_at += same;
+            m_offset += same;
+            if (m_at == place)
+                break;
+        }
         if (*m_at == u'\n' && unitAt(m_offset) == U'\r') {
             m_offset += m_width;
             m_offset += unitAt(m_offset) == U'\n' ? m_width : 0;

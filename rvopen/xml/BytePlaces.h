@@ -39,6 +39,8 @@ private:
     /// What was asked for last.
     const char16_t* m_at;
     qint64 m_offset;
+    /// From there to here, in UTF-8, is nothing but ASCII.
+    qint64 m_other;
 };
 
 } // namespace rvopen::xml

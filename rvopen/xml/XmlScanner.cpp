@@ -12,6 +12,15 @@ namespace rvopen::xml {
 
 namespace {
 
+/// Behind the ASCII of that class that begins there.
+template <detail::Class Wanted>
+const char16_t* behindAscii(const char16_t* at, const char16_t* end)
+{
+    while (at != end && detail::isAscii(*at, Wanted))
+        ++at;
+    return at;
+}
+
 qint64 memoryOf(View text)
 {
     return static_cast<qint64>(text.size()) * CharacterMemory;
@@ -59,10 +68,12 @@ void Scanner::describe(ReadError& error) const
 /// True when there were some.
 bool Scanner::skipBlanks()
 {
-    const char16_t* const start = m_at;
-    while (!atEnd() && isBlank(*m_at))
-        ++m_at;
-    return m_at != start;
+    const char16_t* p = m_at;
+    while (p != m_end && isBlank(*p))
+        ++p;
+    const bool isThere = p != m_at;
+    m_at = p;
+    return isThere;
 }
 
 bool Scanner::startTag(StartTag& tag)
@@ -113,8 +124,7 @@ bool Scanner::characters(Characters& characters)
     const char16_t* const start = m_at;
     const char16_t* p = m_at;
     for (;;) {
-        while (p != m_end && isBlank(*p))
-            ++p;
+        p = behindAscii<detail::Blank>(p, m_end);
         const char16_t* const inked = p;
         while (p != m_end && (isPlain(*p) || *p == u'\n'))
             ++p;
@@ -303,27 +313,56 @@ bool Scanner::attributes(StartTag& tag)
 {
     tag.attributes.clear();
     for (;;) {
+        if (!commonAttributes(tag))
+            return false;
         const bool isSeparated = skipBlanks();
         if (isAt(u'>') || isAt(u'/'))
             return uniqueNames(tag.attributes);
         if (!isSeparated)
             return fail("A blank is missing in a tag");
-        Attribute attribute;
-        attribute.name = name();
-        if (attribute.name.empty())
+        const View name = this->name();
+        if (name.empty())
             return false;
         if (tag.attributes.size() == MaxAttributes)
             return fail("An element has too many attributes");
         skipBlanks();
         if (!accept(u'='))
-            return fail("The attribute \"%1\" has no value", attribute.name);
+            return fail("The attribute \"%1\" has no value", name);
         skipBlanks();
+        Attribute& attribute = tag.attributes.emplace_back();
+        attribute.name = name;
         if (!attributeValue(attribute))
             return false;
+        if (!use(AttributeMemory + memoryOf(name) + memoryOf(attribute.value)))
+            return false;
+    }
+}
+
+/// Those that are written as nearly all are: a blank before the name, nothing around the sign,
+/// double quotes, and ASCII that stands for itself. Ends before the first that is not, which takes
+/// the longer way.
+bool Scanner::commonAttributes(StartTag& tag)
+{
+    while (isAt(u' ') && tag.attributes.size() < MaxAttributes) {
+        const char16_t* const name = m_at + 1;
+        if (name == m_end || !detail::isAscii(*name, detail::NameStart))
+            return true;
+        const char16_t* const sign = behindAscii<detail::NamePart>(name, m_end);
+        const auto nameLength = static_cast<std::size_t>(sign - name);
+        if (m_end - sign < 2 || sign[0] != u'=' || sign[1] != u'"' || nameLength > MaxNameLength)
+            return true;
+        const char16_t* const value = sign + 2;
+        const char16_t* const quote = behindAscii<detail::Plain>(value, m_end);
+        if (quote == m_end || *quote != u'"')
+            return true;
+        Attribute& attribute = tag.attributes.emplace_back();
+        attribute.name = View(name, nameLength);
+        attribute.value = View(value, static_cast<std::size_t>(quote - value));
+        m_at = quote + 1;
         if (!use(AttributeMemory + memoryOf(attribute.name) + memoryOf(attribute.value)))
             return false;
-        tag.attributes.push_back(attribute);
     }
+    return true;
 }
 
 bool Scanner::attributeValue(Attribute& attribute)

@@ -93,6 +93,7 @@ private:
     bool literal(View& value);
 
     bool attributes(StartTag& tag);
+    bool commonAttributes(StartTag& tag);
     bool attributeValue(Attribute& attribute);
     bool uniqueNames(const std::vector<Attribute>& attributes);
 

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <atomic>
 #include <new>
+#include <string>
 #include <thread>
 
 namespace rvopen::toolkit::catalogue {
@@ -32,12 +33,15 @@ QString commonFolder(const QStringList& files)
     return first->left(int(first->left(same).lastIndexOf(QLatin1Char('/'))));
 }
 
+/// A step of a path, in UTF-8; none of these is a parameter.
 template <typename Named>
-QString labelOf(const Block& block, const Named& named)
+void appendStep(const Block& block, const Named& named, bool isFirst, std::string& path)
 {
-    return numbered(toolkit::labelOf(toQString(block.text(named.kind)),
-                                     toQString(block.text(identityOf(named)))),
-                    int(named.number));
+    if (!isFirst)
+        path += '/';
+    appendLabel(block.text(named.kind), block.text(identityOf(named)), path);
+    if (named.number != 1)
+        path += '#' + std::to_string(named.number);
 }
 
 } // namespace
@@ -146,31 +150,37 @@ std::vector<BlockFolder> foldersAbove(const Block& block, const BlockRow& row)
     return folders;
 }
 
-QString pathOf(const Block& block, const BlockRow& row)
+std::string pathOf(const Block& block, const BlockRow& row)
 {
-    return pathOf(block, row, folderPathOf(block, row));
-}
-
-QString pathOf(const Block& block, const BlockRow& row, const QString& folderPath)
-{
-    return joined(folderPath, labelOf(block, row));
-}
-
-QString folderPathOf(const Block& block, const BlockRow& row)
-{
-    QString path;
-    for (const BlockFolder& folder : foldersAbove(block, row))
-        path = joined(path, labelOf(block, folder));
+    std::string path;
+    appendPath(block, row, folderPathOf(block, row), path);
     return path;
 }
 
-QString foldersOf(const Block& block, const BlockRow& row)
+void appendPath(const Block& block, const BlockRow& row, const std::string& folderPath,
+                std::string& path)
 {
-    QString folders;
+    path += folderPath;
+    appendStep(block, row, folderPath.empty(), path);
+}
+
+std::string folderPathOf(const Block& block, const BlockRow& row)
+{
+    std::string path;
+    for (const BlockFolder& folder : foldersAbove(block, row))
+        appendStep(block, folder, path.empty(), path);
+    return path;
+}
+
+std::string foldersOf(const Block& block, const BlockRow& row)
+{
+    std::string folders;
     for (const BlockFolder& folder : foldersAbove(block, row)) {
-        if (folder.parent != NoFolder)
-            folders += (folders.isEmpty() ? QString() : QStringLiteral(" / ")) +
-                       toQString(block.text(identityOf(folder)));
+        if (folder.parent == NoFolder)
+            continue;
+        if (!folders.empty())
+            folders += " / ";
+        folders += block.text(identityOf(folder));
     }
     return folders;
 }

@@ -15,6 +15,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace rvopen::toolkit::catalogue {
@@ -84,17 +86,19 @@ private:
 };
 
 /// \name What is made of a row
+/// In UTF-8.
 /// @{
 
 /// Those that it stands in, from the section on.
 std::vector<BlockFolder> foldersAbove(const Block& block, const BlockRow& row);
 /// Its path, as forEachPreset() gives it.
-QString pathOf(const Block& block, const BlockRow& row);
-/// The same, put together of the path of the folder that it stands in.
-QString pathOf(const Block& block, const BlockRow& row, const QString& folderPath);
-QString folderPathOf(const Block& block, const BlockRow& row);
+std::string pathOf(const Block& block, const BlockRow& row);
+/// Appends the same, put together of the path of the folder that it stands in.
+void appendPath(const Block& block, const BlockRow& row, const std::string& folderPath,
+                std::string& path);
+std::string folderPathOf(const Block& block, const BlockRow& row);
 /// Names of the folders down to it, joined by " / ".
-QString foldersOf(const Block& block, const BlockRow& row);
+std::string foldersOf(const Block& block, const BlockRow& row);
 /// The section of the archive; empty for the current snapshot.
 std::string_view sectionOf(const Block& block, const BlockRow& row);
 /// @}

@@ -7,6 +7,7 @@
 #include "PresetList.h"
 #include "RowSearch.h"
 #include "SmallDocument.h"
+#include "toolkit/edit/Labels.h"
 
 #include <algorithm>
 #include <string>
@@ -24,26 +25,17 @@ using catalogue::RowSearch;
 
 namespace {
 
-/// Whether what is called this may be what the path leads to. Signs that are escaped in paths leave
-/// that open.
-bool mayLeadTo(std::string_view path, std::string_view name)
-{
-    const bool isPlain = std::all_of(name.begin(), name.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x20 &&
-               std::string_view("]*@:\\").find(c) == std::string_view::npos;
-    });
-    return !isPlain || path.find(name) != std::string_view::npos;
-}
-
 /// The row of that path below the root; false where there is none.
-bool findRow(const Block& block, const QString& path, BlockRow& row)
+bool findRow(const Block& block, const std::string& path, BlockRow& row)
 {
-    const std::string text = path.toStdString();
     for (quint32 i = 0; i < block.head().rows; ++i) {
         row = block.row(i);
+        if (row.folder == NoFolder)
+            continue;
         // Paths are only made of what may have this one.
-        if (row.folder != NoFolder && mayLeadTo(text, block.text(catalogue::identityOf(row))) &&
-            catalogue::pathOf(block, row) == path)
+        const std::string_view name = block.text(catalogue::identityOf(row));
+        const bool mayBe = !isPlainIdentity(name) || path.find(name) != std::string::npos;
+        if (mayBe && catalogue::pathOf(block, row) == path)
             return true;
     }
     return false;
@@ -127,15 +119,16 @@ OpenPreset Catalogue::Open(const ListedPreset& preset) const
 {
     const BlockStore& blocks = m_store->blocks;
     const int index = m_store->indexOf(preset.file);
+    const std::string path = preset.path.toStdString();
     BlockRow row;
-    if (index >= 0 && findRow(blocks.block(index), preset.path, row)) {
+    if (index >= 0 && findRow(blocks.block(index), path, row)) {
         const OpenPreset opened =
             catalogue::openThere(preset.file, blocks.state(index), blocks.block(index), row);
         if (opened)
             return opened;
     }
     const BlockStore now({preset.file});
-    if (findRow(now.block(0), preset.path, row)) {
+    if (findRow(now.block(0), path, row)) {
         const OpenPreset opened =
             catalogue::openThere(preset.file, now.state(0), now.block(0), row);
         if (opened)

@@ -23,40 +23,30 @@ quint64 startOf(std::string_view text)
     return start;
 }
 
-ListedPreset shortOf(const Block& block, const BlockRow& row)
-{
-    ListedPreset listed;
-    listed.kind = toQString(block.text(row.kind));
-    listed.name = toQString(block.text(row.name));
-    listed.refName = toQString(block.text(row.refName));
-    listed.subCategory = toQString(block.text(row.subCategory));
-    return listed;
-}
-
-ListedPreset listedIn(const QString& file, const Block& block, const BlockRow& row,
-                      const QString& folderPath)
-{
-    ListedPreset listed = shortOf(block, row);
-    listed.file = file;
-    listed.category = toQString(block.text(row.category));
-    listed.folder = foldersOf(block, row);
-    listed.path = pathOf(block, row, folderPath);
-    listed.description = toQString(block.text(row.description));
-    return listed;
-}
-
 } // namespace
 
 ListedPreset listedOf(const BlockStore& store, int document, quint32 row)
 {
     const Block& block = store.block(document);
     const BlockRow found = block.row(row);
-    return listedIn(store.file(document), block, found, folderPathOf(block, found));
+    ListedPreset listed;
+    listed.file = store.file(document);
+    listed.kind = toQString(block.text(found.kind));
+    listed.name = toQString(block.text(found.name));
+    listed.refName = toQString(block.text(found.refName));
+    listed.category = toQString(block.text(found.category));
+    listed.subCategory = toQString(block.text(found.subCategory));
+    listed.folder = toQString(foldersOf(block, found));
+    listed.path = toQString(pathOf(block, found));
+    listed.description = toQString(block.text(found.description));
+    return listed;
 }
 
 PresetList::PresetList(const BlockStore& store)
     : m_store(store)
 {
+    for (int i = 0; i < store.count(); ++i)
+        m_files.push_back(store.file(i).toStdString());
 }
 
 bool PresetList::add(int document, const AttributeFilter& filter)
@@ -64,22 +54,21 @@ bool PresetList::add(int document, const AttributeFilter& filter)
     const Block& block = m_store.block(document);
     std::string lower;
     return forEachPassing(block, filter, [&](quint32 index, const BlockRow& row) {
-        append(document, index, block.text(row.kind), block.caseFoldedText(row.name, lower));
+        add(document, index, block.text(row.kind), block.caseFoldedText(row.name, lower));
     });
 }
 
 void PresetList::add(const QString& file, const Preset& preset)
 {
     const auto value = [&preset](const char* attribute) {
-        return preset.element.attribute(QLatin1String(attribute));
+        return preset.element.attribute(QLatin1String(attribute)).toStdString();
     };
-    const ListedPreset listed{
-        file,         preset.element.tagName(), value("name"), value("refname"),
-        value("cat"), value("subcat"),          preset.folder, preset.path,
-        value("desc")};
-    m_built.push_back({listed, listed.name.toStdString(), listed.refName.toStdString()});
-    append(-int(m_built.size()), 0, listed.kind.toStdString(),
-           listed.name.toCaseFolded().toStdString());
+    const std::string kind = preset.element.tagName().toStdString();
+    m_built.push_back({file.toStdString(), kind, value("name"), value("refname"), value("cat"),
+                       value("subcat"), preset.folder.toStdString(), preset.path.toStdString(),
+                       value("desc")});
+    const QString name = preset.element.attribute(QStringLiteral("name"));
+    add(-int(m_built.size()), 0, kind, name.toCaseFolded().toStdString());
 }
 
 void PresetList::sort()
@@ -88,42 +77,66 @@ void PresetList::sort()
               [this](const Item& a, const Item& b) { return precedes(a, b); });
 }
 
-ListedPreset PresetList::at(std::size_t index) const
+void PresetList::append(std::size_t index, PresetText which, std::string& text) const
 {
     const Item& item = m_items[index];
-    if (item.document < 0)
-        return builtOf(item).preset;
+    if (item.document < 0) {
+        text += builtOf(item)[std::size_t(which)];
+        return;
+    }
     const Block& block = m_store.block(item.document);
     const BlockRow row = block.row(item.row);
-    QString& folder = m_folders[quint64(item.document) << 32 | row.folder];
-    if (folder.isNull())
-        folder = folderPathOf(block, row);
-    return listedIn(fileOf(item), block, row, folder);
-}
-
-ListedPreset PresetList::shortAt(std::size_t index) const
-{
-    const Item& item = m_items[index];
-    if (item.document < 0)
-        return builtOf(item).preset;
-    const Block& block = m_store.block(item.document);
-    return shortOf(block, block.row(item.row));
+    switch (which) {
+    case PresetText::File:
+        text += fileOf(item);
+        break;
+    case PresetText::Kind:
+        text += block.text(row.kind);
+        break;
+    case PresetText::Name:
+        text += block.text(row.name);
+        break;
+    case PresetText::RefName:
+        text += block.text(row.refName);
+        break;
+    case PresetText::Category:
+        text += block.text(row.category);
+        break;
+    case PresetText::SubCategory:
+        text += block.text(row.subCategory);
+        break;
+    case PresetText::Folder:
+        text += foldersOf(block, row);
+        break;
+    case PresetText::Path: {
+        const auto [folder, isNew] =
+            m_folders.try_emplace(quint64(item.document) << 32 | row.folder);
+        if (isNew)
+            folder->second = folderPathOf(block, row);
+        appendPath(block, row, folder->second, text);
+        break;
+    }
+    case PresetText::Description:
+        text += block.text(row.description);
+        break;
+    }
 }
 
 PresetList::Keys PresetList::keysOf(const Item& item) const
 {
     if (item.document < 0) {
         const Built& built = builtOf(item);
-        return {built.name, built.refName};
+        return {built[std::size_t(PresetText::Name)], built[std::size_t(PresetText::RefName)]};
     }
     const Block& block = m_store.block(item.document);
     const BlockRow row = block.row(item.row);
     return {block.text(row.name), block.text(row.refName)};
 }
 
-QString PresetList::fileOf(const Item& item) const
+std::string_view PresetList::fileOf(const Item& item) const
 {
-    return item.document < 0 ? builtOf(item).preset.file : m_store.file(item.document);
+    return item.document < 0 ? builtOf(item)[std::size_t(PresetText::File)]
+                             : m_files[std::size_t(item.document)];
 }
 
 std::string_view PresetList::orderOf(const Item& item) const
@@ -131,7 +144,7 @@ std::string_view PresetList::orderOf(const Item& item) const
     return std::string_view(m_orders).substr(item.order, item.orderLength);
 }
 
-void PresetList::append(int document, quint32 row, std::string_view kind, std::string_view order)
+void PresetList::add(int document, quint32 row, std::string_view kind, std::string_view order)
 {
     Item item{document, row, 0, startOf(order), m_orders.size(), order.size()};
     item.kind = std::size_t(std::find(m_kinds.begin(), m_kinds.end(), kind) - m_kinds.begin());
@@ -155,7 +168,7 @@ bool PresetList::precedes(const Item& a, const Item& b) const
     order = compared(left.name, right.name);
     if (order == 0)
         order = compared(left.refName, right.refName);
-    return (order != 0 ? order : QString::compare(fileOf(a), fileOf(b))) < 0;
+    return (order != 0 ? order : compared(fileOf(a), fileOf(b))) < 0;
 }
 
 } // namespace rvopen::toolkit::catalogue

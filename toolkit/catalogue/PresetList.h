@@ -11,6 +11,7 @@
 
 #include <QString>
 
+#include <array>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -25,6 +26,19 @@ namespace catalogue {
 
 /// What a list shows of a row of the store.
 ListedPreset listedOf(const BlockStore& store, int document, quint32 row);
+
+/// What there is to know of a preset in a list: what ListedPreset has.
+enum class PresetText {
+    File,
+    Kind,
+    Name,
+    RefName,
+    Category,
+    SubCategory,
+    Folder,
+    Path,
+    Description
+};
 
 /// Presets of many documents, sorted by kind, name, reference name and file. Holds little more of
 /// each than where it is in its block.
@@ -44,9 +58,8 @@ public:
     {
         return m_items.size();
     }
-    ListedPreset at(std::size_t index) const;
-    /// With nothing of it but kind, name, reference name and sub-category.
-    ListedPreset shortAt(std::size_t index) const;
+    /// Appends it to \p text, in UTF-8.
+    void append(std::size_t index, PresetText which, std::string& text) const;
 
 private:
     struct Item {
@@ -64,27 +77,26 @@ private:
         std::string_view name;
         std::string_view refName;
     };
-    struct Built {
-        ListedPreset preset;
-        std::string name;
-        std::string refName;
-    };
+    /// By PresetText.
+    using Built = std::array<std::string, 9>;
 
     const Built& builtOf(const Item& item) const
     {
         return m_built[std::size_t(-1 - item.document)];
     }
     Keys keysOf(const Item& item) const;
-    QString fileOf(const Item& item) const;
+    std::string_view fileOf(const Item& item) const;
     std::string_view orderOf(const Item& item) const;
-    void append(int document, quint32 row, std::string_view kind, std::string_view order);
+    void add(int document, quint32 row, std::string_view kind, std::string_view order);
     bool precedes(const Item& a, const Item& b) const;
 
     const BlockStore& m_store;
     std::vector<Item> m_items;
     std::deque<Built> m_built;
     /// Paths of folders that were asked for, by document and folder.
-    mutable std::unordered_map<quint64, QString> m_folders;
+    mutable std::unordered_map<quint64, std::string> m_folders;
+    /// Of the documents of the store.
+    std::vector<std::string> m_files;
     std::vector<std::string> m_kinds;
     std::string m_orders;
 };

@@ -6,6 +6,7 @@
 #include "toolkit/images/ReferencedTextures.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace rvopen::toolkit::catalogue {
 
@@ -13,13 +14,24 @@ namespace {
 
 using View = std::u16string_view;
 
-constexpr View s_param = u"param";
+/// Of texts that are short and known, a number or two: the comparison of views takes one character
+/// after the other.
+template <std::size_t Size>
+bool is(View text, const char16_t (&word)[Size])
+{
+    return text.size() == Size - 1 && std::memcmp(text.data(), word, sizeof word - 2) == 0;
+}
 
 /// Names with the prefix that is always declared, and what declares others.
 bool isInNamespace(View name)
 {
     return name.size() > 4 && name[0] == u'x' &&
-           (name.substr(0, 4) == u"xml:" || name.substr(0, 6) == u"xmlns:");
+           (is(name.substr(0, 4), u"xml:") || is(name.substr(0, 6), u"xmlns:"));
+}
+
+bool isParam(View name)
+{
+    return is(name, u"param");
 }
 
 QStringView shown(View text)
@@ -53,11 +65,11 @@ void RowScan::StartElement(View name, const Attributes& attributes)
             part(name, attributes);
     } else if (m_depth == 1) {
         root(name, attributes);
-    } else if (m_depth == 2 || name == u"dir") {
+    } else if (m_depth == 2 || is(name, u"dir")) {
         folder(name, attributes);
     } else {
         m_itemDepth = m_depth;
-        m_isLeftOut = name == s_param;
+        m_isLeftOut = isParam(name);
         if (!m_isLeftOut)
             row(name, attributes);
     }
@@ -87,7 +99,7 @@ void RowScan::root(View name, const Attributes& attributes)
 {
     m_block.head.root = add(name);
     for (const ScannedAttribute& attribute : attributes) {
-        if (attribute.name == u"type")
+        if (is(attribute.name, u"type"))
             m_block.head.rootType = add(attribute);
     }
     m_block.head.rootOffset = quint64(Offset());
@@ -98,7 +110,7 @@ void RowScan::root(View name, const Attributes& attributes)
 void RowScan::folder(View name, const Attributes& attributes)
 {
     // One that is a section is called as parameters are.
-    if (name == s_param || name.find(u':') != View::npos)
+    if (isParam(name) || name.find(u':') != View::npos)
         m_block.head.needsDom = 1;
     BlockFolder folder;
     folder.offset = quint64(Offset());
@@ -107,14 +119,14 @@ void RowScan::folder(View name, const Attributes& attributes)
     folder.kind = add(name);
     Named named;
     for (const ScannedAttribute& attribute : attributes) {
-        if (!take(attribute, named) && attribute.name == u"archiveFilename")
+        if (!take(attribute, named) && is(attribute.name, u"archiveFilename"))
             folder.archive = add(attribute);
     }
     folder.name = named.name;
     folder.refName = named.refName;
     folder.linkName = named.linkName;
     folder.number = numberOf(m_shelves.back(), folder.kind, named);
-    if (m_depth == 2 && name == u"snapshot" && m_block.text(m_block.head.root) == "snapRoot") {
+    if (m_depth == 2 && is(name, u"snapshot") && m_block.text(m_block.head.root) == "snapRoot") {
         row(name, attributes);
         BlockRow& current = m_block.rows.back();
         current.folder = NoFolder;
@@ -141,13 +153,13 @@ void RowScan::row(View name, const Attributes& attributes)
     for (const ScannedAttribute& attribute : attributes) {
         if (take(attribute, named))
             continue;
-        if (attribute.name == u"cat")
+        if (is(attribute.name, u"cat"))
             row.category = add(attribute);
-        else if (attribute.name == u"subcat")
+        else if (is(attribute.name, u"subcat"))
             row.subCategory = add(attribute);
-        else if (attribute.name == u"desc")
+        else if (is(attribute.name, u"desc"))
             row.description = add(attribute);
-        else if (attribute.name == u"imgname")
+        else if (is(attribute.name, u"imgname"))
             row.thumbnail = add(attribute);
     }
     row.name = named.name;
@@ -163,7 +175,7 @@ void RowScan::row(View name, const Attributes& attributes)
 
 void RowScan::part(View name, const Attributes& attributes)
 {
-    if (name == s_param)
+    if (isParam(name))
         param(attributes);
     m_owners.push_back(name);
 }
@@ -175,24 +187,24 @@ void RowScan::param(const Attributes& attributes)
     const ScannedAttribute* type = &none;
     const ScannedAttribute* value = &none;
     for (const ScannedAttribute& attribute : attributes) {
-        if (attribute.name == u"name")
+        if (is(attribute.name, u"name"))
             name = &attribute;
-        else if (attribute.name == u"type")
+        else if (is(attribute.name, u"type"))
             type = &attribute;
-        else if (attribute.name == u"val")
+        else if (is(attribute.name, u"val"))
             value = &attribute;
     }
     // What is written with references is none of these words, or not by anybody's habit.
     if (!name->isPlain || !type->isPlain)
         m_block.head.needsDom = 1;
     const View owner = m_owners.back();
-    if (type->value == u"colour") {
+    if (is(type->value, u"colour")) {
         const TextId colour = add(*value);
         addOnce(m_colours, colour);
         TextId& plain = m_block.rows.back().plainColour;
-        if (plain == 0 && owner == u"plainColour")
+        if (plain == 0 && is(owner, u"plainColour"))
             plain = colour;
-    } else if (type->value == u"float" && owner == u"finish") {
+    } else if (is(type->value, u"float") && is(owner, u"finish")) {
         m_numbers.push_back(add(*name));
         m_numbers.push_back(add(*value));
     }
@@ -214,11 +226,11 @@ void RowScan::endRow(BlockRow& row)
 
 bool RowScan::take(const ScannedAttribute& attribute, Named& named)
 {
-    if (attribute.name == u"name")
+    if (is(attribute.name, u"name"))
         named.name = add(attribute);
-    else if (attribute.name == u"refname")
+    else if (is(attribute.name, u"refname"))
         named.refName = add(attribute);
-    else if (attribute.name == u"linkname")
+    else if (is(attribute.name, u"linkname"))
         named.linkName = add(attribute);
     else
         return false;

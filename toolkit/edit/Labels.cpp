@@ -78,6 +78,32 @@ QString labelOf(const QString& kind, const QString& identity)
     return kind + QLatin1Char('[') + name + QLatin1Char(']');
 }
 
+void appendLabel(std::string_view kind, std::string_view identity, std::string& path)
+{
+    if (!identity.empty() && !isPlainIdentity(identity)) {
+        const auto toQString = [](std::string_view text) {
+            return QString::fromUtf8(text.data(), int(text.size()));
+        };
+        path += labelOf(toQString(kind), toQString(identity)).toStdString();
+        return;
+    }
+    path += kind;
+    if (!identity.empty()) {
+        path += '[';
+        path += identity;
+        path += ']';
+    }
+}
+
+bool isPlainIdentity(std::string_view identity)
+{
+    if (!identity.empty() && (identity[0] == '@' || identity[0] == ':'))
+        return false;
+    return std::all_of(identity.begin(), identity.end(), [](char c) {
+        return static_cast<unsigned char>(c) >= 0x20 && c != ']' && c != '*' && c != '\\';
+    });
+}
+
 QString numbered(const QString& label, int number)
 {
     return number == 1 ? label : label + QLatin1Char('#') + QString::number(number);

@@ -8,6 +8,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
+#include <string_view>
+
 namespace rvopen::toolkit {
 
 /// \name The parts of readable paths
@@ -35,6 +38,10 @@ QString attributePath(const QString& path, const QString& attribute);
 QString labelOf(const QDomElement& element);
 /// The same of an element that is no parameter.
 QString labelOf(const QString& kind, const QString& identity);
+/// Appends that in UTF-8.
+void appendLabel(std::string_view kind, std::string_view identity, std::string& path);
+/// Whether the identity stands in labels as it is.
+bool isPlainIdentity(std::string_view identity);
 /// That of the one that is the \p number th of those called the same, from 1.
 QString numbered(const QString& label, int number);
 

@@ -77,10 +77,29 @@ TEST(DisplayWidth, CountsColumnsOfATerminal)
         {0x1faff, 2}, {0x1fb00, 1}, {0x1ffff, 1}, {0x20000, 2}, {0x3fffd, 2}, {0x3fffe, 1}};
     for (const auto& one : cases) {
         const char32_t code = one.code;
-        EXPECT_EQ(displayWidth(QString::fromUcs4(&code, 1)), one.width) << std::hex << one.code;
+        EXPECT_EQ(displayWidth(QString::fromUcs4(&code, 1).toStdString()), one.width)
+            << std::hex << one.code;
     }
-    EXPECT_EQ(displayWidth(QString()), 0);
-    EXPECT_EQ(displayWidth(QStringLiteral("Größe")), 5);
+    EXPECT_EQ(displayWidth(std::string()), 0);
+    EXPECT_EQ(displayWidth("Größe"), 5);
+    EXPECT_EQ(displayWidth("eight or more: Größe"), 20);
+}
+
+// Eight bytes are looked at together: each character at each place among them, with another before
+// and behind.
+TEST(Visible, IsTheSameInBytes)
+{
+    for (char16_t c = 1; c < 0x120; ++c) {
+        for (int before = 0; before < 10; ++before) {
+            for (const int behind : {0, 1, 7, 8}) {
+                const QString text = QString(before, QLatin1Char('a')) + QChar(c) +
+                                     QString(behind, QLatin1Char('~'));
+                std::string bytes = text.toStdString();
+                makeVisible(bytes);
+                ASSERT_EQ(bytes, visible(text).toStdString()) << before << " before " << int(c);
+            }
+        }
+    }
 }
 
 TEST(Counted, HasThePluralForAllButOne)
@@ -141,7 +160,7 @@ TEST(Output, ThatCannotBeWrittenIsAFailure)
         out.line(QStringLiteral("x"));
         EXPECT_THROW(out.flush(), Failure);
         // More than is kept back.
-        EXPECT_NO_THROW(out.bytes(QByteArray(65536, 'x')));
+        EXPECT_NO_THROW(out.bytes(std::string(65536, 'x')));
         EXPECT_THROW(out.bytes("x"), Failure);
     }
     std::fclose(full);

@@ -34,6 +34,13 @@ SelectionTexts textsOf(const char* type, const char* subCategory, const char* ca
     return texts;
 }
 
+QString text(const PresetList& list, std::size_t index, PresetText which)
+{
+    std::string text;
+    list.append(index, which, text);
+    return QString::fromStdString(text);
+}
+
 class PresetListTest : public InAFolder {};
 
 } // namespace
@@ -63,7 +70,7 @@ TEST_F(PresetListTest, HasWhatASelectionHas)
             ASSERT_TRUE(list.add(i, filterOf(texts)));
             QStringList listed;
             for (std::size_t at = 0; at < list.size(); ++at)
-                listed << list.at(at).path;
+                listed << text(list, at, PresetText::Path);
             ReadError error;
             const std::unique_ptr<Document> document = Document::Read(files[i], error);
             QStringList selected;
@@ -94,9 +101,9 @@ TEST_F(PresetListTest, SortsByKindNameReferenceNameAndFile)
     list.sort();
     QStringList order;
     for (std::size_t i = 0; i < list.size(); ++i) {
-        const ListedPreset preset = list.at(i);
-        order << preset.kind + QLatin1Char(' ') + preset.name + preset.refName +
-                     preset.file.right(6);
+        order << text(list, i, PresetText::Kind) + QLatin1Char(' ') +
+                     text(list, i, PresetText::Name) + text(list, i, PresetText::RefName) +
+                     text(list, i, PresetText::File).right(6);
     }
     EXPECT_EQ(order,
               QStringList({QStringLiteral("x B/a.rvx"), QStringLiteral("x b1/a.rvx"),
@@ -117,11 +124,11 @@ TEST_F(PresetListTest, TakesPresetsOfDocumentsThatWereBuilt)
                   [&list](const Preset& preset) { list.add(QStringLiteral("built"), preset); });
     list.sort();
     ASSERT_EQ(list.size(), 2U);
-    EXPECT_EQ(list.at(0).file, QStringLiteral("built"));
-    EXPECT_EQ(list.at(0).path, QStringLiteral("a[n]/dir[d]/x[A]"));
-    EXPECT_EQ(list.at(0).folder, QStringLiteral("d"));
-    EXPECT_EQ(list.at(0).description, QStringLiteral("e"));
-    EXPECT_EQ(list.at(1).category, QStringLiteral("c"));
+    EXPECT_EQ(text(list, 0, PresetText::File), QStringLiteral("built"));
+    EXPECT_EQ(text(list, 0, PresetText::Path), QStringLiteral("a[n]/dir[d]/x[A]"));
+    EXPECT_EQ(text(list, 0, PresetText::Folder), QStringLiteral("d"));
+    EXPECT_EQ(text(list, 0, PresetText::Description), QStringLiteral("e"));
+    EXPECT_EQ(text(list, 1, PresetText::Category), QStringLiteral("c"));
 }
 
 TEST_F(PresetListTest, LeavesToTheDocumentWhatRowsDoNotSay)

@@ -54,8 +54,8 @@ QStringList rowsOf(const Block& block)
         const BlockRow row = block.row(i);
         if (row.folder == NoFolder)
             continue;
-        QStringList parts{toQString(sectionOf(block, row)), foldersOf(block, row),
-                          pathOf(block, row)};
+        QStringList parts{toQString(sectionOf(block, row)), toQString(foldersOf(block, row)),
+                          toQString(pathOf(block, row))};
         for (const TextId id : {row.kind, row.name, row.refName, row.linkName, row.category,
                                 row.subCategory, row.description, row.thumbnail})
             parts << shown(block, id);
@@ -180,8 +180,7 @@ TEST_F(RowScanTest, TellsTheCurrentSnapShotFromTheOthers)
     EXPECT_EQ(current.folder, NoFolder);
     EXPECT_EQ(shown(scanned.block, current.name), QStringLiteral("CurrSnapshot"));
     EXPECT_EQ(current.length, 59U);
-    EXPECT_EQ(pathOf(scanned.block, scanned.block.row(2)),
-              QStringLiteral("snapshot[CurrSnapshot]/camera[c]"));
+    EXPECT_EQ(pathOf(scanned.block, scanned.block.row(2)), "snapshot[CurrSnapshot]/camera[c]");
 }
 
 TEST_F(RowScanTest, KeepsNumbersOfFinishesAndTheFirstPlainColour)
