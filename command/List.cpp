@@ -175,12 +175,13 @@ private:
                             const std::vector<PresetText>& texts, Use use)
     {
         for (std::size_t i = 0; i < list.size(); ++i) {
+            const PresetList::Entry entry = list.entry(i);
             for (std::size_t cell = 0; cell < texts.size(); ++cell) {
                 cells[cell].text.clear();
-                list.append(i, texts[cell], cells[cell].text);
+                entry.append(texts[cell], cells[cell].text);
                 makeVisible(cells[cell].text);
             }
-            use(i);
+            use(entry);
         }
     }
 
@@ -191,15 +192,15 @@ private:
                                             PresetText::SubCategory};
         // Measured in the order in which they lie in memory.
         Columns columns;
-        forEachLine(list, cells, texts, [&](std::size_t) { columns.measure(cells); });
+        forEachLine(list, cells, texts, [&](const PresetList::Entry&) { columns.measure(cells); });
         list.sort();
         cells.push_back({"", Style::Dim});
-        forEachLine(list, cells, texts, [&](std::size_t i) {
+        forEachLine(list, cells, texts, [&](const PresetList::Entry& entry) {
             std::string& place = cells.back().text;
             place.clear();
-            list.append(i, PresetText::File, place);
+            entry.append(PresetText::File, place);
             place += ": ";
-            list.append(i, PresetText::Path, place);
+            entry.append(PresetText::Path, place);
             makeVisible(place);
             columns.print(cells, out);
         });
@@ -212,9 +213,10 @@ private:
         for (const Column& column : chosen)
             texts.push_back(column.text);
         Columns columns;
-        forEachLine(list, cells, texts, [&](std::size_t) { columns.measure(cells); });
+        forEachLine(list, cells, texts, [&](const PresetList::Entry&) { columns.measure(cells); });
         list.sort();
-        forEachLine(list, cells, texts, [&](std::size_t) { columns.print(cells, out); });
+        forEachLine(list, cells, texts,
+                    [&](const PresetList::Entry&) { columns.print(cells, out); });
     }
 
     static void printTabSeparated(PresetList& list, const QVector<Column>& columns, Output& out)
@@ -227,10 +229,11 @@ private:
         std::string line;
         std::string cell;
         for (std::size_t i = 0; i < list.size(); ++i) {
+            const PresetList::Entry entry = list.entry(i);
             line.clear();
             for (const Column& column : columns) {
                 cell.clear();
-                list.append(i, column.text, cell);
+                entry.append(column.text, cell);
                 makeTabSeparated(cell);
                 line += cell;
                 line += '\t';
@@ -246,10 +249,11 @@ private:
         QJsonArray presets;
         std::string text;
         for (std::size_t i = 0; i < list.size(); ++i) {
+            const PresetList::Entry entry = list.entry(i);
             QJsonObject preset;
             for (const Column& column : s_columns) {
                 text.clear();
-                list.append(i, column.text, text);
+                entry.append(column.text, text);
                 preset.insert(QLatin1String(column.name), QString::fromStdString(text));
             }
             presets.append(preset);

@@ -18,8 +18,14 @@ namespace {
 /// Of the rounds of checksum() and of the places of texts; odd, with bits all over.
 constexpr quint64 s_factor = 0x9e3779b97f4a7c15;
 
-/// Of a text whose other forms stand behind it.
-constexpr quint32 s_isMarked = 0x80000000;
+/// \name Marks of a text's length: how many other forms of it stand behind it
+/// @{
+constexpr quint32 s_hasOne = 0x40000000;
+constexpr quint32 s_hasTwo = 0x80000000;
+constexpr quint32 s_marks = s_hasOne | s_hasTwo;
+/// @}
+
+constexpr quint64 s_lengthBytes = sizeof(quint32);
 
 quint64 stirred(quint64 value)
 {
@@ -54,10 +60,50 @@ bool isAscii(std::string_view text)
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+bool isUpperCase(char c)
+{
+    return c >= 'A' && c <= 'Z';
+}
+
 char lowerCase(char c)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    return isUpperCase(c) ? static_cast<char>(c | 0x20) : c;
 }
+
+/// Looks for a word by that of its letters that is met least: a search for one byte is the quickest
+/// there is, and each that it finds costs.
+class WordSearch {
+public:
+    WordSearch(std::string_view text, std::string_view word)
+        : m_text(text)
+        , m_word(word)
+    {
+        // Letters of English, most frequent first; all else is rarer, or might as well be.
+        const std::string_view frequent = "etaoinshrdlcumwfgypbvkjxqz";
+        const auto rank = [frequent](char c) { return frequent.find(c); };
+        for (std::size_t i = 1; i < word.size(); ++i) {
+            if (rank(word[m_rare]) < rank(word[i]))
+                m_rare = i;
+        }
+    }
+
+    /// Where it begins there or behind; npos where it does not.
+    std::size_t next(std::size_t from) const
+    {
+        std::size_t at = from + m_rare;
+        while ((at = m_text.find(m_word[m_rare], at)) != std::string_view::npos) {
+            if (m_text.compare(at - m_rare, m_word.size(), m_word) == 0)
+                return at - m_rare;
+            ++at;
+        }
+        return at;
+    }
+
+private:
+    const std::string_view m_text;
+    const std::string_view m_word;
+    std::size_t m_rare = 0;
+};
 
 template <typename T>
 void append(QByteArray& bytes, const T* values, std::size_t count)
@@ -109,42 +155,80 @@ quint32 Block::itemCount(quint64 first, quint64 count) const
 
 std::string_view Block::text(TextId id) const
 {
-    quint32 length = 0;
-    if (quint64(id) + sizeof length > m_head.textBytes)
-        return {};
-    std::memcpy(&length, m_bytes.data() + m_texts + id, sizeof length);
-    length &= ~s_isMarked;
-    const quint64 start = quint64(id) + sizeof length;
-    return length > m_head.textBytes - start ? std::string_view()
-                                             : m_bytes.substr(m_texts + start, length);
+    return textAt(id);
 }
 
-std::string_view Block::foldedText(TextId id, std::string& lower) const
+std::string_view Block::foldedText(TextId id) const
 {
-    return form(id, 1, lower);
+    const Forms forms = formsAt(id);
+    return textAt(forms.folded);
 }
 
-std::string_view Block::caseFoldedText(TextId id, std::string& lower) const
+std::string_view Block::caseFoldedText(TextId id) const
 {
-    return form(id, 2, lower);
+    const Forms forms = formsAt(id);
+    return textAt(forms.caseFolded);
 }
 
-std::string_view Block::form(TextId id, int which, std::string& lower) const
+std::vector<bool> Block::textsWith(std::string_view word) const
 {
-    std::string_view form = text(id);
-    quint32 length = 0;
-    if (!form.empty())
-        std::memcpy(&length, m_bytes.data() + m_texts + id, sizeof length);
-    if ((length & s_isMarked) != 0) {
-        for (; which > 0; --which) {
-            id += quint32(sizeof length + form.size());
-            form = text(id);
+    std::vector<bool> found(m_head.textBytes);
+    if (!isValid())
+        return found;
+    const WordSearch search(m_bytes.substr(m_texts, m_head.textBytes), word);
+    quint64 id = 0;
+    Forms forms = formsAt(id);
+    std::size_t at = search.next(0);
+    while (at != std::string_view::npos) {
+        while (forms.end <= at) {
+            id = forms.end;
+            forms = formsAt(id);
         }
-        return form;
+        // What is found may stand in another form, or reach over the end of one.
+        const quint64 start = forms.folded + s_lengthBytes;
+        const bool isThere =
+            at >= start && at + word.size() <= start + (lengthAt(forms.folded) & ~s_marks);
+        if (isThere)
+            found[id] = true;
+        at = search.next(isThere ? forms.end : at + 1);
     }
-    lower.resize(form.size());
-    std::transform(form.begin(), form.end(), lower.begin(), lowerCase);
-    return lower;
+    return found;
+}
+
+/// With its marks; 0 beyond the end.
+quint32 Block::lengthAt(quint64 place) const
+{
+    quint32 length = 0;
+    if (place + s_lengthBytes <= m_head.textBytes)
+        std::memcpy(&length, m_bytes.data() + m_texts + place, s_lengthBytes);
+    return length;
+}
+
+std::string_view Block::textAt(quint64 place) const
+{
+    const quint32 length = lengthAt(place) & ~s_marks;
+    const quint64 start = place + s_lengthBytes;
+    return start > m_head.textBytes || length > m_head.textBytes - start
+               ? std::string_view()
+               : m_bytes.substr(m_texts + start, length);
+}
+
+Block::Forms Block::formsAt(quint64 place) const
+{
+    const quint32 marks = lengthAt(place) & s_marks;
+    const auto behind = [this](quint64 text) {
+        return text + s_lengthBytes + (lengthAt(text) & ~s_marks);
+    };
+    Forms forms{place, place, behind(place)};
+    if (marks != 0) {
+        forms.folded = forms.caseFolded = forms.end;
+        forms.end = behind(forms.folded);
+    }
+    if (marks == s_hasTwo) {
+        forms.caseFolded = forms.end;
+        forms.end = behind(forms.caseFolded);
+    }
+    return forms;
 }
 
 template <typename T>
@@ -177,10 +261,16 @@ TextId BlockWriter::add(std::string_view text)
     const TextId id = static_cast<TextId>(m_texts.size());
     m_slots[slot] = id;
     if (isAscii(text)) {
-        append(text, 0);
+        const bool isLower = std::none_of(text.begin(), text.end(), isUpperCase);
+        append(text, isLower ? 0 : s_hasOne);
+        if (!isLower) {
+            std::string lower(text);
+            std::transform(lower.begin(), lower.end(), lower.begin(), lowerCase);
+            append(lower, 0);
+        }
     } else {
         const QString shown = toQString(text);
-        append(text, s_isMarked);
+        append(text, s_hasTwo);
         append(folded(shown).toStdString(), 0);
         append(shown.toCaseFolded().toStdString(), 0);
     }
@@ -191,7 +281,7 @@ std::string_view BlockWriter::text(TextId id) const
 {
     quint32 length = 0;
     std::memcpy(&length, m_texts.data() + id, sizeof length);
-    length &= ~s_isMarked;
+    length &= ~s_marks;
     return std::string_view(m_texts).substr(id + sizeof length, length);
 }
 

@@ -109,13 +109,24 @@ public:
     /// How many of so many items from there on there are.
     quint32 itemCount(quint64 first, quint64 count) const;
     std::string_view text(TextId id) const;
-    /// The text as folded() has it. Where it is ASCII, \p lower is written over and shown.
-    std::string_view foldedText(TextId id, std::string& lower) const;
-    /// The text without regard to the case of letters, in the same way.
-    std::string_view caseFoldedText(TextId id, std::string& lower) const;
+    /// The text as folded() has it.
+    std::string_view foldedText(TextId id) const;
+    /// The text without regard to the case of letters.
+    std::string_view caseFoldedText(TextId id) const;
+    /// Of all texts in one go, those in which the word occurs as foldedText() has them; true for
+    /// each of their numbers. The word is not empty.
+    std::vector<bool> textsWith(std::string_view word) const;
 
 private:
-    std::string_view form(TextId id, int which, std::string& lower) const;
+    /// Where the forms of a text stand, and where they end.
+    struct Forms {
+        quint64 folded;
+        quint64 caseFolded;
+        quint64 end;
+    };
+    quint32 lengthAt(quint64 place) const;
+    std::string_view textAt(quint64 place) const;
+    Forms formsAt(quint64 place) const;
 
     template <typename T>
     T read(quint64 start, quint32 index, quint32 count) const;
@@ -148,8 +159,8 @@ private:
     void growSlots();
     void append(std::string_view text, quint32 mark);
 
-    /// Each with its length before it. Behind one that is not ASCII, which is marked, stands how it
-    /// is folded, and then how its case is.
+    /// Each with its length before it. One that is not what it is folded to is marked: behind it
+    /// stands that, and then how its case is folded, if that is something else again.
     std::string m_texts;
     /// Where texts stand, by what they are.
     std::vector<TextId> m_slots;

@@ -45,9 +45,11 @@ struct Head {
 
 quint64 kindOfToday()
 {
-    const QByteArray text =
-        QByteArrayLiteral(RVOPEN_VERSION_STRING) + ' ' + QByteArray::number(GetMaxInputSize()) +
-        ' ' + QByteArray::number(GetMaxDocumentMemory()) + ' ' + QByteArray::number(QT_VERSION);
+    // The number is that of the blocks' form.
+    const QByteArray text = QByteArrayLiteral("2 " RVOPEN_VERSION_STRING) + ' ' +
+                            QByteArray::number(GetMaxInputSize()) + ' ' +
+                            QByteArray::number(GetMaxDocumentMemory()) + ' ' +
+                            QByteArray::number(QT_VERSION);
     return checksum(viewOf(text));
 }
 

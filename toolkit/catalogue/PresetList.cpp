@@ -52,9 +52,8 @@ PresetList::PresetList(const BlockStore& store)
 bool PresetList::add(int document, const AttributeFilter& filter)
 {
     const Block& block = m_store.block(document);
-    std::string lower;
     return forEachPassing(block, filter, [&](quint32 index, const BlockRow& row) {
-        add(document, index, block.text(row.kind), block.caseFoldedText(row.name, lower));
+        add(document, index, block.text(row.kind), block.caseFoldedText(row.name));
     });
 }
 
@@ -77,49 +76,9 @@ void PresetList::sort()
               [this](const Item& a, const Item& b) { return precedes(a, b); });
 }
 
-void PresetList::append(std::size_t index, PresetText which, std::string& text) const
+PresetList::Entry PresetList::entry(std::size_t index) const
 {
-    const Item& item = m_items[index];
-    if (item.document < 0) {
-        text += builtOf(item)[std::size_t(which)];
-        return;
-    }
-    const Block& block = m_store.block(item.document);
-    const BlockRow row = block.row(item.row);
-    switch (which) {
-    case PresetText::File:
-        text += fileOf(item);
-        break;
-    case PresetText::Kind:
-        text += block.text(row.kind);
-        break;
-    case PresetText::Name:
-        text += block.text(row.name);
-        break;
-    case PresetText::RefName:
-        text += block.text(row.refName);
-        break;
-    case PresetText::Category:
-        text += block.text(row.category);
-        break;
-    case PresetText::SubCategory:
-        text += block.text(row.subCategory);
-        break;
-    case PresetText::Folder:
-        text += foldersOf(block, row);
-        break;
-    case PresetText::Path: {
-        const auto [folder, isNew] =
-            m_folders.try_emplace(quint64(item.document) << 32 | row.folder);
-        if (isNew)
-            folder->second = folderPathOf(block, row);
-        appendPath(block, row, folder->second, text);
-        break;
-    }
-    case PresetText::Description:
-        text += block.text(row.description);
-        break;
-    }
+    return Entry(*this, m_items[index]);
 }
 
 PresetList::Keys PresetList::keysOf(const Item& item) const
@@ -137,6 +96,15 @@ std::string_view PresetList::fileOf(const Item& item) const
 {
     return item.document < 0 ? builtOf(item)[std::size_t(PresetText::File)]
                              : m_files[std::size_t(item.document)];
+}
+
+const std::string& PresetList::folderPathOf(const Item& item, const Block& block,
+                                            const BlockRow& row) const
+{
+    const auto [folder, isNew] = m_folders.try_emplace(quint64(item.document) << 32 | row.folder);
+    if (isNew)
+        folder->second = catalogue::folderPathOf(block, row);
+    return folder->second;
 }
 
 std::string_view PresetList::orderOf(const Item& item) const
@@ -169,6 +137,53 @@ bool PresetList::precedes(const Item& a, const Item& b) const
     if (order == 0)
         order = compared(left.refName, right.refName);
     return (order != 0 ? order : compared(fileOf(a), fileOf(b))) < 0;
+}
+
+PresetList::Entry::Entry(const PresetList& list, const Item& item)
+    : m_list(list)
+    , m_item(item)
+{
+    if (item.document < 0)
+        return;
+    m_block = &list.m_store.block(item.document);
+    m_row = m_block->row(item.row);
+}
+
+void PresetList::Entry::append(PresetText which, std::string& text) const
+{
+    if (!m_block) {
+        text += m_list.builtOf(m_item)[std::size_t(which)];
+        return;
+    }
+    switch (which) {
+    case PresetText::File:
+        text += m_list.fileOf(m_item);
+        break;
+    case PresetText::Kind:
+        text += m_block->text(m_row.kind);
+        break;
+    case PresetText::Name:
+        text += m_block->text(m_row.name);
+        break;
+    case PresetText::RefName:
+        text += m_block->text(m_row.refName);
+        break;
+    case PresetText::Category:
+        text += m_block->text(m_row.category);
+        break;
+    case PresetText::SubCategory:
+        text += m_block->text(m_row.subCategory);
+        break;
+    case PresetText::Folder:
+        text += foldersOf(*m_block, m_row);
+        break;
+    case PresetText::Path:
+        appendPath(*m_block, m_row, m_list.folderPathOf(m_item, *m_block, m_row), text);
+        break;
+    case PresetText::Description:
+        text += m_block->text(m_row.description);
+        break;
+    }
 }
 
 } // namespace rvopen::toolkit::catalogue

@@ -58,8 +58,9 @@ public:
     {
         return m_items.size();
     }
-    /// Appends it to \p text, in UTF-8.
-    void append(std::size_t index, PresetText which, std::string& text) const;
+    class Entry;
+    /// To be asked for its texts before the list is added to or sorted.
+    Entry entry(std::size_t index) const;
 
 private:
     struct Item {
@@ -90,6 +91,9 @@ private:
     void add(int document, quint32 row, std::string_view kind, std::string_view order);
     bool precedes(const Item& a, const Item& b) const;
 
+    const std::string& folderPathOf(const Item& item, const Block& block,
+                                    const BlockRow& row) const;
+
     const BlockStore& m_store;
     std::vector<Item> m_items;
     std::deque<Built> m_built;
@@ -99,6 +103,23 @@ private:
     std::vector<std::string> m_files;
     std::vector<std::string> m_kinds;
     std::string m_orders;
+};
+
+/// One preset of a list.
+class PresetList::Entry {
+public:
+    /// Appends it to \p text, in UTF-8.
+    void append(PresetText which, std::string& text) const;
+
+private:
+    friend class PresetList;
+    Entry(const PresetList& list, const Item& item);
+
+    const PresetList& m_list;
+    const Item& m_item;
+    /// None of one that was built.
+    const Block* m_block = nullptr;
+    BlockRow m_row;
 };
 
 } // namespace catalogue

@@ -15,17 +15,17 @@ RowFilter::RowFilter(const AttributeFilter& filter, const Block& block)
     , m_category(filter.category.toStdString())
 {
     for (const QString& word : filter.words)
-        m_words.push_back(word.toStdString());
+        m_texts.push_back(block.textsWith(word.toStdString()));
     const quint32 count = block.head().folders;
     m_sections.resize(count);
-    m_folders.assign(m_words.size(), std::vector<bool>(count));
+    m_folders.assign(m_texts.size(), std::vector<bool>(count));
     for (quint32 i = 0; i < count; ++i) {
         const BlockFolder folder = block.folder(i);
         const bool isSection = folder.parent == NoFolder;
         m_sections[i] = isSection ? i : m_sections[folder.parent];
         const bool isNamed = block.text(folder.kind) == "dir";
         const TextId identity = identityOf(folder);
-        for (std::size_t word = 0; word < m_words.size(); ++word) {
+        for (std::size_t word = 0; word < m_texts.size(); ++word) {
             m_folders[word][i] = (isNamed && hasWord(identity, word)) ||
                                  (!isSection && m_folders[word][folder.parent]);
         }
@@ -38,10 +38,10 @@ bool RowFilter::passes(const BlockRow& row)
     if (!m_filter.type.isEmpty() && !isType(row.kind) &&
         !(isPlaced && isType(m_block.folder(m_sections[row.folder]).kind)))
         return false;
-    if ((!m_subCategory.empty() && !isFolded(row.subCategory, m_subCategory)) ||
-        (!m_category.empty() && !isFolded(row.category, m_category)))
+    if ((!m_subCategory.empty() && m_block.foldedText(row.subCategory) != m_subCategory) ||
+        (!m_category.empty() && m_block.foldedText(row.category) != m_category))
         return false;
-    for (std::size_t word = 0; word < m_words.size(); ++word) {
+    for (std::size_t word = 0; word < m_texts.size(); ++word) {
         if (!(isPlaced && m_folders[word][row.folder]) && !hasWord(row, word))
             return false;
     }
@@ -59,20 +59,15 @@ bool RowFilter::isType(TextId kind)
     return isType;
 }
 
-bool RowFilter::isFolded(TextId text, const std::string& wanted)
-{
-    return m_block.foldedText(text, m_lower) == wanted;
-}
-
-bool RowFilter::hasWord(const BlockRow& row, std::size_t word)
+bool RowFilter::hasWord(const BlockRow& row, std::size_t word) const
 {
     return hasWord(row.name, word) || hasWord(row.refName, word) || hasWord(row.category, word) ||
            hasWord(row.description, word);
 }
 
-bool RowFilter::hasWord(TextId text, std::size_t word)
+bool RowFilter::hasWord(TextId text, std::size_t word) const
 {
-    return m_block.foldedText(text, m_lower).find(m_words[word]) != std::string_view::npos;
+    return text < m_texts[word].size() && m_texts[word][text];
 }
 
 bool forEachPassing(const Block& block, const AttributeFilter& filter,

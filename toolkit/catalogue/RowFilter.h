@@ -25,22 +25,21 @@ public:
 
 private:
     bool isType(TextId kind);
-    bool isFolded(TextId text, const std::string& wanted);
-    bool hasWord(const BlockRow& row, std::size_t word);
-    bool hasWord(TextId text, std::size_t word);
+    bool hasWord(const BlockRow& row, std::size_t word) const;
+    bool hasWord(TextId text, std::size_t word) const;
 
     const AttributeFilter& m_filter;
     const Block& m_block;
     std::string m_subCategory;
     std::string m_category;
-    std::vector<std::string> m_words;
+    /// For each word the texts that have it.
+    std::vector<std::vector<bool>> m_texts;
     /// Kinds that were compared.
     QHash<TextId, bool> m_types;
     /// Of each folder its section.
     std::vector<quint32> m_sections;
     /// For each word the folders that have it, or stand in one that has.
     std::vector<std::vector<bool>> m_folders;
-    std::string m_lower;
 };
 
 /// Calls \p visit with each preset of the block that passes, and its number. False where rows do

@@ -127,7 +127,7 @@ bool RowSearch::isOfKind(const Block& block, const BlockRow& row)
 /// Of nothing that is wanted all are.
 bool RowSearch::isFolded(const Block& block, TextId text, const std::string& wanted)
 {
-    return wanted.empty() || block.foldedText(text, m_lower) == wanted;
+    return wanted.empty() || block.foldedText(text) == wanted;
 }
 
 bool RowSearch::hasWords(const Block& block, const BlockRow& row)
@@ -143,7 +143,7 @@ bool RowSearch::hasWords(const Block& block, const BlockRow& row)
 
 bool RowSearch::hasWord(const Block& block, TextId text, const std::string& word)
 {
-    const std::string_view all = block.foldedText(text, m_lower);
+    const std::string_view all = block.foldedText(text);
     for (std::size_t at = all.find(word); at != std::string_view::npos;
          at = all.find(word, at + 1)) {
         if (isWordStart(all, at))
@@ -160,7 +160,7 @@ bool RowSearch::hasNumber(const Block& block, const BlockRow& row, const Range& 
     for (quint32 i = 0; i + 1 < count; i += 2) {
         const quint32 at = quint32(first) + i;
         double number = 0;
-        if (block.foldedText(block.item(at), m_lower) == range.name &&
+        if (block.foldedText(block.item(at)) == range.name &&
             ToNumber(toQString(block.text(block.item(at + 1))), number) && number >= range.least &&
             number <= range.most)
             return true;
@@ -172,7 +172,7 @@ int RowSearch::rankOf(const Block& block, const BlockRow& row)
 {
     if (m_words.empty())
         return 0;
-    const std::string_view name = block.foldedText(row.name, m_lower);
+    const std::string_view name = block.foldedText(row.name);
     if (name.substr(0, m_text.size()) == m_text)
         return name.size() == m_text.size() ? 0 : 1;
     const bool isNamed = std::all_of(m_words.begin(), m_words.end(), [&](const std::string& word) {

@@ -77,7 +77,6 @@ private:
     std::vector<Shelf> m_shelves;
     std::unordered_map<TextId, double> m_distances;
     /// @}
-    std::string m_lower;
 };
 
 } // namespace rvopen::toolkit::catalogue

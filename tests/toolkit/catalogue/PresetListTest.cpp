@@ -37,7 +37,7 @@ SelectionTexts textsOf(const char* type, const char* subCategory, const char* ca
 QString text(const PresetList& list, std::size_t index, PresetText which)
 {
     std::string text;
-    list.append(index, which, text);
+    list.entry(index).append(which, text);
     return QString::fromStdString(text);
 }
 

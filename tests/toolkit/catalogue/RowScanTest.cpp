@@ -234,12 +234,38 @@ TEST_F(RowScanTest, TextsAreFoldedAsSearchesFoldThem)
         archive += QStringLiteral("<colour name='%1'/>").arg(text);
     const Scanned scanned(
         write("a.rvx", (archive + QStringLiteral("</colours></presets>")).toUtf8()));
-    std::string lower;
     for (int i = 0; i < int(texts.size()); ++i) {
         const TextId name = scanned.block.row(quint32(i)).name;
-        EXPECT_EQ(toQString(scanned.block.foldedText(name, lower)), folded(texts[i]));
-        EXPECT_EQ(toQString(scanned.block.caseFoldedText(name, lower)), texts[i].toCaseFolded());
+        EXPECT_EQ(toQString(scanned.block.foldedText(name)), folded(texts[i]));
+        EXPECT_EQ(toQString(scanned.block.caseFoldedText(name)), texts[i].toCaseFolded());
     }
+}
+
+TEST_F(RowScanTest, AWordIsFoundInTheTextsThatHaveItFolded)
+{
+    // Names that end as words begin, that have a word only before they are folded, or only then,
+    // and one that is the end of all.
+    const QStringList names{
+        QStringLiteral("Oak"),          QStringLiteral("soaked oak"), QStringLiteral("o"),
+        QStringLiteral("ak"),           QStringLiteral("OAK"),        QString::fromUtf8("Öak"),
+        QString::fromUtf8("o\u0308ak"), QString::fromUtf8("Straße"),  QStringLiteral("strasse 7"),
+        QString::fromUtf8("雪 oak 雪")};
+    QString archive = QStringLiteral("<presets><colours>");
+    for (const QString& name : names)
+        archive += QStringLiteral("<colour name='%1'/>").arg(name);
+    const Scanned scanned(
+        write("a.rvx", (archive + QStringLiteral("</colours></presets>")).toUtf8()));
+    int found = 0;
+    for (const char* const word : {"oak", "ak", "k", "strasse", "strase", "雪", "7", "ss", "no"}) {
+        const std::vector<bool> with = scanned.block.textsWith(word);
+        for (int i = 0; i < int(names.size()); ++i) {
+            const TextId name = scanned.block.row(quint32(i)).name;
+            const bool has = folded(names[i]).contains(QString::fromUtf8(word));
+            EXPECT_EQ(with[name], has) << word << " in " << names[i].toStdString();
+            found += has;
+        }
+    }
+    EXPECT_EQ(found, 26);
 }
 
 TEST(Block, BytesThatAreNoneAreOfNoDocument)
