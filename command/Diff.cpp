@@ -6,9 +6,13 @@
 #include "Input.h"
 #include "Session.h"
 
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/RVOpenScanner.h>
 #include <rvopen/toolkit/compare/Comparer.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
+#include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 
 namespace rvopen::command {
@@ -30,6 +34,26 @@ QString nameOf(DifferenceKind kind)
         break;
     }
     return QStringLiteral("changed");
+}
+
+/// Whether both are files, which can be read again, with the same bytes.
+bool areSameBytes(const QString& before, const QString& after)
+{
+    if (before == QLatin1String("-") || after == QLatin1String("-"))
+        return false;
+    QFile files[] = {QFile(PathToOpen(before)), QFile(PathToOpen(after))};
+    for (QFile& file : files) {
+        if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+            return false;
+    }
+    const qint64 atOnce = 1024 * 1024;
+    bool isSame = files[0].size() == files[1].size();
+    for (bool isEnd = false; isSame && !isEnd;) {
+        const QByteArray bytes = files[0].read(atOnce);
+        isSame = bytes == files[1].read(atOnce);
+        isEnd = bytes.isEmpty();
+    }
+    return isSame;
 }
 
 class Diff : public Command {
@@ -66,12 +90,18 @@ public:
     {
         if (m_before == QLatin1String("-") && m_after == m_before)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
+        // Who compares a folder with its copy has this most of the time.
+        if (areSameBytes(m_before, m_after) && XmlScan().ScanFile(m_before)) {
+            if (session.json)
+                printJson(m_before, m_after, {}, session);
+            return session.result(ExitFine);
+        }
         const std::unique_ptr<Document> before = readOrFail(m_before, session);
         const std::unique_ptr<Document> after = readOrFail(m_after, session);
         const QVector<Difference> differences =
             Comparer(m_comparison).Run(before->Root(), after->Root());
         if (session.json)
-            printJson(*before, *after, differences, session);
+            printJson(before->Name(), after->Name(), differences, session);
         else
             print(differences, session.out);
         return session.result(differences.isEmpty() ? ExitFine : ExitFindings);
@@ -104,7 +134,7 @@ private:
         }
     }
 
-    static void printJson(const Document& before, const Document& after,
+    static void printJson(const QString& before, const QString& after,
                           const QVector<Difference>& differences, Session& session)
     {
         QJsonArray list;
@@ -121,8 +151,8 @@ private:
             list.append(object);
         }
         QJsonObject result = Session::envelope("diff");
-        result.insert(QStringLiteral("before"), before.Name());
-        result.insert(QStringLiteral("after"), after.Name());
+        result.insert(QStringLiteral("before"), before);
+        result.insert(QStringLiteral("after"), after);
         result.insert(QStringLiteral("differences"), list);
         session.out.json(result);
     }

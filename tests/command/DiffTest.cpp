@@ -31,6 +31,37 @@ TEST(Diff, EqualFilesAnswerZero)
     EXPECT_EQ(run.out, QString());
 }
 
+TEST(Diff, EqualFilesAreJudgedAndNamedAsOthersAre)
+{
+    const Outcome refused = diff("<snapRoot>", "<snapRoot>");
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_EQ(refused.err, QStringLiteral("a:1:11: The element \"snapRoot\" is not closed\n"));
+    const Outcome same = diff(smallArchive(), smallArchive(), words("--json"));
+    const Outcome alike = diff(smallArchive(), smallArchive() + "\n", words("--json"));
+    EXPECT_EQ(same.code, 0);
+    EXPECT_EQ(same.out, alike.out);
+    EXPECT_TRUE(same.out.contains(QStringLiteral("\"before\": \"a\"")));
+}
+
+TEST(Diff, StandardInputIsNoFileOfThatName)
+{
+    const Workspace workspace;
+    workspace.write(QStringLiteral("-"), smallDocument());
+    workspace.write(QStringLiteral("b"), smallDocument());
+    EXPECT_EQ(workspace.run("diff - b", smallArchive()).code, 1);
+    EXPECT_EQ(workspace.run("diff b -", smallArchive()).code, 1);
+}
+
+// Files of more than is read at once, which differ in the last byte that says anything.
+TEST(Diff, LooksAtAllOfTheBytes)
+{
+    const QByteArray start = "<snapRoot>" + QByteArray(1024 * 1024, ' ') + "<scenery name=\"";
+    EXPECT_EQ(diff(start + "a\"/></snapRoot>", start + "a\"/></snapRoot>").code, 0);
+    const Outcome other = diff(start + "a\"/></snapRoot>", start + "b\"/></snapRoot>");
+    EXPECT_EQ(other.code, 1);
+    EXPECT_NE(other.out, QString());
+}
+
 TEST(Diff, HowItIsWrittenDoesNotCount)
 {
     const QByteArray before =
