@@ -5,120 +5,20 @@
 #include "Command.h"
 #include "Input.h"
 #include "Session.h"
-#include "toolkit/edit/Labels.h"
-#include "toolkit/schema/Vocabulary.h"
-
-#include <rvopen/toolkit/schema/ElementInfo.h>
-#include <rvopen/toolkit/schema/ParamInfo.h>
+#include "Survey.h"
 
 #include <QJsonArray>
-#include <QMap>
+
+#include <algorithm>
+#include <deque>
+#include <future>
+#include <thread>
 
 namespace rvopen::command {
 
 using namespace toolkit;
 
 namespace {
-
-using Counts = QMap<QString, int>;
-
-struct Group {
-    QString path;
-    QString element;
-    QString name;
-    int members = 0;
-};
-
-/// What stands in one document.
-struct Contents {
-    Counts kinds;
-    Counts params;
-    Counts unknownElements;
-    Counts unknownAttributes;
-    Counts unknownParams;
-    QVector<Group> groups;
-    int presets = 0;
-};
-
-class Survey {
-public:
-    explicit Survey(const Document& document)
-        : m_vocabulary(Vocabulary::instance())
-        , m_isArchive(document.Kind() == DocumentKind::Archive)
-        , m_root(document.Root())
-    {
-        countAttributes(m_root);
-        Labels labels;
-        for (QDomElement child = m_root.firstChildElement(); !child.isNull();
-             child = child.nextSiblingElement())
-            visitTop(child, labels.next(child));
-    }
-
-    Contents contents;
-
-private:
-    void visitTop(const QDomElement& element, const QString& path)
-    {
-        const QString kind = element.tagName();
-        const bool isGroup = kind == QLatin1String("snapshots") || m_vocabulary.isSection(kind);
-        if (isGroup)
-            contents.groups.append({path, kind, element.attribute(QStringLiteral("name")), 0});
-        visit(element, isGroup ? int(contents.groups.size()) - 1 : -1, true);
-    }
-
-    /// \p isShelf: whether its children stand in a group or a folder of one.
-    void visit(const QDomElement& element, int group, bool isShelf)
-    {
-        const QString kind = element.tagName();
-        countAttributes(element);
-        if (isParam(element)) {
-            countParam(element);
-        } else {
-            ++contents.kinds[kind];
-            if (!toolkit::FindElement(kind))
-                ++contents.unknownElements[kind];
-        }
-        for (QDomElement child = element.firstChildElement(); !child.isNull();
-             child = child.nextSiblingElement()) {
-            const bool isFolder = child.tagName() == QLatin1String("dir");
-            if (group >= 0 && isShelf && !isFolder && !isParam(child)) {
-                ++contents.groups[group].members;
-                contents.presets += m_isArchive ? 1 : 0;
-            }
-            visit(child, group, isShelf && isFolder);
-        }
-    }
-
-    void countParam(const QDomElement& param)
-    {
-        ++contents.params[param.attribute(QStringLiteral("type"))];
-        const QDomElement owner = param.parentNode().toElement();
-        const QString name = param.attribute(QStringLiteral("name"));
-        if (toolkit::HasParams(owner.tagName()) &&
-            !toolkit::FindParam(owner.tagName(), toolkit::KindOf(owner), name))
-            ++contents.unknownParams[owner.tagName() + QLatin1Char(':') + name];
-    }
-
-    void countAttributes(const QDomElement& element)
-    {
-        const QDomNamedNodeMap attributes = element.attributes();
-        const QString kind = element.tagName();
-        for (int i = 0; i < attributes.count(); ++i) {
-            const QString name = attributes.item(i).nodeName();
-            if (m_vocabulary.isAttribute(kind, name))
-                continue;
-            const bool isOfRoot = element == m_root && (name == QLatin1String("type") ||
-                                                        name == QLatin1String("zorvane_version") ||
-                                                        name == QLatin1String("unitsScale"));
-            if (!isOfRoot)
-                ++contents.unknownAttributes[attributePath(kind, name)];
-        }
-    }
-
-    const Vocabulary& m_vocabulary;
-    bool m_isArchive;
-    QDomElement m_root;
-};
 
 QJsonObject json(const Counts& counts)
 {
@@ -161,26 +61,32 @@ public:
 
     int run(Session& session) override
     {
+        const QStringList names = expandedInputs(m_files, session);
         QJsonArray files;
         bool isFirst = true;
-        forEachDocument(
-            m_files, session,
-            [&](Document& document) {
-                const Survey survey(document);
-                if (session.json) {
-                    files.append(object(document, survey.contents));
-                    return;
-                }
+        std::deque<std::future<Outcome>> ahead;
+        const int jobs = std::max(1, int(std::thread::hardware_concurrency()));
+        for (int at = 0, started = 0; at < int(names.size()); ++at) {
+            session.progress(at + 1, int(names.size()), names[at]);
+            for (; started < int(names.size()) && started < at + jobs; ++started)
+                ahead.push_back(std::async(std::launch::async, outcomeOf, names[started]));
+            const Outcome outcome = ahead.front().get();
+            ahead.pop_front();
+            if (!outcome.isDocument) {
+                session.error(outcome.error);
+                files.append(
+                    QJsonObject{{QStringLiteral("file"), outcome.error.file},
+                                {QStringLiteral("error"), Session::errorObject(outcome.error)}});
+            } else if (session.json) {
+                files.append(object(outcome.contents));
+            } else {
                 if (!isFirst)
                     session.out.line();
                 isFirst = false;
-                print(document, survey.contents, session.out);
-            },
-            [&](const QString& name, const ReadError& error) {
-                files.append(QJsonObject{{QStringLiteral("file"), name},
-                                         {QStringLiteral("error"), Session::errorObject(error)}});
-                return false;
-            });
+                print(outcome.contents, session.out);
+            }
+        }
+        session.clearProgress();
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("files"), files);
@@ -190,6 +96,19 @@ public:
     }
 
 private:
+    struct Outcome {
+        bool isDocument = false;
+        Contents contents;
+        ReadError error;
+    };
+
+    static Outcome outcomeOf(const QString& file)
+    {
+        Outcome outcome;
+        outcome.isDocument = survey(file, outcome.contents, outcome.error);
+        return outcome;
+    }
+
     static int paramCount(const Contents& contents)
     {
         int sum = 0;
@@ -198,33 +117,36 @@ private:
         return sum;
     }
 
-    static void print(const Document& document, const Contents& contents, Output& out)
+    static void print(const Contents& contents, Output& out)
     {
-        const QDomElement root = document.Root();
-        out.line(out.styled(visible(document.Name()), Style::Bold));
+        const auto attribute = [&contents](const char* name) {
+            return contents.rootAttributes.value(QLatin1String(name));
+        };
+        const bool isArchive = contents.kind == DocumentKind::Archive;
+        const bool isOfSnapShots = contents.kind == DocumentKind::SnapShots;
+        out.line(out.styled(visible(contents.name), Style::Bold));
         Table table;
         const auto row = [&table](const char* label, const QString& value) {
             if (!value.isEmpty())
                 table.row({{QLatin1String(label), Style::Dim}, {value}});
         };
-        row("kind", document.Kind() == DocumentKind::SnapShots ? QStringLiteral("snapshot document")
-                    : document.Kind() == DocumentKind::Archive ? QStringLiteral("preset archive")
-                                                               : QStringLiteral("unknown"));
-        row("root", root.tagName());
-        row("name", root.attribute(QStringLiteral("name")));
-        row("description", root.attribute(QStringLiteral("desc")));
-        row("type", root.attribute(QStringLiteral("type")));
-        row("version", root.attribute(QStringLiteral("zorvane_version")));
-        if (document.Kind() == DocumentKind::SnapShots)
-            row("units scale", root.attribute(QStringLiteral("unitsScale"), QStringLiteral("1")));
-        row("size", readableSize(document.Size()));
+        row("kind", isOfSnapShots ? QStringLiteral("snapshot document")
+                    : isArchive   ? QStringLiteral("preset archive")
+                                  : QStringLiteral("unknown"));
+        row("root", contents.root);
+        row("name", attribute("name"));
+        row("description", attribute("desc"));
+        row("type", attribute("type"));
+        row("version", attribute("zorvane_version"));
+        if (isOfSnapShots)
+            row("units scale", unitsScale(contents));
+        row("size", readableSize(contents.size));
         for (const Group& group : contents.groups)
-            row(document.Kind() == DocumentKind::Archive ? "section" : "collection",
+            row(isArchive ? "section" : "collection",
                 QStringLiteral("%1: %2").arg(
                     group.name.isEmpty() ? group.element : group.name,
-                    counted(group.members, document.Kind() == DocumentKind::Archive
-                                               ? QStringLiteral("preset")
-                                               : QStringLiteral("snapshot"))));
+                    counted(group.members,
+                            isArchive ? QStringLiteral("preset") : QStringLiteral("snapshot"))));
         Counts kinds = contents.kinds;
         if (paramCount(contents) > 0)
             kinds.insert(QStringLiteral("param"), paramCount(contents));
@@ -235,9 +157,13 @@ private:
         table.print(out, 2);
     }
 
-    static QJsonObject object(const Document& document, const Contents& contents)
+    static QString unitsScale(const Contents& contents)
     {
-        const QDomElement root = document.Root();
+        return contents.rootAttributes.value(QStringLiteral("unitsScale"), QStringLiteral("1"));
+    }
+
+    static QJsonObject object(const Contents& contents)
+    {
         QJsonArray groups;
         for (const Group& group : contents.groups) {
             groups.append(QJsonObject{{QStringLiteral("path"), group.path},
@@ -245,21 +171,20 @@ private:
                                       {QStringLiteral("name"), group.name},
                                       {QStringLiteral("members"), group.members}});
         }
-        const auto attribute = [&root](const char* name) -> QJsonValue {
-            const QString value = root.attribute(QLatin1String(name));
-            return value.isNull() ? QJsonValue() : QJsonValue(value);
+        const auto attribute = [&contents](const char* name) {
+            const auto found = contents.rootAttributes.constFind(QLatin1String(name));
+            return found == contents.rootAttributes.constEnd() ? QJsonValue() : QJsonValue(*found);
         };
         return {
-            {QStringLiteral("file"), document.Name()},
-            {QStringLiteral("size"), document.Size()},
-            {QStringLiteral("kind"), KindName(document.Kind())},
-            {QStringLiteral("root"), root.tagName()},
+            {QStringLiteral("file"), contents.name},
+            {QStringLiteral("size"), contents.size},
+            {QStringLiteral("kind"), KindName(contents.kind)},
+            {QStringLiteral("root"), contents.root},
             {QStringLiteral("name"), attribute("name")},
             {QStringLiteral("description"), attribute("desc")},
             {QStringLiteral("type"), attribute("type")},
             {QStringLiteral("version"), attribute("zorvane_version")},
-            {QStringLiteral("unitsScale"),
-             root.attribute(QStringLiteral("unitsScale"), QStringLiteral("1")).toDouble()},
+            {QStringLiteral("unitsScale"), unitsScale(contents).toDouble()},
             {QStringLiteral("groups"), groups},
             {QStringLiteral("presets"), contents.presets},
             {QStringLiteral("elements"), json(contents.kinds)},

@@ -66,6 +66,47 @@ TEST(Info, TellsWhatIsUnknown)
               QStringList(QStringLiteral("camera:Zoom")));
 }
 
+// A file is looked through as text, standard input as a document.
+TEST(Info, TellsOfAFileWhatItTellsOfADocument)
+{
+    Workspace workspace;
+    workspace.copySamples();
+    workspace.write(QStringLiteral("odd.xml"),
+                    "<root unitsScale='&#50;'><materials refname='a&amp;b'><dir><dir/><material>"
+                    "<param name='x&amp;' type='&lt;'/><finish shaderClass='plain'><param "
+                    "name='zz'/></finish></material></dir><param><material/></param></materials>"
+                    "<materials refname='a&amp;b'/><param name='q'><dir/></param><snapshots "
+                    "name=''><x/></snapshots><colours><colour subcat='plain'><plainColour a='1'>"
+                    "<param name='Colour' type='colour'/></plainColour></colour></colours></root>");
+    workspace.write(QStringLiteral("prefixes.rvx"),
+                    "<presets xmlns:p='u' p:name='r' p:zorvane_version='3'><p:materials p:name='n'>"
+                    "<material p:subcat='opaque'><param p:name='Zoom' p:type='float'/></material>"
+                    "</p:materials><p:materials p:name='n'/></presets>");
+    int count = 0;
+    for (const QString& file : workspace.files()) {
+        if (!file.endsWith(QLatin1String(".rvx")) && !file.endsWith(QLatin1String(".xml")))
+            continue;
+        const auto only = [](const Outcome& run) {
+            QJsonObject object = run.json()[QStringLiteral("files")].toArray().first().toObject();
+            object.remove(QStringLiteral("file"));
+            return object;
+        };
+        EXPECT_EQ(only(workspace.run({QStringLiteral("info"), QStringLiteral("--json"), file})),
+                  only(workspace.run("info --json -", workspace.read(file))))
+            << file.toStdString();
+        ++count;
+    }
+    EXPECT_GT(count, 10);
+}
+
+TEST(Info, KnowsAnArchiveByItsTypeOrItsSections)
+{
+    EXPECT_EQ(infoOf("<a type='Zorvane'/>")[QStringLiteral("kind")], QStringLiteral("archive"));
+    EXPECT_EQ(infoOf("<a><b/><cameras/></a>")[QStringLiteral("kind")], QStringLiteral("archive"));
+    EXPECT_EQ(infoOf("<a><b><cameras/></b></a>")[QStringLiteral("kind")],
+              QStringLiteral("unknown"));
+}
+
 TEST(Info, SampleDocumentsHaveNothingUnknown)
 {
     Workspace workspace;

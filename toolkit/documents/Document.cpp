@@ -3,6 +3,7 @@
 
 #include <rvopen/toolkit/documents/Document.h>
 
+#include "DocumentKinds.h"
 #include "ForeignFormat.h"
 #include "toolkit/schema/Vocabulary.h"
 
@@ -24,21 +25,23 @@ namespace {
 DocumentKind kindOf(const QDomDocument& document)
 {
     const QDomElement root = document.documentElement();
-    if (root.tagName() == QLatin1String("snapRoot"))
-        return DocumentKind::SnapShots;
-    const QString type = root.attribute(QStringLiteral("type"));
-    if (root.tagName() == QLatin1String("presets") || type == QLatin1String("UserArchives") ||
-        type == QLatin1String("Zorvane"))
-        return DocumentKind::Archive;
-    for (QDomElement child = root.firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        if (Vocabulary::instance().isSection(child.tagName()))
-            return DocumentKind::Archive;
-    }
-    return DocumentKind::Unknown;
+    QDomElement child = root.firstChildElement();
+    while (!child.isNull() && !Vocabulary::instance().isSection(child.tagName()))
+        child = child.nextSiblingElement();
+    return documentKind(root.tagName(), root.attribute(QStringLiteral("type")), !child.isNull());
 }
 
 } // namespace
+
+DocumentKind documentKind(const QString& root, const QString& type, bool hasSections)
+{
+    if (root == QLatin1String("snapRoot"))
+        return DocumentKind::SnapShots;
+    const bool isArchive = root == QLatin1String("presets") || hasSections ||
+                           type == QLatin1String("UserArchives") ||
+                           type == QLatin1String("Zorvane");
+    return isArchive ? DocumentKind::Archive : DocumentKind::Unknown;
+}
 
 QString KindName(DocumentKind kind)
 {
