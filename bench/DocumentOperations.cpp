@@ -19,13 +19,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <functional>
 #include <memory>
-#include <thread>
 #include <utility>
 
 namespace rvopen::bench {
@@ -191,30 +187,6 @@ Case toStringFileCase(const SharedInput& input)
             }};
 }
 
-/// What freeing takes depends on how scattered the memory is that earlier runs left. A thread has a
-/// heap of its own, and in a process of its own that is gone afterwards.
-std::function<void(Clock&)> inOwnProcess(std::function<void(Clock&)> run)
-{
-    return [run](Clock& clock) {
-        int ends[2];
-        Input::check(pipe(ends) == 0);
-        const pid_t child = fork();
-        Input::check(child >= 0);
-        double seconds = 0.0;
-        if (child == 0) {
-            Clock own;
-            std::thread([&] { run(own); }).join();
-            seconds = own.seconds();
-            _exit(write(ends[1], &seconds, sizeof seconds) == ssize_t(sizeof seconds) ? 0 : 1);
-        }
-        close(ends[1]);
-        Input::check(read(ends[0], &seconds, sizeof seconds) == ssize_t(sizeof seconds));
-        close(ends[0]);
-        Input::check(waitpid(child, nullptr, 0) == child);
-        clock.add(seconds);
-    };
-}
-
 Case teardownCase(const SharedInput& input, double units = 1.0)
 {
     const auto run = [input](Clock& clock) {
@@ -289,6 +261,11 @@ SharedInput foreignNames(long elements)
     return std::make_shared<const Input>(foreignNamesDocument(elements));
 }
 
+SharedInput cameras(long elements)
+{
+    return std::make_shared<const Input>(camerasDocument(elements));
+}
+
 SharedInput palette(long elements)
 {
     return std::make_shared<const Input>(paletteDocument(elements));
@@ -326,17 +303,21 @@ void compareDocuments(Report& report)
     compare("scan alone", {}, snapShots, setContentCase, scanCase);
     compare("load snapshots", 1.15, snapShots, setContentCase, load(nullptr));
     compare("load a palette", 1.15, palette, setContentCase, load(nullptr));
+    compare("load many snapshots of a camera each", 1.15, cameras, setContentCase, load(nullptr));
     compare("load elements of as many names, none of them ASCII", 1.15, foreignNames,
             setContentCase, loadFromStringCase);
-    compare("load snapshots, read every value", 1.35, snapShots, setContentCase,
+    compare("load snapshots, read every value", 1.4, snapShots, setContentCase,
             load(readByAccessors));
-    compare("load a palette, read every value", 1.35, palette, setContentCase,
+    compare("load a palette, read every value", 1.4, palette, setContentCase,
+            load(readByAccessors));
+    compare("load many snapshots of a camera each, read every value", 1.4, cameras, setContentCase,
             load(readByAccessors));
     compare("objects and values of snapshots", 2.0, snapShots, walkCase, objects(readByAccessors));
     compare("objects and values of a palette", 2.0, palette, walkCase, objects(readByAccessors));
     compare("objects and values as lists", 2.0, snapShots, walkCase, objects(readParameters));
-    compare("save snapshots as text", 0.8, snapShots, toStringCase, save);
-    compare("save a palette as text", 0.8, palette, toStringCase, save);
+    compare("save snapshots as text", 0.9, snapShots, toStringCase, save);
+    compare("save a palette as text", 0.9, palette, toStringCase, save);
+    compare("save many snapshots of a camera each as text", 0.9, cameras, toStringCase, save);
     compare("save an archive to its file", {}, presets, toStringFileCase, saveFileCase);
     compare("teardown of snapshots", 1.3, snapShots, bareTeardownCase, teardown);
     compare("teardown of a palette", 1.3, palette, bareTeardownCase, teardown);

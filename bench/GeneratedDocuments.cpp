@@ -380,6 +380,24 @@ Document paletteDocument(long elements)
     });
 }
 
+Document camerasDocument(long elements)
+{
+    return snapShotDocumentOf([elements](Text& text) {
+        long number = 0;
+        while (number == 0 || text.elements() < elements) {
+            text.open(QStringLiteral("snapshot"),
+                      QStringLiteral("name=\"Snapshot%1\"").arg(++number));
+            text.open(QStringLiteral("camera"), QStringLiteral("name=\"Camera\""));
+            text.number("Field Of View", 20 + 40 * fraction(number));
+            text.number("Near", 0.1, true);
+            text.number("Far", 1000 * fraction(number), true);
+            text.close(QStringLiteral("camera"));
+            text.close(QStringLiteral("snapshot"));
+        }
+        return number;
+    });
+}
+
 Document namesDocument(long elements)
 {
     return snapShotDocumentOf([elements](Text& text) {

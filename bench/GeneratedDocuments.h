@@ -20,6 +20,9 @@ Document snapShotDocument(long elements);
 /// One snapshot with a palette of materials that have colours, finishes, transparencies, bumps and
 /// maps. The link names are Object1, Object2 and so on.
 Document paletteDocument(long elements);
+/// Snapshots with a camera of three parameters each and nothing else, as many as have about
+/// \p elements elements.
+Document camerasDocument(long elements);
 /// Snapshots that have names only: Snapshot1, Snapshot2 and so on.
 Document namesDocument(long elements);
 /// As many elements, each of which has a name of its own without an ASCII character.

@@ -13,6 +13,7 @@ namespace rvopen::bench {
 void compareDocuments(Report& report);
 void compareParameters(Report& report);
 void compareLookups(Report& report);
+void compareCatalogue(Report& report);
 void compareMemory(Report& report);
 void growDocuments(Report& report);
 void growTrees(Report& report);

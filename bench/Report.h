@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstdio>
 #include <ctime>
 #include <functional>
 #include <optional>
@@ -47,6 +48,10 @@ private:
     double m_ticks = 0.0;
 };
 
+/// What memory costs depends on how scattered it is that earlier runs left. A thread has a heap of
+/// its own, and in a process of its own that is gone afterwards.
+std::function<void(Clock&)> inOwnProcess(std::function<void(Clock&)> run);
+
 /// What is timed. It starts and stops the clock itself, so that preparing and cleaning up do not
 /// count.
 struct Case {
@@ -66,12 +71,17 @@ struct Options {
     long maxElements = 1000000;
     int repetitions = 9;
     std::regex filter = std::regex("");
+    /// A file for the rows as numbers, in seconds; empty for none.
+    std::string csv;
 };
 
 /// Runs the cases that belong together in turns and prints a line of a Markdown table for them.
 class Report {
 public:
     explicit Report(const Options& options);
+    ~Report();
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
 
     /// Starts a table. \p columns are the headings after "operation".
     void section(const std::string& title, const std::vector<std::string>& columns);
@@ -104,9 +114,11 @@ private:
     static void count(const std::string& operation, const std::string& size, const Case& measured);
     std::vector<std::vector<double>> measure(const std::vector<Case>& cases) const;
     void line(const std::vector<std::string>& cells) const;
+    void record(const std::vector<std::string>& cells) const;
     std::string verdict(std::optional<double> target, double value);
 
     Options m_options;
+    std::FILE* m_csv = nullptr;
     int m_missed = 0;
 };
 

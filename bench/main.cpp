@@ -15,7 +15,7 @@ namespace {
 
 const char s_usage[] =
     "Usage: rvopen_bench [--quick] [--counts] [--filter <regex>] [--max-elements <n>]\n"
-    "                    [--repetitions <n>]\n";
+    "                    [--repetitions <n>] [--csv <file>]\n";
 
 bool parse(int argc, char** argv, rvopen::bench::Options& options)
 {
@@ -35,6 +35,8 @@ bool parse(int argc, char** argv, rvopen::bench::Options& options)
             options.filter = std::regex(argv[i]);
         else if (option == "--max-elements")
             options.maxElements = std::atol(argv[i]);
+        else if (option == "--csv")
+            options.csv = argv[i];
         else if (option == "--repetitions")
             options.repetitions = std::atoi(argv[i]);
         else
@@ -64,6 +66,7 @@ int main(int argc, char** argv)
     compareDocuments(report);
     compareParameters(report);
     compareLookups(report);
+    compareCatalogue(report);
     compareMemory(report);
     report.section("Time per element or call as documents grow",
                    {"10 k", "100 k", "1 M", "largest ratio", "target", ""});

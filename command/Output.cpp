@@ -157,8 +157,8 @@ Output::Output(std::FILE* file)
 
 Output::~Output()
 {
-    if (!m_buffer.isEmpty())
-        std::fwrite(m_buffer.constData(), 1, std::size_t(m_buffer.size()), m_file);
+    if (!m_buffer.empty())
+        std::fwrite(m_buffer.data(), 1, m_buffer.size(), m_file);
     std::fflush(m_file);
 }
 
@@ -202,7 +202,7 @@ void Output::text(const QString& text)
 
 void Output::bytes(std::string_view bytes)
 {
-    m_buffer.append(bytes.data(), int(bytes.size()));
+    m_buffer += bytes;
     if (m_buffer.size() > 65536)
         flush();
 }
@@ -215,11 +215,10 @@ void Output::json(const QJsonObject& object)
 
 void Output::flush()
 {
-    const QByteArray buffer = std::move(m_buffer);
-    m_buffer.clear();
     errno = 0;
-    const bool isWritten = std::fwrite(buffer.constData(), 1, std::size_t(buffer.size()), m_file) ==
-                           std::size_t(buffer.size());
+    const std::size_t size = m_buffer.size();
+    const bool isWritten = std::fwrite(m_buffer.data(), 1, size, m_file) == size;
+    m_buffer.clear();
     if (isWritten && std::fflush(m_file) == 0)
         return;
     const std::string reason = std::generic_category().message(errno);

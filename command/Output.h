@@ -49,7 +49,7 @@ public:
 private:
     std::FILE* m_file;
     bool m_coloured = false;
-    QByteArray m_buffer;
+    std::string m_buffer;
 };
 
 struct Cell {

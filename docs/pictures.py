@@ -56,7 +56,7 @@ LAYERS = {
         toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck
         toolkit/schema/ValueText toolkit/schema/Vocabulary toolkit/ToolkitExport""",
     "Toolkit: documents": """
-        toolkit/documents/Document toolkit/documents/Failure toolkit/documents/FileLock
+        toolkit/documents/Document toolkit/documents/DocumentKinds toolkit/documents/Failure toolkit/documents/FileLock
         toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
         toolkit/documents/SafeFiles""",
@@ -95,8 +95,8 @@ LAYERS = {
         command/Info command/Input command/Inputs command/Interrupts command/List command/Merge command/New
         command/Output command/OutputOptions command/ParamTables command/Params command/Preview
         command/Program command/Remove command/Rename command/Render command/SelectionOptions
-        command/Session command/Set command/Sheet command/SheetPage command/Sort command/Target command/Textures
-        command/Thumbnail command/Transfer command/Tree command/main""",
+        command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
+        command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

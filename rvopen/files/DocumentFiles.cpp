@@ -55,10 +55,13 @@ bool readBytes(const QString& path, QByteArray& bytes, QString& message)
     }
     // What is no regular file announces no size, and may never end.
     const qint64 limit = GetMaxInputSize();
-    const qint64 chunkSize = 1024 * 1024;
+    const qint64 leastSize = 64 * 1024;
+    const qint64 mostSize = 1024 * 1024;
     bool ended = false;
     while (!ended && std::max<qint64>(file.size(), bytes.size()) <= limit) {
-        const QByteArray chunk = file.read(chunkSize);
+        // With one byte more than there should be, a small file is read in one go.
+        const qint64 left = file.size() - bytes.size() + 1;
+        const QByteArray chunk = file.read(std::clamp(left, leastSize, mostSize));
         bytes += chunk;
         ended = chunk.isEmpty();
     }

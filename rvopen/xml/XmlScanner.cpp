@@ -415,7 +415,10 @@ bool Scanner::uniqueNames(const std::vector<Attribute>& attributes)
     }
     for (std::size_t i = 1; i < attributes.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            if (attributes[i].name == attributes[j].name)
+            // Most differ in the first letter, and a comparison of views takes a loop.
+            const View one = attributes[i].name;
+            const View other = attributes[j].name;
+            if (one[0] == other[0] && one == other)
                 return fail("The attribute \"%1\" stands twice", attributes[i].name);
         }
     }

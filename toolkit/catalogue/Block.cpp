@@ -241,10 +241,20 @@ T Block::read(quint64 start, quint32 index, quint32 count) const
 }
 
 BlockWriter::BlockWriter()
-    : m_slots(1024, 0)
+    : m_texts(s_lengthBytes, '\0')
+    , m_slots(1024, 0)
 {
-    const quint32 none = 0;
-    m_texts.append(reinterpret_cast<const char*>(&none), sizeof none);
+}
+
+void BlockWriter::clear()
+{
+    head = BlockHead();
+    folders.clear();
+    rows.clear();
+    items.clear();
+    m_texts.resize(s_lengthBytes);
+    std::fill(m_slots.begin(), m_slots.end(), 0);
+    m_used = 0;
 }
 
 TextId BlockWriter::add(std::string_view text)
@@ -342,12 +352,15 @@ std::string_view viewOf(const QByteArray& bytes)
 int compared(std::string_view a, std::string_view b)
 {
     const std::size_t size = std::min(a.size(), b.size());
-    const auto [left, right] =
-        std::mismatch(a.begin(), a.begin() + std::ptrdiff_t(size), b.begin());
-    if (left == a.begin() + std::ptrdiff_t(size))
+    std::size_t at = 0;
+    while (at + 8 <= size && std::memcmp(a.data() + at, b.data() + at, 8) == 0)
+        at += 8;
+    while (at < size && a[at] == b[at])
+        ++at;
+    if (at == size)
         return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
-    const auto x = static_cast<unsigned char>(*left);
-    const auto y = static_cast<unsigned char>(*right);
+    const auto x = static_cast<unsigned char>(a[at]);
+    const auto y = static_cast<unsigned char>(b[at]);
     // The first units of what takes two in UTF-16 come before the last ones of what takes one.
     const bool isOther = x >= 0xee && y >= 0xee && (x >= 0xf0) != (y >= 0xf0);
     return (x < y) != isOther ? -1 : 1;

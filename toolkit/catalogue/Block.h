@@ -143,6 +143,8 @@ private:
 class BlockWriter {
 public:
     BlockWriter();
+    /// For the next document; what was taken from the system is kept.
+    void clear();
 
     BlockHead head;
     std::vector<BlockFolder> folders;

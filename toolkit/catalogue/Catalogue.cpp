@@ -7,7 +7,6 @@
 #include "PresetList.h"
 #include "RowSearch.h"
 #include "SmallDocument.h"
-#include "toolkit/edit/Labels.h"
 
 #include <algorithm>
 #include <string>
@@ -28,14 +27,18 @@ namespace {
 /// The row of that path below the root; false where there is none.
 bool findRow(const Block& block, const std::string& path, BlockRow& row)
 {
+    const bool hasEscapes = path.find('\\') != std::string::npos;
     for (quint32 i = 0; i < block.head().rows; ++i) {
         row = block.row(i);
         if (row.folder == NoFolder)
             continue;
-        // Paths are only made of what may have this one.
+        // Paths are only made of what may have this one: without escapes and number it ends with
+        // what the row is called.
         const std::string_view name = block.text(catalogue::identityOf(row));
-        const bool mayBe = !isPlainIdentity(name) || path.find(name) != std::string::npos;
-        if (mayBe && catalogue::pathOf(block, row) == path)
+        const bool isEnd = path.size() > name.size() &&
+                           path.compare(path.size() - 1 - name.size(), name.size(), name) == 0;
+        if ((isEnd || hasEscapes || name.empty() || row.number != 1) &&
+            catalogue::pathOf(block, row) == path)
             return true;
     }
     return false;

@@ -43,7 +43,7 @@ QStringView shown(View text)
 
 QByteArray RowScan::blockOf(const QString& path, ReadError& error)
 {
-    m_block = BlockWriter();
+    m_block.clear();
     m_depth = 0;
     m_shelves.clear();
     m_itemDepth = 0;

@@ -35,6 +35,16 @@ QString escaped(const QString& text, const char* special)
     return result;
 }
 
+/// Whether the identity stands in labels as it is.
+bool isPlainIdentity(std::string_view identity)
+{
+    if (!identity.empty() && (identity[0] == '@' || identity[0] == ':'))
+        return false;
+    return std::all_of(identity.begin(), identity.end(), [](char c) {
+        return static_cast<unsigned char>(c) >= 0x20 && c != ']' && c != '*' && c != '\\';
+    });
+}
+
 } // namespace
 
 bool isParam(const QDomElement& element)
@@ -93,15 +103,6 @@ void appendLabel(std::string_view kind, std::string_view identity, std::string& 
         path += identity;
         path += ']';
     }
-}
-
-bool isPlainIdentity(std::string_view identity)
-{
-    if (!identity.empty() && (identity[0] == '@' || identity[0] == ':'))
-        return false;
-    return std::all_of(identity.begin(), identity.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x20 && c != ']' && c != '*' && c != '\\';
-    });
 }
 
 QString numbered(const QString& label, int number)

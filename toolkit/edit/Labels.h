@@ -40,8 +40,6 @@ QString labelOf(const QDomElement& element);
 QString labelOf(const QString& kind, const QString& identity);
 /// Appends that in UTF-8.
 void appendLabel(std::string_view kind, std::string_view identity, std::string& path);
-/// Whether the identity stands in labels as it is.
-bool isPlainIdentity(std::string_view identity);
 /// That of the one that is the \p number th of those called the same, from 1.
 QString numbered(const QString& label, int number);
 
