@@ -64,9 +64,9 @@ public:
 private:
     void nodes(QDomNode node);
     void startTag(const QDomNode& element);
-    void leaf(const QDomNode& node, int depth, bool isLayout);
+    void leaf(const QDomNode& node, int depth, bool isIndented);
     void entityReference(const QString& name);
-    QDomNode skipLayout(const QDomNode& node) const;
+    bool isLayout(const QDomNode& node) const;
     void indent(int depth);
 
     const QDomDocument m_document;
@@ -106,14 +106,18 @@ void Writer::nodes(QDomNode node)
 {
     int depth = 0;
     bool followsText = false;
-    node = skipLayout(node);
+    // A handle is copied as rarely as can be: each copy counts references.
+    if (isLayout(node))
+        node = behindBlanks(node);
     while (!node.isNull()) {
         const bool isIndented = !followsText && !m_tags.preservesSpace();
         if (node.isElement()) {
             if (isIndented)
                 indent(depth);
             startTag(node);
-            const QDomNode child = skipLayout(node.firstChild());
+            QDomNode child = node.firstChild();
+            if (isLayout(child))
+                child = behindBlanks(child);
             if (!child.isNull()) {
                 m_text.append(QLatin1Char('>'));
                 if (!isText(child) && !m_tags.preservesSpace())
@@ -129,7 +133,9 @@ void Writer::nodes(QDomNode node)
             leaf(node, depth, isIndented);
         }
         for (;;) {
-            const QDomNode next = skipLayout(node.nextSibling());
+            QDomNode next = node.nextSibling();
+            if (isLayout(next))
+                next = behindBlanks(next);
             if (endsLine(node) && !isText(next) && !m_tags.preservesSpace())
                 m_text.append(QLatin1Char('\n'));
             followsText = isText(node);
@@ -141,8 +147,9 @@ void Writer::nodes(QDomNode node)
             if (!followsText && !m_tags.preservesSpace())
                 indent(depth);
             m_text.append(QLatin1String("</"));
-            m_text.append(m_tags.close());
+            m_text.append(m_tags.name());
             m_text.append(QLatin1Char('>'));
+            m_tags.close();
             node = node.parentNode();
         }
     }
@@ -194,17 +201,17 @@ void Writer::entityReference(const QString& name)
         m_text.appendCharacters(reference);
 }
 
-/// Steps over white space that the reader would take for layout.
-QDomNode Writer::skipLayout(const QDomNode& node) const
+/// Whether from there on stands white space that the reader would take for layout.
+bool Writer::isLayout(const QDomNode& node) const
 {
     if (node.nodeType() != QDomNode::TextNode || m_tags.preservesSpace())
-        return node;
+        return false;
     const QDomNode previous = node.previousSibling();
     if (isText(previous))
-        return node;
+        return false;
     const QDomNode next = behindBlanks(node);
     const bool isAllThereIs = previous.isNull() && next.isNull();
-    return isText(next) || (isAllThereIs && hasCharacters(node)) ? node : next;
+    return !isText(next) && !(isAllThereIs && hasCharacters(node));
 }
 
 void Writer::indent(int depth)

@@ -57,16 +57,14 @@ void WrittenTags::open(const QDomNode& element)
             m_plainName = name;
         name = written;
     }
-    m_open.push_back({name, m_scope.size(), preservesSpace()});
+    m_open.push_back({std::move(name), m_scope.size(), preservesSpace()});
     collectAttributes(element);
 }
 
-QString WrittenTags::close()
+void WrittenTags::close()
 {
-    const QString name = m_open.back().name;
     m_scope.leaveTo(m_open.back().scope);
     m_open.pop_back();
-    return name;
 }
 
 /// Declarations of namespaces included: they are attributes like others.
@@ -77,6 +75,7 @@ void WrittenTags::collectAttributes(const QDomNode& element)
     const bool isNameInScope = isInScope(name(), uri);
     if (isNameInScope && collectUsualAttributes(map))
         return;
+    m_shown = &m_attributes;
     bool areUsual = true;
     m_attributes.resize(map.count());
     for (int i = 0; i < map.count(); ++i) {
@@ -94,7 +93,7 @@ void WrittenTags::collectAttributes(const QDomNode& element)
     sortAttributes();
     makeNamesUnique();
     if (areUsual)
-        noteUsualNames();
+        noteUsual();
     if (!areUsual || !isNameInScope)
         declareNamespaces(uri);
 }
@@ -104,32 +103,23 @@ void WrittenTags::collectAttributes(const QDomNode& element)
 bool WrittenTags::collectUsualAttributes(const QDomNamedNodeMap& map)
 {
     const auto count = static_cast<std::size_t>(map.count());
-    if (count >= m_usualNames.size() || m_usualNames[count].size() != map.count())
+    if (count >= m_usual.size() || m_usual[count].size() != map.count())
         return false;
-    const QVector<QString>& names = m_usualNames[count];
-    m_attributes.resize(names.size());
-    auto attribute = m_attributes.begin();
-    for (const QString& name : names) {
-        const QDomNode node = map.namedItem(name);
+    for (Attribute& attribute : m_usual[count]) {
+        const QDomNode node = map.namedItem(attribute.name);
         if (node.isNull() || !node.namespaceURI().isNull())
             return false;
-        attribute->name = name;
-        attribute->value = node.nodeValue();
-        attribute->uri = QString();
-        ++attribute;
+        attribute.value = node.nodeValue();
     }
+    m_shown = &m_usual[count];
     return true;
 }
 
-void WrittenTags::noteUsualNames()
+void WrittenTags::noteUsual()
 {
     const auto count = static_cast<std::size_t>(m_attributes.size());
-    if (count >= m_usualNames.size())
-        return;
-    QVector<QString>& names = m_usualNames[count];
-    names.clear();
-    for (const Attribute& attribute : std::as_const(m_attributes))
-        names.append(attribute.name);
+    if (count < m_usual.size())
+        m_usual[count] = m_attributes;
 }
 
 void WrittenTags::sortAttributes()

@@ -28,8 +28,8 @@ public:
     };
 
     void open(const QDomNode& element);
-    /// Gives the name of the innermost element.
-    QString close();
+    /// Ends the innermost element.
+    void close();
 
     /// \name Of the innermost element
     /// @{
@@ -39,7 +39,7 @@ public:
     }
     const QVector<Attribute>& attributes() const
     {
-        return m_attributes;
+        return *m_shown;
     }
     /// Whether all white space in it is content; false when no element is open.
     bool preservesSpace() const
@@ -58,7 +58,7 @@ private:
 
     void collectAttributes(const QDomNode& element);
     bool collectUsualAttributes(const QDomNamedNodeMap& map);
-    void noteUsualNames();
+    void noteUsual();
     void sortAttributes();
     void makeNamesUnique();
     void declareNamespaces(const QString& uri);
@@ -69,9 +69,12 @@ private:
     std::vector<Open> m_open;
     NamespaceScope m_scope;
     QVector<Attribute> m_attributes;
-    /// By their number: names that the attributes of a tag had, in order, none of which had to do
-    /// with namespaces or white space.
-    std::array<QVector<QString>, 12> m_usualNames;
+    /// By their number: the attributes that a tag had last, in order, if no name of them had to do
+    /// with namespaces or white space. The next tag mostly has the same names, and to copy one
+    /// would count its references.
+    std::array<QVector<Attribute>, 12> m_usual;
+    /// Those of the innermost element.
+    const QVector<Attribute>* m_shown = &m_attributes;
     /// The last name of an element that is written as it is and has no colon.
     QString m_plainName;
 };
