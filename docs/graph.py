@@ -68,8 +68,6 @@ def svg():
         return HEIGHT - BOTTOM - y / top * (HEIGHT - TOP - BOTTOM)
 
     lines = [
-        "<!-- SPDX-FileCopyrightText: 2026 The rvopen authors -->",
-        "<!-- SPDX-License-Identifier: MIT -->",
         "<!-- Made by docs/graph.py -->",
         f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" width="{WIDTH}" '
         f'height="{HEIGHT}" font-family="sans-serif" font-size="12" role="img" '
