@@ -112,6 +112,8 @@ def page(path, lines):
             return match.group(0)
         name, _, anchor = target.partition("#")
         other = (path.parent / name).resolve() if name else path
+        if other.suffix == ".csv":
+            return f'<a href="docs/figures/{other.name}">{text}</a>'
         if not is_page(other):
             return text
         if anchor:
