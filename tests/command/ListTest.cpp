@@ -3,6 +3,7 @@
 
 #include "Program.h"
 
+#include <QDir>
 #include <QThread>
 
 namespace rvopen::test {
@@ -240,6 +241,53 @@ TEST_F(ListWithIndex, PrintsTheSameWithAnIndexThatIsNone)
                                     QByteArray(index.size(), 'x'), QByteArray("RVOCAT1\n")}) {
         workspace.write(name, bytes);
         EXPECT_EQ(list().out, first);
+    }
+}
+
+/// What goes wrong while an index is made, at the first such call, the second and so on.
+TEST_F(ListWithIndex, PrintsTheSameWhateverBecomesOfTheIndex)
+{
+    workspace.environment.insert(QStringLiteral("RVOPEN_CATALOGUE"), QStringLiteral("off"));
+    const QString wanted = list().out;
+    workspace.environment.remove(QStringLiteral("RVOPEN_CATALOGUE"));
+    const QString renaming = QStringLiteral("rename,renameat,renameat2");
+    const QStringList faults[] = {
+#ifndef RVOPEN_SANITIZE
+        // A sanitizer writes into a pipe of its own to learn whether memory may be read.
+        {QStringLiteral("write"), QStringLiteral("error=ENOSPC")},
+        {QStringLiteral("write"), QStringLiteral("signal=SIGKILL")},
+#endif
+        {QStringLiteral("mkdir"), QStringLiteral("error=EACCES")},
+        {renaming, QStringLiteral("error=EACCES")},
+        {renaming, QStringLiteral("signal=SIGKILL")}};
+    for (const QStringList& fault : faults) {
+        bool isOver = false;
+        for (int number = 1; !isOver; ++number) {
+            SCOPED_TRACE(fault.join(QLatin1Char(' ')).toStdString() + ' ' + std::to_string(number));
+            ASSERT_LT(number, 40);
+            QDir(workspace.path(QStringLiteral("caches"))).removeRecursively();
+            QString trace;
+            const Outcome run =
+                workspace.traced(QStringLiteral("-e trace=%1 -e inject=%1:%2:when=%3")
+                                     .arg(fault[0], fault[1])
+                                     .arg(number),
+                                 QStringLiteral("rvopen list in --text yellow"), trace);
+            const bool isKilled = trace.contains(QLatin1String("+++ killed"));
+            isOver = !isKilled && !trace.contains(QLatin1String("INJECTED"));
+            ASSERT_TRUE(!isOver || number > 1) << run.err.toStdString() << trace.toStdString();
+            // The output may be what could not be written.
+            if (run.code == 0) {
+                EXPECT_EQ(run.out, wanted);
+            } else if (!isKilled) {
+                EXPECT_EQ(run.err.toStdString(), "rvopen: the output could not be written: No "
+                                                 "space left on device\n");
+            }
+            if (!isKilled) {
+                EXPECT_EQ(cached().filter(QStringLiteral("/new.")), QStringList());
+            }
+            EXPECT_EQ(list().out, wanted);
+            EXPECT_EQ(list().out, wanted);
+        }
     }
 }
 
