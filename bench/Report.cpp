@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <thread>
 #include <utility>
 
@@ -193,15 +194,16 @@ void Report::grow(const std::string& operation, const std::function<Case(long)>&
 {
     if (m_options.counts || !isWanted(operation))
         return;
+    const long growing[] = {10000, 100000, 1000000};
     std::vector<Case> cases;
-    for (const long size : {10000L, 100000L, 1000000L}) {
+    for (const long size : growing) {
         if (cases.empty() || (!m_options.quick && size <= std::min(limit, m_options.maxElements)))
             cases.push_back(make(m_options.quick ? 1000L : size));
     }
     const auto times = measure(cases);
     std::vector<std::string> cells{operation};
     double worst = 0.0;
-    for (std::size_t i = 0; i < 3; ++i) {
+    for (std::size_t i = 0; i < std::size(growing); ++i) {
         if (i >= cases.size()) {
             cells.push_back("");
             continue;
@@ -212,11 +214,8 @@ void Report::grow(const std::string& operation, const std::function<Case(long)>&
         worst = std::max(worst, median(ratios));
         const double each = median(times[i]) / cases[i].units;
         cells.push_back(timeText(each));
-        record({operation + ", each",
-                countText(i == 0   ? 10000
-                          : i == 1 ? 100000
-                                   : 1000000),
-                "10 k", format("%.4g", median(times[0]) / cases[0].units), format("%.4g", each),
+        record({operation + ", each", countText(growing[i]), countText(growing[0]),
+                format("%.4g", median(times[0]) / cases[0].units), format("%.4g", each),
                 format("%.4g", median(ratios)), "", "", target ? format("%.4g", *target) : ""});
     }
     cells.push_back(ratioText(worst));

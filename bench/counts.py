@@ -1,8 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: 2026 The rvopen authors
 # SPDX-License-Identifier: MIT
-"""Prints what callgrind counted as a table in Markdown: counts.py <file of callgrind's>..."""
+"""Prints what callgrind counted as a table in Markdown.
 
+counts.py [--csv FILE] <file of callgrind's>...
+"""
+
+import argparse
+import csv
 import re
 import sys
 
@@ -48,23 +53,35 @@ def text(number):
 
 
 def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--csv")
+    parser.add_argument("files", nargs="+")
+    options = parser.parse_args()
     columns = ["instructions", "atomic operations", "allocations", "hash look-ups"]
-    files = sorted(sys.argv[1:], key=lambda path: int(path.rsplit(".", 1)[1]))
+    files = sorted(options.files, key=lambda path: int(path.rsplit(".", 1)[1]))
     found = [entry for entry in map(counts_of, files) if entry]
     if not found:
         sys.exit("counts.py: nothing was counted")
     print("| operation | size | baseline | " + " | ".join(columns) + " |")
     print("| --- " * (len(columns) + 3) + "|")
+    rows = []
     # Baseline and operation follow each other.
     for ((operation, size, name), base), (_, own) in zip(found[::2], found[1::2]):
         # What ran in a process of its own was not seen.
         if not base["instructions"] or not own["instructions"]:
             continue
+        rows.append([operation, size, name, *(f"{counts[column]:.6g}" for column in columns for counts in (base, own))])
         cells = []
         for column in columns:
             ratio = f" ({own[column] / base[column]:.2f})" if base[column] else ""
             cells.append(f"{text(own[column])}{ratio}")
         print(f"| {operation} | {size} | {name} | " + " | ".join(cells) + " |")
+    if options.csv:
+        with open(options.csv, "w", newline="", encoding="utf-8") as file:
+            writer = csv.writer(file, lineterminator="\n")
+            writer.writerow(["operation", "size", "baseline",
+                             *(text for column in columns for text in (f"{column} of the baseline", column))])
+            writer.writerows(rows)
 
 
 if __name__ == "__main__":

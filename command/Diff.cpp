@@ -5,13 +5,13 @@
 #include "Command.h"
 #include "Input.h"
 #include "Session.h"
+#include "toolkit/documents/FileTransaction.h"
 
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenScanner.h>
 #include <rvopen/toolkit/compare/Comparer.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 
@@ -36,24 +36,10 @@ QString nameOf(DifferenceKind kind)
     return QStringLiteral("changed");
 }
 
-/// Whether both are files, which can be read again, with the same bytes.
-bool areSameBytes(const QString& before, const QString& after)
+/// Whether it can be read more than once.
+bool isFile(const QString& argument)
 {
-    if (before == QLatin1String("-") || after == QLatin1String("-"))
-        return false;
-    QFile files[] = {QFile(PathToOpen(before)), QFile(PathToOpen(after))};
-    for (QFile& file : files) {
-        if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
-            return false;
-    }
-    const qint64 atOnce = 1024 * 1024;
-    bool isSame = files[0].size() == files[1].size();
-    for (bool isEnd = false; isSame && !isEnd;) {
-        const QByteArray bytes = files[0].read(atOnce);
-        isSame = bytes == files[1].read(atOnce);
-        isEnd = bytes.isEmpty();
-    }
-    return isSame;
+    return argument != QLatin1String("-") && QFileInfo(PathToOpen(argument)).isFile();
 }
 
 class Diff : public Command {
@@ -91,7 +77,9 @@ public:
         if (m_before == QLatin1String("-") && m_after == m_before)
             throw Failure(QStringLiteral("standard input can be one of the two only"));
         // Who compares a folder with its copy has this most of the time.
-        if (areSameBytes(m_before, m_after) && XmlScan().ScanFile(m_before)) {
+        if (isFile(m_before) && isFile(m_after) &&
+            haveSameBytes(PathToOpen(m_before), PathToOpen(m_after)) &&
+            XmlScan().ScanFile(m_before)) {
             if (session.json)
                 printJson(m_before, m_after, {}, session);
             return session.result(ExitFine);

@@ -10,8 +10,6 @@
 #include <QJsonArray>
 
 #include <algorithm>
-#include <deque>
-#include <future>
 #include <thread>
 
 namespace rvopen::command {
@@ -61,17 +59,10 @@ public:
 
     int run(Session& session) override
     {
-        const QStringList names = expandedInputs(m_files, session);
         QJsonArray files;
         bool isFirst = true;
-        std::deque<std::future<Outcome>> ahead;
         const int jobs = std::max(1, int(std::thread::hardware_concurrency()));
-        for (int at = 0, started = 0; at < int(names.size()); ++at) {
-            session.progress(at + 1, int(names.size()), names[at]);
-            for (; started < int(names.size()) && started < at + jobs; ++started)
-                ahead.push_back(std::async(std::launch::async, outcomeOf, names[started]));
-            const Outcome outcome = ahead.front().get();
-            ahead.pop_front();
+        const auto use = [&](const Outcome& outcome) {
             if (!outcome.isDocument) {
                 session.error(outcome.error);
                 files.append(
@@ -85,8 +76,8 @@ public:
                 isFirst = false;
                 print(outcome.contents, session.out);
             }
-        }
-        session.clearProgress();
+        };
+        forEachRead(expandedInputs(m_files, session), jobs, session, outcomeOf, use);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("files"), files);

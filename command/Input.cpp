@@ -13,8 +13,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <deque>
-#include <future>
+#include <optional>
 
 namespace rvopen::command {
 
@@ -111,32 +110,23 @@ void forEachDocument(const QStringList& arguments, Session& session,
                      Access access, int jobs)
 {
     const QStringList files = expandedInputs(arguments, session);
-    const bool isReadAhead = access == Access::Reading && jobs > 1;
-    std::deque<std::future<Reading>> ahead;
-    int started = 0;
-    for (int at = 0; at < int(files.size()); ++at) {
-        const QString& file = files[at];
-        session.progress(at + 1, int(files.size()), file);
-        FileLock lock;
-        if (access == Access::Changing)
-            lock.take(file);
-        for (; isReadAhead && started < int(files.size()) && started < at + jobs; ++started)
-            ahead.push_back(std::async(std::launch::async, readingOf, files[started]));
-        Reading reading;
-        if (isReadAhead) {
-            reading = ahead.front().get();
-            ahead.pop_front();
-        } else {
-            reading = readingOf(file);
-        }
-        if (reading.document) {
+    std::optional<FileLock> lock;
+    const auto readLocked = [&lock](const QString& file) {
+        lock.emplace();
+        lock->take(file);
+        return readingOf(file);
+    };
+    const auto use = [&](const Reading& reading) {
+        if (reading.document)
             visit(*reading.document);
-            continue;
-        }
-        if (!failed || !failed(reading.error.file, reading.error))
+        else if (!failed || !failed(reading.error.file, reading.error))
             session.error(reading.error);
-    }
-    session.clearProgress();
+        lock.reset();
+    };
+    if (access == Access::Changing)
+        forEachRead(files, 1, session, readLocked, use);
+    else
+        forEachRead(files, jobs, session, readingOf, use);
 }
 
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)

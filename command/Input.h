@@ -10,8 +10,11 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
 #include <functional>
+#include <future>
 #include <memory>
+#include <utility>
 
 namespace rvopen::command {
 
@@ -22,6 +25,28 @@ bool isPattern(const QString& text);
 /// names, and each pattern that is no file's name ("*", "?", "[ab]") by what it fits. What cannot
 /// be listed, a pattern that fits nothing, and a file whose name is not UTF-8, counts as an error.
 QStringList expandedInputs(const QStringList& arguments, Session& session);
+
+/// Calls \p use with what \p read gives for each file, in their order. With several \p jobs so many
+/// are read ahead, each in a thread of its own.
+template <typename Read, typename Use>
+void forEachRead(const QStringList& files, int jobs, Session& session, Read read, Use use)
+{
+    std::deque<std::future<decltype(read(QString()))>> ahead;
+    const int count = int(files.size());
+    for (int at = 0, started = 0; at < count; ++at) {
+        session.progress(at + 1, count, files[at]);
+        if (jobs <= 1) {
+            use(read(files[at]));
+            continue;
+        }
+        for (; started < count && started < at + jobs; ++started)
+            ahead.push_back(std::async(std::launch::async, read, files[started]));
+        std::future<decltype(read(QString()))> next = std::move(ahead.front());
+        ahead.pop_front();
+        use(next.get());
+    }
+    session.clearProgress();
+}
 
 enum class Access {
     Reading,

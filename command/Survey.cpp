@@ -3,6 +3,7 @@
 
 #include "Survey.h"
 
+#include "toolkit/catalogue/RowScan.h"
 #include "toolkit/documents/DocumentKinds.h"
 #include "toolkit/edit/Labels.h"
 #include "toolkit/schema/Vocabulary.h"
@@ -192,8 +193,7 @@ private:
             if (identity.isEmpty())
                 identity = tag.value(other);
         }
-        const QString label = labelOf(kind, identity);
-        const QString path = numbered(label, ++m_labels[label]);
+        const QString path = m_labels.next(labelOf(kind, identity));
         if (kind != QLatin1String("snapshots") && !element.kind->isSection)
             return;
         element.group = int(m_contents.groups.size());
@@ -224,15 +224,17 @@ private:
             ++m_contents.unknownParams[owner.name + QLatin1Char(':') + name];
     }
 
-    /// As KindOf() has it.
     QString kindOfOwner() const
     {
         const Element& owner = m_open.back();
-        const QString& name = owner.kind->name;
-        if (name == QLatin1String("finish"))
+        switch (kindSourceOf(owner.kind->name)) {
+        case KindSource::ShaderClass:
             return owner.shaderClass;
-        if (name == QLatin1String("plainColour") || name == QLatin1String("map"))
+        case KindSource::Grandparent:
             return m_open.size() > 2 ? m_open[m_open.size() - 3].kind->name : QString();
+        case KindSource::SubCategory:
+            break;
+        }
         return owner.subCategory;
     }
 
@@ -256,15 +258,9 @@ private:
     std::unordered_map<View, std::unique_ptr<Kind>> m_kinds;
     /// From the root on.
     std::vector<Element> m_open;
-    QHash<QString, int> m_labels;
+    Labels m_labels;
     bool m_hasSections = false;
 };
-
-/// Names with the prefix that is always declared, and what declares others.
-bool isInNamespace(View name)
-{
-    return name.substr(0, 4) == u"xml:" || name.substr(0, 5) == u"xmlns";
-}
 
 /// Surveys a file as long as its names are what stands there.
 class SurveyScan : private XmlScan {
@@ -285,9 +281,9 @@ public:
 private:
     void StartElement(View name, const ScannedAttributes& attributes) override
     {
-        m_needsDom = m_needsDom || isInNamespace(name);
+        m_needsDom = m_needsDom || catalogue::isInNamespace(name);
         for (const ScannedAttribute& attribute : attributes)
-            m_needsDom = m_needsDom || isInNamespace(attribute.name);
+            m_needsDom = m_needsDom || catalogue::isInNamespace(attribute.name);
         m_survey.begin({name, attributes});
     }
 

@@ -27,6 +27,10 @@ public:
         QString uri;
     };
 
+    WrittenTags() = default;
+    WrittenTags(const WrittenTags&) = delete;
+    WrittenTags& operator=(const WrittenTags&) = delete;
+
     void open(const QDomNode& element);
     /// Ends the innermost element.
     void close();

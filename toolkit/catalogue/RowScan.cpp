@@ -22,13 +22,6 @@ bool is(View text, const char16_t (&word)[Size])
     return text.size() == Size - 1 && std::memcmp(text.data(), word, sizeof word - 2) == 0;
 }
 
-/// Names with the prefix that is always declared, and what declares others.
-bool isInNamespace(View name)
-{
-    return name.size() > 4 && name[0] == u'x' &&
-           (is(name.substr(0, 4), u"xml:") || is(name.substr(0, 6), u"xmlns:"));
-}
-
 bool isParam(View name)
 {
     return is(name, u"param");
@@ -40,6 +33,12 @@ QStringView shown(View text)
 }
 
 } // namespace
+
+bool isInNamespace(View name)
+{
+    return name.size() > 4 && name[0] == u'x' &&
+           (is(name.substr(0, 4), u"xml:") || is(name.substr(0, 6), u"xmlns:"));
+}
 
 QByteArray RowScan::blockOf(const QString& path, ReadError& error)
 {

@@ -17,6 +17,10 @@
 
 namespace rvopen::toolkit::catalogue {
 
+/// Whether the name of an element or attribute has the prefix that is always declared, or declares
+/// another: what names mean, the DOM knows then.
+bool isInNamespace(std::u16string_view name);
+
 /// Makes the block of a document in one pass over its text: what forEachPreset() visits, and the
 /// current snapshot.
 class RowScan : private XmlScan {

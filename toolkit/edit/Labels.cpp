@@ -35,14 +35,21 @@ QString escaped(const QString& text, const char* special)
     return result;
 }
 
+/// Escaped in an identity, and escaped where it begins with them: conditions do.
+constexpr std::string_view s_identitySigns = "]*";
+constexpr std::string_view s_firstSigns = "@:";
+
 /// Whether the identity stands in labels as it is.
 bool isPlainIdentity(std::string_view identity)
 {
-    if (!identity.empty() && (identity[0] == '@' || identity[0] == ':'))
-        return false;
-    return std::all_of(identity.begin(), identity.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x20 && c != ']' && c != '*' && c != '\\';
-    });
+    const auto isOneOf = [](std::string_view signs, char c) {
+        return signs.find(c) != std::string_view::npos;
+    };
+    return (identity.empty() || !isOneOf(s_firstSigns, identity[0])) &&
+           std::all_of(identity.begin(), identity.end(), [&](char c) {
+               return static_cast<unsigned char>(c) >= 0x20 && QLatin1Char(c) != EscapeSign &&
+                      !isOneOf(s_identitySigns, c);
+           });
 }
 
 } // namespace
@@ -54,7 +61,11 @@ bool isParam(const QDomElement& element)
 
 QString Labels::next(const QDomElement& child)
 {
-    const QString label = labelOf(child);
+    return next(labelOf(child));
+}
+
+QString Labels::next(const QString& label)
+{
     return numbered(label, ++m_counts[label]);
 }
 
@@ -81,9 +92,8 @@ QString labelOf(const QString& kind, const QString& identity)
 {
     if (identity.isEmpty())
         return kind;
-    QString name = escaped(identity, "]*");
-    // What a condition begins with.
-    if (name[0] == QLatin1Char('@') || name[0] == QLatin1Char(':'))
+    QString name = escaped(identity, s_identitySigns.data());
+    if (s_firstSigns.find(name[0].toLatin1()) != std::string_view::npos)
         name.prepend(EscapeSign);
     return kind + QLatin1Char('[') + name + QLatin1Char(']');
 }

@@ -26,6 +26,8 @@ bool isParam(const QDomElement& element);
 class Labels {
 public:
     QString next(const QDomElement& child);
+    /// The same for a child whose label without number is known.
+    QString next(const QString& label);
 
 private:
     QHash<QString, int> m_counts;

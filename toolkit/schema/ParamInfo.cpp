@@ -4,6 +4,7 @@
 #include <rvopen/toolkit/schema/ParamInfo.h>
 
 #include "ParamRows.h"
+#include "Vocabulary.h"
 
 #include <rvopen/Param.h>
 #include <rvopen/toolkit/schema/ValueText.h>
@@ -93,11 +94,14 @@ bool Choices::Contains(QStringView text) const
 
 QString KindOf(const QDomElement& element)
 {
-    const QString tag = element.tagName();
-    if (tag == QLatin1String("finish"))
+    switch (kindSourceOf(element.tagName())) {
+    case KindSource::ShaderClass:
         return element.attribute(QStringLiteral("shaderClass"));
-    if (tag == QLatin1String("plainColour") || tag == QLatin1String("map"))
+    case KindSource::Grandparent:
         return element.parentNode().parentNode().toElement().tagName();
+    case KindSource::SubCategory:
+        break;
+    }
     return element.attribute(QStringLiteral("subcat"));
 }
 

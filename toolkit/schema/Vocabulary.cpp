@@ -12,6 +12,15 @@
 
 namespace rvopen::toolkit {
 
+KindSource kindSourceOf(const QString& element)
+{
+    if (element == QLatin1String("finish"))
+        return KindSource::ShaderClass;
+    const bool isOfShader =
+        element == QLatin1String("plainColour") || element == QLatin1String("map");
+    return isOfShader ? KindSource::Grandparent : KindSource::SubCategory;
+}
+
 const Vocabulary& Vocabulary::instance()
 {
     static const Vocabulary vocabulary;

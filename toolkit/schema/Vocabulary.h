@@ -8,6 +8,18 @@
 
 namespace rvopen::toolkit {
 
+/// Where the kind of an element stands, as KindOf() has it.
+enum class KindSource {
+    /// In its attribute "shaderClass".
+    ShaderClass,
+    /// It is the name of the element above its parent.
+    Grandparent,
+    /// In its attribute "subcat".
+    SubCategory
+};
+
+KindSource kindSourceOf(const QString& element);
+
 /// What is asked of the vocabulary of documents besides what the rows of the schema say.
 class Vocabulary {
 public:
