@@ -48,6 +48,15 @@ macro(rvopen_ship_alone)
     endif()
 endmacro()
 
+# rvopen_include_alone(): for the folders of libraries. The build for the fuzz targets compiles each
+# source by itself and without precompiled headers, so that each includes what it uses.
+macro(rvopen_include_alone)
+    if(RVOPEN_FUZZ)
+        set(CMAKE_UNITY_BUILD OFF)
+        set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
+    endif()
+endmacro()
+
 # rvopen_compile_alone(<source>...): where sources are compiled several at once, those whose local
 # names others have too are not among them.
 function(rvopen_compile_alone)
@@ -59,6 +68,10 @@ endfunction()
 function(rvopen_compile_fast target)
     if(NOT MSVC)
         target_compile_options(${target} PRIVATE -O0)
+    endif()
+    # The macros of GoogleTest leave the last argument out.
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+        target_compile_options(${target} PRIVATE -Wno-gnu-zero-variadic-macro-arguments)
     endif()
     if(RVOPEN_SANITIZE)
         target_compile_options(${target} PRIVATE -fno-sanitize=undefined)

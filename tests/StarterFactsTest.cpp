@@ -322,7 +322,7 @@ TEST_F(StarterTest, TintsLetTheirOwnColourThrough)
 
 TEST_F(StarterTest, GreysReflectWhatTheySay)
 {
-    const auto reflectance = [this](const char* name) {
+    const auto reflectance = [](const char* name) {
         float colour[3];
         EXPECT_EQ(RVOpenSchema::isNodeBackground(find(name))->GetPlainColour(colour), 0U);
         return linear(double(colour[0]));
@@ -335,7 +335,7 @@ TEST_F(StarterTest, GreysReflectWhatTheySay)
 
 TEST_F(StarterTest, ColoursOfPaintsAreThoseOfTheirStandard)
 {
-    const auto hex = [this](const char* name) {
+    const auto hex = [](const char* name) {
         float colour[3];
         Colour* const preset = RVOpenSchema::isNodeColour(find(name));
         EXPECT_EQ(preset->GetDiffuse()->GetColour()->GetPlainColour(0)->GetColour(colour), 0U);

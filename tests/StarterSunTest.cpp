@@ -148,7 +148,7 @@ TEST_F(StarterTest, SunsStandWhereTheAlmanacHasThem)
 
 TEST_F(StarterTest, SunsStandAtNoonAsHighAsLatitudeAndDeclinationSay)
 {
-    const auto expectNoon = [this](const char* name, double azimuth, double altitude) {
+    const auto expectNoon = [](const char* name, double azimuth, double altitude) {
         const Position sun = positionOf(find(name));
         EXPECT_NEAR(sun.azimuth, azimuth, 0.05) << name;
         EXPECT_NEAR(sun.altitude, altitude, 0.06) << name;

@@ -74,7 +74,7 @@ int makeAll(QTextStream& out)
             continue;
         const QString outcome = outcomeOf(i);
         const bool isAsTold = mistake.isUndefined
-                                  ? outcome.contains(QLatin1String("AddressSanitizer"))
+                                  ? outcome.contains(QLatin1String("Sanitizer"))
                                   : outcome.isEmpty();
         if (isAsTold)
             continue;
