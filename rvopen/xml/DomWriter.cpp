@@ -97,7 +97,7 @@ QString Writer::text()
     if (!node.isNull() && !type.name().isEmpty())
         m_text.appendDocumentType(type.name(), type.publicId(), type.systemId());
     nodes(node);
-    return m_text.text();
+    return m_text.take();
 }
 
 /// The node and those after it, with all that is in them. A loop, so that the stack does not depend
@@ -119,9 +119,9 @@ void Writer::nodes(QDomNode node)
             if (isLayout(child))
                 child = behindBlanks(child);
             if (!child.isNull()) {
-                m_text.append(QLatin1Char('>'));
+                m_text.append(u'>');
                 if (!isText(child) && !m_tags.preservesSpace())
-                    m_text.append(QLatin1Char('\n'));
+                    m_text.append(u'\n');
                 node = child;
                 followsText = false;
                 ++depth;
@@ -137,7 +137,7 @@ void Writer::nodes(QDomNode node)
             if (isLayout(next))
                 next = behindBlanks(next);
             if (endsLine(node) && !isText(next) && !m_tags.preservesSpace())
-                m_text.append(QLatin1Char('\n'));
+                m_text.append(u'\n');
             followsText = isText(node);
             if (!next.isNull() || depth == 0) {
                 node = next;
@@ -148,7 +148,7 @@ void Writer::nodes(QDomNode node)
                 indent(depth);
             m_text.append(QLatin1String("</"));
             m_text.append(m_tags.name());
-            m_text.append(QLatin1Char('>'));
+            m_text.append(u'>');
             m_tags.close();
             node = node.parentNode();
         }
@@ -158,7 +158,7 @@ void Writer::nodes(QDomNode node)
 void Writer::startTag(const QDomNode& element)
 {
     m_tags.open(element);
-    m_text.append(QLatin1Char('<'));
+    m_text.append(u'<');
     m_text.append(m_tags.name());
     for (const xml::WrittenTags::Attribute& attribute : m_tags.attributes())
         m_text.appendAttribute(attribute.name, attribute.value);

@@ -4,6 +4,7 @@
 #include <rvopen/xml/MarkupText.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace rvopen::xml {
 
@@ -11,6 +12,9 @@ namespace {
 
 /// Stands for the character itself.
 const QLatin1String s_itself;
+
+/// Characters by which a text grows at most: a large one stays below what a string can have.
+constexpr compat::Size s_largestStep = 1 << 25;
 
 bool isName(View name)
 {
@@ -61,31 +65,48 @@ QString encodedName(const QString& name)
     return encoded.isEmpty() ? QStringLiteral("_") : encoded;
 }
 
+QString MarkupText::take()
+{
+    m_text.truncate(m_length);
+    return std::move(m_text);
+}
+
+void MarkupText::append(QLatin1String text)
+{
+    std::copy(text.begin(), text.end(), room(text.size()));
+    m_length += text.size();
+}
+
+void MarkupText::append(const QString& text)
+{
+    const View view = viewOf(text);
+    append(view.data(), view.data() + view.size());
+}
+
 void MarkupText::appendBlanks(compat::Size count)
 {
-    if (m_blanks.size() < count)
-        m_blanks.fill(QLatin1Char(' '), count * 2);
-    m_text.append(m_blanks.constData(), count);
+    std::fill_n(room(count), count, u' ');
+    m_length += count;
 }
 
 void MarkupText::appendDocumentType(const QString& name, const QString& publicId,
                                     const QString& systemId)
 {
-    m_text += QLatin1String("<!DOCTYPE ") + encodedName(name);
+    append(QLatin1String("<!DOCTYPE ") + encodedName(name));
     if (!publicId.isNull())
-        m_text += QLatin1String(" PUBLIC ") + quoted(publicLiteral(publicId)) + QLatin1Char(' ');
+        append(QLatin1String(" PUBLIC ") + quoted(publicLiteral(publicId)) + QLatin1Char(' '));
     else if (!systemId.isNull())
-        m_text += QLatin1String(" SYSTEM ");
+        append(QLatin1String(" SYSTEM "));
     if (!publicId.isNull() || !systemId.isNull())
         append(quoted(systemLiteral(systemId)), [](char16_t) { return s_itself; });
-    m_text += QLatin1String(">\n");
+    append(QLatin1String(">\n"));
 }
 
 void MarkupText::appendAttribute(const QString& name, const QString& value)
 {
-    m_text += QLatin1Char(' ');
-    m_text += name;
-    m_text += QLatin1String("=\"");
+    append(u' ');
+    append(name);
+    append(QLatin1String("=\""));
     append(value, [this](char16_t c) {
         switch (c) {
         case u'<':
@@ -106,7 +127,7 @@ void MarkupText::appendAttribute(const QString& name, const QString& value)
             return s_itself;
         }
     });
-    m_text += QLatin1Char('"');
+    append(u'"');
 }
 
 void MarkupText::appendCharacters(const QString& text)
@@ -129,11 +150,11 @@ void MarkupText::appendCharacters(const QString& text)
 
 void MarkupText::appendCdata(const QString& text)
 {
-    m_text += QLatin1String("<![CDATA[");
+    append(QLatin1String("<![CDATA["));
     append(text, [this](char16_t c) {
         return c == u'>' && endsInBrackets() ? QLatin1String("]]><![CDATA[>") : s_itself;
     });
-    m_text += QLatin1String("]]>");
+    append(QLatin1String("]]>"));
 }
 
 void MarkupText::appendComment(QString text)
@@ -143,20 +164,20 @@ void MarkupText::appendComment(QString text)
         text.replace(hyphens, QLatin1String("- -"));
     if (text.endsWith(QLatin1Char('-')))
         text += QLatin1Char(' ');
-    m_text += QLatin1String("<!--");
+    append(QLatin1String("<!--"));
     append(text, [](char16_t) { return s_itself; });
-    m_text += QLatin1String("-->");
+    append(QLatin1String("-->"));
 }
 
 void MarkupText::appendInstruction(const QString& target, const QString& data)
 {
     const bool isReserved = target.compare(QLatin1String("xml"), Qt::CaseInsensitive) == 0;
-    m_text += isReserved ? QLatin1String("<?_") : QLatin1String("<?");
-    m_text += encodedName(target) + QLatin1Char(' ');
+    append(isReserved ? QLatin1String("<?_") : QLatin1String("<?"));
+    append(encodedName(target) + QLatin1Char(' '));
     append(data, [this](char16_t c) {
-        return c == u'>' && m_text.endsWith(QLatin1Char('?')) ? QLatin1String(" >") : s_itself;
+        return c == u'>' && endsIn(u'?') ? QLatin1String(" >") : s_itself;
     });
-    m_text += QLatin1String("?>");
+    append(QLatin1String("?>"));
 }
 
 /// \p replace gives what is written for a character that needs a second look.
@@ -177,9 +198,9 @@ void MarkupText::append(const QString& text, Replace replace)
         const QLatin1String replacement = replace(*at);
         at += std::max(length, 1);
         if (length == 0)
-            m_text += QChar(QChar::ReplacementCharacter);
+            append(char16_t(QChar::ReplacementCharacter));
         else if (replacement.size() > 0)
-            m_text += replacement;
+            append(replacement);
         else
             continue;
         run = at;
@@ -189,12 +210,27 @@ void MarkupText::append(const QString& text, Replace replace)
 
 void MarkupText::append(const char16_t* begin, const char16_t* end)
 {
-    m_text.append(reinterpret_cast<const QChar*>(begin), static_cast<compat::Size>(end - begin));
+    const auto count = static_cast<compat::Size>(end - begin);
+    std::copy(begin, end, room(count));
+    m_length += count;
 }
 
 bool MarkupText::endsInBrackets() const
 {
-    return m_text.endsWith(QLatin1String("]]"));
+    return m_length > 1 && endsIn(u']') && m_data[m_length - 2] == u']';
+}
+
+bool MarkupText::endsIn(char16_t c) const
+{
+    return m_length > 0 && m_data[m_length - 1] == c;
+}
+
+void MarkupText::grow(compat::Size count)
+{
+    const compat::Size more = std::min(m_size / 2 + 1024, s_largestStep);
+    m_text.resize(m_length + std::max(count, m_size - m_length + more));
+    m_size = m_text.size();
+    m_data = reinterpret_cast<char16_t*>(m_text.data());
 }
 
 } // namespace rvopen::xml

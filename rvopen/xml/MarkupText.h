@@ -18,25 +18,18 @@ QString encodedName(const QString& name);
 /// takes the place of what no document may contain.
 class MarkupText {
 public:
-    const QString& text() const
-    {
-        return m_text;
-    }
+    /// What has been appended. Nothing can be appended after that.
+    QString take();
 
     /// \name As it is
     /// @{
-    void append(QLatin1Char c)
+    void append(char16_t c)
     {
-        m_text += c;
+        *room(1) = c;
+        ++m_length;
     }
-    void append(QLatin1String text)
-    {
-        m_text += text;
-    }
-    void append(const QString& text)
-    {
-        m_text += text;
-    }
+    void append(QLatin1String text);
+    void append(const QString& text);
     void appendBlanks(compat::Size count);
     /// @}
 
@@ -55,9 +48,23 @@ private:
     void append(const QString& text, Replace replace);
     void append(const char16_t* begin, const char16_t* end);
     bool endsInBrackets() const;
+    bool endsIn(char16_t c) const;
 
+    /// Where the next \p count characters go, which m_length does not count yet.
+    char16_t* room(compat::Size count)
+    {
+        if (m_size - m_length < count)
+            grow(count);
+        return m_data + m_length;
+    }
+    void grow(compat::Size count);
+
+    /// With what is not used yet: an operation of QString's for each piece of a tag would take
+    /// longer than to write it.
     QString m_text;
-    QString m_blanks;
+    char16_t* m_data = nullptr;
+    compat::Size m_size = 0;
+    compat::Size m_length = 0;
 };
 
 } // namespace rvopen::xml

@@ -93,33 +93,45 @@ void WrittenTags::collectAttributes(const QDomNode& element)
     sortAttributes();
     makeNamesUnique();
     if (areUsual)
-        noteUsual();
+        noteUsual(map);
     if (!areUsual || !isNameInScope)
         declareNamespaces(uri);
 }
 
-/// Most tags have attributes of the same few names, which are found faster by name than one after
-/// the other, and are in order already. False when these are others.
+/// Most tags have attributes of the same few names, in the same places: they need not be sorted,
+/// and where a place is asked for, no name is hashed. False when these are others.
 bool WrittenTags::collectUsualAttributes(const QDomNamedNodeMap& map)
 {
     const auto count = static_cast<std::size_t>(map.count());
-    if (count >= m_usual.size() || m_usual[count].size() != map.count())
+    if (count >= m_usual.size() || m_usual[count].places.size() != count)
         return false;
-    for (Attribute& attribute : m_usual[count]) {
-        const QDomNode node = map.namedItem(attribute.name);
-        if (node.isNull() || !node.namespaceURI().isNull())
+    Attribute* const attributes = m_usual[count].attributes.data();
+    for (std::size_t i = 0; i < count; ++i) {
+        const QDomNode node = map.item(static_cast<int>(i));
+        Attribute& attribute = attributes[m_usual[count].places[i]];
+        if (node.nodeName() != attribute.name)
             return false;
         attribute.value = node.nodeValue();
     }
-    m_shown = &m_usual[count];
+    m_shown = &m_usual[count].attributes;
     return true;
 }
 
-void WrittenTags::noteUsual()
+void WrittenTags::noteUsual(const QDomNamedNodeMap& map)
 {
-    const auto count = static_cast<std::size_t>(m_attributes.size());
-    if (count < m_usual.size())
-        m_usual[count] = m_attributes;
+    const auto count = static_cast<std::size_t>(map.count());
+    if (count >= m_usual.size())
+        return;
+    std::vector<int> places;
+    for (std::size_t i = 0; i < count; ++i) {
+        const QString name = map.item(static_cast<int>(i)).nodeName();
+        const auto written =
+            std::find_if(m_attributes.cbegin(), m_attributes.cend(),
+                         [&name](const Attribute& attribute) { return attribute.name == name; });
+        if (written != m_attributes.cend())
+            places.push_back(static_cast<int>(written - m_attributes.cbegin()));
+    }
+    m_usual[count] = {m_attributes, std::move(places)};
 }
 
 void WrittenTags::sortAttributes()
