@@ -112,11 +112,10 @@ public:
             session.progress(at, int(found.size()), file);
         });
         PresetList list(store);
-        QVector<bool> isListed;
-        for (int i = 0; i < int(found.size()); ++i)
-            isListed.append(isInRows && list.add(i, filter));
+        const std::vector<bool> areListed =
+            isInRows ? list.add(filter) : std::vector<bool>(std::size_t(found.size()));
         for (int i = 0; i < int(found.size()); ++i) {
-            if (!isListed[i])
+            if (!areListed[std::size_t(i)])
                 addFromDocument(found[i], selection, session, list);
         }
         session.clearProgress();

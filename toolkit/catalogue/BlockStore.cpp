@@ -4,6 +4,7 @@
 #include "BlockStore.h"
 
 #include "RowScan.h"
+#include "toolkit/documents/Processors.h"
 #include "toolkit/edit/Labels.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -12,10 +13,8 @@
 #include <QSet>
 
 #include <algorithm>
-#include <atomic>
 #include <new>
 #include <string>
-#include <thread>
 
 namespace rvopen::toolkit::catalogue {
 
@@ -50,27 +49,25 @@ BlockStore::BlockStore(const QStringList& files,
                        const std::function<void(int, const QString&)>& progress)
     : m_sources(std::size_t(files.size()))
 {
+    forEachPiece(m_sources.size(), [&](std::size_t i) { find(files[int(i)], m_sources[i]); });
     QStringList documents;
-    for (int i = 0; i < int(files.size()); ++i) {
-        Source& source = m_sources[std::size_t(i)];
-        source.file = files[i];
-        const QString path = PathToOpen(files[i]);
-        if (files[i] == QLatin1String("-") || path.isEmpty() || path.contains(QChar(0)))
-            continue;
-        const QString document = QFileInfo(path).absoluteFilePath();
-        if (!findState(QFile::encodeName(path), source.state))
-            continue;
-        source.name = QFile::encodeName(document);
-        documents << document;
+    for (const Source& source : m_sources) {
+        if (!source.name.isEmpty())
+            documents << QFile::decodeName(source.name);
     }
     const QString name =
         documents.isEmpty() ? QString() : IndexFile::nameFor(commonFolder(documents));
     m_index = std::make_unique<IndexFile>(name);
+    // To look at all of a block is most of what a search takes.
+    forEachPiece(m_sources.size(), [this](std::size_t i) {
+        Source& source = m_sources[i];
+        if (!source.name.isEmpty())
+            source.block = Block(m_index->find(source.name, source.state));
+    });
     std::vector<Source*> unknown;
     for (Source& source : m_sources) {
         if (source.name.isEmpty())
             continue;
-        source.block = Block(m_index->find(source.name, source.state));
         source.isKept = source.block.isValid();
         if (!source.isKept)
             unknown.push_back(&source);
@@ -83,11 +80,21 @@ BlockStore::BlockStore(const QStringList& files,
         keep(name);
 }
 
+void BlockStore::find(const QString& file, Source& source)
+{
+    source.file = file;
+    const QString path = PathToOpen(file);
+    if (file == QLatin1String("-") || path.isEmpty() || path.contains(QChar(0)))
+        return;
+    const QString document = QFileInfo(path).absoluteFilePath();
+    if (findState(QFile::encodeName(path), source.state))
+        source.name = QFile::encodeName(document);
+}
+
 void BlockStore::readAll(const std::vector<Source*>& sources,
                          const std::function<void(int, const QString&)>& progress)
 {
-    std::atomic<std::size_t> next{0};
-    const auto read = [&](bool isTelling) {
+    onAllProcessors(sources.size(), [&](NextPiece& next, bool isTelling) {
         RowScan scan;
         for (std::size_t i; (i = next++) < sources.size();) {
             Source& source = *sources[i];
@@ -106,15 +113,7 @@ void BlockStore::readAll(const std::vector<Source*>& sources,
                 source.error = ReadError();
             }
         }
-    };
-    const std::size_t others =
-        std::min<std::size_t>(std::max(1U, std::thread::hardware_concurrency()), sources.size());
-    std::vector<std::thread> threads;
-    for (std::size_t i = 1; i < others; ++i)
-        threads.emplace_back(read, false);
-    read(true);
-    for (std::thread& thread : threads)
-        thread.join();
+    });
     m_readCount = int(sources.size());
 }
 

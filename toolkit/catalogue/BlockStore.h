@@ -76,6 +76,8 @@ private:
         bool isKept = false;
     };
 
+    /// Notes which file it is, and how it is.
+    static void find(const QString& file, Source& source);
     void readAll(const std::vector<Source*>& sources,
                  const std::function<void(int, const QString&)>& progress);
     void keep(const QString& name) const;

@@ -4,6 +4,7 @@
 #include "PresetList.h"
 
 #include "RowFilter.h"
+#include "toolkit/documents/Processors.h"
 #include "toolkit/edit/Placement.h"
 
 #include <algorithm>
@@ -49,12 +50,29 @@ PresetList::PresetList(const BlockStore& store)
         m_files.push_back(store.file(i).toStdString());
 }
 
-bool PresetList::add(int document, const AttributeFilter& filter)
+std::vector<bool> PresetList::add(const AttributeFilter& filter)
 {
-    const Block& block = m_store.block(document);
-    return forEachPassing(block, filter, [&](quint32 index, const BlockRow& row) {
-        add(document, index, block.text(row.kind), block.caseFoldedText(row.name));
+    struct Found {
+        bool isKnown = false;
+        std::vector<quint32> rows;
+    };
+    std::vector<Found> documents(std::size_t(m_store.count()));
+    forEachPiece(documents.size(), [&](std::size_t i) {
+        Found& found = documents[i];
+        found.isKnown =
+            forEachPassing(m_store.block(int(i)), filter,
+                           [&found](quint32 row, const BlockRow&) { found.rows.push_back(row); });
     });
+    std::vector<bool> areKnown;
+    for (int i = 0; i < m_store.count(); ++i) {
+        const Block& block = m_store.block(i);
+        for (const quint32 at : documents[std::size_t(i)].rows) {
+            const BlockRow row = block.row(at);
+            add(i, at, block.text(row.kind), block.caseFoldedText(row.name));
+        }
+        areKnown.push_back(documents[std::size_t(i)].isKnown);
+    }
+    return areKnown;
 }
 
 void PresetList::add(const QString& file, const Preset& preset)

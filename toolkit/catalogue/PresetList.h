@@ -47,9 +47,9 @@ public:
     /// The store has to stay.
     explicit PresetList(const BlockStore& store);
 
-    /// Adds those of a document of the store that pass. False where rows do not say which do; none
-    /// was added then.
-    bool add(int document, const AttributeFilter& filter);
+    /// Adds those of the documents of the store that pass. For each of these whether its rows say
+    /// which do; none was added otherwise.
+    std::vector<bool> add(const AttributeFilter& filter);
     /// Adds one of a document that was built.
     void add(const QString& file, const Preset& preset);
     void sort();

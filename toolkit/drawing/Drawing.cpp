@@ -8,6 +8,7 @@
 #include "Sky.h"
 #include "SnapShotPicture.h"
 #include "Studio.h"
+#include "toolkit/documents/Processors.h"
 
 #include <rvopen/AspectRatio.h>
 #include <rvopen/AspectRatioOrient.h>
@@ -23,10 +24,6 @@
 #include <rvopen/Scheme.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/Transparency.h>
-
-#include <atomic>
-#include <future>
-#include <thread>
 
 namespace rvopen::toolkit::drawing {
 
@@ -221,19 +218,7 @@ Draw drawingOf(const QDomElement& element, const PictureWish& wish, TextureReade
 std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)
 {
     std::vector<QImage> images(drawings.size());
-    std::atomic<std::size_t> next{0};
-    const auto work = [&] {
-        for (std::size_t i = next++; i < drawings.size(); i = next++)
-            images[i] = drawings[i]();
-    };
-    const std::size_t threads =
-        std::min<std::size_t>(std::max(std::thread::hardware_concurrency(), 1U), drawings.size());
-    std::vector<std::future<void>> others;
-    for (std::size_t i = 1; i < threads; ++i)
-        others.push_back(std::async(std::launch::async, work));
-    work();
-    for (std::future<void>& other : others)
-        other.get();
+    forEachPiece(drawings.size(), [&](std::size_t i) { images[i] = drawings[i](); });
     return images;
 }
 

@@ -64,10 +64,10 @@ TEST_F(PresetListTest, HasWhatASelectionHas)
           textsOf("", "", "", "oak"), textsOf("", "", "", "GRUN a"),
           textsOf("", "", "", "house light"), textsOf("", "", "", "brass oak"),
           textsOf("camera", "", "", "a"), textsOf("material", "", "", "nothing like this")}) {
-        const BlockStore store(files);
-        for (int i = 0; i < store.count(); ++i) {
+        for (int i = 0; i < int(files.size()); ++i) {
+            const BlockStore store({files[i]});
             PresetList list(store);
-            ASSERT_TRUE(list.add(i, filterOf(texts)));
+            ASSERT_EQ(list.add(filterOf(texts)), std::vector<bool>{true});
             QStringList listed;
             for (std::size_t at = 0; at < list.size(); ++at)
                 listed << text(list, at, PresetText::Path);
@@ -96,8 +96,7 @@ TEST_F(PresetListTest, SortsByKindNameReferenceNameAndFile)
                        "<x name='ä'/><x name='lengthy b'/><x name='lengthy A'/></a></presets>")};
     const BlockStore store(files);
     PresetList list(store);
-    EXPECT_TRUE(list.add(0, AttributeFilter()));
-    EXPECT_TRUE(list.add(1, AttributeFilter()));
+    EXPECT_EQ(list.add(AttributeFilter()), std::vector<bool>({true, true}));
     list.sort();
     QStringList order;
     for (std::size_t i = 0; i < list.size(); ++i) {
@@ -117,7 +116,7 @@ TEST_F(PresetListTest, TakesPresetsOfDocumentsThatWereBuilt)
     const QString file = write("a.rvx", "<presets><a><x name='b' cat='c'/></a></presets>");
     const BlockStore store({file});
     PresetList list(store);
-    EXPECT_TRUE(list.add(0, AttributeFilter()));
+    EXPECT_EQ(list.add(AttributeFilter()), std::vector<bool>{true});
     const std::unique_ptr<Document> document =
         read("<presets><a name='n'><dir name='d'><x name='A' desc='e'/></dir></a></presets>");
     forEachPreset(document->Root(),
@@ -137,12 +136,33 @@ TEST_F(PresetListTest, LeavesToTheDocumentWhatRowsDoNotSay)
         {write("a.rvx", "<presets xmlns:p='u'><a><x/></a></presets>"),
          write("b.xml", "<snapRoot><snapshots><snapshot/></snapshots></snapRoot>"), path("none")});
     PresetList list(store);
-    EXPECT_FALSE(list.add(0, AttributeFilter()));
-    EXPECT_FALSE(list.add(1, filterOf(textsOf("snapshot", "", "", ""))));
-    EXPECT_FALSE(list.add(2, AttributeFilter()));
+    EXPECT_EQ(list.add(filterOf(textsOf("snapshot", "", "", ""))),
+              std::vector<bool>({false, false, false}));
     EXPECT_EQ(list.size(), 0U);
-    EXPECT_TRUE(list.add(1, AttributeFilter()));
+    EXPECT_EQ(list.add(AttributeFilter()), std::vector<bool>({false, true, false}));
     EXPECT_EQ(list.size(), 1U);
+}
+
+TEST_F(PresetListTest, HasThePresetsOfManyDocumentsInTheOrderOfTheirNames)
+{
+    QStringList files;
+    QStringList expected;
+    for (int i = 10; i < 90; ++i) {
+        const QString number = QString::number(i);
+        files << write(("f" + number + ".rvx").toLatin1().constData(),
+                       ("<presets><a><x name='oak " + number + "'/><x name='ash " + number +
+                        "'/></a></presets>")
+                           .toLatin1()
+                           .constData());
+        expected << QStringLiteral("oak ") + number;
+    }
+    const BlockStore store(files);
+    PresetList list(store);
+    EXPECT_EQ(list.add(filterOf(textsOf("", "", "", "oak"))), std::vector<bool>(80, true));
+    QStringList names;
+    for (std::size_t i = 0; i < list.size(); ++i)
+        names << text(list, i, PresetText::Name);
+    EXPECT_EQ(names, expected);
 }
 
 TEST(Selection, IsAnAttributeFilterUnlessPathsOrConditionsAreGiven)
