@@ -272,6 +272,45 @@ TEST(DocumentWriterTest, PutsTheAttributesOfEachNeighbourInOrder)
                     "  </a>");
 }
 
+TEST(DocumentWriterTest, KeepsEachValueAtItsNameHoweverTheAttributesOfNeighboursWereSet)
+{
+    QString expected = "<a>\n";
+    const QString text = writtenElement([&expected](QDomElement element) {
+        QStringList names{"a", "b", "c", "d", "e"};
+        int number = 0;
+        do {
+            QDomElement child = element.ownerDocument().createElement("c");
+            for (const QString& name : names)
+                child.setAttribute(name, name + QString::number(number));
+            element.appendChild(child);
+            const QString n = QString::number(number++);
+            expected += "    <c a=\"a" + n + "\" b=\"b" + n + "\" c=\"c" + n + "\" d=\"d" + n +
+                        "\" e=\"e" + n + "\"/>\n";
+        } while (std::next_permutation(names.begin(), names.end()));
+    });
+    EXPECT_EQ(text, expected + "  </a>");
+}
+
+TEST(DocumentWriterTest, TellsAttributesOfOneNameInSeveralNamespacesApart)
+{
+    const QString text = writtenElement([](QDomElement element) {
+        for (const bool isPrefixed : {false, true, false}) {
+            QDomElement child = element.ownerDocument().createElement("c");
+            child.setAttribute("b", "1");
+            if (isPrefixed)
+                child.setAttributeNS("urn:u", "p:a", "2");
+            else
+                child.setAttribute("a", "2");
+            element.appendChild(child);
+        }
+    });
+    EXPECT_EQ(text, "<a>\n"
+                    "    <c a=\"2\" b=\"1\"/>\n"
+                    "    <c b=\"1\" p:a=\"2\" xmlns:p=\"urn:u\"/>\n"
+                    "    <c a=\"2\" b=\"1\"/>\n"
+                    "  </a>");
+}
+
 // Characters that no document may contain
 
 struct Forbidden {
