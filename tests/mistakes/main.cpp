@@ -73,9 +73,8 @@ int makeAll(QTextStream& out)
         if (mistake.isUndefined && !s_isSanitized)
             continue;
         const QString outcome = outcomeOf(i);
-        const bool isAsTold = mistake.isUndefined
-                                  ? outcome.contains(QLatin1String("Sanitizer"))
-                                  : outcome.isEmpty();
+        const bool isAsTold =
+            mistake.isUndefined ? outcome.contains(QLatin1String("Sanitizer")) : outcome.isEmpty();
         if (isAsTold)
             continue;
         ++failures;
