@@ -48,15 +48,6 @@ macro(rvopen_ship_alone)
     endif()
 endmacro()
 
-# rvopen_include_alone(): for the folders of libraries. The build for the fuzz targets compiles each
-# source by itself and without precompiled headers, so that each includes what it uses.
-macro(rvopen_include_alone)
-    if(RVOPEN_FUZZ)
-        set(CMAKE_UNITY_BUILD OFF)
-        set(CMAKE_DISABLE_PRECOMPILE_HEADERS ON)
-    endif()
-endmacro()
-
 # rvopen_compile_alone(<source>...): where sources are compiled several at once, those whose local
 # names others have too are not among them.
 function(rvopen_compile_alone)
