@@ -294,11 +294,11 @@ TEST(DocumentWriterTest, KeepsEachValueAtItsNameHoweverTheAttributesOfNeighbours
 TEST(DocumentWriterTest, TellsAttributesOfOneNameInSeveralNamespacesApart)
 {
     const QString text = writtenElement([](QDomElement element) {
-        for (const bool isPrefixed : {false, true, false}) {
+        for (const char* name : {"", "p:a", "", "a", ""}) {
             QDomElement child = element.ownerDocument().createElement("c");
             child.setAttribute("b", "1");
-            if (isPrefixed)
-                child.setAttributeNS("urn:u", "p:a", "2");
+            if (*name)
+                child.setAttributeNS("urn:u", name, "2");
             else
                 child.setAttribute("a", "2");
             element.appendChild(child);
@@ -307,6 +307,8 @@ TEST(DocumentWriterTest, TellsAttributesOfOneNameInSeveralNamespacesApart)
     EXPECT_EQ(text, "<a>\n"
                     "    <c a=\"2\" b=\"1\"/>\n"
                     "    <c b=\"1\" p:a=\"2\" xmlns:p=\"urn:u\"/>\n"
+                    "    <c a=\"2\" b=\"1\"/>\n"
+                    "    <c a=\"2\" b=\"1\"/>\n"
                     "    <c a=\"2\" b=\"1\"/>\n"
                     "  </a>");
 }

@@ -84,6 +84,7 @@ void WrittenTags::collectAttributes(const QDomNode& element)
         attribute.name = encodedName(node.nodeName());
         attribute.value = node.nodeValue();
         attribute.uri = node.namespaceURI();
+        attribute.place = i;
         areUsual = areUsual && attribute.uri.isNull() && isUsual(attribute.name);
         if (viewOf(attribute.name) == SpaceAttribute) {
             Open& open = m_open.back();
@@ -93,7 +94,7 @@ void WrittenTags::collectAttributes(const QDomNode& element)
     sortAttributes();
     makeNamesUnique();
     if (areUsual)
-        noteUsual(map);
+        noteUsual();
     if (!areUsual || !isNameInScope)
         declareNamespaces(uri);
 }
@@ -103,35 +104,23 @@ void WrittenTags::collectAttributes(const QDomNode& element)
 bool WrittenTags::collectUsualAttributes(const QDomNamedNodeMap& map)
 {
     const auto count = static_cast<std::size_t>(map.count());
-    if (count >= m_usual.size() || m_usual[count].places.size() != count)
+    if (count >= m_usual.size() || m_usual[count].size() != map.count())
         return false;
-    Attribute* const attributes = m_usual[count].attributes.data();
-    for (std::size_t i = 0; i < count; ++i) {
-        const QDomNode node = map.item(static_cast<int>(i));
-        Attribute& attribute = attributes[m_usual[count].places[i]];
+    for (Attribute& attribute : m_usual[count]) {
+        const QDomNode node = map.item(attribute.place);
         if (node.nodeName() != attribute.name)
             return false;
         attribute.value = node.nodeValue();
     }
-    m_shown = &m_usual[count].attributes;
+    m_shown = &m_usual[count];
     return true;
 }
 
-void WrittenTags::noteUsual(const QDomNamedNodeMap& map)
+void WrittenTags::noteUsual()
 {
-    const auto count = static_cast<std::size_t>(map.count());
-    if (count >= m_usual.size())
-        return;
-    std::vector<int> places;
-    for (std::size_t i = 0; i < count; ++i) {
-        const QString name = map.item(static_cast<int>(i)).nodeName();
-        const auto written =
-            std::find_if(m_attributes.cbegin(), m_attributes.cend(),
-                         [&name](const Attribute& attribute) { return attribute.name == name; });
-        if (written != m_attributes.cend())
-            places.push_back(static_cast<int>(written - m_attributes.cbegin()));
-    }
-    m_usual[count] = {m_attributes, std::move(places)};
+    const auto count = static_cast<std::size_t>(m_attributes.size());
+    if (count < m_usual.size())
+        m_usual[count] = m_attributes;
 }
 
 void WrittenTags::sortAttributes()

@@ -25,6 +25,8 @@ public:
         QString value;
         /// Null when it is in no namespace as far as the document knows.
         QString uri;
+        /// Where the document has it, among those of the element.
+        int place = 0;
     };
 
     WrittenTags() = default;
@@ -62,7 +64,7 @@ private:
 
     void collectAttributes(const QDomNode& element);
     bool collectUsualAttributes(const QDomNamedNodeMap& map);
-    void noteUsual(const QDomNamedNodeMap& map);
+    void noteUsual();
     void sortAttributes();
     void makeNamesUnique();
     void declareNamespaces(const QString& uri);
@@ -70,19 +72,13 @@ private:
     void addDeclaration(const QString& prefix, const QString& uri);
     bool isInScope(const QString& name, const QString& uri) const;
 
-    struct Usual {
-        QVector<Attribute> attributes;
-        /// Where in them stands what the document has in the first place, the second, and so on.
-        std::vector<int> places;
-    };
-
     std::vector<Open> m_open;
     NamespaceScope m_scope;
     QVector<Attribute> m_attributes;
     /// By their number: the attributes that a tag had last, in order, if no name of them had to do
     /// with namespaces or white space. The next tag mostly has the same names, and to copy one
     /// would count its references.
-    std::array<Usual, 12> m_usual;
+    std::array<QVector<Attribute>, 12> m_usual;
     /// Those of the innermost element.
     const QVector<Attribute>* m_shown = &m_attributes;
     /// The last name of an element that is written as it is and has no colon.

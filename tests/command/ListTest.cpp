@@ -244,6 +244,22 @@ TEST_F(ListWithIndex, PrintsTheSameWithAnIndexThatIsNone)
     }
 }
 
+TEST_F(ListWithIndex, PrintsTheSameWhereNoThreadCanBeStarted)
+{
+    const QString wanted = list().out;
+    for (const bool isIndexed : {true, false}) {
+        if (!isIndexed)
+            QDir(workspace.path(QStringLiteral("caches"))).removeRecursively();
+        QString trace;
+        const Outcome run = workspace.traced(
+            QStringLiteral("-e trace=clone,clone3 -e inject=clone,clone3:error=EAGAIN"),
+            QStringLiteral("rvopen list in --text yellow"), trace);
+        EXPECT_EQ(trace.contains(QLatin1String("INJECTED")), QThread::idealThreadCount() > 1);
+        EXPECT_EQ(run.out, wanted);
+        EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    }
+}
+
 /// What goes wrong while an index is made, at the first such call, the second and so on.
 TEST_F(ListWithIndex, PrintsTheSameWhateverBecomesOfTheIndex)
 {

@@ -49,7 +49,7 @@ BlockStore::BlockStore(const QStringList& files,
                        const std::function<void(int, const QString&)>& progress)
     : m_sources(std::size_t(files.size()))
 {
-    forEachPiece(m_sources.size(), [&](std::size_t i) { find(files[int(i)], m_sources[i]); });
+    forEachPiece(m_sources.size(), [&](std::size_t i) { identify(files[int(i)], m_sources[i]); });
     QStringList documents;
     for (const Source& source : m_sources) {
         if (!source.name.isEmpty())
@@ -80,7 +80,7 @@ BlockStore::BlockStore(const QStringList& files,
         keep(name);
 }
 
-void BlockStore::find(const QString& file, Source& source)
+void BlockStore::identify(const QString& file, Source& source)
 {
     source.file = file;
     const QString path = PathToOpen(file);

@@ -77,7 +77,7 @@ private:
     };
 
     /// Notes which file it is, and how it is.
-    static void find(const QString& file, Source& source);
+    static void identify(const QString& file, Source& source);
     void readAll(const std::vector<Source*>& sources,
                  const std::function<void(int, const QString&)>& progress);
     void keep(const QString& name) const;

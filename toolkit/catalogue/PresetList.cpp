@@ -52,25 +52,29 @@ PresetList::PresetList(const BlockStore& store)
 
 std::vector<bool> PresetList::add(const AttributeFilter& filter)
 {
+    struct Row {
+        quint32 number;
+        std::string_view kind;
+        std::string_view order;
+    };
     struct Found {
         bool isKnown = false;
-        std::vector<quint32> rows;
+        std::vector<Row> rows;
     };
     std::vector<Found> documents(std::size_t(m_store.count()));
     forEachPiece(documents.size(), [&](std::size_t i) {
-        Found& found = documents[i];
-        found.isKnown =
-            forEachPassing(m_store.block(int(i)), filter,
-                           [&found](quint32 row, const BlockRow&) { found.rows.push_back(row); });
+        const Block& block = m_store.block(int(i));
+        std::vector<Row>& rows = documents[i].rows;
+        documents[i].isKnown =
+            forEachPassing(block, filter, [&](quint32 number, const BlockRow& row) {
+                rows.push_back({number, block.text(row.kind), block.caseFoldedText(row.name)});
+            });
     });
     std::vector<bool> areKnown;
-    for (int i = 0; i < m_store.count(); ++i) {
-        const Block& block = m_store.block(i);
-        for (const quint32 at : documents[std::size_t(i)].rows) {
-            const BlockRow row = block.row(at);
-            add(i, at, block.text(row.kind), block.caseFoldedText(row.name));
-        }
-        areKnown.push_back(documents[std::size_t(i)].isKnown);
+    for (std::size_t i = 0; i < documents.size(); ++i) {
+        for (const Row& row : documents[i].rows)
+            add(int(i), row.number, row.kind, row.order);
+        areKnown.push_back(documents[i].isKnown);
     }
     return areKnown;
 }

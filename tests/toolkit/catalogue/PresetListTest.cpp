@@ -143,7 +143,7 @@ TEST_F(PresetListTest, LeavesToTheDocumentWhatRowsDoNotSay)
     EXPECT_EQ(list.size(), 1U);
 }
 
-TEST_F(PresetListTest, HasThePresetsOfManyDocumentsInTheOrderOfTheirNames)
+TEST_F(PresetListTest, HasThePresetsOfManyDocumentsInTheOrderOfTheStore)
 {
     QStringList files;
     QStringList expected;
