@@ -311,7 +311,9 @@ void compareDocuments(Report& report)
     compare("load a palette, read every value", 1.4, palette, setContentCase,
             load(readByAccessors));
     compare("load many snapshots of a camera each, read every value", 1.4, cameras, setContentCase,
-            load(readByAccessors));
+            load(readCameras));
+    compare("load many snapshots of a camera each, ask for what they lack", {}, cameras,
+            setContentCase, load(readByAccessors));
     compare("objects and values of snapshots", 2.0, snapShots, walkCase, objects(readByAccessors));
     compare("objects and values of a palette", 2.0, palette, walkCase, objects(readByAccessors));
     compare("objects and values as lists", 2.0, snapShots, walkCase, objects(readParameters));

@@ -68,6 +68,12 @@ public:
         }
     }
 
+    void withCamera(SnapShot* snapShot)
+    {
+        readNode(snapShot, sum);
+        camera(snapShot->GetCamera());
+    }
+
 private:
     template <typename Object>
     void number(Object* object, unsigned int (Object::*get)(float*))
@@ -378,6 +384,13 @@ Sum readByAccessors(SnapShots* collection)
 {
     AccessorReader reader;
     forEachSnapShot(collection, [&](SnapShot* snapShot) { reader.snapShot(snapShot); });
+    return reader.sum;
+}
+
+Sum readCameras(SnapShots* collection)
+{
+    AccessorReader reader;
+    forEachSnapShot(collection, [&](SnapShot* snapShot) { reader.withCamera(snapShot); });
     return reader.sum;
 }
 

@@ -36,9 +36,12 @@ struct Sum {
 /// Makes every object of the collection's snapshots and reads every typed value once, through the
 /// accessors of the classes.
 Sum readByAccessors(SnapShots* collection);
-/// The same, but parameter after parameter, as in a list that shows them all.
+/// The same of documents that have a snapshot's own attributes and its camera, and nothing else:
+/// other accessors make what they are asked for and is not there.
+Sum readCameras(SnapShots* collection);
+/// Like readByAccessors(), but parameter after parameter, as in a list that shows them all.
 Sum readParameters(SnapShots* collection);
-/// The same with all that is below a node.
+/// Like readParameters(), of all that is below a node.
 Sum readTree(RVOpenNode* node);
 /// Reads the same attributes by hand, in one walk over the collection's element.
 Sum readByHand(const QDomNode& collection);

@@ -174,6 +174,7 @@ private:
                             const std::vector<PresetText>& texts, Use use)
     {
         for (std::size_t i = 0; i < list.size(); ++i) {
+            list.announce(i);
             const PresetList::Entry entry = list.entry(i);
             for (std::size_t cell = 0; cell < texts.size(); ++cell) {
                 cells[cell].text.clear();
@@ -228,6 +229,7 @@ private:
         std::string line;
         std::string cell;
         for (std::size_t i = 0; i < list.size(); ++i) {
+            list.announce(i);
             const PresetList::Entry entry = list.entry(i);
             line.clear();
             for (const Column& column : columns) {

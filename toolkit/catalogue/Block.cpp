@@ -105,6 +105,15 @@ private:
     std::size_t m_rare = 0;
 };
 
+void fetch(const char* place)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(place);
+#else
+    static_cast<void>(place);
+#endif
+}
+
 template <typename T>
 void append(QByteArray& bytes, const T* values, std::size_t count)
 {
@@ -193,6 +202,21 @@ std::vector<bool> Block::textsWith(std::string_view word) const
         at = search.next(isThere ? forms.end : at + 1);
     }
     return found;
+}
+
+void Block::fetchRow(quint32 index) const
+{
+    if (index >= m_head.rows)
+        return;
+    const char* const row = m_bytes.data() + m_rows + quint64(index) * sizeof(BlockRow);
+    fetch(row);
+    fetch(row + sizeof(BlockRow) - 1);
+}
+
+void Block::fetchText(TextId id) const
+{
+    if (id < m_head.textBytes)
+        fetch(m_bytes.data() + m_texts + id);
 }
 
 /// With its marks; 0 beyond the end.

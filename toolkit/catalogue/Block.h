@@ -117,6 +117,12 @@ public:
     /// each of their numbers. The word is not empty.
     std::vector<bool> textsWith(std::string_view word) const;
 
+    /// \name Has the processor fetch what is asked for soon
+    /// @{
+    void fetchRow(quint32 index) const;
+    void fetchText(TextId id) const;
+    /// @}
+
 private:
     /// Where the forms of a text stand, and where they end.
     struct Forms {

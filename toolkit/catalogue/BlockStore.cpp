@@ -156,7 +156,7 @@ std::string pathOf(const Block& block, const BlockRow& row)
     return path;
 }
 
-void appendPath(const Block& block, const BlockRow& row, const std::string& folderPath,
+void appendPath(const Block& block, const BlockRow& row, std::string_view folderPath,
                 std::string& path)
 {
     path += folderPath;

@@ -96,7 +96,7 @@ std::vector<BlockFolder> foldersAbove(const Block& block, const BlockRow& row);
 /// Its path, as forEachPreset() gives it.
 std::string pathOf(const Block& block, const BlockRow& row);
 /// Appends the same, put together of the path of the folder that it stands in.
-void appendPath(const Block& block, const BlockRow& row, const std::string& folderPath,
+void appendPath(const Block& block, const BlockRow& row, std::string_view folderPath,
                 std::string& path);
 std::string folderPathOf(const Block& block, const BlockRow& row);
 /// Names of the folders down to it, joined by " / ".

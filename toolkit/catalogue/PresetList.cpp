@@ -8,12 +8,16 @@
 #include "toolkit/edit/Placement.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace rvopen::toolkit::catalogue {
 
 namespace {
 
 constexpr quint64 s_notAscii = 0x8080808080808080;
+
+/// Presets between the wish for a piece of memory and its use.
+constexpr std::size_t s_announced = 8;
 
 /// Eight bytes, zeros behind the end, as a number that is in their order.
 quint64 startOf(std::string_view text)
@@ -62,12 +66,17 @@ std::vector<bool> PresetList::add(const AttributeFilter& filter)
         std::vector<Row> rows;
     };
     std::vector<Found> documents(std::size_t(m_store.count()));
+    m_folderPaths.resize(documents.size());
     forEachPiece(documents.size(), [&](std::size_t i) {
         const Block& block = m_store.block(int(i));
         std::vector<Row>& rows = documents[i].rows;
+        std::vector<std::string>& folderPaths = m_folderPaths[i];
         documents[i].isKnown =
             forEachPassing(block, filter, [&](quint32 number, const BlockRow& row) {
                 rows.push_back({number, block.text(row.kind), block.caseFoldedText(row.name)});
+                folderPaths.resize(std::max<std::size_t>(folderPaths.size(), block.head().folders));
+                if (row.folder < folderPaths.size() && folderPaths[row.folder].empty())
+                    folderPaths[row.folder] = catalogue::folderPathOf(block, row);
             });
     });
     std::vector<bool> areKnown;
@@ -94,6 +103,21 @@ void PresetList::add(const QString& file, const Preset& preset)
 
 void PresetList::sort()
 {
+    // Kinds are few; their order is found once.
+    std::vector<std::size_t> kinds(m_kinds.size());
+    std::iota(kinds.begin(), kinds.end(), std::size_t(0));
+    std::sort(kinds.begin(), kinds.end(), [this](std::size_t a, std::size_t b) {
+        return compared(m_kinds[a], m_kinds[b]) < 0;
+    });
+    std::vector<std::size_t> places(kinds.size());
+    std::vector<std::string> ordered(kinds.size());
+    for (std::size_t place = 0; place < kinds.size(); ++place) {
+        places[kinds[place]] = place;
+        ordered[place] = std::move(m_kinds[kinds[place]]);
+    }
+    m_kinds = std::move(ordered);
+    for (Item& item : m_items)
+        item.kind = places[item.kind];
     std::sort(m_items.begin(), m_items.end(),
               [this](const Item& a, const Item& b) { return precedes(a, b); });
 }
@@ -101,6 +125,22 @@ void PresetList::sort()
 PresetList::Entry PresetList::entry(std::size_t index) const
 {
     return Entry(*this, m_items[index]);
+}
+
+void PresetList::announce(std::size_t index) const
+{
+    const auto itemAt = [this](std::size_t at) {
+        return at < m_items.size() && m_items[at].document >= 0 ? &m_items[at] : nullptr;
+    };
+    // Its row must be there when its texts are asked for.
+    if (const Item* const item = itemAt(index + 2 * s_announced))
+        m_store.block(item->document).fetchRow(item->row);
+    if (const Item* const item = itemAt(index + s_announced)) {
+        const Block& block = m_store.block(item->document);
+        const BlockRow row = block.row(item->row);
+        for (const TextId text : {row.name, row.refName, row.subCategory})
+            block.fetchText(text);
+    }
 }
 
 PresetList::Keys PresetList::keysOf(const Item& item) const
@@ -120,13 +160,10 @@ std::string_view PresetList::fileOf(const Item& item) const
                              : m_files[std::size_t(item.document)];
 }
 
-const std::string& PresetList::folderPathOf(const Item& item, const Block& block,
-                                            const BlockRow& row) const
+std::string_view PresetList::folderPathOf(int document, quint32 folder) const
 {
-    const auto [folder, isNew] = m_folders.try_emplace(quint64(item.document) << 32 | row.folder);
-    if (isNew)
-        folder->second = catalogue::folderPathOf(block, row);
-    return folder->second;
+    const std::vector<std::string>& paths = m_folderPaths[std::size_t(document)];
+    return folder < paths.size() ? std::string_view(paths[folder]) : std::string_view();
 }
 
 std::string_view PresetList::orderOf(const Item& item) const
@@ -147,7 +184,7 @@ void PresetList::add(int document, quint32 row, std::string_view kind, std::stri
 bool PresetList::precedes(const Item& a, const Item& b) const
 {
     if (a.kind != b.kind)
-        return compared(m_kinds[a.kind], m_kinds[b.kind]) < 0;
+        return a.kind < b.kind;
     if (a.start != b.start && ((a.start | b.start) & s_notAscii) == 0)
         return a.start < b.start;
     int order = compared(orderOf(a), orderOf(b));
@@ -200,7 +237,7 @@ void PresetList::Entry::append(PresetText which, std::string& text) const
         text += foldersOf(*m_block, m_row);
         break;
     case PresetText::Path:
-        appendPath(*m_block, m_row, m_list.folderPathOf(m_item, *m_block, m_row), text);
+        appendPath(*m_block, m_row, m_list.folderPathOf(m_item.document, m_row.folder), text);
         break;
     case PresetText::Description:
         text += m_block->text(m_row.description);

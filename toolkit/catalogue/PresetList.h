@@ -15,7 +15,6 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace rvopen::toolkit {
@@ -59,15 +58,19 @@ public:
         return m_items.size();
     }
     class Entry;
-    /// To be asked for its texts before the list is added to or sorted.
+    /// To be asked for its texts before the list is added to or sorted; by several threads at once,
+    /// where they like.
     Entry entry(std::size_t index) const;
+    /// Hears before the preset at \p index is asked for its texts, one after the other: those that
+    /// follow lie anywhere in memory, which takes longer than what is done with them.
+    void announce(std::size_t index) const;
 
 private:
     struct Item {
         /// Of the store; below 0, -1 first, of those that were built.
         int document = 0;
         quint32 row = 0;
-        /// Its place among the kinds.
+        /// Its place among the kinds, which sort() puts in their order.
         std::size_t kind = 0;
         /// The first bytes of the name that it is sorted by, and where all of it stands.
         quint64 start = 0;
@@ -87,18 +90,16 @@ private:
     }
     Keys keysOf(const Item& item) const;
     std::string_view fileOf(const Item& item) const;
+    std::string_view folderPathOf(int document, quint32 folder) const;
     std::string_view orderOf(const Item& item) const;
     void add(int document, quint32 row, std::string_view kind, std::string_view order);
     bool precedes(const Item& a, const Item& b) const;
 
-    const std::string& folderPathOf(const Item& item, const Block& block,
-                                    const BlockRow& row) const;
-
     const BlockStore& m_store;
     std::vector<Item> m_items;
     std::deque<Built> m_built;
-    /// Paths of folders that were asked for, by document and folder.
-    mutable std::unordered_map<quint64, std::string> m_folders;
+    /// Paths of the folders of each document of the store; empty where no preset of them is listed.
+    std::vector<std::vector<std::string>> m_folderPaths;
     /// Of the documents of the store.
     std::vector<std::string> m_files;
     std::vector<std::string> m_kinds;
