@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -76,6 +77,42 @@ Case oneCase(const SharedArchive& archive)
     return {"one preset of it", run, presets};
 }
 
+/// What somebody types who looks for a preset by its name, letter by letter.
+template <typename Look>
+Case typedCase(const char* name, const SharedArchive& archive, Look look)
+{
+    const QString text = QStringLiteral("background 12");
+    const auto run = [archive, text, look](Clock& clock) {
+        toolkit::CatalogueQuery query;
+        clock.start();
+        for (int letters = 1; letters <= text.size(); ++letters) {
+            query.text = text.left(letters);
+            look(*archive->catalogue, query);
+        }
+        clock.stop();
+    };
+    return {name, run, double(text.size())};
+}
+
+Case listCase(const SharedArchive& archive)
+{
+    return typedCase("a list of all", archive,
+                     [](const toolkit::Catalogue& catalogue, const auto& query) {
+                         benchmark::DoNotOptimize(catalogue.Find(query).size());
+                     });
+}
+
+/// As many are read as a window shows.
+Case matchesCase(const SharedArchive& archive)
+{
+    return typedCase("matches", archive,
+                     [](const toolkit::Catalogue& catalogue, const auto& query) {
+                         const toolkit::CatalogueMatches matches = catalogue.Search(query);
+                         for (int i = 0; i < std::min(matches.Count(), 50); ++i)
+                             benchmark::DoNotOptimize(matches.At(i));
+                     });
+}
+
 } // namespace
 
 void compareCatalogue(Report& report)
@@ -86,6 +123,11 @@ void compareCatalogue(Report& report)
                    []() -> std::vector<Case> {
                        const auto archive = std::make_shared<Archive>(10000);
                        return {wholeCase(archive), oneCase(archive)};
+                   });
+    report.compare("search for each letter that is typed", "10 k presets", {},
+                   []() -> std::vector<Case> {
+                       const auto archive = std::make_shared<Archive>(10000);
+                       return {listCase(archive), matchesCase(archive)};
                    });
 }
 

@@ -7,6 +7,7 @@
 #include "PresetList.h"
 #include "RowSearch.h"
 #include "SmallDocument.h"
+#include "toolkit/documents/Processors.h"
 
 #include <algorithm>
 #include <string>
@@ -65,21 +66,54 @@ public:
     /// The best first.
     std::vector<RowMatch> matches(const CatalogueQuery& query) const
     {
-        RowSearch search(query);
-        std::vector<RowMatch> found;
-        for (int i = 0; i < blocks.count(); ++i) {
-            if (blocks.block(i).head().needsDom == 0)
-                search.search(blocks.block(i), i, found);
-        }
-        RowSearch::sort(found);
-        return found;
+        const RowSearch prepared(query);
+        std::vector<std::vector<RowMatch>> found(std::size_t(blocks.count()));
+        onAllProcessors(found.size(), [&](NextPiece& next, bool) {
+            RowSearch search = prepared;
+            for (std::size_t i; (i = next++) < found.size();) {
+                const Block& block = blocks.block(int(i));
+                if (block.head().needsDom == 0)
+                    search.search(block, int(i), found[i]);
+            }
+        });
+        std::vector<RowMatch> all;
+        for (const std::vector<RowMatch>& of : found)
+            all.insert(all.end(), of.begin(), of.end());
+        RowSearch::sort(all);
+        return all;
     }
 
     BlockStore blocks;
 };
 
+struct CatalogueMatches::Found {
+    std::shared_ptr<const Catalogue::Store> store;
+    std::vector<RowMatch> rows;
+};
+
+CatalogueMatches::CatalogueMatches() = default;
+
+CatalogueMatches::~CatalogueMatches() = default;
+
+CatalogueMatches::CatalogueMatches(const CatalogueMatches& other) = default;
+
+CatalogueMatches& CatalogueMatches::operator=(const CatalogueMatches& other) = default;
+
+int CatalogueMatches::Count() const
+{
+    return m_found ? int(m_found->rows.size()) : 0;
+}
+
+ListedPreset CatalogueMatches::At(int index) const
+{
+    if (index < 0 || index >= Count())
+        return {};
+    const RowMatch& match = m_found->rows[std::size_t(index)];
+    return catalogue::listedOf(m_found->store->blocks, match.document, match.row);
+}
+
 Catalogue::Catalogue(const QStringList& files)
-    : m_store(std::make_unique<Store>(files))
+    : m_store(std::make_shared<const Store>(files))
 {
 }
 
@@ -108,13 +142,21 @@ int Catalogue::Count() const
     return int(m_store->matches(CatalogueQuery()).size());
 }
 
+CatalogueMatches Catalogue::Search(const CatalogueQuery& query) const
+{
+    CatalogueMatches matches;
+    matches.m_found = std::make_shared<const CatalogueMatches::Found>(
+        CatalogueMatches::Found{m_store, m_store->matches(query)});
+    return matches;
+}
+
 QVector<ListedPreset> Catalogue::Find(const CatalogueQuery& query) const
 {
-    const std::vector<RowMatch> matches = m_store->matches(query);
+    const CatalogueMatches matches = Search(query);
     QVector<ListedPreset> found;
-    found.reserve(int(matches.size()));
-    for (const RowMatch& match : matches)
-        found.append(catalogue::listedOf(m_store->blocks, match.document, match.row));
+    found.reserve(matches.Count());
+    for (int i = 0; i < matches.Count(); ++i)
+        found.append(matches.At(i));
     return found;
 }
 

@@ -89,6 +89,30 @@ struct OpenPreset {
     }
 };
 
+/// Presets that were found, the best first; each is read from the catalogue when it is asked for,
+/// so that a list of very many costs as much as what is shown of it. Copies share what they have,
+/// and may outlive the catalogue.
+class RVOPEN_TOOLKIT_EXPORT CatalogueMatches {
+public:
+    /// None.
+    CatalogueMatches();
+    ~CatalogueMatches();
+    /// Shares.
+    CatalogueMatches(const CatalogueMatches& other);
+    /// Shares.
+    CatalogueMatches& operator=(const CatalogueMatches& other);
+
+    /// How many there are.
+    int Count() const;
+    /// The one at that place, from 0; empty beyond the end.
+    ListedPreset At(int index) const;
+
+private:
+    friend class Catalogue;
+    struct Found;
+    std::shared_ptr<const Found> m_found;
+};
+
 /// The presets of many archives, found without building one. What was found is kept in an index
 /// below $XDG_CACHE_HOME/rvopen/, which can be deleted at any time; with RVOPEN_CATALOGUE=off in
 /// the environment there is none. It is of the state that the files had when it was made.
@@ -107,15 +131,19 @@ public:
     int Count() const;
     /// Those that are looked for: the text as a name first, then names that begin with it, then
     /// names that have its words, then all others; among these the nearest to the colour, then in
-    /// the order of files and in that of each. Throws a Failure when the colour is none.
+    /// the order of files and in that of each. Throws a Failure when the colour is none. For each
+    /// letter that somebody types: by all processors, and nothing is read of what is found.
+    CatalogueMatches Search(const CatalogueQuery& query) const;
+    /// The same as a list.
     QVector<ListedPreset> Find(const CatalogueQuery& query) const;
     /// Opens a preset by its file and path. It is read where it was found, and looked for again
     /// when something else is there now.
     OpenPreset Open(const ListedPreset& preset) const;
 
 private:
+    friend struct CatalogueMatches::Found;
     class Store;
-    std::unique_ptr<Store> m_store;
+    std::shared_ptr<const Store> m_store;
 };
 
 } // namespace rvopen::toolkit

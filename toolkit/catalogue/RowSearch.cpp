@@ -10,6 +10,8 @@
 #include <rvopen/toolkit/schema/ValueText.h>
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace rvopen::toolkit::catalogue {
@@ -33,6 +35,24 @@ bool isWordStart(std::string_view text, std::size_t at)
     const QString before = toQString(text.substr(0, at));
     const QChar last = before.back();
     return !last.isLetterOrNumber() && !last.isMark() && !last.isSurrogate();
+}
+
+/// As ToTriple() has it, at once where the text is as nearly all are.
+bool toTriple(std::string_view text, float (&triple)[3])
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    for (int i = 0; i < 3; ++i) {
+        double number = 0;
+        const auto [next, problem] = std::from_chars(at, end, number);
+        const bool isEnd = next == end;
+        if (problem != std::errc() || isEnd != (i == 2) || (!isEnd && *next != ' ') ||
+            !std::isfinite(float(number)))
+            return ToTriple(toQString(text), triple);
+        triple[i] = float(number);
+        at = isEnd ? next : next + 1;
+    }
+    return true;
 }
 
 } // namespace
@@ -91,7 +111,7 @@ double RowSearch::distanceOf(const Block& block, const BlockRow& row)
         const TextId text = block.item(quint32(first) + i);
         const auto [known, isNew] = m_distances.try_emplace(text, s_far);
         float colour[3] = {};
-        if (isNew && ToTriple(toQString(block.text(text)), colour))
+        if (isNew && toTriple(block.text(text), colour))
             known->second = drawing::colourDistance(m_colour, drawing::labOf(colour));
         nearest = std::min(nearest, known->second);
     }

@@ -207,4 +207,65 @@ TEST_F(CatalogueTest, FindsPresetsOfManyFiles)
     EXPECT_EQ(found[0].folder, QStringLiteral("d & e"));
 }
 
+TEST_F(CatalogueTest, ReadsColoursHoweverTheyAreWritten)
+{
+    const struct {
+        const char* text;
+        bool isColour;
+    } values[] = {{"0 1 0", true},     {"0.0 1. -0", true},  {" 0  1\t0 ", true},
+                  {"+0 1e0 .0", true}, {"0 1 1e-3", true},   {"0 1", false},
+                  {"0 1 0 0", false},  {"0 1 0x", false},    {"0 1 0 x", false},
+                  {"0,1,0", false},    {"0 1 inf", false},   {"0 nan 0", false},
+                  {"0 1 1e99", false}, {"0 1 1e999", false}, {"", false}};
+    QStringList files;
+    QStringList expected;
+    for (const auto& value : values) {
+        files << write(QByteArray::number(files.size()) + ".rvx", archive(value.text));
+        if (value.isColour)
+            expected << files.last();
+    }
+    CatalogueQuery query;
+    query.colour = QStringLiteral("#00ff00");
+    QStringList found;
+    for (const ListedPreset& preset : Catalogue(files).Find(query))
+        found << preset.file;
+    // The one that is a shade off is the last.
+    expected.append(expected.takeAt(4));
+    EXPECT_EQ(found, expected);
+}
+
+TEST_F(CatalogueTest, FindsInTheOrderOfFilesWhateverProcessorWasFirst)
+{
+    QStringList files;
+    for (int i = 0; i < 60; ++i)
+        files << write(QByteArray::number(i * 7 % 60) + ".rvx",
+                       i == 30 ? QByteArray("<broken") : archive("1 0 0"));
+    CatalogueQuery query;
+    query.category = QStringLiteral("second");
+    const CatalogueMatches matches = Catalogue(files).Search(query);
+    files.removeAt(30);
+    QStringList found;
+    for (int i = 0; i < matches.Count(); ++i)
+        found << matches.At(i).file;
+    EXPECT_EQ(found, files);
+}
+
+TEST_F(CatalogueTest, KeepsWhatWasFound)
+{
+    CatalogueMatches kept;
+    EXPECT_EQ(kept.Count(), 0);
+    EXPECT_EQ(kept.At(0).file, QString());
+    {
+        const Catalogue catalogue({write("a.rvx", archive("1 0 0"))});
+        kept = catalogue.Search(CatalogueQuery());
+        EXPECT_EQ(catalogue.Find(CatalogueQuery()).size(), kept.Count());
+    }
+    const CatalogueMatches copy = kept;
+    kept = CatalogueMatches();
+    ASSERT_EQ(copy.Count(), 4);
+    EXPECT_EQ(copy.At(2).path, s_second);
+    EXPECT_EQ(copy.At(-1).file, QString());
+    EXPECT_EQ(copy.At(4).file, QString());
+}
+
 } // namespace rvopen::test
