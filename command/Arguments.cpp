@@ -5,6 +5,7 @@
 
 #include "CommandLine.h"
 #include "Documentation.h"
+#include "toolkit/documents/Utf8.h"
 #include "toolkit/edit/Likeness.h"
 
 #include <rvopen/toolkit/schema/ValueCheck.h>
@@ -23,7 +24,7 @@ namespace {
 
 QString text(const std::string& value)
 {
-    return QString::fromStdString(value);
+    return fromUtf8(value);
 }
 
 std::function<void(const std::string&)> into(QString& target)

@@ -8,6 +8,7 @@
 #include "Session.h"
 #include "toolkit/catalogue/PresetList.h"
 #include "toolkit/catalogue/RowFilter.h"
+#include "toolkit/documents/Utf8.h"
 #include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
 
@@ -255,7 +256,7 @@ private:
             for (const Column& column : s_columns) {
                 text.clear();
                 entry.append(column.text, text);
-                preset.insert(QLatin1String(column.name), QString::fromStdString(text));
+                preset.insert(QLatin1String(column.name), fromUtf8(text));
             }
             presets.append(preset);
         }

@@ -3,6 +3,8 @@
 
 #include "Output.h"
 
+#include "toolkit/documents/Utf8.h"
+
 #include <rvopen/toolkit/documents/Failure.h>
 
 #include <QJsonDocument>
@@ -176,7 +178,7 @@ QString Output::styled(const QString& text, Style style) const
 {
     std::string result;
     appendStyled(text.toStdString(), style, result);
-    return QString::fromStdString(result);
+    return fromUtf8(result);
 }
 
 void Output::appendStyled(std::string_view text, Style style, std::string& line) const
@@ -229,7 +231,7 @@ void Output::flush()
 void makeVisible(std::string& text)
 {
     if (!isPlainAscii(text))
-        text = visible(QString::fromStdString(text)).toStdString();
+        text = visible(fromUtf8(text)).toStdString();
 }
 
 int displayWidth(const std::string& text)
@@ -237,7 +239,7 @@ int displayWidth(const std::string& text)
     if (isPlainAscii(text))
         return int(text.size());
     int width = 0;
-    for (const uint c : QString::fromStdString(text).toUcs4()) {
+    for (const uint c : fromUtf8(text).toUcs4()) {
         const QChar::Category category = QChar::category(c);
         if (category == QChar::Mark_NonSpacing || category == QChar::Mark_Enclosing ||
             category == QChar::Other_Format)

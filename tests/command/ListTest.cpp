@@ -232,6 +232,22 @@ TEST_F(ListWithIndex, PrintsWhatIsInTheFilesNow)
     EXPECT_TRUE(broken.err.contains(QLatin1String("in/b.rvx:1:10: "))) << broken.err.toStdString();
 }
 
+TEST_F(ListWithIndex, PrintsAllOfNamesThatBeginWithTheMarkOfAnEncoding)
+{
+    const QString name = QChar(QChar::ByteOrderMark) + QStringLiteral("marked]");
+    workspace.write(QStringLiteral("in/m.rvx"), "<presets><materials><material name='" +
+                                                    name.toUtf8() + "'/></materials></presets>");
+    const QString path = QStringLiteral("materials/material[%1\\]]")
+                             .arg(QChar(QChar::ByteOrderMark) + QStringLiteral("marked"));
+    for (const char* const options : {"--columns path,name --text", "--json --text", "--text"}) {
+        const Outcome run = workspace.run(QByteArray("list in/m.rvx ") + options + " marked");
+        EXPECT_TRUE(run.out.contains(name)) << options;
+        QString shown = run.out;
+        EXPECT_TRUE(shown.replace(QLatin1String("\\\\"), QLatin1String("\\")).contains(path))
+            << run.out.toStdString();
+    }
+}
+
 TEST_F(ListWithIndex, PrintsTheSameWithAnIndexThatIsNone)
 {
     const QString first = list().out;

@@ -3,6 +3,7 @@
 
 #include "Block.h"
 
+#include "toolkit/documents/Utf8.h"
 #include "toolkit/edit/Folding.h"
 
 #include <algorithm>
@@ -365,7 +366,7 @@ void BlockWriter::append(std::string_view text, quint32 mark)
 
 QString toQString(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    return fromUtf8(text);
 }
 
 std::string_view viewOf(const QByteArray& bytes)

@@ -3,6 +3,8 @@
 
 #include "Labels.h"
 
+#include "toolkit/documents/Utf8.h"
+
 #include <rvopen/toolkit/edit/NodePath.h>
 
 #include <algorithm>
@@ -101,10 +103,7 @@ QString labelOf(const QString& kind, const QString& identity)
 void appendLabel(std::string_view kind, std::string_view identity, std::string& path)
 {
     if (!identity.empty() && !isPlainIdentity(identity)) {
-        const auto toQString = [](std::string_view text) {
-            return QString::fromUtf8(text.data(), int(text.size()));
-        };
-        path += labelOf(toQString(kind), toQString(identity)).toStdString();
+        path += labelOf(fromUtf8(kind), fromUtf8(identity)).toStdString();
         return;
     }
     path += kind;

@@ -140,6 +140,15 @@ TEST_F(RowScanTest, RowsAreThoseOfAnArchiveOfOddShape)
         "<z name=''><w name='' refname='q' cat='a\tb'/></z></presets>"));
 }
 
+TEST_F(RowScanTest, RowsAreThoseOfNamesThatBeginWithTheMarkOfAnEncoding)
+{
+    const QByteArray mark = "\xEF\xBB\xBF";
+    expectRowsOfTheDocument(write("a.rvx", mark + "<presets><materials name='" + mark + mark +
+                                               "M'><dir name='" + mark + "d]'><material name='" +
+                                               mark + "' cat='" + mark + "c' desc='a" + mark +
+                                               "'/></dir></materials></presets>"));
+}
+
 TEST_F(RowScanTest, RowsAreThoseOfWhatStandsInParts)
 {
     expectRowsOfTheDocument(write(
