@@ -13,6 +13,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QDir>
 #include <QDomDocument>
 #include <QFile>
 #include <QTemporaryDir>
@@ -119,6 +120,41 @@ Case laterCase(const SharedPresets& presets)
     return {"later look-up", run, lookups};
 }
 
+/// An installation with one archive of presets.
+struct Installation {
+    explicit Installation(long presets)
+    {
+        const QDir root(folder.path());
+        QFile file(root.filePath(QStringLiteral("xml/Default.rvx")));
+        if (!root.mkdir(QStringLiteral("xml")) || !file.open(QIODevice::WriteOnly) ||
+            file.write(archive(presets).text.toUtf8()) < 0)
+            std::abort();
+    }
+
+    QTemporaryDir folder;
+};
+
+Case readDefaultCase(const std::shared_ptr<Installation>& installation)
+{
+    const QString path = installation->folder.filePath(QStringLiteral("xml/Default.rvx"));
+    return {"reading its archive", [installation, path](Clock& clock) {
+                clock.start();
+                const std::unique_ptr<QDomDocument> document(ReadXmlDocument(path));
+                clock.stop();
+                benchmark::DoNotOptimize(document.get());
+            }};
+}
+
+Case initialiseCase(const std::shared_ptr<Installation>& installation)
+{
+    return {"initialising", [installation](Clock& clock) {
+                RVOpenManager manager;
+                clock.start();
+                manager.Initialise(1, 0, installation->folder.path());
+                clock.stop();
+            }};
+}
+
 /// Every value of an archive of materials, read for the first time. \p root is the name of its root
 /// element.
 Case readAllCase(const char* name, const QString& root, long elements)
@@ -159,6 +195,10 @@ void compareLookups(Report& report)
         report.compare("later look-up of a preset", size, 0.1, [&]() -> std::vector<Case> {
             const auto presets = std::make_shared<Presets>(number);
             return {materialiseCase(presets), laterCase(presets)};
+        });
+        report.compare("initialise a manager after others", size, 0.1, [&]() -> std::vector<Case> {
+            const auto installation = std::make_shared<Installation>(number);
+            return {readDefaultCase(installation), initialiseCase(installation)};
         });
     }
 }

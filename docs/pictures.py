@@ -30,13 +30,13 @@ LAYERS = {
         xml/BytePlaces xml/DomBuilder xml/DomMemory xml/DomParser xml/DomWriter xml/MarkupText
         xml/NamespaceScope xml/TextDecoding xml/WrittenTags xml/XmlCharacters xml/XmlReferences
         xml/XmlScanner xml/XmlScannerProlog xml/XmlSpace xml/XmlTokens
-        files/AtomicWrite files/Containment files/DocumentFiles files/PlatformRename files/PlatformRenameQt
-        files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
+        files/AtomicWrite files/Containment files/DocumentFiles files/JudgedDocument files/PlatformRename
+        files/PlatformRenameQt files/PlatformRenameUnix model/EmbeddedImage model/Names model/ValueText ORVBase QtCompat
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenScanner RVOpenStatus RVOpenVersion
         RVOpenVocabulary RVOpenWriter""",
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
-        model/Binding model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population
+        model/Binding model/FoundNodes model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population
         model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
@@ -59,7 +59,7 @@ LAYERS = {
         toolkit/documents/Document toolkit/documents/DocumentKinds toolkit/documents/Failure toolkit/documents/FileLock
         toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
-        toolkit/documents/Processors toolkit/documents/SafeFiles""",
+        toolkit/documents/Processors toolkit/documents/SafeFiles toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
         toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues

@@ -10,6 +10,7 @@
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
 #include <rvopen/model/Components.h>
+#include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -160,13 +161,20 @@ unsigned int MaterialRepository::GetNumMaterials()
 
 Material* MaterialRepository::GetMaterial(QString linkName)
 {
-    Material* material = GetFirstMaterial();
-    for (; material; material = material->GetNext()) {
+    if (auto* const noted = nodeCast<Material>(FoundNodes::find(this, linkName)))
+        return noted;
+    const bool isNoting =
+        FoundNodes::begin(this, FoundNodes::Below::Children, names::attribute::linkName());
+    Material* found = nullptr;
+    for (Material* material = GetFirstMaterial(); material && (!found || isNoting);
+         material = material->GetNext()) {
         const QString itsName = NodeAccess::attribute(material, names::attribute::linkName());
-        if (itsName.size() == linkName.size() && itsName == linkName)
-            break;
+        if (isNoting)
+            FoundNodes::note(this, itsName, material);
+        if (!found && itsName.size() == linkName.size() && itsName == linkName)
+            found = material;
     }
-    return material;
+    return found;
 }
 
 Material* MaterialRepository::AddBaseMaterial(Material* material, QString linkName)

@@ -54,7 +54,9 @@ public:
     Material* GetFirstMaterial();
     /// Number of materials from the first child on.
     unsigned int GetNumMaterials();
-    /// The first material of that link name, or null.
+    /// The first material of that link name, or null. From the second look-up on it is where it was
+    /// met before, if it has the name still; changes through objects are seen, but not that a host
+    /// gave the name to an earlier material in the DOM itself.
     Material* GetMaterial(QString linkName);
     /// @}
 

@@ -169,7 +169,9 @@ public:
     /// The first preset of the section with that reference name and, unless \p subcat is empty,
     /// that sub-category: in the chosen archive, else in the default archive; null if neither has
     /// it. The extra archives are searched only as they are merged into the chosen one, see
-    /// GetRVOpenNodeFromType().
+    /// GetRVOpenNodeFromType(). From the second look-up on it is where it was met before, if it has
+    /// the name still; changes through objects are seen, but not that a host gave the name to an
+    /// earlier preset in the DOM itself.
     RVOpenNode* FindRVOpenNodeFromType(QString type, QString subcat, QString refName);
     /// Writes the document of \p rootNode to \p path in UTF-8, indented by 3, attributes by name,
     /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again

@@ -6,6 +6,7 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/files/Containment.h>
+#include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
@@ -79,6 +80,7 @@ RVOpenNode::RVOpenNode()
     , m_skipsBlanks(0)
     , m_makesNext(0)
     , m_makesChild(0)
+    , m_hasNotes(0)
 {
 }
 
@@ -103,6 +105,7 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 {
     if (this == &other)
         return *this;
+    forgetNotes();
     keepChildren();
     if (m_heldAs != HeldInChain && !m_previous && m_next && !m_sharesNext) {
         RVOpenNode* const behind = m_next;
@@ -115,6 +118,8 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 
 RVOpenNode::~RVOpenNode()
 {
+    if (m_hasNotes)
+        FoundNodes::forget(this);
     if (m_heldAs == HeldOutside)
         Holder::lose(this);
     if (m_heldAs == HeldAside) {
@@ -213,6 +218,7 @@ void RVOpenNode::SetNext(RVOpenNode* next)
         m_next->cut();
     m_next = next;
     m_sharesNext = 0;
+    FoundNodes::childrenChanged(chainOwner());
     if (!next)
         return;
     if (next->m_heldAs == HeldAside) {
@@ -338,9 +344,18 @@ void RVOpenNode::ReplaceNode(RVOpenNode* oldChild, RVOpenNode* newChild)
 
 void RVOpenNode::bind(const QDomNode& node, const QDomElement& element)
 {
+    forgetNotes();
     m_document = node.ownerDocument();
     m_node = node;
     m_element = element;
+}
+
+/// Before this node stands for something else.
+void RVOpenNode::forgetNotes()
+{
+    if (m_hasNotes)
+        FoundNodes::forget(this);
+    FoundNodes::childrenChanged(holder());
 }
 
 void RVOpenNode::placeUnder(RVOpenNode* parent)

@@ -256,6 +256,7 @@ private:
     struct Aside;
 
     void bind(const QDomNode& node, const QDomElement& element);
+    void forgetNotes();
     void placeUnder(RVOpenNode* parent);
     QString attribute(const QString& name) const;
     void setAttribute(const QString& name, const QString& value);
@@ -318,6 +319,7 @@ private:
     quint32 m_skipsBlanks : 1;    ///< Text of white space alone gets no object among the children.
     quint32 m_makesNext : 1;      ///< The next node is being made.
     quint32 m_makesChild : 1;     ///< The first child is being made.
+    quint32 m_hasNotes : 1;       ///< Look-ups noted it, or what is below it.
 };
 
 } // namespace rvopen

@@ -3,6 +3,7 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/NodeAccess.h>
 
@@ -284,6 +285,7 @@ void RVOpenNode::link(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* node)
     }
     if (next)
         next->m_previous = node;
+    FoundNodes::childrenChanged(owner);
 }
 
 /// Leaves the chain that this node is in to the others.
@@ -355,6 +357,7 @@ void RVOpenNode::own(RVOpenNode* first)
         last = node;
     }
     first->m_previous = last == first ? nullptr : last;
+    FoundNodes::childrenChanged(this);
 }
 
 /// Keeps a chain that nobody owns until this node is deleted.

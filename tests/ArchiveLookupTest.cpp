@@ -5,6 +5,7 @@
 
 #include <rvopen/Background.h>
 #include <rvopen/Colour.h>
+#include <rvopen/RVOpenView.h>
 
 #include "ManagerSupport.h"
 
@@ -291,6 +292,22 @@ TEST_F(ArchiveLookupTest, FindsASectionAgainOnceTheArchiveIsOpenedAgain)
 }
 
 // Extra archives
+
+TEST_F(ArchiveLookupTest, AnEarlierPresetIsFoundOnceAnotherObjectOfItGetsTheReferenceName)
+{
+    writeCustom("Studio.rvx", archive("<colours><colour refname='x' desc='first'/>"
+                                      "<colour refname='y' desc='second'/>"
+                                      "<colour refname='z' desc='third'/></colours>"));
+    m_manager.SetArchiveNode("Studio.rvx", "Custom");
+    for (const char* const refName : {"z", "y", "x", "z", "y", "x", "z"})
+        EXPECT_NE(found("colours", "", refName), "(none)");
+    const RVOpenNode* const section = m_manager.GetRVOpenNodeFromType("colours", false);
+    const RVOpenView<Colour> other(section->GetDomNode().firstChildElement());
+    other->SetRefName("z");
+
+    EXPECT_EQ(found("colours", "", "z"), "first");
+    EXPECT_EQ(found("colours", "", "x"), "(none)");
+}
 
 class ExtraArchiveTest : public ArchiveLookupTest {
 protected:

@@ -8,6 +8,7 @@
 #include <rvopen/Finish.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
+#include <rvopen/RVOpenView.h>
 #include <rvopen/ShaderColour.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
@@ -137,6 +138,29 @@ TEST(MaterialRepositoryTest, TheFirstMaterialOfALinkNameIsFound)
                                    "<material name='second' linkname='wall'/>");
     ASSERT_TRUE(materials->GetMaterial("wall"));
     EXPECT_EQ(materials->GetMaterial("wall")->GetName(), "first");
+}
+
+/// Searched often enough that anything that could be remembered is.
+void searchForEach(MaterialRepository& palette, const QStringList& linkNames)
+{
+    for (int round = 0; round < 3; ++round) {
+        for (const QString& linkName : linkNames)
+            EXPECT_NE(palette.GetMaterial(linkName), nullptr);
+    }
+}
+
+const char s_linkedMaterials[] = "<material linkname='x' name='first'/>"
+                                 "<material linkname='y' name='second'/>"
+                                 "<material linkname='z' name='third'/>";
+
+TEST(MaterialRepositoryTest, AnEarlierMaterialIsFoundOnceAnotherObjectOfItGetsTheLinkName)
+{
+    const auto materials = palette(s_linkedMaterials);
+    searchForEach(*materials, {"x", "y", "z"});
+    const RVOpenView<Material> other(materials->GetFirstMaterial()->GetDomNode().toElement());
+    other->SetLinkName("z");
+
+    EXPECT_EQ(materials->GetMaterial("z")->GetName(), "first");
 }
 
 TEST(MaterialRepositoryTest, AnUnknownLinkNameFindsNothing)

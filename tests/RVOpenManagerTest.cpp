@@ -6,6 +6,7 @@
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/Colour.h>
+#include <rvopen/RVOpenReader.h>
 #include <rvopen/RVOpenStatus.h>
 #include <rvopen/Scenery.h>
 #include <rvopen/SnapShotSettings.h>
@@ -303,6 +304,62 @@ TEST(RVOpenManagerTest, WhatTheHostHoldsOfTheDefaultArchiveOutlivesASecondInitia
     EXPECT_EQ(held->GetParent()->GetNodeName(), "archive");
 }
 
+TEST(RVOpenManagerTest, TheDefaultArchiveIsWhatItsFileWasWhenTheManagerWasInitialised)
+{
+    InstallFolder folder;
+    folder.write("Default", archiveWith("colours"));
+    RVOpenManager manager;
+    manager.Initialise(3, 1, folder.path());
+    folder.write("Default", "<archive>");
+
+    EXPECT_NE(manager.GetRVOpenNodeFromType("colours", true), nullptr);
+}
+
+TEST(RVOpenManagerTest, EachManagerHasADefaultArchiveOfItsOwn)
+{
+    InstallFolder folder;
+    folder.write("Default", "<archive><colours><colour refname='red'/></colours></archive>");
+    RVOpenManager one;
+    one.Initialise(3, 1, folder.path());
+    RVOpenManager other;
+    other.Initialise(3, 1, folder.path());
+    RVOpenNode* const changed = one.GetRVOpenNodeFromType("colours", true);
+    changed->GetDomNode().firstChildElement().setAttribute("refname", "green");
+    RVOpenManager later;
+    later.Initialise(3, 1, folder.path());
+
+    const auto refName = [](RVOpenManager& manager) {
+        return manager.GetRVOpenNodeFromType("colours", true)->GetChild(1, 1)->GetRefName();
+    };
+    EXPECT_EQ(refName(one), "green");
+    EXPECT_EQ(refName(other), "red");
+    EXPECT_EQ(refName(later), "red");
+}
+
+TEST(RVOpenManagerTest, InitialiseTellsWhyTheLastArchiveCouldNotBeRead)
+{
+    InstallFolder folder;
+    folder.write("Default", archiveWith("colours"));
+    folder.write("Architectural_extra", "<archive>\n<colours></archive>");
+    RVOpenManager manager;
+    manager.Initialise(3, 1, folder.path());
+
+    EXPECT_TRUE(LastReadError().file.endsWith("Architectural_extra.rvx"));
+    EXPECT_EQ(LastReadError().line, 2);
+}
+
+TEST(RVOpenManagerTest, LookingUpInTheDefaultArchiveLeavesTheLastReadError)
+{
+    InstallFolder folder;
+    folder.write("Default", archiveWith("colours"));
+    RVOpenManager manager;
+    manager.Initialise(3, 1, folder.path());
+    ASSERT_EQ(manager.LoadSnapShotDocFromString("<snapRoot>\n\n<a></snapRoot>"), 0);
+    ASSERT_NE(manager.GetRVOpenNodeFromType("colours", true), nullptr);
+
+    EXPECT_EQ(LastReadError().line, 3);
+}
+
 /// The extra archives, seen through the chosen archive that they are merged into.
 struct Extra {
     const char* file;
@@ -363,6 +420,26 @@ TEST_P(RVOpenManagerExtraArchiveTest, IsReadAgainByASecondInitialise)
     m_manager.Initialise(3, 1, m_install.path());
 
     EXPECT_EQ(merged(), QStringList("b"));
+}
+
+TEST_P(RVOpenManagerExtraArchiveTest, IsWhatItsFileWasWhenTheManagerWasInitialised)
+{
+    writeExtra("a");
+    m_manager.Initialise(3, 1, m_install.path());
+    writeExtra("b");
+
+    EXPECT_EQ(merged(), QStringList("a"));
+}
+
+TEST_P(RVOpenManagerExtraArchiveTest, IsMergedAgainAfterASecondInitialise)
+{
+    writeExtra("a");
+    m_manager.Initialise(3, 1, m_install.path());
+    EXPECT_EQ(merged(), QStringList("a"));
+    writeExtra("b");
+    m_manager.Initialise(3, 1, m_install.path());
+
+    EXPECT_EQ(merged(), QStringList({"a", "b"}));
 }
 
 TEST_P(RVOpenManagerExtraArchiveTest, IsKeptWhenItCannotBeReadAgain)

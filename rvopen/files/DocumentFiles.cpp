@@ -39,39 +39,6 @@ QString tooLarge()
     return QStringLiteral("The input is larger than %1").arg(GetMaxInputSize());
 }
 
-bool readBytes(const QString& path, QByteArray& bytes, QString& message)
-{
-    // Qt would log these.
-    if (path.isEmpty() || path.contains(QChar(0))) {
-        message = QStringLiteral("No file can have this name");
-        return false;
-    }
-    // Not in text mode: that drops each byte 13, also where it belongs to a character of UTF-16
-    // or ends a line by itself.
-    QFile file(PathToOpen(path));
-    if (!file.open(QIODevice::ReadOnly)) {
-        message = file.errorString();
-        return false;
-    }
-    // What is no regular file announces no size, and may never end.
-    const qint64 limit = GetMaxInputSize();
-    const qint64 leastSize = 64 * 1024;
-    const qint64 mostSize = 1024 * 1024;
-    bool ended = false;
-    while (!ended && std::max<qint64>(file.size(), bytes.size()) <= limit) {
-        // With one byte more than there should be, a small file is read in one go.
-        const qint64 left = file.size() - bytes.size() + 1;
-        const QByteArray chunk = file.read(std::clamp(left, leastSize, mostSize));
-        bytes += chunk;
-        ended = chunk.isEmpty();
-    }
-    if (file.error() != QFileDevice::NoError)
-        message = file.errorString();
-    else if (!ended)
-        message = tooLarge();
-    return message.isEmpty();
-}
-
 SaveResult finishWriting(SaveResult result, const QString& reason)
 {
     s_lastWriteError = result == SaveResult::Saved ? QString() : reason;
@@ -149,14 +116,50 @@ QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadErro
 
 bool readText(const QString& path, QByteArray& bytes, QString& text, ReadError& failure)
 {
-    if (!readBytes(path, bytes, failure.message))
-        return false;
-    if (!decodeText(bytes, text)) {
-        failure.message = QStringLiteral("The bytes stand for no character");
-        xml::setPlace(failure, xml::viewOf(text), text.size());
+    return readBytes(path, bytes, failure) && readText(bytes, text, failure);
+}
+
+bool readBytes(const QString& path, QByteArray& bytes, ReadError& failure)
+{
+    QString& message = failure.message;
+    // Qt would log these.
+    if (path.isEmpty() || path.contains(QChar(0))) {
+        message = QStringLiteral("No file can have this name");
         return false;
     }
-    return true;
+    // Not in text mode: that drops each byte 13, also where it belongs to a character of UTF-16
+    // or ends a line by itself.
+    QFile file(PathToOpen(path));
+    if (!file.open(QIODevice::ReadOnly)) {
+        message = file.errorString();
+        return false;
+    }
+    // What is no regular file announces no size, and may never end.
+    const qint64 limit = GetMaxInputSize();
+    const qint64 leastSize = 64 * 1024;
+    const qint64 mostSize = 1024 * 1024;
+    bool ended = false;
+    while (!ended && std::max<qint64>(file.size(), bytes.size()) <= limit) {
+        // With one byte more than there should be, a small file is read in one go.
+        const qint64 left = file.size() - bytes.size() + 1;
+        const QByteArray chunk = file.read(std::clamp(left, leastSize, mostSize));
+        bytes += chunk;
+        ended = chunk.isEmpty();
+    }
+    if (file.error() != QFileDevice::NoError)
+        message = file.errorString();
+    else if (!ended)
+        message = tooLarge();
+    return message.isEmpty();
+}
+
+bool readText(const QByteArray& bytes, QString& text, ReadError& failure)
+{
+    if (decodeText(bytes, text))
+        return true;
+    failure.message = QStringLiteral("The bytes stand for no character");
+    xml::setPlace(failure, xml::viewOf(text), text.size());
+    return false;
 }
 
 void tellOfReading(const ReadError& result, ReadError* error)

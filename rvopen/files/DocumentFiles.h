@@ -26,6 +26,11 @@ QDomDocument* parseDocument(const QString& text, Namespaces namespaces, ReadErro
 /// The text of the file, with the line ends that it has there, and the bytes that it was decoded
 /// from. False where there is none, for the reason in \p failure.
 bool readText(const QString& path, QByteArray& bytes, QString& text, ReadError& failure);
+/// The two steps of it.
+/// @{
+bool readBytes(const QString& path, QByteArray& bytes, ReadError& failure);
+bool readText(const QByteArray& bytes, QString& text, ReadError& failure);
+/// @}
 
 /// Sets what LastReadError() answers, and \p error if given.
 void tellOfReading(const ReadError& result, ReadError* error);

@@ -4,8 +4,8 @@
 #include <rvopen/manager/PresetArchives.h>
 
 #include <rvopen/DirectoryHandler.h>
-#include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/FoundNodes.h>
 
 #include <QDir>
 #include <QSet>
@@ -20,6 +20,22 @@ RVOpenNode* firstChildNamed(RVOpenNode* parent, const QString& name)
     while (child && child->GetNodeName() != name)
         child = child->GetNext(1);
     return child;
+}
+
+/// False where a chain belongs to another node: what stands in another archive is not noted, nor
+/// what comes after it.
+bool notePresets(RVOpenNode* top, RVOpenNode* node)
+{
+    for (RVOpenNode* child = node->GetChild(1, 1); child; child = child->GetNext(1)) {
+        if (NodeAccess::chainOwner(child) != node)
+            return false;
+        const QString refName = NodeAccess::attribute(child, names::attribute::refName());
+        if (!refName.isEmpty())
+            FoundNodes::note(top, refName, child);
+        if (!notePresets(top, child))
+            return false;
+    }
+    return true;
 }
 
 /// Depth first. \p archives are the chains that were entered through an archive reference: archives
@@ -46,6 +62,18 @@ RVOpenNode* findPreset(RVOpenNode* node, const QString& subcat, const QString& r
     return nullptr;
 }
 
+/// The same, with notes of all that is met where that helps the next one.
+RVOpenNode* findNotedPreset(RVOpenNode* in, const QString& subcat, const QString& refName)
+{
+    RVOpenNode* const noted = refName.isEmpty() ? nullptr : FoundNodes::find(in, refName);
+    if (noted && (subcat.isEmpty() || noted->GetSubCat() == subcat))
+        return noted;
+    if (FoundNodes::begin(in, FoundNodes::Below::Descendants, names::attribute::refName()))
+        notePresets(in, in);
+    QSet<const RVOpenNode*> archives;
+    return findPreset(in, subcat, refName, archives);
+}
+
 } // namespace
 
 PresetArchives::PresetArchives(Retired& retired)
@@ -57,14 +85,12 @@ PresetArchives::~PresetArchives() = default;
 
 void PresetArchives::read(const QString& folder)
 {
-    if (!m_defaultDocument)
-        m_defaultDocument.reset(readDocument(folder + QLatin1String("\\xml\\Default.rvx")));
-    if (m_defaultDocument) {
-        m_retired.replace(m_defaultRoot, View<RVOpenNode>(newBound<RVOpenNode>(
-                                             m_defaultDocument->documentElement())));
-    }
-    readExtra(m_productRoot, folder + QLatin1String("\\xml\\Product_extra.rvx"));
-    readExtra(m_architecturalRoot, folder + QLatin1String("\\xml\\Architectural_extra.rvx"));
+    if (m_default)
+        m_default.renewRoot(m_retired);
+    else
+        m_default.read(folder + QLatin1String("\\xml\\Default.rvx"), m_retired);
+    m_product.read(folder + QLatin1String("\\xml\\Product_extra.rvx"), m_retired);
+    m_architectural.read(folder + QLatin1String("\\xml\\Architectural_extra.rvx"), m_retired);
 }
 
 RVOpenNode* PresetArchives::choose(const QString& name, const QString& type)
@@ -91,7 +117,7 @@ QString PresetArchives::type() const
 
 RVOpenNode* PresetArchives::section(const QString& type, bool fromDefault)
 {
-    RVOpenNode* const result = firstChildNamed(fromDefault ? m_defaultRoot.get() : chosen(), type);
+    RVOpenNode* const result = firstChildNamed(fromDefault ? m_default.root() : chosen(), type);
     RVOpenNode* const from = result ? extra() : nullptr;
     RVOpenNode* const section = firstChildNamed(from, type);
     if (!section)
@@ -107,23 +133,12 @@ RVOpenNode* PresetArchives::section(const QString& type, bool fromDefault)
 RVOpenNode* PresetArchives::find(const QString& type, const QString& subcat, const QString& refName)
 {
     for (const bool fromDefault : {false, true}) {
-        QSet<const RVOpenNode*> archives;
         RVOpenNode* const in = section(type, fromDefault);
-        RVOpenNode* const preset = in ? findPreset(in, subcat, refName, archives) : nullptr;
+        RVOpenNode* const preset = in ? findNotedPreset(in, subcat, refName) : nullptr;
         if (preset)
             return preset;
     }
     return nullptr;
-}
-
-void PresetArchives::readExtra(View<RVOpenNode>& root, const QString& path)
-{
-    const std::unique_ptr<QDomDocument> document(readDocument(path));
-    if (document) {
-        // The node keeps the document.
-        m_retired.replace(root,
-                          View<RVOpenNode>(newBound<RVOpenNode>(document->documentElement())));
-    }
 }
 
 RVOpenNode* PresetArchives::chosen() const
@@ -131,15 +146,41 @@ RVOpenNode* PresetArchives::chosen() const
     return GetDirectoryHandler()->openArchive(m_path);
 }
 
-RVOpenNode* PresetArchives::extra() const
+RVOpenNode* PresetArchives::extra()
 {
     if (m_type != names::value::productArchives())
         return nullptr;
-    if (m_productRoot && m_zorvaneName.contains(QLatin1String("Product")))
-        return m_productRoot.get();
+    if (m_product && m_zorvaneName.contains(QLatin1String("Product")))
+        return m_product.root();
     if (m_zorvaneName.contains(QLatin1String("Architectural")))
-        return m_architecturalRoot.get();
+        return m_architectural.root();
     return nullptr;
+}
+
+void PresetArchives::Archive::read(const QString& path, Retired& retired)
+{
+    std::shared_ptr<const JudgedDocument> judged = JudgedDocument::read(path);
+    if (!judged)
+        return;
+    retired.replace(m_root, View<RVOpenNode>());
+    m_document = QDomDocument();
+    m_judged = std::move(judged);
+}
+
+RVOpenNode* PresetArchives::Archive::root()
+{
+    if (m_judged && m_document.isNull()) {
+        if (const std::unique_ptr<QDomDocument> document = m_judged->build())
+            m_document = *document;
+    }
+    if (!m_root && !m_document.isNull())
+        m_root = View<RVOpenNode>(newBound<RVOpenNode>(m_document.documentElement()));
+    return m_root.get();
+}
+
+void PresetArchives::Archive::renewRoot(Retired& retired)
+{
+    retired.replace(m_root, View<RVOpenNode>());
 }
 
 } // namespace rvopen

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/files/JudgedDocument.h>
 #include <rvopen/manager/Retired.h>
 
 #include <QDomDocument>
@@ -34,15 +35,36 @@ public:
     RVOpenNode* find(const QString& type, const QString& subcat, const QString& refName);
 
 private:
-    void readExtra(View<RVOpenNode>& root, const QString& path);
+    /// An archive of the installation as it was when it was read. Its document, which a host may
+    /// write to and which is this manager's own, is built when something is looked up in it.
+    class Archive {
+    public:
+        /// Leaves what is there where the file cannot be read; otherwise the root that a host may
+        /// still hold goes to \p retired.
+        void read(const QString& path, Retired& retired);
+        /// Whether there is one.
+        explicit operator bool() const
+        {
+            return m_judged != nullptr;
+        }
+        /// Null when there is no archive.
+        RVOpenNode* root();
+        /// Has root() make an object anew.
+        void renewRoot(Retired& retired);
+
+    private:
+        std::shared_ptr<const JudgedDocument> m_judged;
+        QDomDocument m_document;
+        View<RVOpenNode> m_root;
+    };
+
     RVOpenNode* chosen() const;
-    RVOpenNode* extra() const;
+    RVOpenNode* extra();
 
     Retired& m_retired;
-    std::unique_ptr<QDomDocument> m_defaultDocument;
-    View<RVOpenNode> m_defaultRoot;
-    View<RVOpenNode> m_productRoot;
-    View<RVOpenNode> m_architecturalRoot;
+    Archive m_default;
+    Archive m_product;
+    Archive m_architectural;
     QString m_path; ///< The registry's name of the chosen archive, which may be closed at any time.
     QString m_type;
     QString m_zorvaneName;

@@ -128,6 +128,26 @@ struct NodeAccess {
         object->SetDomNode(node);
     }
 
+    /// \name What FoundNodes knows
+    /// @{
+    static bool hasNotes(const RVOpenNode* node)
+    {
+        return node->m_hasNotes;
+    }
+    static void setHasNotes(RVOpenNode* node)
+    {
+        node->m_hasNotes = 1;
+    }
+    static bool isOfDocument(const RVOpenNode* node, const RVOpenNode* other)
+    {
+        return node->m_document == other->m_document;
+    }
+    static const RVOpenNode* chainOwner(const RVOpenNode* node)
+    {
+        return node->chainOwner();
+    }
+    /// @}
+
     /// Attributes by the names of Names.h.
     static QString attribute(const RVOpenNode* node, const QString& name)
     {

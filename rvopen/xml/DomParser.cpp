@@ -48,4 +48,15 @@ std::unique_ptr<QDomDocument> parse(QString text, Namespaces namespaces, ReadErr
     return nullptr;
 }
 
+bool isDocument(QString text, ReadError& error)
+{
+    normaliseLineEnds(text);
+    Scanner scanner(viewOf(text));
+    NoHandler nobody;
+    if (scan(scanner, nobody))
+        return true;
+    scanner.describe(error);
+    return false;
+}
+
 } // namespace rvopen::xml

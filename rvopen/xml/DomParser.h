@@ -18,4 +18,7 @@ namespace rvopen::xml {
 /// column of \p error then say why.
 std::unique_ptr<QDomDocument> parse(QString text, Namespaces namespaces, ReadError& error);
 
+/// Whether parse() would make a document of the text, for the same reason otherwise.
+bool isDocument(QString text, ReadError& error);
+
 } // namespace rvopen::xml
