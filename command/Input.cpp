@@ -3,6 +3,9 @@
 
 #include "Input.h"
 
+#include "toolkit/catalogue/BlockStore.h"
+#include "toolkit/catalogue/RowFilter.h"
+#include "toolkit/catalogue/SmallDocument.h"
 #include "toolkit/documents/FileLock.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -11,6 +14,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 #include <optional>
@@ -52,6 +56,9 @@ QStringList fitting(const QString& pattern)
 struct Reading {
     std::unique_ptr<Document> document;
     ReadError error;
+    /// Instead of the document, where nothing in it is selected.
+    QString file;
+    QDomDocument root;
 };
 
 Reading readingOf(const QString& file)
@@ -127,6 +134,54 @@ void forEachDocument(const QStringList& arguments, Session& session,
         forEachRead(files, 1, session, readLocked, use);
     else
         forEachRead(files, jobs, session, readingOf, use);
+}
+
+void forEachSelected(const QStringList& arguments, Session& session, const Selection& selection,
+                     const std::function<void(Document&)>& visit,
+                     const std::function<void(const QString&, const QDomElement&)>& pass)
+{
+    const QStringList files = expandedInputs(arguments, session);
+    AttributeFilter filter;
+    const bool isInRows = !selection.isEverything() && selection.isAttributeFilter(filter);
+    const catalogue::BlockStore store(
+        isInRows ? files : QStringList(),
+        [&](int at, const QString& file) { session.progress(at, int(files.size()), file); });
+    QHash<QString, int> passed;
+    bool isAnySelected = false;
+    for (int i = 0; i < store.count(); ++i) {
+        const catalogue::Block& block = store.block(i);
+        bool isSelected = false;
+        // What other documents are, their roots alone do not say.
+        if (block.text(block.head().root) == "presets" &&
+            catalogue::forEachPassing(
+                block, filter,
+                [&isSelected](quint32, const catalogue::BlockRow&) { isSelected = true; }) &&
+            !isSelected)
+            passed.insert(files[i], i);
+        isAnySelected = isAnySelected || isSelected;
+    }
+    const auto readSelected = [&](const QString& file) {
+        const int at = passed.value(file, -1);
+        Reading reading;
+        if (at >= 0)
+            reading.root = catalogue::openRoot(file, store.state(at), store.block(at));
+        if (reading.root.isNull())
+            return readingOf(file);
+        reading.file = file;
+        return reading;
+    };
+    forEachRead(files, 1, session, readSelected, [&](const Reading& reading) {
+        if (!reading.root.isNull())
+            pass(reading.file, reading.root.documentElement());
+        else if (reading.document)
+            visit(*reading.document);
+        else
+            session.error(reading.error);
+    });
+    if (!isAnySelected) {
+        for (const int at : passed)
+            catalogue::noteOthers(store.block(at), selection);
+    }
 }
 
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)

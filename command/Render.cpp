@@ -154,9 +154,14 @@ public:
             throw Failure(QStringLiteral("\"%1\": %2").arg(m_output, m_folders.problem()));
         m_selected = m_selection.selection();
         preparePictures();
-        forEachDocument(
-            m_files, session, [&](Document& document) { render(document, session); }, {},
-            m_embed && !m_options.isDryRun() ? Access::Changing : Access::Reading);
+        const auto visit = [&](Document& document) { render(document, session); };
+        if (m_embed)
+            forEachDocument(m_files, session, visit, {},
+                            m_options.isDryRun() ? Access::Reading : Access::Changing);
+        else
+            forEachSelected(
+                m_files, session, m_selected, visit,
+                [&](const QString& file, const QDomElement&) { tell(file, 0, 0, session); });
         m_selection.tellMisspelling(session);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
@@ -199,9 +204,14 @@ private:
         if (isChanged && !m_options.isDryRun())
             save(document, session);
         m_kept += kept;
+        tell(document.Name(), written, kept, session);
+    }
+
+    static void tell(const QString& document, int written, int kept, Session& session)
+    {
         if (!session.json)
             session.out.line(QStringLiteral("%1  %2%3")
-                                 .arg(visible(document.Name()),
+                                 .arg(visible(document),
                                       counted(written, QStringLiteral("picture")),
                                       kept ? QStringLiteral(", %1 kept").arg(kept) : QString()));
     }

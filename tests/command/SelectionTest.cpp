@@ -3,6 +3,9 @@
 
 #include "Program.h"
 
+#include <QDir>
+#include <QThread>
+
 namespace rvopen::test {
 
 namespace {
@@ -265,6 +268,97 @@ TEST(Selection, IsNotMisspeltWhereOneDocumentHasIt)
     workspace.write(QStringLiteral("b.rvx"),
                     "<presets><colours><colour name=\"A\" cat=\"Metal\"/></colours></presets>");
     EXPECT_EQ(workspace.run("list --category Metal a.rvx b.rvx").err, QString());
+}
+
+/// Archives of which some have nothing that is selected, a document of snapshots, and one that is
+/// refused.
+class SelectingOfMany : public ::testing::Test {
+protected:
+    SelectingOfMany()
+    {
+        write(QByteArray());
+    }
+
+    /// With a declaration of a prefix in them all archives are built.
+    void write(const QByteArray& declaration) const
+    {
+        const auto declared = [&declaration](QByteArray archive) {
+            return archive.replace("<presets", "<presets" + declaration);
+        };
+        workspace.write(QStringLiteral("in/a.rvx"), declared(smallArchive()));
+        workspace.write(QStringLiteral("in/b.rvx"),
+                        declared("<presets name=\"&lt;O&#x27;ther&gt;\"><colours><colour "
+                                 "name=\"A\" cat=\"Metal\"/></colours></presets>"));
+        workspace.write(QStringLiteral("in/c.rvx"), declared("<presets/>"));
+        workspace.write(QStringLiteral("in/d.xml"), smallDocument());
+        workspace.write(QStringLiteral("in/e.rvx"), declared(largeArchive(8000)));
+        workspace.write(QStringLiteral("in/f.rvx"), declared("<presets><colours/></presets>"));
+    }
+
+    /// All that the lines print and leave.
+    QStringList left(const QList<const char*>& lines) const
+    {
+        QStringList all;
+        for (const char* const line : lines) {
+            const Outcome run = workspace.run(line);
+            all << QString::number(run.code) << run.out << run.err;
+        }
+        for (const QString& name : workspace.files()) {
+            if (name.startsWith(QLatin1String("out")))
+                all << name << QString::fromLatin1(workspace.read(name).toHex());
+        }
+        QDir(workspace.path(QStringLiteral("out"))).removeRecursively();
+        return all;
+    }
+
+    /// Of archives that are built, that are read, and that are in the index.
+    void expectTheSame(const QList<const char*>& lines)
+    {
+        write(" xmlns:p=\"p\"");
+        const QStringList wanted = left(lines);
+        write(QByteArray());
+        EXPECT_EQ(left(lines), wanted);
+        workspace.environment.remove(QStringLiteral("RVOPEN_CATALOGUE"));
+        workspace.environment.insert(QStringLiteral("XDG_CACHE_HOME"),
+                                     workspace.path(QStringLiteral("caches")));
+        // What is younger than the step of a clock is not kept.
+        QThread::msleep(2100);
+        EXPECT_EQ(left(lines), wanted);
+        EXPECT_EQ(workspace.files().filter(QStringLiteral("caches/")).size(), 1);
+        EXPECT_EQ(left(lines), wanted);
+    }
+
+    Workspace workspace;
+};
+
+TEST_F(SelectingOfMany, SheetsAreTheSameWhatArchivesAreBuilt)
+{
+    workspace.environment.insert(QStringLiteral("SOURCE_DATE_EPOCH"), QStringLiteral("0"));
+    expectTheSame({"sheet --text yellow --size 40 in -o out/a.png",
+                   "sheet --type colour --size 40 --json in --html out/page",
+                   "sheet --type lens in -o out/none.png",
+                   "sheet --type materail in -o out/none.png"});
+}
+
+TEST_F(SelectingOfMany, PicturesAreTheSameWhatArchivesAreBuilt)
+{
+    expectTheSame({"render --all --text yellow --size 40 in -o out/yellow",
+                   "render --all --type colour --size 40 --json in -o out/colours",
+                   "render --missing --embed --type colour --size 40 --dry-run in",
+                   "render --all --type lens in", "render --all --type materail in"});
+}
+
+TEST_F(SelectingOfMany, WhatIsRefusedIsRefused)
+{
+    workspace.write(QStringLiteral("in/b.rvx"), "<presets>");
+    for (const char* const line : {"render --all --text yellow --size 40 in -o out",
+                                   "sheet --text yellow --size 40 in -o out.png"}) {
+        const Outcome run = workspace.run(line);
+        EXPECT_EQ(run.code, 2);
+        EXPECT_TRUE(run.err.startsWith(QLatin1String("in/b.rvx:1:10: "))) << run.err.toStdString();
+    }
+    EXPECT_EQ(workspace.files().filter(QStringLiteral("out")),
+              QStringList(QStringLiteral("out/material Brass.png")));
 }
 
 } // namespace rvopen::test

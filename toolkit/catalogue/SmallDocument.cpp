@@ -64,48 +64,90 @@ bool isCalled(const QDomElement& element, const Block& block, const Named& named
            element.attribute(QStringLiteral("linkname")) == toQString(block.text(named.linkName));
 }
 
+/// Start tags of a file with their ends, and one element between them.
+class Part {
+public:
+    Part(const QString& path, const FileState& state, const Block& block)
+        : m_file(PathToOpen(path))
+        , m_name(QFile::encodeName(PathToOpen(path)))
+        , m_state(state)
+        , m_block(block)
+    {
+    }
+
+    /// With what stands before the root, and its tag. False where they cannot be taken.
+    bool begin()
+    {
+        const BlockHead& head = m_block.head();
+        if (!m_block.isValid() || head.needsDom != 0 || head.rootOffset > s_longestProlog ||
+            !isInState() || !m_file.open(QIODevice::ReadOnly))
+            return false;
+        m_text = m_file.read(qint64(head.rootOffset));
+        if (m_text.startsWith("\xef\xbb\xbf"))
+            m_text.remove(0, 3);
+        return isUtf8(m_text) && begin(head.rootOffset, head.rootLength);
+    }
+
+    bool begin(quint64 offset, quint64 length)
+    {
+        const QByteArray tag = bytesAt(m_file, offset, length);
+        const QByteArray end = endTagOf(tag);
+        m_text += tag;
+        m_ends.prepend(end);
+        return !end.isEmpty();
+    }
+
+    /// Null where no element stands there.
+    std::unique_ptr<QDomDocument> around(quint64 offset, quint64 length)
+    {
+        const QByteArray bytes = bytesAt(m_file, offset, length);
+        if (!bytes.startsWith('<') || !bytes.endsWith('>'))
+            return nullptr;
+        m_text += bytes;
+        return around();
+    }
+
+    /// Without an element.
+    std::unique_ptr<QDomDocument> around() const
+    {
+        if (!isInState())
+            return nullptr;
+        return std::unique_ptr<QDomDocument>(ParseXmlDocument(QString::fromUtf8(m_text + m_ends)));
+    }
+
+private:
+    bool isInState() const
+    {
+        FileState now;
+        return findState(m_name, now) && now == m_state;
+    }
+
+    QFile m_file;
+    QByteArray m_name;
+    const FileState& m_state;
+    const Block& m_block;
+    QByteArray m_text;
+    QByteArray m_ends;
+};
+
 } // namespace
 
 OpenPreset openThere(const QString& path, const FileState& state, const Block& block,
                      const BlockRow& row)
 {
-    const BlockHead& head = block.head();
-    const QByteArray name = QFile::encodeName(PathToOpen(path));
-    QFile file(PathToOpen(path));
-    FileState now;
-    if (!block.isValid() || head.needsDom != 0 || row.folder == NoFolder ||
-        head.rootOffset > s_longestProlog || !findState(name, now) || now != state ||
-        !file.open(QIODevice::ReadOnly))
+    Part part(path, state, block);
+    if (row.folder == NoFolder || !part.begin())
         return OpenPreset();
     const std::vector<BlockFolder> folders = foldersAbove(block, row);
-    QByteArray prolog = file.read(qint64(head.rootOffset));
-    if (prolog.startsWith("\xef\xbb\xbf"))
-        prolog.remove(0, 3);
-    if (!isUtf8(prolog))
-        return OpenPreset();
-    QByteArray text = prolog;
-    QByteArray ends;
-    const auto begin = [&](quint64 offset, quint64 length) {
-        const QByteArray tag = bytesAt(file, offset, length);
-        const QByteArray end = endTagOf(tag);
-        text += tag;
-        ends.prepend(end);
-        return !end.isEmpty();
-    };
-    if (!begin(head.rootOffset, head.rootLength) ||
-        !std::all_of(folders.begin(), folders.end(), [&begin](const BlockFolder& folder) {
-            return begin(folder.offset, folder.length);
+    if (!std::all_of(folders.begin(), folders.end(), [&part](const BlockFolder& folder) {
+            return part.begin(folder.offset, folder.length);
         }))
         return OpenPreset();
-    const QByteArray bytes = bytesAt(file, row.offset, row.length);
-    if (!bytes.startsWith('<') || !bytes.endsWith('>') || !findState(name, now) || now != state)
-        return OpenPreset();
-    const std::unique_ptr<QDomDocument> dom(
-        ParseXmlDocument(QString::fromUtf8(text + bytes + ends)));
+    const std::unique_ptr<QDomDocument> dom = part.around(row.offset, row.length);
     if (!dom)
         return OpenPreset();
     QDomElement element = dom->documentElement();
-    bool isRight = isAlone(element, toQString(block.text(head.root)));
+    bool isRight = isAlone(element, toQString(block.text(block.head().root)));
     for (const BlockFolder& folder : folders) {
         element = element.firstChildElement();
         isRight = isRight && isCalled(element, block, folder);
@@ -114,6 +156,17 @@ OpenPreset openThere(const QString& path, const FileState& state, const Block& b
     if (!isRight || !isCalled(element, block, row))
         return OpenPreset();
     return {*dom, element, ReadError()};
+}
+
+QDomDocument openRoot(const QString& path, const FileState& state, const Block& block)
+{
+    Part part(path, state, block);
+    if (!part.begin())
+        return QDomDocument();
+    const std::unique_ptr<QDomDocument> dom = part.around();
+    const bool isRight =
+        dom && isAlone(dom->documentElement(), toQString(block.text(block.head().root)));
+    return isRight ? *dom : QDomDocument();
 }
 
 OpenPreset openWhole(const QString& file, const QString& path)

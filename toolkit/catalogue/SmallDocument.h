@@ -8,6 +8,7 @@
 
 #include <rvopen/toolkit/catalogue/Catalogue.h>
 
+#include <QDomDocument>
 #include <QString>
 
 namespace rvopen::toolkit::catalogue {
@@ -18,6 +19,9 @@ namespace rvopen::toolkit::catalogue {
 /// document to be built.
 OpenPreset openThere(const QString& file, const FileState& state, const Block& block,
                      const BlockRow& row);
+
+/// The root of the file with its attributes, and nothing in it; null as openThere() is.
+QDomDocument openRoot(const QString& file, const FileState& state, const Block& block);
 
 /// The preset of that path, of the whole document.
 OpenPreset openWhole(const QString& file, const QString& path);
