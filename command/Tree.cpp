@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "Command.h"
 #include "Input.h"
+#include "Outline.h"
 #include "SelectionOptions.h"
 #include "Session.h"
 #include "toolkit/edit/Labels.h"
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <thread>
 
 namespace rvopen::command {
 
@@ -39,6 +41,8 @@ Attributes attributesOf(const QDomElement& element)
     std::sort(result.begin(), result.end());
     return result;
 }
+
+const int s_allLevels = std::numeric_limits<int>::max();
 
 struct Child {
     QDomElement element;
@@ -84,27 +88,19 @@ public:
         const Selection selection = m_selection.selection();
         bool isFound = selection.isEverything();
         QJsonArray files;
-        forEachDocument(m_files, session, [&](Document& document) {
-            m_scope = selection.in(document.Root());
+        const auto show = [&](const QString& file, const QDomElement& root) {
+            m_scope = selection.in(root);
             if (!m_scope.isEverything() && m_scope.elements().isEmpty())
                 return;
             isFound = true;
-            ParamValues values;
-            m_values = &values;
-            m_out = &session.out;
-            if (session.json) {
-                QJsonObject file = object(document.Root(), QString(), 0);
-                file.insert(QStringLiteral("file"), document.Name());
-                files.append(file);
-            } else if (m_paths) {
-                printPaths(document.Root());
-            } else {
-                const QString title = document.Name() + QLatin1String("  ");
-                m_out->line(m_out->styled(visible(title), Style::Dim) +
-                            described(document.Root(), document.Root().tagName()));
-                printChildren(document.Root(), QString(), QString(), 1);
-            }
-        });
+            files.append(print(file, root, session));
+        };
+        // Values and attributes, and what is selected by them, the whole document has.
+        if (m_depth < s_allLevels && !m_params && selection.isEverything())
+            forEachOutline(session, show);
+        else
+            forEachDocument(m_files, session,
+                            [&](Document& document) { show(document.Name(), document.Root()); });
         m_selection.tellMisspelling(session);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
@@ -115,6 +111,45 @@ public:
     }
 
 private:
+    /// Gives back what goes into the object that is printed at the end, if one is.
+    QJsonObject print(const QString& file, const QDomElement& root, Session& session)
+    {
+        ParamValues values;
+        m_values = &values;
+        m_out = &session.out;
+        if (session.json) {
+            QJsonObject result = object(root, QString(), 0);
+            result.insert(QStringLiteral("file"), file);
+            return result;
+        }
+        if (m_paths) {
+            printPaths(root);
+        } else {
+            m_out->line(m_out->styled(visible(file + QLatin1String("  ")), Style::Dim) +
+                        described(root, root.tagName()));
+            printChildren(root, QString(), QString(), 1);
+        }
+        return QJsonObject();
+    }
+
+    /// Read ahead by all processors.
+    template <typename Show>
+    void forEachOutline(Session& session, Show show) const
+    {
+        const int jobs = std::max(1, int(std::thread::hardware_concurrency()));
+        // With --paths there is one level at least.
+        const auto read = [levels = std::max(1, m_depth)](const QString& file) {
+            return outlineOf(file, levels);
+        };
+        forEachRead(expandedInputs(m_files, session), jobs, session, read,
+                    [&](const Outline& outline) {
+                        if (outline.dom.isNull())
+                            session.error(outline.error);
+                        else
+                            show(outline.name, outline.dom.documentElement());
+                    });
+    }
+
     bool isShown(const QDomElement& element, const QString& path) const
     {
         return (m_params || !isParam(element) || !element.firstChildElement().isNull()) &&
@@ -245,7 +280,7 @@ private:
     }
 
     QStringList m_files;
-    int m_depth = std::numeric_limits<int>::max();
+    int m_depth = s_allLevels;
     bool m_params = false;
     bool m_paths = false;
     SelectionOptions m_selection;

@@ -93,8 +93,8 @@ LAYERS = {
         command/Arguments command/Check command/Command command/CommandLine command/Diff
         command/Documentation command/Editing command/Find command/Format command/Get command/Import
         command/Info command/Input command/Inputs command/Interrupts command/List command/Merge command/New
-        command/Output command/OutputOptions command/ParamTables command/Params command/Preview
-        command/Program command/Remove command/Rename command/Render command/SelectionOptions
+        command/Outline command/Output command/OutputOptions command/ParamTables command/Params
+        command/Preview command/Program command/Remove command/Rename command/Render command/SelectionOptions
         command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
 }

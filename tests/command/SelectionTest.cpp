@@ -270,8 +270,7 @@ TEST(Selection, IsNotMisspeltWhereOneDocumentHasIt)
     EXPECT_EQ(workspace.run("list --category Metal a.rvx b.rvx").err, QString());
 }
 
-/// Archives of which some have nothing that is selected, a document of snapshots, and one that is
-/// refused.
+/// Archives of which some have nothing that is selected, and a document of snapshots.
 class SelectingOfMany : public ::testing::Test {
 protected:
     SelectingOfMany()

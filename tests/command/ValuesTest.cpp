@@ -61,6 +61,46 @@ TEST_F(Values, TreePrintsPathsThatGetTakes)
     EXPECT_GT(count, 20);
 }
 
+/// With a prefix declared the document is built.
+TEST_F(Values, TreeToADepthIsThatOfTheBuiltDocument)
+{
+    const QByteArray strange =
+        "<snapRoot refname=\"a&amp;b\" name=\"&#x9;\" ><dir/>text<dir name=\"same\"/><param/><dir "
+        "name=\"same\" subcat=\"&lt;\"><param name=\"p\"><!-- --><param name=\"q\"><a/><b/></param>"
+        "</param><param name=\"p\"/><param name=\"p\"><a/><a/></param></dir></snapRoot>";
+    for (const QByteArray& plain : {smallDocument(), smallArchive(), strange}) {
+        QByteArray declared = plain;
+        declared.replace("<snapRoot", "<snapRoot xmlns:p=\"p\"")
+            .replace("<presets", "<presets xmlns:p=\"p\"");
+        ASSERT_NE(declared, plain);
+        for (int depth = 0; depth < 7; ++depth) {
+            for (const QString& option :
+                 {QString(), QStringLiteral(" --json"), QStringLiteral(" --paths")}) {
+                const QStringList line = words("tree a.xml --depth") +
+                                         words(qPrintable(QString::number(depth) + option));
+                workspace.write(QStringLiteral("a.xml"), declared);
+                const Outcome built = workspace.run(line);
+                workspace.write(QStringLiteral("a.xml"), plain);
+                const Outcome run = workspace.run(line);
+                EXPECT_FALSE(built.out.isEmpty());
+                EXPECT_EQ(run.out, built.out) << depth << option.toStdString();
+                EXPECT_EQ(run.err, QString());
+                EXPECT_EQ(run.code, 0);
+            }
+        }
+    }
+}
+
+TEST_F(Values, TreeToADepthRefusesWhatIsBrokenBelowIt)
+{
+    workspace.write(QStringLiteral("b.xml"), "<snapRoot><a><b><c></b></a></snapRoot>");
+    const Outcome run = workspace.run("tree --depth 1 --paths b.xml a.xml");
+    EXPECT_EQ(run.code, 2);
+    EXPECT_TRUE(run.err.startsWith(QLatin1String("b.xml:1:"))) << run.err.toStdString();
+    EXPECT_EQ(run.err, workspace.run("tree --params b.xml").err);
+    EXPECT_EQ(run.out, workspace.run("tree --depth 1 --paths a.xml").out);
+}
+
 TEST_F(Values, AnyNameHasAPath)
 {
     workspace.write(QStringLiteral("a.xml"),
