@@ -47,7 +47,7 @@ bool findRow(const Block& block, const std::string& path, BlockRow& row)
 
 } // namespace
 
-class Catalogue::Store {
+class RVOPEN_TOOLKIT_NO_EXPORT Catalogue::Store {
 public:
     explicit Store(const QStringList& files)
         : blocks(files)
@@ -86,7 +86,7 @@ public:
     BlockStore blocks;
 };
 
-struct CatalogueMatches::Found {
+struct RVOPEN_TOOLKIT_NO_EXPORT CatalogueMatches::Found {
     std::shared_ptr<const Catalogue::Store> store;
     std::vector<RowMatch> rows;
 };
