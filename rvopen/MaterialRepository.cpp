@@ -122,6 +122,7 @@ void MaterialRepository::AddMaterial(Material* material)
     RVOpenNode* const last = NodeAccess::lastChild(this);
     material->SetParent(this);
     NodeAccess::link(this, last, material);
+    FoundNodes::childrenChanged(this);
 }
 
 void MaterialRepository::RemoveMaterial(Material* material)

@@ -285,6 +285,7 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
     if (owner) {
         RVOpenNode* const first = owner->GetChild(1, 0);
         link(owner, first ? first->endOfChain() : nullptr, child);
+        FoundNodes::childrenChanged(owner);
     }
     if (copies) {
         child->m_leavesDocument = 1;
@@ -436,6 +437,7 @@ void RVOpenNode::insertHere(RVOpenNode* child, int index)
     }
     child->showParent(this);
     link(this, previous, child);
+    FoundNodes::childrenChanged(this);
     placeElement(child, index, position == index ? previous : nullptr);
 }
 

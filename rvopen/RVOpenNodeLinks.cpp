@@ -46,6 +46,7 @@ void NodeAccess::placeView(RVOpenNode* node, RVOpenNode* view)
         previous = viewOf(owner, before);
     view->showParent(owner);
     link(owner, previous, view);
+    FoundNodes::childrenChanged(owner);
     node->shareChildrenOf(owner);
 }
 
@@ -285,7 +286,6 @@ void RVOpenNode::link(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* node)
     }
     if (next)
         next->m_previous = node;
-    FoundNodes::childrenChanged(owner);
 }
 
 /// Leaves the chain that this node is in to the others.

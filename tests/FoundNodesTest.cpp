@@ -5,8 +5,13 @@
 
 #include <rvopen/Colour.h>
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/Finish.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
+#include <rvopen/ParamHelper.h>
+#include <rvopen/ShaderColour.h>
+#include <rvopen/ShaderDiffuse.h>
+#include <rvopen/ShaderPlainColour.h>
 #include <rvopen/SnapShot.h>
 
 #include "ManagerSupport.h"
@@ -119,8 +124,9 @@ TEST_F(FoundPresetsTest, AreTheFirstWhateverIsChanged)
             break;
         case 5: {
             auto* const copy = new Colour(static_cast<Colour*>(nullptr));
-            copy->SetDomNode(element.ownerDocument().createElement("colour"));
-            copy->SetRefName(name);
+            QDomElement made = element.ownerDocument().createElement("colour");
+            made.setAttribute("refname", name);
+            copy->SetDomNode(made);
             if (below(2) == 0)
                 section()->GetChild(1, 1)->InsertNode(copy, below(4));
             else
@@ -164,6 +170,37 @@ TEST_F(FoundPresetsTest, StandWhereTheyStoodInTheDocumentOrAreLookedForAgain)
     element.setAttribute("refname", "other");
     EXPECT_EQ(find("c7"), nullptr);
     EXPECT_EQ(find("other")->GetDomNode(), element);
+}
+
+TEST_F(FoundPresetsTest, AreNotLookedForAgainWhereTheyWereReadMeanwhile)
+{
+    m_folders.write("Materials",
+                    "<archive><materials><material refname='x' name='first'/>"
+                    "<material refname='y'><colour refname='c'><diffuse><param name='Colour' "
+                    "type='shader' val='colour'><plainColour><param name='Colour' type='colour' "
+                    "val='1 0 0'/></plainColour></param></diffuse></colour><finish refname='f'>"
+                    "<param name='roughness' type='float' val='1'/></finish></material>"
+                    "<material refname='z' name='third'/></materials></archive>");
+    m_manager.SetArchiveNode("Materials.rvx", "Custom");
+    const auto find = [this](const QString& refName) {
+        return m_manager.FindRVOpenNodeFromType("materials", QString(), refName);
+    };
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(find("z")->GetName(), "third");
+    auto* const material = dynamic_cast<Material*>(find("y"));
+    ASSERT_NE(material, nullptr);
+    float colour[3] = {};
+    ASSERT_EQ(
+        material->GetColour(0)->GetDiffuse()->GetColour()->GetPlainColour(0)->GetColour(colour),
+        0U);
+    ASSERT_NE(material->GetFinish()->GetParamHelper()->GetParam("roughness"), nullptr);
+
+    // What only the DOM knows of.
+    RVOpenNode* const first = find("x");
+    first->GetDomNode().toElement().setAttribute("refname", "z");
+    EXPECT_EQ(find("z")->GetName(), "third");
+    first->SetRefName("z");
+    EXPECT_EQ(find("z")->GetName(), "first");
 }
 
 TEST_F(FoundPresetsTest, AreOfTheArchiveThatIsOpenNow)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/LookUp.h>
 #include <rvopen/model/NodeAccess.h>
 
@@ -60,6 +61,7 @@ private:
             return false;
         NodeAccess::unlink(found);
         NodeAccess::link(m_owner, m_last, found);
+        FoundNodes::childrenChanged(m_owner);
         return true;
     }
 
