@@ -14,10 +14,11 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 
 #include <algorithm>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace rvopen::command {
 
@@ -56,9 +57,6 @@ QStringList fitting(const QString& pattern)
 struct Reading {
     std::unique_ptr<Document> document;
     ReadError error;
-    /// Instead of the document, where nothing in it is selected.
-    QString file;
-    QDomDocument root;
 };
 
 Reading readingOf(const QString& file)
@@ -137,8 +135,7 @@ void forEachDocument(const QStringList& arguments, Session& session,
 }
 
 void forEachSelected(const QStringList& arguments, Session& session, const Selection& selection,
-                     const std::function<void(Document&)>& visit,
-                     const std::function<void(const QString&, const QDomElement&)>& pass)
+                     const std::function<void(Document&)>& visit)
 {
     const QStringList files = expandedInputs(arguments, session);
     AttributeFilter filter;
@@ -146,42 +143,30 @@ void forEachSelected(const QStringList& arguments, Session& session, const Selec
     const catalogue::BlockStore store(
         isInRows ? files : QStringList(),
         [&](int at, const QString& file) { session.progress(at, int(files.size()), file); });
-    QHash<QString, int> passed;
-    bool isAnySelected = false;
-    for (int i = 0; i < store.count(); ++i) {
-        const catalogue::Block& block = store.block(i);
-        bool isSelected = false;
-        // What other documents are, their roots alone do not say.
-        if (block.text(block.head().root) == "presets" &&
-            catalogue::forEachPassing(
-                block, filter,
-                [&isSelected](quint32, const catalogue::BlockRow&) { isSelected = true; }) &&
-            !isSelected)
-            passed.insert(files[i], i);
-        isAnySelected = isAnySelected || isSelected;
-    }
+    bool isSelected = false;
+    int next = 0;
     const auto readSelected = [&](const QString& file) {
-        const int at = passed.value(file, -1);
-        Reading reading;
-        if (at >= 0)
-            reading.root = catalogue::openRoot(file, store.state(at), store.block(at));
-        if (reading.root.isNull())
+        const int at = next++;
+        if (!isInRows)
             return readingOf(file);
-        reading.file = file;
-        return reading;
+        const catalogue::Block& block = store.block(at);
+        std::vector<catalogue::BlockRow> rows;
+        Reading reading;
+        if (catalogue::forEachPassing(
+                block, filter,
+                [&rows](quint32, const catalogue::BlockRow& row) { rows.push_back(row); }))
+            reading.document = catalogue::documentOfRows(file, store.state(at), block, rows);
+        isSelected = isSelected || !rows.empty();
+        return reading.document ? std::move(reading) : readingOf(file);
     };
     forEachRead(files, 1, session, readSelected, [&](const Reading& reading) {
-        if (!reading.root.isNull())
-            pass(reading.file, reading.root.documentElement());
-        else if (reading.document)
+        if (reading.document)
             visit(*reading.document);
         else
             session.error(reading.error);
     });
-    if (!isAnySelected) {
-        for (const int at : passed)
-            catalogue::noteOthers(store.block(at), selection);
-    }
+    for (int i = 0; !isSelected && i < store.count(); ++i)
+        catalogue::noteOthers(store.block(i), selection);
 }
 
 std::unique_ptr<Document> readOrFail(const QString& argument, Session& session)

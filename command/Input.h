@@ -8,7 +8,6 @@
 
 #include <rvopen/toolkit/documents/Document.h>
 
-#include <QDomElement>
 #include <QString>
 #include <QStringList>
 
@@ -64,13 +63,11 @@ void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<bool(const QString&, const ReadError&)>& failed = {},
                      Access access = Access::Reading, int jobs = 1);
 
-/// As forEachDocument() without more, but an archive of which the rows of the catalogue say that
-/// nothing is selected is not read: \p pass is called with its name and its root, which has its
-/// attributes and nothing in it.
+/// As forEachDocument() without more. Where the rows of the catalogue say what is selected in an
+/// archive, the document may have no other presets.
 void forEachSelected(const QStringList& arguments, Session& session,
                      const toolkit::Selection& selection,
-                     const std::function<void(toolkit::Document&)>& visit,
-                     const std::function<void(const QString&, const QDomElement&)>& pass);
+                     const std::function<void(toolkit::Document&)>& visit);
 
 /// Reads the one document of a command; throws a Failure without message after printing the error.
 std::unique_ptr<toolkit::Document> readOrFail(const QString& argument, Session& session);

@@ -155,13 +155,10 @@ public:
         m_selected = m_selection.selection();
         preparePictures();
         const auto visit = [&](Document& document) { render(document, session); };
-        if (m_embed)
-            forEachDocument(m_files, session, visit, {},
-                            m_options.isDryRun() ? Access::Reading : Access::Changing);
+        if (m_embed && !m_options.isDryRun())
+            forEachDocument(m_files, session, visit, {}, Access::Changing);
         else
-            forEachSelected(
-                m_files, session, m_selected, visit,
-                [&](const QString& file, const QDomElement&) { tell(file, 0, 0, session); });
+            forEachSelected(m_files, session, m_selected, visit);
         m_selection.tellMisspelling(session);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
@@ -204,14 +201,9 @@ private:
         if (isChanged && !m_options.isDryRun())
             save(document, session);
         m_kept += kept;
-        tell(document.Name(), written, kept, session);
-    }
-
-    static void tell(const QString& document, int written, int kept, Session& session)
-    {
         if (!session.json)
             session.out.line(QStringLiteral("%1  %2%3")
-                                 .arg(visible(document),
+                                 .arg(visible(document.Name()),
                                       counted(written, QStringLiteral("picture")),
                                       kept ? QStringLiteral(", %1 kept").arg(kept) : QString()));
     }

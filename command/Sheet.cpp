@@ -114,11 +114,8 @@ public:
             prepareTexts();
         }
 
-        forEachSelected(
-            m_files, session, m_selected, [&](Document& document) { collect(document, session); },
-            [this](const QString& file, const QDomElement& root) {
-                m_names << nameOf(root, DocumentKind::Archive, file);
-            });
+        forEachSelected(m_files, session, m_selected,
+                        [&](Document& document) { collect(document, session); });
         m_selection.tellMisspelling(session);
         if (m_items.isEmpty() && !session.hasFailed())
             throw Failure(QStringLiteral("there is nothing to show"));
@@ -166,19 +163,14 @@ private:
         return m_names.size() == 1 ? m_names.first() : m_names.join(QStringLiteral(", "));
     }
 
-    static QString nameOf(const QDomElement& root, DocumentKind kind, const QString& file)
-    {
-        const QString name = root.attribute(QStringLiteral("name"));
-        return kind == DocumentKind::Archive && !name.isEmpty()
-                   ? name
-                   : QFileInfo(file).completeBaseName();
-    }
-
     void collect(Document& document, Session& session)
     {
         const auto textures =
             std::make_shared<drawing::TextureReader>(TextureFinder(document, session.folders));
-        m_names << nameOf(document.Root(), document.Kind(), document.Name());
+        const QString name = document.Root().attribute(QStringLiteral("name"));
+        m_names << (document.Kind() == DocumentKind::Archive && !name.isEmpty()
+                        ? name
+                        : QFileInfo(document.Name()).completeBaseName());
         const QVector<Subject> subjects = selectedOf(
             SubjectsOf(document) + PaletteSubjects(document), m_selected.in(document.Root()));
         const PictureFolders places(document, session.folders);

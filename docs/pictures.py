@@ -59,7 +59,7 @@ LAYERS = {
         toolkit/documents/Document toolkit/documents/DocumentKinds toolkit/documents/Failure toolkit/documents/FileLock
         toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
-        toolkit/documents/Processors toolkit/documents/SafeFiles toolkit/documents/Utf8""",
+        toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
         toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues

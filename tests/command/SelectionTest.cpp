@@ -292,6 +292,15 @@ protected:
         workspace.write(QStringLiteral("in/d.xml"), smallDocument());
         workspace.write(QStringLiteral("in/e.rvx"), declared(largeArchive(8000)));
         workspace.write(QStringLiteral("in/f.rvx"), declared("<presets><colours/></presets>"));
+        // The second of the same name, and one whose section is not the first of its kind.
+        workspace.write(
+            QStringLiteral("in/g.rvx"),
+            declared("<presets name=\"G\"><colours name=\"First\"/><colours name=\"Second\">"
+                     "<dir name=\"D\"><colour name=\"late\" imgname=\"x\"/></dir></colours>"
+                     "<bumps/><colours name=\"First\"><colour name=\"later\"/><dir name=\"E\"/>"
+                     "<dir name=\"E\"><colour name=\"deep\"/></dir><colour name=\"same\"/>"
+                     "<colour name=\"same\"/></colours><lenses>" +
+                     QByteArray(2000, ' ') + "</lenses></presets>"));
     }
 
     /// All that the lines print and leave.
@@ -335,6 +344,8 @@ TEST_F(SelectingOfMany, SheetsAreTheSameWhatArchivesAreBuilt)
     workspace.environment.insert(QStringLiteral("SOURCE_DATE_EPOCH"), QStringLiteral("0"));
     expectTheSame({"sheet --text yellow --size 40 in -o out/a.png",
                    "sheet --type colour --size 40 --json in --html out/page",
+                   "sheet --text la --size 40 in --html out/late",
+                   "sheet --text 'material 4711' --size 40 in --html out/one",
                    "sheet --type lens in -o out/none.png",
                    "sheet --type materail in -o out/none.png"});
 }
@@ -343,6 +354,9 @@ TEST_F(SelectingOfMany, PicturesAreTheSameWhatArchivesAreBuilt)
 {
     expectTheSame({"render --all --text yellow --size 40 in -o out/yellow",
                    "render --all --type colour --size 40 --json in -o out/colours",
+                   "render --all --text 'm.471' --size 20 --json in -o out/few",
+                   "render --all --text late --size 40 --json --install out in",
+                   "render --all --text deep --size 40 --json in -o out/deep",
                    "render --missing --embed --type colour --size 40 --dry-run in",
                    "render --all --type lens in", "render --all --type materail in"});
 }

@@ -4,6 +4,7 @@
 #include "SmallDocument.h"
 
 #include "BlockStore.h"
+#include "toolkit/documents/PartialDocument.h"
 #include "toolkit/edit/Placement.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -21,6 +22,9 @@ namespace {
 
 /// What stands before the root is taken along, as far as it is no longer.
 constexpr quint64 s_longestProlog = 64 * 1024;
+
+/// Presets that are more of a file than one in so many bytes are read with all of it.
+constexpr qint64 s_leastGain = 2;
 
 /// Empty where they are not all there.
 QByteArray bytesAt(QFile& file, quint64 offset, quint64 length)
@@ -49,124 +53,218 @@ QByteArray endTagOf(const QByteArray& tag)
     return "</" + tag.mid(1, length - 1) + '>';
 }
 
-/// An element that has no sibling, and is called this.
-bool isAlone(const QDomElement& element, const QString& kind)
-{
-    return element.tagName() == kind && element.nextSiblingElement().isNull();
-}
+/// What is read of a file: the start tag of a folder, or all of a preset.
+struct Piece {
+    quint64 offset = 0;
+    quint64 length = 0;
+    quint32 parent = NoFolder;
+    /// The folder that begins; NoFolder for a preset.
+    quint32 folder = NoFolder;
+    TextId kind = 0;
+    TextId name = 0;
+    TextId refName = 0;
+    TextId linkName = 0;
+};
 
 template <typename Named>
-bool isCalled(const QDomElement& element, const Block& block, const Named& named)
+Piece pieceOf(const Named& named, quint32 parent, quint32 folder)
 {
-    return isAlone(element, toQString(block.text(named.kind))) &&
-           element.attribute(QStringLiteral("name")) == toQString(block.text(named.name)) &&
-           element.attribute(QStringLiteral("refname")) == toQString(block.text(named.refName)) &&
-           element.attribute(QStringLiteral("linkname")) == toQString(block.text(named.linkName));
+    return {named.offset, named.length, parent,        folder,
+            named.kind,   named.name,   named.refName, named.linkName};
 }
 
-/// Start tags of a file with their ends, and one element between them.
-class Part {
+/// The rows with the folders that they stand in, in the order of the file.
+std::vector<Piece> piecesOf(const Block& block, const std::vector<BlockRow>& rows,
+                            Sections sections)
+{
+    std::vector<Piece> pieces;
+    std::vector<bool> isWanted(block.head().folders);
+    for (const BlockRow& row : rows) {
+        pieces.push_back(pieceOf(row, row.folder, NoFolder));
+        for (quint32 at = row.folder; at < isWanted.size() && !isWanted[at];
+             at = block.folder(at).parent)
+            isWanted[at] = true;
+    }
+    for (quint32 i = 0; i < isWanted.size(); ++i) {
+        const BlockFolder folder = block.folder(i);
+        if (isWanted[i] || (sections == Sections::All && folder.parent == NoFolder))
+            pieces.push_back(pieceOf(folder, folder.parent, i));
+    }
+    std::sort(pieces.begin(), pieces.end(),
+              [](const Piece& a, const Piece& b) { return a.offset < b.offset; });
+    return pieces;
+}
+
+/// Puts a text together of what stands in a file.
+class PartText {
 public:
-    Part(const QString& path, const FileState& state, const Block& block)
-        : m_file(PathToOpen(path))
-        , m_name(QFile::encodeName(PathToOpen(path)))
-        , m_state(state)
-        , m_block(block)
+    explicit PartText(QFile& file)
+        : m_file(file)
     {
     }
 
-    /// With what stands before the root, and its tag. False where they cannot be taken.
-    bool begin()
+    /// False where there is no such thing.
+    bool begin(const BlockHead& head)
     {
-        const BlockHead& head = m_block.head();
-        if (!m_block.isValid() || head.needsDom != 0 || head.rootOffset > s_longestProlog ||
-            !isInState() || !m_file.open(QIODevice::ReadOnly))
-            return false;
         m_text = m_file.read(qint64(head.rootOffset));
         if (m_text.startsWith("\xef\xbb\xbf"))
             m_text.remove(0, 3);
-        return isUtf8(m_text) && begin(head.rootOffset, head.rootLength);
+        return isUtf8(m_text) && beginFolder(head.rootOffset, head.rootLength, NoFolder);
     }
 
-    bool begin(quint64 offset, quint64 length)
+    bool add(const Piece& piece)
     {
-        const QByteArray tag = bytesAt(m_file, offset, length);
-        const QByteArray end = endTagOf(tag);
-        m_text += tag;
-        m_ends.prepend(end);
-        return !end.isEmpty();
-    }
-
-    /// Null where no element stands there.
-    std::unique_ptr<QDomDocument> around(quint64 offset, quint64 length)
-    {
-        const QByteArray bytes = bytesAt(m_file, offset, length);
-        if (!bytes.startsWith('<') || !bytes.endsWith('>'))
-            return nullptr;
+        while (m_open.size() > 1 && m_open.back().folder != piece.parent)
+            endFolder();
+        if (m_open.empty() || m_open.back().folder != piece.parent)
+            return false;
+        if (piece.folder != NoFolder)
+            return beginFolder(piece.offset, piece.length, piece.folder);
+        const QByteArray bytes = bytesAt(m_file, piece.offset, piece.length);
         m_text += bytes;
-        return around();
+        return bytes.startsWith('<') && bytes.endsWith('>');
     }
 
-    /// Without an element.
-    std::unique_ptr<QDomDocument> around() const
+    QByteArray finished()
     {
-        if (!isInState())
-            return nullptr;
-        return std::unique_ptr<QDomDocument>(ParseXmlDocument(QString::fromUtf8(m_text + m_ends)));
+        while (!m_open.empty())
+            endFolder();
+        return m_text;
     }
 
 private:
-    bool isInState() const
+    struct Open {
+        quint32 folder;
+        QByteArray end;
+    };
+
+    bool beginFolder(quint64 offset, quint64 length, quint32 folder)
     {
-        FileState now;
-        return findState(m_name, now) && now == m_state;
+        const QByteArray tag = bytesAt(m_file, offset, length);
+        m_text += tag;
+        if (tag.startsWith('<') && tag.endsWith("/>"))
+            return true;
+        m_open.push_back({folder, endTagOf(tag)});
+        return !m_open.back().end.isEmpty();
     }
 
-    QFile m_file;
-    QByteArray m_name;
-    const FileState& m_state;
-    const Block& m_block;
+    void endFolder()
+    {
+        m_text += m_open.back().end;
+        m_open.pop_back();
+    }
+
+    QFile& m_file;
     QByteArray m_text;
-    QByteArray m_ends;
+    std::vector<Open> m_open;
+};
+
+/// Goes through the elements of a part as its pieces say that they stand there.
+class PartWalk {
+public:
+    PartWalk(const Block& block, const QDomElement& root)
+        : m_block(block)
+        , m_open{{NoFolder, root, QDomElement()}}
+    {
+    }
+
+    /// The element of the next piece; null where something else stands there.
+    QDomElement next(const Piece& piece)
+    {
+        while (m_open.back().folder != piece.parent) {
+            if (m_open.size() == 1 || !m_open.back().next().isNull())
+                return QDomElement();
+            m_open.pop_back();
+        }
+        const QDomElement element = m_open.back().next();
+        if (!isCalled(element, piece))
+            return QDomElement();
+        m_open.back().last = element;
+        if (piece.folder != NoFolder)
+            m_open.push_back({piece.folder, element, QDomElement()});
+        return element;
+    }
+
+    /// Whether there was nothing else.
+    bool isAtEnd() const
+    {
+        return std::all_of(m_open.begin(), m_open.end(),
+                           [](const Open& open) { return open.next().isNull(); });
+    }
+
+private:
+    struct Open {
+        quint32 folder;
+        QDomElement element;
+        /// The child that was met last.
+        QDomElement last;
+
+        QDomElement next() const
+        {
+            return last.isNull() ? element.firstChildElement() : last.nextSiblingElement();
+        }
+    };
+
+    bool isCalled(const QDomElement& element, const Piece& piece) const
+    {
+        return element.tagName() == textOf(piece.kind) &&
+               element.attribute(QStringLiteral("name")) == textOf(piece.name) &&
+               element.attribute(QStringLiteral("refname")) == textOf(piece.refName) &&
+               element.attribute(QStringLiteral("linkname")) == textOf(piece.linkName);
+    }
+
+    QString textOf(TextId id) const
+    {
+        return toQString(m_block.text(id));
+    }
+
+    const Block& m_block;
+    std::vector<Open> m_open;
 };
 
 } // namespace
 
-OpenPreset openThere(const QString& path, const FileState& state, const Block& block,
-                     const BlockRow& row)
+OpenPart openPart(const QString& path, const FileState& state, const Block& block,
+                  const std::vector<BlockRow>& rows, Sections sections)
 {
-    Part part(path, state, block);
-    if (row.folder == NoFolder || !part.begin())
-        return OpenPreset();
-    const std::vector<BlockFolder> folders = foldersAbove(block, row);
-    if (!std::all_of(folders.begin(), folders.end(), [&part](const BlockFolder& folder) {
-            return part.begin(folder.offset, folder.length);
-        }))
-        return OpenPreset();
-    const std::unique_ptr<QDomDocument> dom = part.around(row.offset, row.length);
-    if (!dom)
-        return OpenPreset();
-    QDomElement element = dom->documentElement();
-    bool isRight = isAlone(element, toQString(block.text(block.head().root)));
-    for (const BlockFolder& folder : folders) {
-        element = element.firstChildElement();
-        isRight = isRight && isCalled(element, block, folder);
+    const BlockHead& head = block.head();
+    const QByteArray name = QFile::encodeName(PathToOpen(path));
+    QFile file(PathToOpen(path));
+    FileState now;
+    // Places are jumped to, and read once.
+    if (!block.isValid() || head.needsDom != 0 || head.rootOffset > s_longestProlog ||
+        std::any_of(rows.begin(), rows.end(),
+                    [](const BlockRow& row) { return row.folder == NoFolder; }) ||
+        !findState(name, now) || now != state ||
+        !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return OpenPart();
+    const std::vector<Piece> pieces = piecesOf(block, rows, sections);
+    PartText text(file);
+    if (!text.begin(head) || !std::all_of(pieces.begin(), pieces.end(),
+                                          [&text](const Piece& piece) { return text.add(piece); }))
+        return OpenPart();
+    if (!findState(name, now) || now != state)
+        return OpenPart();
+    const std::unique_ptr<QDomDocument> dom(ParseXmlDocument(QString::fromUtf8(text.finished())));
+    if (!dom || dom->documentElement().tagName() != toQString(block.text(head.root)))
+        return OpenPart();
+    OpenPart part{*dom, {}};
+    PartWalk walk(block, dom->documentElement());
+    for (const Piece& piece : pieces) {
+        const QDomElement element = walk.next(piece);
+        if (element.isNull())
+            return OpenPart();
+        if (piece.folder == NoFolder)
+            part.presets.append(element);
     }
-    element = element.firstChildElement();
-    if (!isRight || !isCalled(element, block, row))
-        return OpenPreset();
-    return {*dom, element, ReadError()};
+    return walk.isAtEnd() ? part : OpenPart();
 }
 
-QDomDocument openRoot(const QString& path, const FileState& state, const Block& block)
+OpenPreset openThere(const QString& file, const FileState& state, const Block& block,
+                     const BlockRow& row)
 {
-    Part part(path, state, block);
-    if (!part.begin())
-        return QDomDocument();
-    const std::unique_ptr<QDomDocument> dom = part.around();
-    const bool isRight =
-        dom && isAlone(dom->documentElement(), toQString(block.text(block.head().root)));
-    return isRight ? *dom : QDomDocument();
+    const OpenPart part = openPart(file, state, block, {row}, Sections::Needed);
+    return part.presets.isEmpty() ? OpenPreset() : OpenPreset{part.dom, part.presets[0], {}};
 }
 
 OpenPreset openWhole(const QString& file, const QString& path)
@@ -184,6 +282,25 @@ OpenPreset openWhole(const QString& file, const QString& path)
     else
         opened.dom = document->Dom();
     return opened;
+}
+
+std::unique_ptr<Document> documentOfRows(const QString& file, const FileState& state,
+                                         const Block& block, const std::vector<BlockRow>& rows)
+{
+    quint64 length = 0;
+    for (const BlockRow& row : rows)
+        length += row.length;
+    // All sections come along, and count each other.
+    const bool hasSamePaths = std::all_of(rows.begin(), rows.end(), [&block](const BlockRow& row) {
+        const std::vector<BlockFolder> folders = foldersAbove(block, row);
+        return row.number == 1 && std::all_of(folders.begin(), folders.end(), [](const auto& each) {
+                   return each.parent == NoFolder || each.number == 1;
+               });
+    });
+    if (!hasSamePaths || qint64(length) > state.size / s_leastGain)
+        return nullptr;
+    const OpenPart part = openPart(file, state, block, rows, Sections::All);
+    return part.dom.isNull() ? nullptr : PartialDocument::of(file, part.dom);
 }
 
 } // namespace rvopen::toolkit::catalogue

@@ -5,6 +5,7 @@
 
 #include "DocumentKinds.h"
 #include "ForeignFormat.h"
+#include "PartialDocument.h"
 #include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/RVOpenLimits.h>
@@ -157,6 +158,16 @@ bool Document::copyOf(QFile& input)
     }
     m_path = m_copy->fileName();
     return isCopied && input.error() == QFileDevice::NoError && m_copy->flush();
+}
+
+std::unique_ptr<Document> PartialDocument::of(const QString& file, const QDomDocument& dom)
+{
+    std::unique_ptr<Document> document(new Document());
+    document->m_name = file;
+    document->m_path = file;
+    document->m_dom = std::make_unique<QDomDocument>(dom);
+    document->m_kind = kindOf(dom);
+    return document;
 }
 
 } // namespace rvopen::toolkit

@@ -68,6 +68,8 @@ public:
     /// @}
 
 private:
+    friend struct PartialDocument;
+
     Document();
 
     bool copyOf(QFile& input);

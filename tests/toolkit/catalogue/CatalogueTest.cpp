@@ -14,6 +14,9 @@
 
 #include <QStringList>
 
+#include <memory>
+#include <vector>
+
 namespace rvopen::test {
 
 using namespace toolkit;
@@ -108,6 +111,89 @@ TEST_F(CatalogueTest, OpensWhatTheWholeDocumentHas)
         opened += int(alone.size());
     }
     EXPECT_GT(opened, 100);
+}
+
+TEST_F(CatalogueTest, OpensSeveralPresetsOfADocumentAsTheWholeHasThem)
+{
+    const QString file =
+        write("a.rvx", "<!-- head --><presets name='P'><bumps name='B'/><colours name='1'><dir "
+                       "name='d'><colour name='a'/><colour name='b' cat='x'>text<param/></colour>"
+                       "</dir><dir name='e'><colour name='c'/></dir></colours><colours name='2'>"
+                       "<param/><colour name='a'><!-- in --></colour><dir name='f'/></colours>" +
+                           QByteArray(400, ' ') + "</presets>");
+    const BlockStore store({file});
+    const Block& block = store.block(0);
+    ReadError error;
+    const std::unique_ptr<Document> whole = Document::Read(file, error);
+    ASSERT_TRUE(whole);
+    QStringList all;
+    forEachPreset(whole->Root(), [&all](const Preset& preset) {
+        all << preset.path + preset.folder + textOf(preset.element);
+    });
+    ASSERT_EQ(all.size(), 4);
+    for (int chosen = 0; chosen < 16; ++chosen) {
+        std::vector<BlockRow> rows;
+        QStringList wanted;
+        for (int i = 0; i < 4; ++i) {
+            if ((chosen >> i & 1) != 0) {
+                rows.push_back(block.row(quint32(i)));
+                wanted << all[i];
+            }
+        }
+        const std::unique_ptr<Document> part = documentOfRows(file, store.state(0), block, rows);
+        ASSERT_TRUE(part) << chosen;
+        QStringList found;
+        forEachPreset(part->Root(), [&found](const Preset& preset) {
+            found << preset.path + preset.folder + textOf(preset.element);
+        });
+        EXPECT_EQ(found, wanted);
+        QStringList sections;
+        for (QDomElement section = part->Root().firstChildElement(); !section.isNull();
+             section = section.nextSiblingElement())
+            sections << section.tagName() + section.attribute(QStringLiteral("name"));
+        EXPECT_EQ(sections.join(QLatin1Char(' ')), QStringLiteral("bumpsB colours1 colours2"));
+        EXPECT_EQ(part->Name(), file);
+        EXPECT_EQ(part->Folder(), whole->Folder());
+        EXPECT_EQ(part->Kind(), DocumentKind::Archive);
+    }
+}
+
+TEST_F(CatalogueTest, OpensNoPartThatHasOtherPathsOrIsMostOfTheDocument)
+{
+    const QString file =
+        write("a.rvx", "<presets><colours><colour name='a'/><colour name='a'/><dir name='d'/><dir "
+                       "name='d'><colour name='b'/></dir><colour name='c' desc='" +
+                           QByteArray(400, 'c') + "'/></colours></presets>");
+    const BlockStore store({file});
+    QString opened;
+    for (quint32 i = 0; i < 4; ++i)
+        opened += documentOfRows(file, store.state(0), store.block(0), {store.block(0).row(i)})
+                      ? QLatin1Char('1')
+                      : QLatin1Char('0');
+    EXPECT_EQ(opened, QStringLiteral("1000"));
+}
+
+TEST_F(CatalogueTest, OpensNoPartOfWhatIsAnotherDocumentNow)
+{
+    const QByteArray text = "<presets><bumps/><colours><colour name='a'/><colour name='b'/>"
+                            "</colours></presets>" +
+                            QByteArray(200, ' ');
+    const QString file = write("a.rvx", text);
+    const BlockStore store({file});
+    const std::vector<BlockRow> rows{store.block(0).row(0), store.block(0).row(1)};
+    ASSERT_EQ(openPart(file, store.state(0), store.block(0), rows, Sections::All).presets.size(),
+              2);
+    // As if nothing had told that the file changed.
+    for (const auto& [before, after] :
+         {std::pair("name='b'", "name='x'"), std::pair("<bumps/>", "<b><c/>"),
+          std::pair("<bumps/>", "<BUMPS/>"), std::pair("<colours>", "<coloors>"),
+          std::pair("<presets>", "<preset_>")}) {
+        write("a.rvx", QByteArray(text).replace(before, after));
+        FileState now;
+        ASSERT_TRUE(findState(QFile::encodeName(file), now));
+        EXPECT_TRUE(openPart(file, now, store.block(0), rows, Sections::All).dom.isNull()) << after;
+        EXPECT_FALSE(documentOfRows(file, now, store.block(0), rows)) << after;
+    }
 }
 
 TEST_F(CatalogueTest, OpensWhatHasSignsInItsNameThatPathsEscape)
