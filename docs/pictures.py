@@ -87,7 +87,7 @@ LAYERS = {
         toolkit/check/Inspecting toolkit/check/Inspection toolkit/check/Mending
         toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
         toolkit/check/RuleTable""",
-    "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members",
+    "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members toolkit/compare/SameElements",
     "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
     "Command": """
         command/Arguments command/Check command/Command command/CommandLine command/Diff

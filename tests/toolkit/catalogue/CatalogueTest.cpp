@@ -175,7 +175,7 @@ TEST_F(CatalogueTest, OpensNoPartThatHasOtherPathsOrIsMostOfTheDocument)
 
 TEST_F(CatalogueTest, OpensNoPartOfWhatIsAnotherDocumentNow)
 {
-    const QByteArray text = "<presets><bumps/><colours><colour name='a'/><colour name='b'/>"
+    const QByteArray text = "<presets><bumps/><colours><colour name='a'/><colour name='b'    />"
                             "</colours></presets>" +
                             QByteArray(200, ' ');
     const QString file = write("a.rvx", text);
@@ -185,9 +185,9 @@ TEST_F(CatalogueTest, OpensNoPartOfWhatIsAnotherDocumentNow)
               2);
     // As if nothing had told that the file changed.
     for (const auto& [before, after] :
-         {std::pair("name='b'", "name='x'"), std::pair("<bumps/>", "<b><c/>"),
-          std::pair("<bumps/>", "<BUMPS/>"), std::pair("<colours>", "<coloors>"),
-          std::pair("<presets>", "<preset_>")}) {
+         {std::pair("name='b'", "name='x'"), std::pair("    />", "/><c/>"),
+          std::pair("<bumps/>", "<b><c/>"), std::pair("<bumps/>", "<BUMPS/>"),
+          std::pair("<colours>", "<coloors>"), std::pair("<presets>", "<preset_>")}) {
         write("a.rvx", QByteArray(text).replace(before, after));
         FileState now;
         ASSERT_TRUE(findState(QFile::encodeName(file), now));
