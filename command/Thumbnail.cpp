@@ -5,6 +5,8 @@
 #include "Command.h"
 #include "Input.h"
 #include "Session.h"
+#include "toolkit/catalogue/RowScan.h"
+#include "toolkit/catalogue/SmallDocument.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
 #include "toolkit/drawing/Drawing.h"
@@ -12,15 +14,19 @@
 #include "toolkit/images/PictureApplication.h"
 
 #include <rvopen/RVOpenLimits.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace rvopen::command {
 
@@ -76,21 +82,29 @@ public:
         SetMaxInputSize(s_maxInput);
         SetMaxDocumentMemory(s_maxMemory);
         preparePictures();
-        const std::unique_ptr<Document> document = readOrFail(m_input, session);
+        // Of a document that is refused, or shows nothing, all is read, to say so.
+        const catalogue::OpenPart part = partOfFile();
+        QVector<QDomElement> elements = part.presets;
+        std::unique_ptr<Document> document;
+        if (elements.isEmpty()) {
+            document = readOrFail(m_input, session);
+            const QVector<Subject> subjects = SubjectsOf(*document);
+            for (const int i : chosen(int(subjects.size())))
+                elements.append(subjects[i].element);
+        }
         if (isSameFile(m_input, m_output))
             throw Failure(QStringLiteral("\"%1\" is the document").arg(m_output));
-        const QVector<Subject> subjects = chosen(SubjectsOf(*document));
-        if (subjects.isEmpty()) {
+        if (elements.isEmpty()) {
             session.warning(document->Name(), QStringLiteral("there is nothing to show"));
             return ExitFindings;
         }
-        const QImage image = composed(subjects);
+        const QImage image = composed(elements);
         const QByteArray bytes = encodedPicture(image, "png");
         writeOrFail(bytes, m_output);
         if (session.json) {
             QJsonObject result = Session::envelope(name());
             result.insert(QStringLiteral("written"), m_output);
-            result.insert(QStringLiteral("pictures"), int(subjects.size()));
+            result.insert(QStringLiteral("pictures"), int(elements.size()));
             result.insert(QStringLiteral("width"), image.width());
             result.insert(QStringLiteral("height"), image.height());
             session.out.json(result);
@@ -99,31 +113,64 @@ public:
     }
 
 private:
-    /// One, or as many as fill the square, evenly from all of them.
-    static QVector<Subject> chosen(const QVector<Subject>& all)
+    /// What is shown, of a file of which a pass over its text says where that stands; null of
+    /// others.
+    catalogue::OpenPart partOfFile() const
     {
-        const int places = s_maxSide * s_maxSide;
-        if (all.size() < places)
-            return all.mid(0, 1);
-        QVector<Subject> subjects;
-        for (int i = 0; i < places; ++i)
-            subjects.append(all[int(qint64(i) * all.size() / places)]);
-        return subjects;
+        catalogue::FileState state;
+        if (m_input == QLatin1String("-") ||
+            !catalogue::findState(QFile::encodeName(PathToOpen(m_input)), state))
+            return catalogue::OpenPart();
+        ReadError error;
+        const QByteArray bytes = catalogue::RowScan().blockOf(m_input, error);
+        const catalogue::Block block(catalogue::viewOf(bytes));
+        const std::vector<quint32> shown = shownIn(block);
+        std::vector<catalogue::BlockRow> rows;
+        for (const int i : chosen(int(shown.size())))
+            rows.push_back(block.row(shown[std::size_t(i)]));
+        return catalogue::openPart(m_input, state, block, rows, catalogue::Sections::Needed);
     }
 
-    QImage composed(const QVector<Subject>& subjects) const
+    /// The rows of SubjectsOf().
+    static std::vector<quint32> shownIn(const catalogue::Block& block)
     {
-        const int side = subjects.size() == 1 ? 1 : s_maxSide;
+        const bool isOfSnapShots = block.text(block.head().root) == "snapRoot";
+        std::vector<quint32> shown;
+        for (quint32 i = 0; i < block.head().rows; ++i) {
+            const catalogue::BlockRow row = block.row(i);
+            if (row.folder != catalogue::NoFolder &&
+                drawing::isDrawable(catalogue::toQString(block.text(row.kind))) &&
+                (!isOfSnapShots || block.text(block.folder(row.folder).kind) == "snapshots"))
+                shown.push_back(i);
+        }
+        return shown;
+    }
+
+    /// Of so many one, or as many as fill the square, evenly from all of them.
+    static QVector<int> chosen(int count)
+    {
+        const int places = s_maxSide * s_maxSide;
+        if (count < places)
+            return count == 0 ? QVector<int>() : QVector<int>{0};
+        QVector<int> indices;
+        for (int i = 0; i < places; ++i)
+            indices.append(int(qint64(i) * count / places));
+        return indices;
+    }
+
+    QImage composed(const QVector<QDomElement>& elements) const
+    {
+        const int side = elements.size() == 1 ? 1 : s_maxSide;
         const int cell = std::max(m_size / side, MinPictureSize);
         // Files that a document from anywhere refers to are not for its thumbnail to show.
         drawing::TextureReader textures([](const QString&) { return QString(); });
         PictureWish wish;
         wish.size = cell;
         QVector<QImage> images;
-        for (const Subject& subject : subjects) {
-            QImage image = EmbeddedPreview(subject.element.attribute(QStringLiteral("xmlImage")));
+        for (const QDomElement& element : elements) {
+            QImage image = EmbeddedPreview(element.attribute(QStringLiteral("xmlImage")));
             if (image.isNull())
-                image = drawing::drawingOf(subject.element, wish, textures)();
+                image = drawing::drawingOf(element, wish, textures)();
             if (image.width() > cell || image.height() > cell)
                 image = image.scaled(cell, cell, Qt::KeepAspectRatio, Qt::SmoothTransformation);
             images.append(image);

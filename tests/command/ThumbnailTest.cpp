@@ -249,6 +249,50 @@ INSTANTIATE_TEST_SUITE_P(
                   "archiveFilename='a'/></colours></presets>",
                   "mine/a.rvx"}));
 
+/// With a declaration of a prefix the document is built.
+TEST(Thumbnail, IsTheSameWhetherTheDocumentIsBuilt)
+{
+    QByteArray presets;
+    for (int i = 0; i < 9; ++i) {
+        presets +=
+            "<param/><colour name='c'><plainColour><param name='Colour' type='colour' val='" +
+            QByteArray::number(i / 9.0) + " 1 0'/></plainColour></colour><b/>";
+        if (i % 4 == 0)
+            presets += "</dir><dir name='d'>";
+    }
+    const QByteArray members = "<colour name='x'><plainColour><param name='Colour' type='colour' "
+                               "val='1 0 0'/></plainColour></colour>";
+    const Workspace workspace;
+    for (const QByteArray& document :
+         {"<presets><colours/><colours><dir>" + presets + "</dir></colours></presets>",
+          "<presets><colours>" + members + members + members + "</colours></presets>",
+          "<presets><colours>" + members + members + members + members.toUpper() +
+              "</colours></presets>",
+          "<snapRoot><snapshot name='now'><colour/></snapshot><snapshots name='s'><dir>" + presets +
+              "</dir>" + members + "</snapshots><others>" + presets.split('/').first() +
+              "/></others></snapRoot>",
+          QByteArray("<snapRoot><snapshot name='now'/></snapRoot>"), smallDocument(),
+          smallArchive()}) {
+        Outcome runs[2];
+        QByteArray pictures[2];
+        for (int i = 0; i < 2; ++i) {
+            QByteArray text = document;
+            if (i == 1)
+                text.replace("<presets", "<presets xmlns:p='p'")
+                    .replace("<snapRoot", "<snapRoot xmlns:p='p'");
+            workspace.write(QStringLiteral("a.rvx"), text);
+            workspace.write(QStringLiteral("a.png"), QByteArray());
+            runs[i] = thumbnail(workspace, "a.rvx", words("-s 32 --json"));
+            pictures[i] = workspace.read(QStringLiteral("a.png"));
+        }
+        EXPECT_EQ(runs[0].code, runs[1].code);
+        EXPECT_EQ(runs[0].out, runs[1].out);
+        EXPECT_EQ(runs[0].err, runs[1].err);
+        EXPECT_EQ(pictures[0], pictures[1]) << document.toStdString();
+        EXPECT_EQ(runs[0].code == 0, !pictures[0].isEmpty());
+    }
+}
+
 TEST(Thumbnail, IsNotMadeOfADocumentWithNothingToShow)
 {
     const Workspace workspace;

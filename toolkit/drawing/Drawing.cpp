@@ -204,9 +204,9 @@ Prepare prepareFor(const QString& kind)
 
 } // namespace
 
-bool isDrawable(const QDomElement& element)
+bool isDrawable(const QString& kind)
 {
-    return prepareFor(element.tagName()) != nullptr;
+    return prepareFor(kind) != nullptr;
 }
 
 Draw drawingOf(const QDomElement& element, const PictureWish& wish, TextureReader& textures)

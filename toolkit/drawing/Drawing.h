@@ -16,7 +16,7 @@
 namespace rvopen::toolkit::drawing {
 
 /// Whether there is a drawing of an element of that kind.
-bool isDrawable(const QDomElement& element);
+bool isDrawable(const QString& kind);
 
 /// Reads the values of the element and answers with what draws its picture from them, in any
 /// thread. The document is not changed. Null for an element that has no picture.

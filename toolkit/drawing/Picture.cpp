@@ -12,7 +12,7 @@ namespace rvopen::toolkit {
 
 bool IsDrawable(const QDomElement& element)
 {
-    return drawing::isDrawable(element);
+    return drawing::isDrawable(element.tagName());
 }
 
 QImage DrawPicture(const QDomElement& element, const PictureWish& wish, const FindFile& find)
