@@ -13,6 +13,7 @@
 #include <rvopen/ShaderDiffuse.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/SnapShot.h>
+#include <rvopen/SnapShots.h>
 
 #include "ManagerSupport.h"
 
@@ -20,6 +21,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 #include <vector>
 
@@ -203,6 +205,16 @@ TEST_F(FoundPresetsTest, AreNotLookedForAgainWhereTheyWereReadMeanwhile)
     EXPECT_EQ(find("z")->GetName(), "first");
 }
 
+TEST_F(FoundPresetsTest, AreNoneThatWereTakenOut)
+{
+    for (int i = 0; i < 3; ++i)
+        ASSERT_NE(find("c7"), nullptr);
+    const std::unique_ptr<RVOpenNode> preset(find("c7"));
+    preset->GetParent()->DetachNode(preset.get(), true);
+    EXPECT_EQ(find("c7"), nullptr);
+    EXPECT_EQ(find("c8")->GetRefName(), "c8");
+}
+
 TEST_F(FoundPresetsTest, AreOfTheArchiveThatIsOpenNow)
 {
     for (int i = 0; i < 3; ++i)
@@ -303,6 +315,25 @@ TEST(FoundMaterialsTest, AreTheFirstWhateverIsChanged)
         found += expected ? 1 : 0;
     }
     EXPECT_GT(found, 1000);
+}
+
+TEST(FoundMaterialsTest, AreNoneThatMovedToAnotherPalette)
+{
+    RVOpenManager manager;
+    ASSERT_TRUE(manager.LoadSnapShotDocFromString(
+        "<snapRoot><snapshots name='Model SnapShots'><snapshot name='s'><materialRepository/>"
+        "</snapshot></snapshots><snapshot name='CurrSnapshot'><materialRepository>"
+        "<material linkname='a'/><material linkname='b'/></materialRepository></snapshot>"
+        "</snapRoot>"));
+    MaterialRepository* const from = manager.GetCurrentSnapShot()->GetMaterialRepository();
+    MaterialRepository* const to =
+        manager.GetSnapShots()->GetFirstSnapShot()->GetMaterialRepository();
+    for (int i = 0; i < 3; ++i)
+        ASSERT_NE(from->GetMaterial("b"), nullptr);
+    Material* const moved = from->GetMaterial("b");
+    to->AddMaterial(moved);
+    EXPECT_EQ(from->GetMaterial("b"), nullptr);
+    EXPECT_EQ(to->GetMaterial("b"), moved);
 }
 
 } // namespace
