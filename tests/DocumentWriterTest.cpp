@@ -291,6 +291,39 @@ TEST(DocumentWriterTest, KeepsEachValueAtItsNameHoweverTheAttributesOfNeighbours
     EXPECT_EQ(text, expected + "  </a>");
 }
 
+TEST(DocumentWriterTest, WritesTheAttributeThatTookTheNodeOfAnother)
+{
+    const QStringList names{"cat", "desc", "name", "prop", "type", "val"};
+    for (int count = 1; count <= int(names.size()); ++count) {
+        for (int replaced = 0; replaced < count; ++replaced) {
+            for (const char* const value : {"a", "zzz"}) {
+                QDomDocument document;
+                document.appendChild(document.createElement("r"));
+                QString expected = "<r>\n";
+                for (int i = 0; i < 4; ++i) {
+                    QDomElement element = document.createElement("e");
+                    document.documentElement().appendChild(element);
+                    for (const QString& name : names.mid(0, count))
+                        element.setAttribute(name, "old");
+                    QString line = "<e";
+                    for (int at = 0; at < count; ++at) {
+                        const bool isReplaced = at == replaced && i % 2 == 1;
+                        line +=
+                            QStringLiteral(" %1=\"%2\"").arg(names[at], isReplaced ? value : "old");
+                    }
+                    if (i % 2 == 1) {
+                        QDomAttr attribute = document.createAttribute(names[replaced]);
+                        attribute.setValue(value);
+                        element.setAttributeNode(attribute);
+                    }
+                    expected += line + "/>\n";
+                }
+                EXPECT_EQ(XmlText(document, 0), expected + "</r>\n");
+            }
+        }
+    }
+}
+
 TEST(DocumentWriterTest, TellsAttributesOfOneNameInSeveralNamespacesApart)
 {
     const QString text = writtenElement([](QDomElement element) {

@@ -92,8 +92,8 @@ void WrittenTags::collectAttributes(const QDomNode& element)
         }
     }
     sortAttributes();
-    makeNamesUnique();
-    if (areUsual)
+    makeNamesUnique(map);
+    if (areUsual && m_attributes.size() == map.count())
         noteUsual();
     if (!areUsual || !isNameInScope)
         declareNamespaces(uri);
@@ -132,7 +132,7 @@ void WrittenTags::sortAttributes()
 
 /// Names may become the same by what takes the place of their characters, and the DOM allows two of
 /// the same name in different namespaces.
-void WrittenTags::makeNamesUnique()
+void WrittenTags::makeNamesUnique(const QDomNamedNodeMap& map)
 {
     const auto haveSameName = [](const Attribute& a, const Attribute& b) {
         return a.name == b.name;
@@ -140,6 +140,7 @@ void WrittenTags::makeNamesUnique()
     if (std::adjacent_find(m_attributes.cbegin(), m_attributes.cend(), haveSameName) ==
         m_attributes.cend())
         return;
+    dropReplaced(map);
     QSet<QString> names;
     for (Attribute& attribute : m_attributes) {
         while (names.contains(attribute.name))
@@ -147,6 +148,24 @@ void WrittenTags::makeNamesUnique()
         names.insert(attribute.name);
     }
     sortAttributes();
+}
+
+/// A node that QDomElement::setAttributeNode() replaced stays in the map, beside the one that the
+/// element answers.
+void WrittenTags::dropReplaced(const QDomNamedNodeMap& map)
+{
+    QVector<Attribute> left;
+    for (const Attribute& attribute : std::as_const(m_attributes)) {
+        const QDomNode node = map.item(attribute.place);
+        const auto isSame = [&](const Attribute& other) {
+            const QDomNode otherNode = map.item(other.place);
+            return otherNode.nodeName() == node.nodeName() && other.uri == attribute.uri;
+        };
+        if (std::count_if(m_attributes.cbegin(), m_attributes.cend(), isSame) == 1 ||
+            map.namedItem(node.nodeName()) == node)
+            left.append(attribute);
+    }
+    m_attributes = left;
 }
 
 /// An attribute that declares another namespace for a prefix than the names need gives way.

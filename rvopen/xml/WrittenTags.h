@@ -66,7 +66,8 @@ private:
     bool collectUsualAttributes(const QDomNamedNodeMap& map);
     void noteUsual();
     void sortAttributes();
-    void makeNamesUnique();
+    void makeNamesUnique(const QDomNamedNodeMap& map);
+    void dropReplaced(const QDomNamedNodeMap& map);
     void declareNamespaces(const QString& uri);
     void declareRawPrefix(const QString& name);
     void addDeclaration(const QString& prefix, const QString& uri);
