@@ -7,6 +7,9 @@
 #include "Inputs.h"
 #include "SelectionOptions.h"
 #include "Session.h"
+#include "toolkit/catalogue/BlockStore.h"
+#include "toolkit/catalogue/PathScan.h"
+#include "toolkit/catalogue/SmallDocument.h"
 #include "toolkit/edit/Labels.h"
 #include "toolkit/edit/Likeness.h"
 
@@ -18,6 +21,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace rvopen::command {
 
@@ -91,8 +96,13 @@ public:
         QVector<int> counts(int(patterns.size()));
         QVector<QString> problems(int(patterns.size()));
         QVector<Found> all;
-        forEachDocument(
+        const bool isInText =
+            !patterns.empty() && selection.isEverything() && PathScan(patterns).isPossible();
+        forEachPart(
             files, session,
+            [&](const QString& file) {
+                return isInText ? partWith(patterns, file, isOne) : nullptr;
+            },
             [&](Document& document) {
                 Found found{document.Name(), {}};
                 find(document, patterns, selection.in(document.Root()), found.values, counts);
@@ -102,7 +112,7 @@ public:
                         problems[i] = nothingHas(patterns[std::size_t(i)].Text(), document.Root());
                 }
             },
-            {}, Access::Reading, m_inputs.jobs());
+            m_inputs.jobs());
         m_selection.tellMisspelling(session);
         if (isOne && session.hasFailed())
             return ExitFailed;
@@ -128,6 +138,28 @@ public:
     }
 
 private:
+    /// The document with no more than the presets in which the patterns may find something; null
+    /// where that is not known, and, if \p isAll is needed, where one finds nothing.
+    std::unique_ptr<Document> partWith(const std::vector<PathPattern>& patterns,
+                                       const QString& file, bool isAll)
+    {
+        const catalogue::ReadBlock read = catalogue::readBlock(file);
+        std::vector<catalogue::BlockRow> rows;
+        if (!read.block.isValid() || !PathScan(patterns).findRows(file, read.block, rows))
+            return nullptr;
+        std::unique_ptr<Document> part =
+            catalogue::documentOfRows(file, read.state, read.block, rows);
+        if (part && isAll) {
+            // What was meant instead all of the document tells.
+            QVector<Value> found;
+            QVector<int> counts(int(patterns.size()));
+            find(*part, patterns, Scope(), found, counts);
+            if (counts.contains(0))
+                return nullptr;
+        }
+        return part;
+    }
+
     void find(const Document& document, const std::vector<PathPattern>& patterns,
               const Scope& scope, QVector<Value>& found, QVector<int>& counts)
     {

@@ -134,6 +134,23 @@ void forEachDocument(const QStringList& arguments, Session& session,
         forEachRead(files, jobs, session, readingOf, use);
 }
 
+void forEachPart(const QStringList& files, Session& session,
+                 const std::function<std::unique_ptr<Document>(const QString&)>& part,
+                 const std::function<void(Document&)>& visit, int jobs)
+{
+    const auto read = [&part](const QString& file) {
+        Reading reading;
+        reading.document = part(file);
+        return reading.document ? std::move(reading) : readingOf(file);
+    };
+    forEachRead(files, jobs, session, read, [&](const Reading& reading) {
+        if (reading.document)
+            visit(*reading.document);
+        else
+            session.error(reading.error);
+    });
+}
+
 void forEachSelected(const QStringList& arguments, Session& session, const Selection& selection,
                      const std::function<void(Document&)>& visit)
 {
@@ -145,26 +162,19 @@ void forEachSelected(const QStringList& arguments, Session& session, const Selec
         [&](int at, const QString& file) { session.progress(at, int(files.size()), file); });
     bool isSelected = false;
     int next = 0;
-    const auto readSelected = [&](const QString& file) {
+    const auto part = [&](const QString& file) {
         const int at = next++;
-        if (!isInRows)
-            return readingOf(file);
-        const catalogue::Block& block = store.block(at);
         std::vector<catalogue::BlockRow> rows;
-        Reading reading;
-        if (catalogue::forEachPassing(
-                block, filter,
-                [&rows](quint32, const catalogue::BlockRow& row) { rows.push_back(row); }))
-            reading.document = catalogue::documentOfRows(file, store.state(at), block, rows);
+        const bool isAll =
+            isInRows && catalogue::forEachPassing(store.block(at), filter,
+                                                  [&rows](quint32, const catalogue::BlockRow& row) {
+                                                      rows.push_back(row);
+                                                  });
         isSelected = isSelected || !rows.empty();
-        return reading.document ? std::move(reading) : readingOf(file);
+        return isAll ? catalogue::documentOfRows(file, store.state(at), store.block(at), rows)
+                     : nullptr;
     };
-    forEachRead(files, 1, session, readSelected, [&](const Reading& reading) {
-        if (reading.document)
-            visit(*reading.document);
-        else
-            session.error(reading.error);
-    });
+    forEachPart(files, session, part, visit);
     for (int i = 0; !isSelected && i < store.count(); ++i)
         catalogue::noteOthers(store.block(i), selection);
 }

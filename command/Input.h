@@ -63,6 +63,13 @@ void forEachDocument(const QStringList& arguments, Session& session,
                      const std::function<bool(const QString&, const ReadError&)>& failed = {},
                      Access access = Access::Reading, int jobs = 1);
 
+/// Calls \p visit with what \p part gives for each file, in their order: a document that may have
+/// less than the file. Where it gives null the file is read whole. With several \p jobs they are
+/// opened ahead, each in a thread of its own.
+void forEachPart(const QStringList& files, Session& session,
+                 const std::function<std::unique_ptr<toolkit::Document>(const QString&)>& part,
+                 const std::function<void(toolkit::Document&)>& visit, int jobs = 1);
+
 /// As forEachDocument() without more. Where the rows of the catalogue say what is selected in an
 /// archive, the document may have no other presets.
 void forEachSelected(const QStringList& arguments, Session& session,

@@ -5,7 +5,7 @@
 #include "Command.h"
 #include "Input.h"
 #include "Session.h"
-#include "toolkit/catalogue/RowScan.h"
+#include "toolkit/catalogue/BlockStore.h"
 #include "toolkit/catalogue/SmallDocument.h"
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/SafeFiles.h"
@@ -14,13 +14,11 @@
 #include "toolkit/images/PictureApplication.h"
 
 #include <rvopen/RVOpenLimits.h>
-#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 
@@ -117,18 +115,13 @@ private:
     /// others.
     catalogue::OpenPart partOfFile() const
     {
-        catalogue::FileState state;
-        if (m_input == QLatin1String("-") ||
-            !catalogue::findState(QFile::encodeName(PathToOpen(m_input)), state))
-            return catalogue::OpenPart();
-        ReadError error;
-        const QByteArray bytes = catalogue::RowScan().blockOf(m_input, error);
-        const catalogue::Block block(catalogue::viewOf(bytes));
-        const std::vector<quint32> shown = shownIn(block);
+        const catalogue::ReadBlock read = catalogue::readBlock(m_input);
+        const std::vector<quint32> shown = shownIn(read.block);
         std::vector<catalogue::BlockRow> rows;
         for (const int i : chosen(int(shown.size())))
-            rows.push_back(block.row(shown[std::size_t(i)]));
-        return catalogue::openPart(m_input, state, block, rows, catalogue::Sections::Needed);
+            rows.push_back(read.block.row(shown[std::size_t(i)]));
+        return catalogue::openPart(m_input, read.state, read.block, rows,
+                                   catalogue::Sections::Needed);
     }
 
     /// The rows of SubjectsOf().

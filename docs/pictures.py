@@ -62,7 +62,7 @@ LAYERS = {
         toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
-        toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues
+        toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/PathSegment
         toolkit/edit/Placement toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things
         toolkit/edit/TypedText toolkit/edit/Uses""",
     "Toolkit: images": """
@@ -80,7 +80,8 @@ LAYERS = {
         toolkit/drawing/View""",
     "Toolkit: catalogue": """
         toolkit/catalogue/Block toolkit/catalogue/BlockStore toolkit/catalogue/Catalogue
-        toolkit/catalogue/FileState toolkit/catalogue/IndexFile toolkit/catalogue/PresetList
+        toolkit/catalogue/FileState toolkit/catalogue/IndexFile toolkit/catalogue/PathScan
+        toolkit/catalogue/PresetList
         toolkit/catalogue/RowFilter toolkit/catalogue/RowScan toolkit/catalogue/RowSearch
         toolkit/catalogue/SmallDocument""",
     "Toolkit: check": """

@@ -140,6 +140,19 @@ void BlockStore::keep(const QString& name) const
     IndexFile::write(name, entries);
 }
 
+ReadBlock readBlock(const QString& file)
+{
+    ReadBlock read;
+    const QString path = PathToOpen(file);
+    if (file == QLatin1String("-") || path.isEmpty() || path.contains(QChar(0)) ||
+        !findState(QFile::encodeName(path), read.state))
+        return read;
+    ReadError error;
+    read.bytes = RowScan().blockOf(file, error);
+    read.block = Block(viewOf(read.bytes));
+    return read;
+}
+
 std::vector<BlockFolder> foldersAbove(const Block& block, const BlockRow& row)
 {
     std::vector<BlockFolder> folders;

@@ -87,6 +87,16 @@ private:
     int m_readCount = 0;
 };
 
+/// What the catalogue has of one file, read now and kept nowhere.
+struct ReadBlock {
+    /// Of the file before it was read.
+    FileState state;
+    QByteArray bytes;
+    /// Good as long as the bytes; of no document where the file is refused, or is no file.
+    Block block;
+};
+ReadBlock readBlock(const QString& file);
+
 /// \name What is made of a row
 /// In UTF-8.
 /// @{

@@ -3,8 +3,8 @@
 
 #include <rvopen/toolkit/edit/NodePath.h>
 
-#include "Condition.h"
 #include "Labels.h"
+#include "PathSegment.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
@@ -14,12 +14,6 @@
 #include <vector>
 
 namespace rvopen::toolkit {
-
-namespace {
-
-const QLatin1Char s_star('*');
-
-} // namespace
 
 QString IdentityOf(const QDomElement& element)
 {
@@ -59,19 +53,6 @@ void Walk(const QDomElement& parent, const QString& parentPath,
     }
 }
 
-struct PathPattern::Segment {
-    bool isParam = false;
-    /// Behind "//": elements may stand between this and the one before.
-    bool isDeep = false;
-    /// "*" for any, empty for any but a parameter.
-    QString kind;
-    bool hasName = false;
-    /// The parts of the name between its stars.
-    QStringList name;
-    std::vector<Condition> conditions;
-    int number = 0;
-};
-
 PathPattern::PathPattern(const QString& text)
     : m_text(text)
 {
@@ -101,7 +82,7 @@ void PathPattern::parse()
                     parts.last() += QLatin1Char('\t');
                 else
                     parts.last() += m_text[at];
-            } else if (m_text[at] == s_star) {
+            } else if (m_text[at] == AnySign) {
                 parts << QString();
             } else {
                 parts.last() += m_text[at];
@@ -135,7 +116,7 @@ void PathPattern::parse()
             segment.hasName = true;
             segment.name = take("/:@#");
         } else {
-            segment.kind = take("/:@#[").join(s_star);
+            segment.kind = take("/:@#[").join(AnySign);
             if (segment.kind.isEmpty() && !isAt('['))
                 fail(QStringLiteral("a part of it is empty"));
             while (isAt('[')) {
@@ -146,7 +127,7 @@ void PathPattern::parse()
                     fail(QStringLiteral("a \"]\" is missing"));
                 ++at;
                 if (isCondition) {
-                    segment.conditions.emplace_back(content.join(s_star));
+                    segment.conditions.emplace_back(content.join(AnySign));
                 } else if (segment.hasName) {
                     fail(QStringLiteral("it has two names for one element"));
                 } else {
@@ -158,7 +139,7 @@ void PathPattern::parse()
         if (isAt('#')) {
             ++at;
             bool isNumber = false;
-            segment.number = take("/:@").join(s_star).toInt(&isNumber);
+            segment.number = take("/:@").join(AnySign).toInt(&isNumber);
             if (!isNumber || segment.number < 1)
                 fail(QStringLiteral("a number from 1 follows a \"#\""));
         }
@@ -179,45 +160,42 @@ void PathPattern::parse()
     m_segments = std::make_shared<const std::vector<Segment>>(std::move(segments));
 }
 
+std::vector<PathPattern::Steps> PathPattern::Steps::of(const PathPattern& pattern)
+{
+    std::vector<Steps> all{{*pattern.m_segments, pattern.m_isAnchored}};
+    const Segment& first = pattern.m_segments->front();
+    if (first.hasName || first.kind.isEmpty() || first.kind == AnySign)
+        return all;
+    std::vector<Segment> named = *pattern.m_segments;
+    named.front().hasName = true;
+    named.front().name = first.kind.split(AnySign);
+    named.front().kind.clear();
+    all.emplace_back(std::move(named), pattern.m_isAnchored);
+    return all;
+}
+
 /// One search through one document.
 class PathPattern::Finder {
 public:
-    Finder(const std::vector<Segment>& segments, bool isAnchored)
-        : m_segments(segments)
-        , m_isAnchored(isAnchored)
+    explicit Finder(const Steps& steps)
+        : m_steps(steps)
     {
     }
 
-    /// \p reached: how many segments the elements down to \p parent have matched, in every way that
-    /// they can.
+    /// \p reached: of \p parent.
     void find(const QDomElement& parent, const QString& parentPath, const QVector<int>& reached)
     {
         Labels labels;
         for (QDomElement child = parent.firstChildElement(); !child.isNull();
              child = child.nextSiblingElement()) {
             const QString label = labels.next(child);
-            QVector<int> next;
-            const auto reach = [&next](int count) {
-                if (!next.contains(count))
-                    next.append(count);
-            };
             bool isMatch = false;
-            for (const int count : reached) {
-                const Segment& segment = m_segments[std::size_t(count)];
-                if (segment.isDeep)
-                    reach(count);
-                if (!isOf(segment, child, label))
-                    continue;
-                if (count + 1 == int(m_segments.size()))
-                    isMatch = true;
-                else
-                    reach(count + 1);
-            }
+            const QVector<int> next = m_steps.next(reached, isMatch, [&](const Segment& segment) {
+                return isOf(segment, child, label);
+            });
             const QString path = joined(parentPath, label);
             if (isMatch)
                 matches.append({child, path});
-            if (!m_isAnchored)
-                reach(0);
             if (!next.isEmpty())
                 find(child, path, next);
         }
@@ -228,13 +206,8 @@ public:
 private:
     bool isOf(const Segment& segment, const QDomElement& element, const QString& label)
     {
-        const bool isAnyKind = segment.kind == s_star;
-        if (segment.isParam != isParam(element) && !isAnyKind)
-            return false;
-        if (!segment.isParam && !isAnyKind && !segment.kind.isEmpty() &&
-            segment.kind != element.tagName())
-            return false;
-        if (segment.hasName && !isNamed(segment, element))
+        if (!segment.fits(element.tagName(),
+                          [&element](QLatin1String name) { return element.attribute(name); }))
             return false;
         for (const Condition& condition : segment.conditions) {
             if (!condition.holds(element, m_values))
@@ -246,17 +219,7 @@ private:
         return segment.number == 1 ? label == labelOf(element) : label == labelOf(element) + suffix;
     }
 
-    static bool isNamed(const Segment& segment, const QDomElement& element)
-    {
-        if (hasParts(element.attribute(QStringLiteral("name")), segment.name))
-            return true;
-        return !segment.isParam &&
-               (hasParts(element.attribute(QStringLiteral("refname")), segment.name) ||
-                hasParts(element.attribute(QStringLiteral("linkname")), segment.name));
-    }
-
-    const std::vector<Segment>& m_segments;
-    bool m_isAnchored;
+    const Steps& m_steps;
     ParamValues m_values;
 };
 
@@ -264,18 +227,13 @@ QVector<PathPattern::Match> PathPattern::Find(const QDomElement& root) const
 {
     if (m_segments->empty())
         return {{root, QString()}};
-    Finder finder(*m_segments, m_isAnchored);
-    finder.find(root, QString(), {0});
-    const Segment& first = m_segments->front();
-    if (!finder.matches.isEmpty() || first.hasName || first.kind.isEmpty() || first.kind == s_star)
-        return finder.matches;
-    std::vector<Segment> named = *m_segments;
-    named.front().hasName = true;
-    named.front().name = first.kind.split(s_star);
-    named.front().kind.clear();
-    Finder byName(named, m_isAnchored);
-    byName.find(root, QString(), {0});
-    return byName.matches;
+    for (const Steps& steps : Steps::of(*this)) {
+        Finder finder(steps);
+        finder.find(root, QString(), Steps::start());
+        if (!finder.matches.isEmpty())
+            return finder.matches;
+    }
+    return {};
 }
 
 QString PathPattern::Attribute() const

@@ -15,6 +15,8 @@
 
 namespace rvopen::toolkit {
 
+class PathScan;
+
 /// What an element is told by: its "name", else its "refname", else its "linkname".
 RVOPEN_TOOLKIT_EXPORT QString IdentityOf(const QDomElement& element);
 
@@ -59,7 +61,9 @@ public:
     QString Text() const;
 
 private:
+    friend class PathScan;
     struct Segment;
+    class Steps;
     class Finder;
 
     void parse();
