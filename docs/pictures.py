@@ -35,8 +35,9 @@ LAYERS = {
         RVOpenExport RVOpenLimits RVOpenPaths RVOpenReader RVOpenScanner RVOpenStatus RVOpenVersion
         RVOpenVocabulary RVOpenWriter""",
     "Nodes": """
-        RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenSchema RVOpenView ParamHelper
-        model/Binding model/FoundNodes model/HeldObject model/LookUp model/NodeAccess model/NodeCast model/Population
+        RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenObserver RVOpenSchema RVOpenView
+        ParamHelper model/Binding model/Changes model/FoundNodes model/HeldObject model/LookUp
+        model/NodeAccess model/NodeCast model/Population
         model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",

@@ -7,6 +7,7 @@
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/files/DocumentFiles.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/Names.h>
 
@@ -172,6 +173,10 @@ void DirectoryHandler::forget(int index)
     // Out of the registry first, so that nobody finds a node that is being deleted.
     const auto node = m_registry[index].node;
     m_registry.remove(index);
+    if (node.use_count() > 1)
+        return;
+    const changes::Reset reset((*node)->GetDomNode().ownerDocument());
+    node->reset();
 }
 
 DirectoryHandler* GetDirectoryHandler()

@@ -136,6 +136,7 @@ void Material::ConsolidateBaseMaterial()
     Material* const base = GetBaseMaterial();
     if (!base)
         return;
+    const changes::Block block;
     inherit(this, s_colour, base);
     inherit(this, s_finish, base);
     inherit(this, s_transparency, base);

@@ -9,6 +9,7 @@
 #include <rvopen/Material.h>
 #include <rvopen/ShaderPlainColour.h>
 #include <rvopen/Transparency.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Components.h>
 #include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/Names.h>
@@ -117,18 +118,20 @@ void MaterialRepository::AddMaterial(Material* material)
         return;
     if (!GetChild(0, 0))
         Populate();
+    const changes::Block block;
     // The end is looked for without the element, which would get a second object otherwise.
     NodeAccess::withdraw(material);
     RVOpenNode* const last = NodeAccess::lastChild(this);
-    material->SetParent(this);
-    NodeAccess::link(this, last, material);
     FoundNodes::childrenChanged(this);
+    NodeAccess::append(this, last, material);
 }
 
 void MaterialRepository::RemoveMaterial(Material* material)
 {
     if (!material)
         return;
+    const changes::Block block;
+    changes::Removal removal(material->GetDomNode());
     const bool isFirst = GetChild(0, 0) == material;
     RVOpenNode* const rest = isFirst && !material->GetNext() ? material->GetNext(0) : nullptr;
     if (rest) {
@@ -138,11 +141,13 @@ void MaterialRepository::RemoveMaterial(Material* material)
     } else {
         NodeAccess::unlink(material);
     }
+    removal.carryOut();
     delete material;
 }
 
 void MaterialRepository::Clear()
 {
+    const changes::Block block;
     while (Material* const material = GetFirstMaterial())
         RemoveMaterial(material);
 }
@@ -223,6 +228,7 @@ Material* MaterialRepository::ApplyMaterial(Material* material, QString linkName
     Material* const target = GetMaterial(linkName);
     if (!target || !material)
         return nullptr;
+    const changes::Block block;
     // Two objects may stand for one element.
     const bool itself = material->GetDomNode() == target->GetDomNode();
     if (itself || target->Equal(material, false)) {

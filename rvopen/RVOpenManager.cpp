@@ -13,6 +13,7 @@
 #include <rvopen/manager/SnapShotDocument.h>
 #include <rvopen/manager/SnapShotNames.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/TextureReferences.h>
 
 namespace rvopen {
@@ -171,6 +172,7 @@ void RVOpenManager::AddImportedSnapShot(bool useCurrentCamera)
     SnapShots* const collection = isNeeded ? m_parts->document.mainOnDemand() : GetSnapShots();
     if (!collection || !NodeAccess::childOwner(collection))
         return;
+    const changes::Block block;
     SnapShot* const current = GetCurrentSnapShot();
     m_parts->imported.addTo(collection,
                             current && useCurrentCamera ? current->GetCamera() : nullptr,
@@ -241,6 +243,7 @@ int RVOpenManager::FindRVOpenNodeTextures(RVOpenNode* node, QStringList& texture
 
 void RVOpenManager::StripTexturePaths(RVOpenNode* node)
 {
+    const changes::Block block;
     visitTextureReferences(node, BaseMaterials::Skipped, LastPathComponent);
 }
 

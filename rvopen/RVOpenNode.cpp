@@ -6,6 +6,7 @@
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/files/Containment.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/LookUp.h>
@@ -21,12 +22,6 @@ namespace {
 /// Deep inside a comparison the look-ups of components ask references for their children; a
 /// parameter would have to go through all of the public interface.
 thread_local bool t_archivesStayClosed = false;
-
-void removeFromParent(const QDomNode& node)
-{
-    if (!node.isNull())
-        node.parentNode().removeChild(node);
-}
 
 int chainLength(RVOpenNode* node)
 {
@@ -118,8 +113,12 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 
 RVOpenNode::~RVOpenNode()
 {
+    const changes::Block block;
     if (m_hasNotes)
         FoundNodes::forget(this);
+    const std::vector<RVOpenNode*> behind =
+        changes::areObserved() && !m_leavesDocument ? takeOutBehind() : std::vector<RVOpenNode*>();
+    changes::Removal removal(m_leavesDocument ? QDomNode() : m_node);
     if (m_heldAs == HeldOutside)
         Holder::lose(this);
     if (m_heldAs == HeldAside) {
@@ -131,6 +130,7 @@ RVOpenNode::~RVOpenNode()
     }
     if (m_heldAs == HeldInChain || m_previous)
         cut();
+    removal.carryOut();
     while (RVOpenNode* const child = m_sharesChild ? nullptr : m_firstChild) {
         RVOpenNode* const next = child->m_next;
         m_firstChild = next;
@@ -145,9 +145,9 @@ RVOpenNode::~RVOpenNode()
             m_next->m_previous = this;
         sibling->deleteAlone(m_leavesDocument);
     }
+    for (RVOpenNode* const sibling : behind)
+        delete sibling;
     deleteKept();
-    if (!m_leavesDocument)
-        removeFromParent(m_node);
 }
 
 RVOpenNode* RVOpenNode::GetChild(int create, int followArchive)
@@ -265,6 +265,7 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
 {
     if (!canTake(child))
         return;
+    const changes::Block block;
     RVOpenNode* owner = nullptr;
     if (RVOpenNode* const first = GetChild(1, 1)) {
         owner = first->chainOwner();
@@ -289,7 +290,8 @@ void RVOpenNode::AddNode(RVOpenNode* child, bool followArchive)
     }
     if (copies) {
         child->m_leavesDocument = 1;
-        parent->m_node.appendChild(parent->m_node.ownerDocument().importNode(child->m_node, true));
+        changes::append(parent->m_node,
+                        parent->m_node.ownerDocument().importNode(child->m_node, true));
     } else {
         child->placeUnder(parent);
     }
@@ -300,6 +302,7 @@ void RVOpenNode::InsertNode(RVOpenNode* child, int index)
 {
     if (!canTake(child))
         return;
+    const changes::Block block;
     RVOpenNode* const owner = NodeAccess::childOwner(this);
     RVOpenNode* const parent = owner ? owner : this;
     if (parent != this && !parent->canTake(child))
@@ -329,6 +332,7 @@ void RVOpenNode::DeleteNode(RVOpenNode* child)
 {
     if (!child)
         return;
+    const changes::Block block;
     DetachNode(child, true);
     const QString archive = child->GetArchiveFilename();
     if (!archive.isEmpty() && child->isArchiveInPlace())
@@ -366,7 +370,7 @@ void RVOpenNode::placeUnder(RVOpenNode* parent)
         return;
     if (m_node.parentNode() == parent->m_node)
         return;
-    parent->m_node.appendChild(m_node);
+    changes::append(parent->m_node, m_node);
     holdDocument();
 }
 
@@ -444,29 +448,26 @@ void RVOpenNode::insertHere(RVOpenNode* child, int index)
 /// Behind the element of \p previous where that stands here; otherwise all nodes count.
 void RVOpenNode::placeElement(RVOpenNode* child, int index, const RVOpenNode* previous)
 {
-    if (child->standsOutside(this)) {
+    if (child->standsOutside(this))
         child->rebindSubtree(m_node.ownerDocument().importNode(child->m_node, true));
-        child->showParent(this);
-    } else {
-        child->placeUnder(this);
-    }
-
-    if (index <= 0) {
-        m_node.insertBefore(child->m_node, m_node.firstChild());
-        return;
-    }
+    child->showParent(this);
+    QDomNode before;
     if (previous && previous->m_node.parentNode() == m_node) {
-        m_node.insertAfter(child->m_node, previous->m_node);
-        return;
+        before = previous->m_node;
+    } else if (index > 0) {
+        before = m_node.firstChild();
+        for (int position = 1; position < index && !before.isNull(); ++position)
+            before = before.nextSibling();
+        if (before.isNull())
+            before = m_node.lastChild();
     }
-    QDomNode before = m_node.firstChild();
-    for (int position = 1; position < index && !before.isNull(); ++position)
-        before = before.nextSibling();
-    m_node.insertAfter(child->m_node, before);
+    changes::insertBehind(m_node, child->m_node, before);
+    child->holdDocument();
 }
 
 void RVOpenNode::detachHere(RVOpenNode* node)
 {
+    changes::Removal removal(m_node, node->m_node);
     if (node->chainOwner() == this) {
         node->GetNext(1);
         node->unlink();
@@ -475,13 +476,14 @@ void RVOpenNode::detachHere(RVOpenNode* node)
     }
     Q_ASSERT(!m_node.isNull());
     Q_ASSERT(!node->GetDomNode().isNull());
-    node->RVOpenNode::SetDomNode(m_node.removeChild(node->m_node));
+    node->RVOpenNode::SetDomNode(removal.carryOut());
 }
 
 void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
 {
     if (oldChild->chainOwner() != this)
         return;
+    const changes::Block block;
     fetch(newChild);
     int position = 0;
     for (const RVOpenNode* node = m_firstChild; node != oldChild; node = node->m_next)
@@ -489,16 +491,6 @@ void RVOpenNode::replaceHere(RVOpenNode* oldChild, RVOpenNode* newChild)
     detachHere(oldChild);
     insertHere(newChild, position);
     delete oldChild;
-}
-
-void RVOpenNode::deleteAlone(bool leavesDocument)
-{
-    m_next = nullptr;
-    m_previous = nullptr;
-    clearHolder();
-    if (leavesDocument)
-        m_leavesDocument = 1;
-    delete this;
 }
 
 } // namespace rvopen

@@ -12,6 +12,8 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <vector>
+
 namespace rvopen {
 
 /// Base of every class of the model: one DOM node plus its place in the object tree.
@@ -294,6 +296,7 @@ private:
     void keepChildren();
     void deleteKept();
     void deleteAlone(bool leavesDocument);
+    std::vector<RVOpenNode*> takeOutBehind();
     void shareWith(const RVOpenNode& other);
     void rebindSubtree(const QDomNode& copy);
     void holdDocument();

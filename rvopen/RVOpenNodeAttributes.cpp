@@ -4,6 +4,7 @@
 #include <rvopen/RVOpenNode.h>
 
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/ValueText.h>
@@ -139,8 +140,8 @@ QString RVOpenNode::attribute(const QString& name) const
 
 void RVOpenNode::setAttribute(const QString& name, const QString& value)
 {
-    m_element.setAttribute(name, value);
     FoundNodes::attributeChanged(this, name);
+    changes::setAttribute(m_element, name, value);
 }
 
 int RVOpenNode::flag(const QString& name, int valueWhenAbsent) const

@@ -3,6 +3,7 @@
 
 #include <rvopen/RVOpenNode.h>
 
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/NodeAccess.h>
@@ -67,11 +68,12 @@ void NodeAccess::holdComponent(RVOpenNode* snapShot, RVOpenNode* component)
 
 void NodeAccess::withdraw(RVOpenNode* node)
 {
+    changes::Removal removal(node->m_node);
     RVOpenNode* const snapShot = node->m_heldAs == RVOpenNode::HeldAside ? node->holder() : nullptr;
     node->takeOut();
     if (snapShot)
         retireView(snapShot, node->m_node);
-    node->m_node.parentNode().removeChild(node->m_node);
+    removal.carryOut();
 }
 
 void NodeAccess::remake(RVOpenNode* owner, RVOpenNode* previous, const QDomNode& element)
@@ -396,6 +398,31 @@ void RVOpenNode::deleteKept()
     delete m_aside;
     m_hasAside = 0;
     m_parent = nullptr;
+}
+
+void RVOpenNode::deleteAlone(bool leavesDocument)
+{
+    m_next = nullptr;
+    m_previous = nullptr;
+    clearHolder();
+    if (leavesDocument)
+        m_leavesDocument = 1;
+    delete this;
+}
+
+/// Takes the siblings behind this node out of chain and document, one by one from the end, so that
+/// whoever is told of it finds objects for all elements that stand there still.
+std::vector<RVOpenNode*> RVOpenNode::takeOutBehind()
+{
+    std::vector<RVOpenNode*> behind;
+    for (RVOpenNode* node = this; !node->m_sharesNext && node->m_next; node = node->m_next)
+        behind.push_back(node->m_next);
+    for (auto node = behind.rbegin(); node != behind.rend(); ++node) {
+        changes::Removal removal((*node)->m_leavesDocument ? QDomNode() : (*node)->m_node);
+        (*node)->unlink();
+        removal.carryOut();
+    }
+    return behind;
 }
 
 void RVOpenNode::shareWith(const RVOpenNode& other)

@@ -3,6 +3,7 @@
 
 #include <rvopen/RenderTarget.h>
 
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/Rows.h>
 
@@ -52,12 +53,14 @@ bool shortSide(int longSide, float aspectRatio, int* out)
 RenderTarget::RenderTarget(QDomNode node)
 {
     SetDomNode(node);
+    const changes::Making making;
     SetSubCat(names::subCategory::image());
 }
 
 RenderTarget::RenderTarget(RVOpenNode* source)
     : RVOpenNode(source)
 {
+    const changes::Making making;
     SetSubCat(names::subCategory::image());
 }
 

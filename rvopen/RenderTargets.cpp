@@ -5,6 +5,7 @@
 
 #include <rvopen/RenderTarget.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -46,6 +47,7 @@ RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 
 void RenderTargets::Clear()
 {
+    const changes::Block block;
     while (RenderTarget* const target = GetFirstRenderTarget())
         NodeAccess::removeChild(this, target);
 }

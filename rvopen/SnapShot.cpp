@@ -19,6 +19,7 @@
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/XMLUtils.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -114,6 +115,7 @@ SnapShot& SnapShot::operator=(const SnapShot& other)
 
 SnapShot::~SnapShot()
 {
+    const changes::Block block;
     Components::end(this, m_scheme);
     Components::end(this, m_background);
     Components::end(this, m_foreground);
@@ -166,6 +168,7 @@ ArtificialLightStudio* SnapShot::GetArtificialLightStudio()
     if (auto* const found =
             Components::find<ArtificialLightStudio, &SnapShot::m_artificialLightStudio>(this, name))
         return found;
+    const changes::Block block;
     auto* const studio = createWithParams<ArtificialLightStudio>(this, name);
     if (!studio)
         return nullptr;
@@ -214,6 +217,7 @@ Scenery* SnapShot::CreateScenery(Scenery* source)
 
 Scheme* SnapShot::AddScheme(Scheme* scheme)
 {
+    const changes::Block block;
     if (!Components::addCopy(this, m_scheme, scheme))
         return nullptr;
     ClearBackground();
@@ -242,6 +246,7 @@ void SnapShot::AddSnapShotSettings(SnapShotSettings* settings)
 {
     if (settings == m_snapShotSettings.object || (settings && !NodeAccess::canTake(this, settings)))
         return;
+    const changes::Block block;
     if (settings)
         NodeAccess::withdraw(settings);
     Components::replace(this, m_snapShotSettings, settings);
@@ -249,6 +254,7 @@ void SnapShot::AddSnapShotSettings(SnapShotSettings* settings)
 
 NaturalLightStudio* SnapShot::CreateAndAddNaturalLightStudio()
 {
+    const changes::Block block;
     auto* const studio =
         createWithParams<NaturalLightStudio>(this, names::element::naturalLightStudio);
     return studio ? Components::replace(this, m_naturalLightStudio, studio) : nullptr;
@@ -261,6 +267,7 @@ RVOPEN_CLEAR(ClearScenery, m_scenery)
 
 void SnapShot::SetupSnapShotForSerialise()
 {
+    const changes::Block block;
     Material* material =
         m_materialRepository.object ? m_materialRepository.object->GetFirstMaterial() : nullptr;
     for (; material; material = material->GetNext())

@@ -8,6 +8,7 @@
 #include <rvopen/MaterialRepository.h>
 #include <rvopen/SnapShot.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 #include <rvopen/model/NodeCast.h>
@@ -38,6 +39,7 @@ SnapShot* SnapShots::GetFirstSnapShot()
 
 void SnapShots::Clear()
 {
+    const changes::Block block;
     while (auto* const snapShot = nodeCast<SnapShot>(GetChild(1, 1)))
         NodeAccess::removeChild(this, snapShot);
 }

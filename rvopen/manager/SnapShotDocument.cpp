@@ -9,6 +9,7 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Components.h>
 #include <rvopen/model/ValueText.h>
 #include <rvopen/xml/DomWriter.h>
@@ -29,6 +30,7 @@ SnapShotDocument::~SnapShotDocument()
 
 void SnapShotDocument::initialise(unsigned int major, unsigned int minor)
 {
+    changes::Reset reset(document());
     m_retired.keep(std::move(m_rootNode));
     for (Collection* const collection :
          {&m_main, &m_cameras, &m_backgrounds, &m_materialPalettes, &m_temporary})
@@ -52,10 +54,14 @@ void SnapShotDocument::initialise(unsigned int major, unsigned int minor)
     m_current.reset(createSnapShot());
     if (m_current)
         addDefaultComponents();
+    reset.replaceBy(document());
 }
 
 void SnapShotDocument::clear()
 {
+    if (!m_document)
+        return;
+    const changes::Reset reset(document());
     m_rootNode.reset();
     for (Collection* const collection :
          {&m_main, &m_cameras, &m_backgrounds, &m_materialPalettes, &m_temporary})
@@ -71,8 +77,10 @@ void SnapShotDocument::clear()
 
 void SnapShotDocument::load(std::unique_ptr<QDomDocument> document)
 {
+    changes::Reset reset(this->document());
     clear();
     m_document = std::move(document);
+    reset.replaceBy(*m_document);
     m_root = m_document->documentElement();
     for (QDomElement child = m_root.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
@@ -103,7 +111,7 @@ QString SnapShotDocument::text() const
 
 void SnapShotDocument::setUnitsScale(float scale)
 {
-    m_root.setAttribute(names::attribute::unitsScale(), valueText::fromFloat(scale));
+    changes::setAttribute(m_root, names::attribute::unitsScale(), valueText::fromFloat(scale));
 }
 
 RVOpenNode* SnapShotDocument::rootNode()
@@ -153,7 +161,7 @@ SnapShot* SnapShotDocument::createSnapShot()
     element.setAttribute(names::attribute::name(), names::value::currentSnapShot());
     auto* const snapShot = newBound<SnapShot>(element);
     if (snapShot)
-        m_root.appendChild(element);
+        changes::append(m_root, element);
     return snapShot;
 }
 
@@ -200,14 +208,20 @@ Background* SnapShotDocument::originalBackground()
 {
     if (m_originalBackground || !m_document)
         return m_originalBackground.get();
+    const changes::Block block;
     auto* const background = newElement<Background>(*m_document, names::element::background);
     if (!background)
         return nullptr;
     m_originalBackground.reset(background);
     background->SetSubCat(names::subCategory::horizon());
     background->PopulateParams();
-    m_root.appendChild(background->GetDomNode());
+    changes::append(m_root, background->GetDomNode());
     return background;
+}
+
+QDomDocument SnapShotDocument::document() const
+{
+    return m_document ? *m_document : QDomDocument();
 }
 
 void SnapShotDocument::addDefaultComponents()
@@ -272,10 +286,11 @@ SnapShots* SnapShotDocument::onDemand(Collection& collection, names::Name name)
 {
     if (collection || !m_document)
         return collection.get();
+    const changes::Block block;
     collection.reset(newElement<SnapShots>(*m_document, names::element::snapShots));
     if (collection) {
         collection->SetName(name());
-        m_root.appendChild(collection->GetDomNode());
+        changes::append(m_root, collection->GetDomNode());
     }
     return collection.get();
 }

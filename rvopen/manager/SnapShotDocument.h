@@ -76,6 +76,8 @@ public:
 private:
     using Collection = View<SnapShots>;
 
+    /// Null where there is none.
+    QDomDocument document() const;
     void addDefaultComponents();
     void adoptCollection(const QDomElement& element);
     template <typename Class>

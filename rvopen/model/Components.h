@@ -8,6 +8,7 @@
 #include <rvopen/ShaderColour.h>
 #include <rvopen/ShaderDiffuse.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 
@@ -76,6 +77,7 @@ Component* childOrNew(RVOpenNode* owner, const ChildKind<Component>& kind, int c
     Component* const found = create ? findAmongAll(owner, kind) : findChild(owner, kind);
     if (found || !create || !NodeAccess::childOwner(owner))
         return found;
+    const changes::Block block;
     Component* const made = newElement<Component>(owner, kind.elementName);
     if (!made)
         return nullptr;
@@ -125,6 +127,7 @@ inline bool deletesAlong(const RVOpenNode* node, const RVOpenNode* wanted)
 template <typename Component>
 void replaceChild(RVOpenNode* owner, Component* current, Component* replacement)
 {
+    const changes::Block block;
     if (current) {
         if (replacement && deletesAlong(current, replacement))
             replacement = cloneOf(replacement);
@@ -137,15 +140,14 @@ void replaceChild(RVOpenNode* owner, Component* current, Component* replacement)
 /// object. No archive is opened for it and no archive's file is deleted.
 inline void removeOwnChild(RVOpenNode* owner, names::Name elementName)
 {
-    QDomNode element = owner->GetDomNode();
-    const QDomElement wanted = element.firstChildElement(elementName());
+    const QDomElement wanted = owner->GetDomNode().firstChildElement(elementName());
     if (wanted.isNull())
         return;
     if (RVOpenNode* const child = NodeAccess::viewOf(owner, wanted)) {
         NodeAccess::detachOwn(owner, child);
         delete child;
     } else {
-        element.removeChild(wanted);
+        changes::remove(wanted);
     }
 }
 

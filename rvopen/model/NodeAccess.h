@@ -31,6 +31,13 @@ struct NodeAccess {
     {
         RVOpenNode::link(owner, previous, child);
     }
+    /// The same, with its element as the last child.
+    static void append(RVOpenNode* owner, RVOpenNode* last, RVOpenNode* child)
+    {
+        child->showParent(owner);
+        RVOpenNode::link(owner, last, child);
+        child->placeUnder(owner);
+    }
     /// From now on text of white space alone gets no object among the node's children.
     static void skipBlanks(RVOpenNode* node)
     {

@@ -3,6 +3,7 @@
 
 #include <rvopen/model/ParamAccess.h>
 
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/NodeAccess.h>
 
 namespace rvopen {
@@ -45,6 +46,7 @@ QDomElement paramElement(const RVOpenNode* owner, const QString& name)
 
 Param* addParam(RVOpenNode* node, const ParamSpec& spec)
 {
+    const changes::Block block;
     Param* const param = addOfType(node->GetParamHelper(), spec.name(), spec.type);
     if (!param)
         return nullptr;
@@ -67,6 +69,7 @@ void populateParams(RVOpenNode* node, const ParamSpec* specs, std::size_t count)
     const RVOpenNode* const owner = NodeAccess::childOwner(node);
     if (owner && !paramElement(owner, QString()).isNull())
         return;
+    const changes::Block block;
     for (std::size_t i = 0; i < count; ++i)
         addParam(node, specs[i]);
 }

@@ -9,6 +9,7 @@
 #include <rvopen/RenderTargets.h>
 #include <rvopen/Scheme.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 
@@ -48,24 +49,24 @@ struct SnapShot::Components {
     template <typename Component>
     static void remove(SnapShot* snapShot, Held<Component>& held)
     {
-        if (held.object)
-            NodeAccess::retireView(snapShot, held.object->GetDomNode());
-        destroy(snapShot, held);
+        destroy(snapShot, held,
+                [snapShot](const QDomNode& element) { NodeAccess::retireView(snapShot, element); });
     }
 
     /// Only the component's own element is taken out: what a host moved out of the component by
     /// other objects of the same elements stays where it was put.
-    template <typename Component>
-    static void destroy(const SnapShot* snapShot, Held<Component>& held)
+    template <typename Component, typename LetGo>
+    static void destroy(const SnapShot* snapShot, Held<Component>& held, LetGo letGo)
     {
         if (!held.object)
             return;
         const QDomNode element = held.object->GetDomNode();
-        drop(held);
         // A snapshot that was taken out of its document by hand may be bound to nothing.
-        QDomNode own = snapShot->GetDomNode();
-        if (!NodeAccess::leavesDocument(snapShot) && !own.isNull() && element.parentNode() == own)
-            own.removeChild(element);
+        changes::Removal removal(
+            NodeAccess::leavesDocument(snapShot) ? QDomNode() : snapShot->GetDomNode(), element);
+        letGo(element);
+        drop(held);
+        removal.carryOut();
     }
 
     /// At the end of the snapshot, when what a copy shows may be gone.
@@ -73,7 +74,7 @@ struct SnapShot::Components {
     static void end(const SnapShot* snapShot, Held<Component>& held)
     {
         if (held.owned)
-            destroy(snapShot, held);
+            destroy(snapShot, held, [](const QDomNode&) {});
     }
 
     /// Deletes the object held, leaving its element. What a copy shows is another one's.
@@ -100,10 +101,11 @@ struct SnapShot::Components {
     template <typename Component>
     static Component* replace(SnapShot* snapShot, Held<Component>& held, Component* fresh)
     {
+        const changes::Block block;
         remove(snapShot, held);
         if (fresh) {
             hold(snapShot, held, fresh);
-            snapShot->GetDomNode().appendChild(fresh->GetDomNode());
+            changes::append(snapShot->GetDomNode(), fresh->GetDomNode());
             NodeAccess::holdDocument(fresh);
         }
         return fresh;
@@ -121,6 +123,7 @@ struct SnapShot::Components {
     static Component* addCopy(SnapShot* snapShot, Held<Component>& held, Component* source,
                               Prepare prepare)
     {
+        const changes::Block block;
         // The copy comes first: the source may be the component held.
         auto* const copy = cloneOf(source);
         if (copy)
