@@ -37,8 +37,7 @@ LAYERS = {
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenObserver RVOpenSchema RVOpenView
         ParamHelper model/Binding model/Changes model/FoundNodes model/HeldObject model/LookUp
-        model/NodeAccess model/NodeCast model/Population
-        model/UnitsScale""",
+        model/NodeAccess model/NodeCast model/Population model/References model/UnitsScale host/Ref""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -144,7 +143,7 @@ def includes(*roots):
 def public_modules():
     """What a host includes."""
     exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
-    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
+    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *LIBRARY.glob("host/*.h"), *TOOLKIT.rglob("*.h")]
             if exports.search(path.read_text(encoding="utf-8"))} | {
                 "RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
 

@@ -43,6 +43,7 @@ Material::Material(RVOpenNode* source)
 
 Material::~Material()
 {
+    NodeAccess::endReferences(this);
     if (!NodeAccess::leavesDocument(this))
         removeOwnChild(this, names::element::material);
 }

@@ -75,6 +75,7 @@ RVOpenNode::RVOpenNode()
     , m_skipsBlanks(0)
     , m_makesNext(0)
     , m_makesChild(0)
+    , m_isReferred(0)
     , m_hasNotes(0)
 {
 }
@@ -113,6 +114,7 @@ RVOpenNode& RVOpenNode::operator=(const RVOpenNode& other)
 
 RVOpenNode::~RVOpenNode()
 {
+    NodeAccess::endReferences(this);
     const changes::Block block;
     if (m_hasNotes)
         FoundNodes::forget(this);

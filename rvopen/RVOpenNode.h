@@ -322,6 +322,7 @@ private:
     quint32 m_skipsBlanks : 1;    ///< Text of white space alone gets no object among the children.
     quint32 m_makesNext : 1;      ///< The next node is being made.
     quint32 m_makesChild : 1;     ///< The first child is being made.
+    quint32 m_isReferred : 1;     ///< There are handles that are to be null once it goes.
     quint32 m_hasNotes : 1;       ///< Look-ups noted it, or what is below it.
 };
 

@@ -115,6 +115,8 @@ SnapShot& SnapShot::operator=(const SnapShot& other)
 
 SnapShot::~SnapShot()
 {
+    // Whoever is told that the components go must not get at a snapshot that is half gone.
+    NodeAccess::endReferences(this);
     const changes::Block block;
     Components::end(this, m_scheme);
     Components::end(this, m_background);

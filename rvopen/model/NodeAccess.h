@@ -4,6 +4,7 @@
 #pragma once
 
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/model/References.h>
 
 #include <vector>
 
@@ -134,6 +135,21 @@ struct NodeAccess {
     {
         object->SetDomNode(node);
     }
+
+    /// \name Handles to the object
+    /// @{
+    /// Whether there are some.
+    static void setReferred(RVOpenNode* node, bool isReferred)
+    {
+        node->m_isReferred = isReferred ? 1 : 0;
+    }
+    /// They are null from now on.
+    static void endReferences(RVOpenNode* node)
+    {
+        if (node->m_isReferred)
+            host::References::end(node);
+    }
+    /// @}
 
     /// \name What FoundNodes knows
     /// @{
