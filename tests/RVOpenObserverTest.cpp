@@ -331,7 +331,8 @@ const ManagerChange s_managerChanges[] = {
      [](RVOpenManager& m) {
          first(m)->GetCamera()->GetParamHelper()->GetParam("Field Of View")->SetValFloat(30.0f);
      }},
-    {"CurrentSnapShot", [](RVOpenManager& m) { m.CreateInternalSnapShot(nullptr); }},
+    {"InternalSnapShot",
+     [](RVOpenManager& m) { m.SetResetSnapShot(m.CreateInternalSnapShot(nullptr)); }},
     {"Collection", [](RVOpenManager& m) { m.GetSnapShotsCameras(); }},
     {"OriginalBackground", [](RVOpenManager& m) { m.GetOriginalBackground(); }},
     {"AddCamera", [](RVOpenManager& m) { first(m)->AddCamera(first(m)->GetCamera()); }},
