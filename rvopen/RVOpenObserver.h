@@ -18,7 +18,7 @@ namespace rvopen {
 /// taken back from the last to the first, give the document of before: an attribute gets the value
 /// before or goes, an inserted node is taken out, a removed one is put behind its previous node.
 struct RVOpenChange {
-    /// What happened.
+    /// The kinds of changes.
     enum Kind : int {
         AttributeSet,           ///< An attribute of the node has another value.
         ChildInserted,          ///< The node stands under the parent now.
@@ -28,7 +28,7 @@ struct RVOpenChange {
         DocumentReset,          ///< Another document took its place, or none.
     };
 
-    Kind kind = AttributeSet;
+    Kind kind = AttributeSet; ///< What happened.
     /// The document of the node; of a reset the one that goes, null where there was none.
     QDomDocument document;
     /// Of a reset the document that takes the place, null where none does, and before it is known.

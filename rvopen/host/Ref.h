@@ -13,14 +13,21 @@ namespace rvopen::host {
 /// What handles of all classes have in common: an object until it goes.
 class RVOPEN_EXPORT RefBase {
 protected:
+    /// To none.
     RefBase() = default;
+    /// To \p object, which may be null.
     explicit RefBase(RVOpenNode* object);
+    /// A second handle to the same object.
     RefBase(const RefBase& other);
+    /// The other one is to none then.
     RefBase(RefBase&& other) noexcept;
+    /// As the copy.
     RefBase& operator=(const RefBase& other);
+    /// As the move.
     RefBase& operator=(RefBase&& other) noexcept;
     ~RefBase();
 
+    /// Null once it is gone.
     RVOpenNode* object() const
     {
         return m_object;
@@ -90,26 +97,32 @@ public:
     /// Equal are handles to the same object, and those to none. A handle is no key of
     /// a container, since it becomes null.
     /// @{
+    /// Whether both are to the same object, or to none.
     friend bool operator==(const Ref& a, const Ref& b)
     {
         return a.get() == b.get();
     }
+    /// Whether they are not.
     friend bool operator!=(const Ref& a, const Ref& b)
     {
         return a.get() != b.get();
     }
+    /// Whether both are to the same object, or to none.
     friend bool operator==(const Ref& a, const Class* b)
     {
         return a.get() == b;
     }
+    /// Whether they are not.
     friend bool operator!=(const Ref& a, const Class* b)
     {
         return a.get() != b;
     }
+    /// Whether both are to the same object, or to none.
     friend bool operator==(const Class* a, const Ref& b)
     {
         return a == b.get();
     }
+    /// Whether they are not.
     friend bool operator!=(const Class* a, const Ref& b)
     {
         return a != b.get();
