@@ -3,6 +3,7 @@
 
 #include <rvopen/Camera.h>
 
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Rows.h>
 
 namespace rvopen {
@@ -32,6 +33,7 @@ Camera::~Camera() = default;
 unsigned int Camera::SetPinhole(float* const from, float* const to, float* const up,
                                 int orthographic, float fieldOfView)
 {
+    const changes::Block block;
     namespace name = names::parameter;
     unsigned int status = StatusMissing;
     status = onParamAfter(status, this, name::from, &Param::SetValPoint, from);
@@ -53,6 +55,7 @@ unsigned int Camera::GetPinhole(float* const from, float* const to, float* const
 
 unsigned int Camera::SetClipping(float nearDistance, float farDistance)
 {
+    const changes::Block block;
     const unsigned int status =
         onParam(this, names::parameter::nearDistance, &Param::SetValFloat, nearDistance);
     return status | onParamAfter(StatusOk, this, names::parameter::farDistance, &Param::SetValFloat,

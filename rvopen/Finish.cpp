@@ -4,6 +4,7 @@
 #include <rvopen/Finish.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/ParamAccess.h>
@@ -38,6 +39,7 @@ unsigned int Finish::SetAndPopulateShaderClass(QString shaderClass)
 {
     if (shaderClass != names::value::litAppearance())
         return StatusUnknownShaderClass;
+    const changes::Block block;
     SetShaderClass(shaderClass);
     for (const ParamSpec& spec : s_litAppearance)
         addParam(this, spec);

@@ -44,6 +44,7 @@ Component* addComponent(Material* target, Component* incoming, Component* curren
         setFlag(alreadyPresent, 1);
         return current;
     }
+    const changes::Block block;
     Component* const copy = cloneFor(target, incoming);
     install(copy);
     return copy;

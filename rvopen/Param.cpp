@@ -4,6 +4,7 @@
 #include <rvopen/Param.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
@@ -223,6 +224,7 @@ unsigned int Param::setValue(const QString& text)
 
 void Param::setTypeAndValue(const QString& type, const QString& text)
 {
+    const changes::Block block;
     NodeAccess::setAttribute(this, names::attribute::type(), type);
     setValue(text);
 }

@@ -5,6 +5,7 @@
 
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/LookUp.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
@@ -17,14 +18,14 @@ namespace {
 
 /// Gives a new parameter its type and value and links it as the owner's last child.
 template <typename Setter, typename Value>
-Param* add(RVOpenNode* owner, Param* param, Setter setter, Value value)
+Param* add(ParamHelper* helper, RVOpenNode* owner, const QString& name, Setter setter, Value value)
 {
+    if (!NodeAccess::childOwner(owner))
+        return nullptr;
+    const changes::Block block;
+    Param* const param = helper->CreateParam(name);
     if (!param)
         return nullptr;
-    if (!NodeAccess::childOwner(owner)) {
-        delete param;
-        return nullptr;
-    }
     (param->*setter)(value);
     owner->AddNode(param, true);
     return param;
@@ -71,40 +72,40 @@ Param* ParamHelper::AddFloatParam(QString name)
 
 Param* ParamHelper::AddFloatParam(QString name, float value)
 {
-    return add(m_owner, CreateParam(name), &Param::SetTypeFloat, value);
+    return add(this, m_owner, name, &Param::SetTypeFloat, value);
 }
 
 Param* ParamHelper::AddIntParam(QString name)
 {
-    return add(m_owner, CreateParam(name), &Param::SetTypeInt, 0);
+    return add(this, m_owner, name, &Param::SetTypeInt, 0);
 }
 
 Param* ParamHelper::AddStringParam(QString name)
 {
-    return add(m_owner, CreateParam(name), &Param::SetTypeString, QString());
+    return add(this, m_owner, name, &Param::SetTypeString, QString());
 }
 
 Param* ParamHelper::AddBoolParam(QString name)
 {
-    return add(m_owner, CreateParam(name), &Param::SetTypeBool, 1);
+    return add(this, m_owner, name, &Param::SetTypeBool, 1);
 }
 
 Param* ParamHelper::AddColourParam(QString name)
 {
     float white[] = {1.0f, 1.0f, 1.0f};
-    return add(m_owner, CreateParam(name), &Param::SetTypeColour, white);
+    return add(this, m_owner, name, &Param::SetTypeColour, white);
 }
 
 Param* ParamHelper::AddVectorParam(QString name)
 {
     float unit[] = {1.0f, 1.0f, 1.0f};
-    return add(m_owner, CreateParam(name), &Param::SetTypeVector, unit);
+    return add(this, m_owner, name, &Param::SetTypeVector, unit);
 }
 
 Param* ParamHelper::AddPointParam(QString name)
 {
     float unit[] = {1.0f, 1.0f, 1.0f};
-    return add(m_owner, CreateParam(name), &Param::SetTypePoint, unit);
+    return add(this, m_owner, name, &Param::SetTypePoint, unit);
 }
 
 Param* ParamHelper::FindParam(QString name)

@@ -168,11 +168,11 @@ void RVOpenManager::ImportSnapShotDoc(QString path, bool useCurrentCamera, bool 
 
 void RVOpenManager::AddImportedSnapShot(bool useCurrentCamera)
 {
+    const changes::Block block;
     const bool isNeeded = m_parts->imported.hasSnapShots();
     SnapShots* const collection = isNeeded ? m_parts->document.mainOnDemand() : GetSnapShots();
     if (!collection || !NodeAccess::childOwner(collection))
         return;
-    const changes::Block block;
     SnapShot* const current = GetCurrentSnapShot();
     m_parts->imported.addTo(collection,
                             current && useCurrentCamera ? current->GetCamera() : nullptr,

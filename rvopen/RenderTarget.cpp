@@ -83,6 +83,7 @@ unsigned int RenderTarget::SetModelHint(float hint)
     Param* const param = findParam(this, names::parameter::modelHint);
     if (!param || !param->IsFloat())
         return StatusMissing;
+    const changes::Block block;
     if (!param->IsDimensional())
         NodeAccess::setAttribute(param, names::attribute::prop(), names::value::dimensional());
     return param->SetValFloat(hint);

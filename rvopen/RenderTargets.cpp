@@ -39,6 +39,7 @@ RenderTarget* RenderTargets::CreateRenderTarget(RenderTarget* source)
 {
     if (source)
         return cloneOf(source);
+    const changes::Block block;
     auto* const target = newElement<RenderTarget>(this, names::element::renderTarget);
     if (target)
         target->PopulateParams();

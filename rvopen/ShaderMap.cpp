@@ -4,6 +4,7 @@
 #include <rvopen/ShaderMap.h>
 
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/ComponentEquality.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/Rows.h>
@@ -18,6 +19,7 @@ template <typename Setter, typename Value>
 unsigned int setPair(RVOpenNode* node, const ParamSpec& first, const ParamSpec& second,
                      Setter setter, Value firstValue, Value secondValue)
 {
+    const changes::Block block;
     const unsigned int firstStatus = onParamOrNew(node, first, setter, firstValue);
     const unsigned int secondStatus = onParamOrNew(node, second, setter, secondValue);
     return secondStatus == StatusOk || findParam(node, second.name) ? secondStatus : firstStatus;

@@ -3,6 +3,7 @@
 
 #include <rvopen/SnapShotSettings.h>
 
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Rows.h>
 
 namespace rvopen {
@@ -73,6 +74,7 @@ RVOPEN_GET_TEXT(SnapShotSettings, GetSessionName, sessionFolder)
 
 unsigned int SnapShotSettings::SetBackgroundReflected(QString path, float intensity)
 {
+    const changes::Block block;
     const unsigned int status =
         onParamOrNew(this, {names::parameter::reflectedEnvIntensity, ParamType::Float},
                      &Param::SetValFloat, intensity);
@@ -92,6 +94,7 @@ QString SnapShotSettings::GetBackgroundReflected(float* intensity)
 unsigned int SnapShotSettings::SetOrientationInfo(float* const up, float* const north,
                                                   float* const frontFace)
 {
+    const changes::Block block;
     return onOrientation(this, &Param::SetValVector, up, north, frontFace);
 }
 

@@ -9,6 +9,7 @@
 #include <rvopen/Material.h>
 #include <rvopen/Transparency.h>
 #include <rvopen/model/Binding.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Components.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/Names.h>
@@ -69,6 +70,7 @@ Material* TemporaryItems::GetMaterial() const
 
 void TemporaryItems::SetMaterial(Material* material)
 {
+    const changes::Block block;
     hold(m_material, material);
     // Only what is in the copy itself: where the original stands for an archive, that stays whole.
     if (Material* const copy = heldIn(m_material))

@@ -8,8 +8,10 @@
 
 #include <rvopen/ArtificialLightStudio.h>
 #include <rvopen/Background.h>
+#include <rvopen/Bump.h>
 #include <rvopen/Camera.h>
 #include <rvopen/Colour.h>
+#include <rvopen/Finish.h>
 #include <rvopen/Material.h>
 #include <rvopen/MaterialRepository.h>
 #include <rvopen/Param.h>
@@ -17,10 +19,13 @@
 #include <rvopen/RenderTarget.h>
 #include <rvopen/RenderTargets.h>
 #include <rvopen/Scheme.h>
+#include <rvopen/ShaderColour.h>
+#include <rvopen/ShaderMap.h>
 #include <rvopen/SnapShotSettings.h>
 #include <rvopen/TemporaryItems.h>
 
 #include <memory>
+#include <thread>
 
 namespace rvopen::test {
 namespace {
@@ -172,6 +177,23 @@ TEST(RVOpenObserver, OfADocumentHearsNothingOfOthers)
     EXPECT_EQ(observer.take(), "a:N @name: nothing -> 'N'\n.");
 }
 
+TEST(RVOpenObserver, HearsOfTheChangesOfItsOwnThread)
+{
+    Family mine;
+    RecordingObserver here;
+    QString there;
+    std::thread([&there] {
+        Family other;
+        RecordingObserver observer;
+        other.root->SetName("N");
+        there = observer.take();
+    }).join();
+    EXPECT_EQ(here.take(), "");
+    EXPECT_EQ(there, "a:N @name: nothing -> 'N'\n.");
+    mine.root->SetName("M");
+    EXPECT_EQ(here.take(), "a:M @name: nothing -> 'M'\n.");
+}
+
 TEST(RVOpenObserver, HearsNothingOnceItHasEnded)
 {
     Family family;
@@ -268,6 +290,44 @@ TEST(RVOpenBlock, MakesAllChangesInItOne)
     EXPECT_EQ(observer.lines.last(), ".");
 }
 
+TEST(RVOpenBlock, IsOneForARenderTargetThatIsCreated)
+{
+    const QDomDocument document = parse("<renderTargets/>");
+    const auto targets = bind<RenderTargets>(document.documentElement());
+    RecordingObserver observer(document);
+    const std::unique_ptr<RenderTarget> made(targets->CreateRenderTarget(nullptr));
+    EXPECT_GT(observer.lines.size(), 10);
+    EXPECT_EQ(observer.lines.count("."), 1);
+}
+
+TEST(RVOpenBlock, IsOneForAnImport)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("import.xml");
+    writeFile(path, "<snapRoot><snapshots name=\"Model SnapShots\"><snapshot name=\"A\"/>"
+                    "<snapshot name=\"B\"/></snapshots></snapRoot>");
+    RVOpenManager manager;
+    load(manager, "<snapRoot/>");
+    RecordingObserver observer(manager.GetRootNode()->GetDomNode().ownerDocument());
+    manager.ImportSnapShotDoc(path, false, true);
+    EXPECT_EQ(namesIn(manager.GetSnapShots()), "A B");
+    EXPECT_EQ(observer.lines.count("."), 1);
+}
+
+TEST(RVOpenBlock, IsOneForWhatTheClipboardGets)
+{
+    const QDomDocument document = parse("<material><colour/><material/></material>");
+    const auto material = bind<Material>(document.documentElement());
+    TemporaryItems items;
+    items.SetMaterial(material.get());
+    items.GetMaterial()->GetColour(0);
+    RecordingObserver observer(document);
+    items.SetMaterial(material.get());
+    EXPECT_EQ(observer.take(),
+              "removing colour in material at 0\nremoved colour in material at 0\n"
+              "removing material in material at 1\nremoved material in material at 1\n.");
+}
+
 TEST(RVOpenBlock, WithoutAChangeIsNotToldOf)
 {
     RecordingObserver observer;
@@ -289,13 +349,18 @@ protected:
     {
         load(manager,
              R"(<snapRoot unitsScale="1"><snapshots name="Model SnapShots">
-<snapshot name="S1"><camera><param name="Field Of View" type="float" val="45"/></camera>
+<snapshot name="S1"><camera><param name="Field Of View" type="float" val="45"/>
+<param name="From" type="point" val="0 0 0"/><param name="To" type="point" val="0 0 0"/>
+<param name="Near" type="float" val="1"/><param name="Far" type="float" val="2"/></camera>
 <scheme name="T"/><background/><foreground/><naturalLightStudio/>
 <materialRepository><material linkname="L"><colour name="C"/><finish name="F"/></material>
 <material linkname="M"><colour name="D"/><bump/></material></materialRepository>
-<renderTargets><renderTarget/></renderTargets><snapShotSettings/></snapshot>
+<renderTargets><renderTarget><param name="Model Hint" type="float" val="1"/></renderTarget>
+</renderTargets><snapShotSettings><param name="Orientation Up" type="vector" val="0 0 0"/>
+<param name="Orientation North" type="vector" val="0 0 0"/></snapShotSettings></snapshot>
 <snapshot name="S2"/></snapshots><snapshot name="CurrSnapshot"/></snapRoot>)");
-        snapShot(manager)->GetMaterialRepository();
+        Material* const material = snapShot(manager)->GetMaterialRepository()->GetMaterial("M");
+        material->GetBump(0)->GetColour()->GetMap(1);
     }
     static SnapShot* snapShot(RVOpenManager& of)
     {
@@ -335,6 +400,51 @@ const ManagerChange s_managerChanges[] = {
      }},
     {"InternalSnapShot",
      [](RVOpenManager& m) { m.SetResetSnapShot(m.CreateInternalSnapShot(nullptr)); }},
+    {"Pinhole",
+     [](RVOpenManager& m) {
+         float one[] = {1, 2, 3}, other[] = {4, 5, 6};
+         first(m)->GetCamera()->SetPinhole(one, other, one, 0, 30.0f);
+     }},
+    {"Clipping", [](RVOpenManager& m) { first(m)->GetCamera()->SetClipping(3.0f, 4.0f); }},
+    {"Orientation",
+     [](RVOpenManager& m) {
+         float one[] = {1, 2, 3};
+         first(m)->GetSnapShotSettings()->SetOrientationInfo(one, one, one);
+     }},
+    {"BackgroundReflected",
+     [](RVOpenManager& m) {
+         first(m)->GetSnapShotSettings()->SetBackgroundReflected("a.png", 2.0f);
+     }},
+    {"Mapping",
+     [](RVOpenManager& m) {
+         palette(m)->GetMaterial("M")->GetBump(0)->GetColour()->GetMap(0)->SetMapping(1, 1);
+     }},
+    {"ModelHint",
+     [](RVOpenManager& m) {
+         first(m)->GetRenderTargets()->GetFirstRenderTarget()->SetModelHint(3.0f);
+     }},
+    {"TypeOfAParam",
+     [](RVOpenManager& m) {
+         first(m)->GetCamera()->GetParamHelper()->GetParam("Near")->SetTypeInt(7);
+     }},
+    {"AddedParam",
+     [](RVOpenManager& m) { first(m)->GetCamera()->GetParamHelper()->AddFloatParam("New", 2.0f); }},
+    {"CreatedParam", [](RVOpenManager& m) { first(m)->GetSnapShotSettings()->SetSelected(0); }},
+    {"ShaderClass",
+     [](RVOpenManager& m) {
+         palette(m)->GetMaterial("L")->GetFinish()->SetAndPopulateShaderClass("lit appearance");
+     }},
+    {"FinishThatResets",
+     [](RVOpenManager& m) {
+         RVOpenManager other;
+         load(other, "<snapRoot><snapshot name=\"C\"><materialRepository><material>"
+                     "<finish reset=\"1\"/></material></materialRepository></snapshot></snapRoot>");
+         Material* const source =
+             other.GetCurrentSnapShot()->GetMaterialRepository()->GetFirstMaterial();
+         palette(m)->AddFinish(source->GetFinish(), "M", nullptr);
+     }},
+    {"AddBaseMaterial",
+     [](RVOpenManager& m) { palette(m)->AddBaseMaterial(palette(m)->GetMaterial("M"), "L"); }},
     {"Collection", [](RVOpenManager& m) { m.GetSnapShotsCameras(); }},
     {"OriginalBackground", [](RVOpenManager& m) { m.GetOriginalBackground(); }},
     {"AddCamera", [](RVOpenManager& m) { first(m)->AddCamera(first(m)->GetCamera()); }},
@@ -432,6 +542,9 @@ TEST(RVOpenObserver, OfAnArchiveHearsWhatAReferenceForwardsAndItsEnd)
     const auto root = create(document.documentElement());
     RVOpenNode* const reference = root->GetChild(1, 1);
     RecordingObserver ofDocument(document);
+    const RecordingObserver ofAll;
+    reference->GetChild(1, 1);
+    EXPECT_EQ(ofAll.lines.size(), 0) << "opening changes nothing";
     RecordingObserver ofArchive(
         GetDirectoryHandler()->LoadArchive(file)->GetDomNode().ownerDocument());
     reference->DeleteNode(reference->GetChild(1, 1));

@@ -215,37 +215,35 @@ TEST(Ref, DoesNotFollowToANewObjectAtTheSamePlace)
     EXPECT_FALSE(another);
 }
 
-TEST(Ref, IsNullBeforeAnObserverIsToldOfTheEndOfItsObject)
+/// A document of whose root the first child is deleted.
+struct Ending {
+    const char* name;
+    const char* document;
+    std::size_t told; ///< How many changes.
+};
+
+class Endings : public ::testing::TestWithParam<Ending> {};
+
+TEST_P(Endings, AreToldOfWhenTheHandleIsNull)
 {
-    const QDomDocument document = parse("<a><b/></a>");
+    const QDomDocument document = parse(GetParam().document);
     const auto root = create(document.documentElement());
-    const Ref<> b(root->GetChild(1, 1));
+    const Ref<> handle(root->GetChild(1, 1));
     RecordingObserver observer;
-    observer.whenTold = [&](const RVOpenChange&) { EXPECT_FALSE(b); };
-    delete b.get();
-    EXPECT_EQ(observer.changes.size(), 2U);
+    observer.whenTold = [&](const RVOpenChange&) { EXPECT_FALSE(handle); };
+    delete handle.get();
+    EXPECT_EQ(observer.changes.size(), GetParam().told);
 }
 
-TEST(Ref, IsNullBeforeTheComponentsOfItsSnapShotGo)
-{
-    Objects objects;
-    const Ref<SnapShot> snapShot(objects.snapShot);
-    RecordingObserver observer;
-    observer.whenTold = [&](const RVOpenChange&) { EXPECT_FALSE(snapShot); };
-    delete objects.snapShot;
-    EXPECT_GT(observer.changes.size(), 4U);
-}
+// Classes that take something out of their element before they end.
+const Ending s_endings[] = {
+    {"OfANode", "<a><b/></a>", 2},
+    {"OfASnapShot", "<snapshots><snapshot><camera/><scheme/></snapshot></snapshots>", 6},
+    {"OfAMaterialWithABase", "<materials><material><material/></material></materials>", 4},
+};
 
-TEST(Ref, IsNullBeforeTheBaseOfItsMaterialGoes)
-{
-    const QDomDocument document = parse("<materials><material><material/></material></materials>");
-    const auto root = create(document.documentElement());
-    const Ref<> material(root->GetChild(1, 1));
-    RecordingObserver observer;
-    observer.whenTold = [&](const RVOpenChange&) { EXPECT_FALSE(material); };
-    delete material.get();
-    EXPECT_EQ(observer.changes.size(), 4U);
-}
+INSTANTIATE_TEST_SUITE_P(Ref, Endings, ::testing::ValuesIn(s_endings),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Ref, IsThereStillWhereTheRemovalOfAComponentIsAnnounced)
 {

@@ -34,8 +34,8 @@ struct Observers {
 };
 
 /// The one way to change a document that somebody may look at. What a document is built from before
-/// anybody has it needs no telling. Without observers each costs one test more than the DOM's own
-/// operation.
+/// anybody has it needs no telling. Without observers each costs little more than the DOM's own
+/// operation: a test of whether there are some.
 ///
 /// Whoever is told may walk the objects, which makes those that are missing: at each of these calls
 /// the objects have to be what the document is, or will be. So an object is linked before its

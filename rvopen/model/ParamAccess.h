@@ -5,6 +5,7 @@
 
 #include <rvopen/Param.h>
 #include <rvopen/RVOpenStatus.h>
+#include <rvopen/model/Changes.h>
 #include <rvopen/model/Names.h>
 #include <rvopen/model/NodeAccess.h>
 
@@ -85,6 +86,7 @@ unsigned int onParamOrNew(RVOpenNode* node, const ParamSpec& spec, Operation ope
                           Arguments&&... arguments)
 {
     Param* param = findParam(node, spec.name);
+    const changes::Block block;
     if (!param) {
         const QDomElement element = hiddenParam(node, spec.name());
         if (!element.isNull()) {
