@@ -311,4 +311,13 @@ QByteArray largeArchive(int presets)
     return xml + "</dir>\n</materials>\n</presets>\n";
 }
 
+QByteArray declaringAPrefix(QByteArray document)
+{
+    const QByteArray plain = document;
+    document.replace("<snapRoot", "<snapRoot xmlns:p=\"p\"")
+        .replace("<presets", "<presets xmlns:p=\"p\"");
+    EXPECT_NE(document, plain);
+    return document;
+}
+
 } // namespace rvopen::test

@@ -95,5 +95,7 @@ QByteArray smallDocument();
 QByteArray smallArchive();
 /// An archive with so many materials in folders of a hundred.
 QByteArray largeArchive(int presets);
+/// The same document with a prefix declared at its root, for which each command builds it.
+QByteArray declaringAPrefix(QByteArray document);
 
 } // namespace rvopen::test

@@ -35,22 +35,17 @@ bool PathScan::findRows(const QString& file, const Block& block, std::vector<Blo
     m_places.clear();
     if (!ScanFile(file))
         return false;
-    std::vector<BlockRow> all;
-    for (quint32 i = 0; i < block.head().rows; ++i) {
-        // The current snapshot is around others.
-        if (block.row(i).folder != NoFolder)
-            all.push_back(block.row(i));
-    }
-    auto row = all.begin();
-    bool isTaken = false;
+    const quint32 count = block.head().rows;
+    quint32 next = 0;
     for (const quint64 place : m_places) {
-        for (; row != all.end() && row->offset + row->length <= place; ++row)
-            isTaken = false;
-        if (row == all.end() || row->offset > place)
+        // The current snapshot is around others.
+        while (next < count && (block.row(next).folder == NoFolder ||
+                                block.row(next).offset + block.row(next).length <= place))
+            ++next;
+        if (next == count || block.row(next).offset > place)
             return false;
-        if (!isTaken)
-            rows.push_back(*row);
-        isTaken = true;
+        if (rows.empty() || rows.back().offset != block.row(next).offset)
+            rows.push_back(block.row(next));
     }
     return true;
 }
