@@ -37,7 +37,7 @@ LAYERS = {
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenObserver RVOpenSchema RVOpenView
         ParamHelper model/Binding model/Changes model/FoundNodes model/HeldObject model/LookUp
-        model/NodeAccess model/NodeCast model/Population model/References model/UnitsScale host/Ref""",
+        model/NodeAccess model/NodeCast model/Population model/References model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -51,6 +51,7 @@ LAYERS = {
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
         manager/SnapShotDocument manager/SnapShotNames""",
+    "Hosts": "host/Children host/Owned host/Ref",
     "Toolkit: schema": """
         toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
         toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck
@@ -143,8 +144,9 @@ def includes(*roots):
 def public_modules():
     """What a host includes."""
     exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
-    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *LIBRARY.glob("host/*.h"), *TOOLKIT.rglob("*.h")]
+    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
             if exports.search(path.read_text(encoding="utf-8"))} | {
+                module_of(path) for path in LIBRARY.glob("host/*.h")} | {
                 "RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
 
 

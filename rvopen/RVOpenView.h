@@ -57,6 +57,12 @@ public:
     {
         return m_object;
     }
+    /// The object, which is the caller's then: its end takes its element out of the document, as
+    /// that of any other object does.
+    [[nodiscard]] Class* release()
+    {
+        return std::exchange(m_object, nullptr);
+    }
     /// As get().
     Class* operator->() const
     {
