@@ -51,7 +51,7 @@ LAYERS = {
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
         manager/SnapShotDocument manager/SnapShotNames""",
-    "Hosts": "host/Children host/Owned host/Ref",
+    "Hosts": "host/CameraValues host/Children host/Find host/Owned host/Ref host/Values",
     "Toolkit: schema": """
         toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
         toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck

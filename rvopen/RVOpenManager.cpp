@@ -115,6 +115,11 @@ SnapShots* RVOpenManager::GetSnapShots() const
     return m_parts->document.main();
 }
 
+SnapShots* RVOpenManager::FindSnapShots(SnapShots::SnapShotType type) const
+{
+    return m_parts->document.ofType(type);
+}
+
 int RVOpenManager::GetNumSnapShots() const
 {
     int number = 0;

@@ -111,7 +111,10 @@ public:
     SnapShot* GetImportCurrentSnapShot() const;
     /// The "Model SnapShots" collection; null when the document has none.
     SnapShots* GetSnapShots() const;
-    /// Number of snapshots in that collection; 0 without one.
+    /// The collection of that type as far as the document has it, where the getters of most create
+    /// it; null otherwise.
+    SnapShots* FindSnapShots(SnapShots::SnapShotType type) const;
+    /// Number of snapshots in "Model SnapShots"; 0 without one.
     int GetNumSnapShots() const;
     /// A free-standing deep copy of \p source, or for null a new snapshot "CurrSnapshot" under the
     /// document's root. The caller owns it. Null without a document or when memory is exhausted.
