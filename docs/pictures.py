@@ -51,7 +51,9 @@ LAYERS = {
     "Manager": """
         RVOpenManager manager/ImportedDocument manager/PresetArchives manager/Retired
         manager/SnapShotDocument manager/SnapShotNames""",
-    "Hosts": "host/CameraValues host/Children host/Find host/Owned host/Ref host/Values",
+    "Hosts": """
+        host/CameraValues host/Children host/Documents host/Find host/OpenArchive host/Owned
+        host/Ref host/Result host/Values""",
     "Toolkit: schema": """
         toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
         toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck

@@ -23,20 +23,6 @@ namespace {
 
 DirectoryHandler s_directoryHandler;
 
-/// The file of the archive that the node or its nearest ancestor names; empty when none does. A
-/// detached node keeps its parent link, but its element stands nowhere, and that parent may be
-/// gone.
-QString archiveAround(const RVOpenNode* node)
-{
-    while (node) {
-        const QString filename = node->GetArchiveFilename();
-        if (!filename.isEmpty())
-            return filename;
-        node = node->GetDomNode().parentNode().isNull() ? nullptr : node->GetParent();
-    }
-    return QString();
-}
-
 } // namespace
 
 DirectoryHandler::DirectoryHandler() = default;
@@ -101,6 +87,24 @@ RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
     return node;
 }
 
+bool DirectoryHandler::IsArchiveOpen(QString filename) const
+{
+    return openArchive(filename) != nullptr;
+}
+
+QString DirectoryHandler::GetArchiveAround(const RVOpenNode* node) const
+{
+    while (node) {
+        const QString filename = node->GetArchiveFilename();
+        if (!filename.isEmpty())
+            return filename;
+        // A detached node keeps its parent link, but its element stands nowhere, and that parent
+        // may be gone.
+        node = node->GetDomNode().parentNode().isNull() ? nullptr : node->GetParent();
+    }
+    return QString();
+}
+
 bool DirectoryHandler::SaveArchive(QString filename)
 {
     const RVOpenNode* node = nullptr;
@@ -108,8 +112,10 @@ bool DirectoryHandler::SaveArchive(QString filename)
         if (entry.filename == filename)
             node = entry.node->get();
     }
-    if (!node)
+    if (!node) {
+        tellOfWriting(notOpen(filename));
         return false;
+    }
     const QDomDocument doc = node->GetDomNode().ownerDocument();
     Q_ASSERT(!doc.isNull());
     return !doc.isNull() && saveDocument(doc, filename) == SaveResult::Saved;
@@ -117,13 +123,16 @@ bool DirectoryHandler::SaveArchive(QString filename)
 
 bool DirectoryHandler::SaveArchive(RVOpenNode* node)
 {
-    const QString filename = archiveAround(node);
-    return !filename.isEmpty() && GetDirectoryHandler()->SaveArchive(filename);
+    const QString filename = GetArchiveAround(node);
+    if (!filename.isEmpty())
+        return GetDirectoryHandler()->SaveArchive(filename);
+    tellOfWriting({filename, QStringLiteral("The node belongs to no archive")});
+    return false;
 }
 
 bool DirectoryHandler::ArchiveWritable(RVOpenNode* node)
 {
-    const QString filename = archiveAround(node);
+    const QString filename = GetArchiveAround(node);
     return !filename.isEmpty() &&
            QFile::permissions(PathToOpen(filename)).testFlag(QFile::WriteUser);
 }

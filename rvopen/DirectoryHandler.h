@@ -54,6 +54,10 @@ public:
 
     /// The root node of the archive, read on first request; null if it cannot be read.
     RVOpenNode* LoadArchive(QString filename);
+    /// Whether the archive is open.
+    bool IsArchiveOpen(QString filename) const;
+    /// The file name of the archive that \p node or its nearest ancestor names; empty if none does.
+    QString GetArchiveAround(const RVOpenNode* node) const;
     /// Writes an open archive back to its file as RVOpenManager::SaveArchive() does: in UTF-8,
     /// indented by 3, attributes by name, U+FFFD for forbidden characters. False if it is not open
     /// or cannot be written; the file is as it was then.

@@ -179,9 +179,9 @@ void RVOpenManager::AddImportedSnapShot(bool useCurrentCamera)
     if (!collection || !NodeAccess::childOwner(collection))
         return;
     SnapShot* const current = GetCurrentSnapShot();
-    m_parts->imported.addTo(collection,
-                            current && useCurrentCamera ? current->GetCamera() : nullptr,
-                            current ? current->GetSnapShotSettings() : nullptr);
+    tellOfWriting(m_parts->imported.addTo(
+        collection, current && useCurrentCamera ? current->GetCamera() : nullptr,
+        current ? current->GetSnapShotSettings() : nullptr));
 }
 
 RVOpenNode* RVOpenManager::SetArchiveNode(QString name, QString type)
@@ -202,6 +202,12 @@ RVOpenNode* RVOpenManager::GetRVOpenNodeFromType(QString type, bool fromDefault)
 RVOpenNode* RVOpenManager::FindRVOpenNodeFromType(QString type, QString subcat, QString refName)
 {
     return m_parts->archives.find(type, subcat, refName);
+}
+
+RVOpenNode* RVOpenManager::FindRVOpenNodeInAllArchives(QString type, QString subcat,
+                                                       QString refName)
+{
+    return m_parts->archives.findInAll(type, subcat, refName);
 }
 
 bool RVOpenManager::SaveArchive(QString path, RVOpenNode* rootNode)

@@ -151,7 +151,8 @@ public:
     /// if the document has none; with \p useCurrentCamera they get the current snapshot's camera.
     /// Their thumbnails are copied from the imported document's folder to the snapshots folder,
     /// whole or not at all, where there is no file of that name yet. Only with its thumbnail a
-    /// snapshot gets the current snapshot's session.
+    /// snapshot gets the current snapshot's session. LastWriteError() tells then of the first
+    /// thumbnail that was there and could not be copied.
     void AddImportedSnapShot(bool useCurrentCamera);
     /// @}
 
@@ -176,6 +177,12 @@ public:
     /// the name still; changes through objects are seen, but not that a host gave the name to an
     /// earlier preset in the DOM itself.
     RVOpenNode* FindRVOpenNodeFromType(QString type, QString subcat, QString refName);
+    /// The same through all archives that there are: after the chosen and the default archive the
+    /// two extra archives as they are, then those of the custom and of the product's folder, by
+    /// their file names ("*.rvx", without sub-folders). What is open is searched as it is in
+    /// memory. Of what is not, the files are scanned, and only one with a preset of that reference
+    /// name is opened, in the registry. Null if none has it.
+    RVOpenNode* FindRVOpenNodeInAllArchives(QString type, QString subcat, QString refName);
     /// Writes the document of \p rootNode to \p path in UTF-8, indented by 3, attributes by name,
     /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again
     /// (two roots, nesting beyond MaxNestingDepth); a file that was there is as it was then. The

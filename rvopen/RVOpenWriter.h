@@ -12,6 +12,21 @@ class QDomDocument;
 
 namespace rvopen {
 
+/// Why something was not written. It is true where there is an error.
+struct [[nodiscard]] WriteError {
+    /// The path as it was given.
+    QString file;
+    /// The system's own words, such as "No space left on device", where the system refused. Empty
+    /// when there was no error.
+    QString message;
+
+    /// Whether there is an error.
+    explicit operator bool() const
+    {
+        return !message.isEmpty();
+    }
+};
+
 /// \name Indentation
 /// Blanks for each level of elements.
 /// @{
@@ -34,9 +49,9 @@ RVOPEN_EXPORT bool WriteXmlDocument(const QDomDocument& document, const QString&
 /// Makes the bytes the content of the file in the same way.
 RVOPEN_EXPORT bool WriteFile(const QByteArray& bytes, const QString& path);
 
-/// Why the thread's last attempt to write a document or bytes to a file failed, by one of the above
-/// or by an operation of the library that saves: the system's own words, such as "No space left on
-/// device", where the system refused. Empty when that attempt succeeded.
+/// The message of the WriteError of the thread's last attempt to write a document or bytes to a
+/// file, by one of the above or by an operation of the library that saves or copies. Empty when
+/// that attempt succeeded.
 RVOPEN_EXPORT QString LastWriteError();
 
 } // namespace rvopen

@@ -27,6 +27,7 @@ using test::load;
 using test::namesIn;
 using test::readFile;
 using test::textOf;
+using test::writeFile;
 using test::xmlOf;
 
 /// A manager over an installation and the two archive folders.
@@ -684,6 +685,77 @@ TEST_F(ArchiveLookupTest, EndsForAnArchiveThatRefersToItself)
 
     EXPECT_EQ(found("materials", QString(), "missing"), "(none)");
     EXPECT_EQ(found("materials", QString(), "x"), "1");
+}
+
+// Through all archives
+
+class AllArchivesTest : public ArchiveLookupTest {
+protected:
+    static QString inFirst(const QString& refName, const QString& place)
+    {
+        return QStringLiteral("<archive><materials><x/><material refname='%1' subcat='%2s' "
+                              "desc='%2'/></materials></archive>")
+            .arg(refName, place);
+    }
+    QString foundInAll(const QString& refName, const QString& subcat = QString())
+    {
+        const RVOpenNode* const preset =
+            m_manager.FindRVOpenNodeInAllArchives("materials", subcat, refName);
+        return preset ? preset->GetDescription() : QString("(none)");
+    }
+};
+
+TEST_F(AllArchivesTest, AreSearchedInTheirOrder)
+{
+    m_install.write("Default", inFirst("x", "default"));
+    m_install.write("Product_extra", inFirst("x", "extra"));
+    m_install.write("Architectural_extra", inFirst("x", "architectural"));
+    writeCustom("B.rvx", inFirst("x", "customB"));
+    writeCustom("A.rvx", inFirst("x", "customA"));
+    writeProduct("P.rvx", inFirst("x", "product"));
+    writeProduct("Chosen.rvx", inFirst("x", "chosen"));
+    initialise();
+    m_manager.SetArchiveNode("Chosen.rvx", "Zorvane");
+
+    EXPECT_EQ(foundInAll("x"), "chosen");
+    for (const QString place :
+         {"default", "extra", "architectural", "customA", "customB", "product"})
+        EXPECT_EQ(foundInAll("x", place + 's'), place);
+    EXPECT_EQ(foundInAll("x", "elsewhere"), "(none)");
+}
+
+TEST_F(AllArchivesTest, AreOpenedOnlyWhereTheyHaveTheName)
+{
+    const QString with = writeCustom("With.rvx", inFirst("a &amp; b", "with"));
+    const QString without = writeCustom("Without.rvx", inFirst("a", "without"));
+    const QString inText = writeCustom("Text.rvx", "<archive>refname='a &amp; b'</archive>");
+    writeFile(m_folders.custom() + "/Bad.rvx", "<archive><material refname='a &amp; b'>");
+    writeFile(m_folders.custom() + "/With.xml", inFirst("c", "no archive").toUtf8());
+
+    EXPECT_EQ(foundInAll("a & b"), "with");
+    EXPECT_EQ(foundInAll("c"), "(none)");
+    EXPECT_TRUE(GetDirectoryHandler()->IsArchiveOpen(with));
+    EXPECT_FALSE(GetDirectoryHandler()->IsArchiveOpen(without));
+    EXPECT_FALSE(GetDirectoryHandler()->IsArchiveOpen(inText));
+}
+
+TEST_F(AllArchivesTest, AreSearchedAsTheyAreInMemory)
+{
+    const QString file = writeCustom("A.rvx", inFirst("x", "a"));
+    RVOpenNode* const root = GetDirectoryHandler()->LoadArchive(file);
+    root->GetChild(1, 1)->GetChild(1, 1)->GetNext(1)->SetRefName("new");
+
+    EXPECT_EQ(foundInAll("new"), "a");
+    EXPECT_EQ(foundInAll("x"), "(none)");
+    EXPECT_EQ(m_manager.FindRVOpenNodeInAllArchives("colours", QString(), "new"), nullptr);
+}
+
+TEST_F(AllArchivesTest, AreNoneWithoutFolders)
+{
+    writeCustom("A.rvx", inFirst("x", "a"));
+    EXPECT_EQ(foundInAll("x"), "a");
+    GetDirectoryHandler()->SetCustomArchivesFolder(QString());
+    EXPECT_EQ(foundInAll("x"), "(none)");
 }
 
 // Names of new snapshots

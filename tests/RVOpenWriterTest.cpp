@@ -3,7 +3,7 @@
 
 #include <rvopen/RVOpenWriter.h>
 
-#include "TestSupport.h"
+#include "FileSupport.h"
 
 namespace rvopen::test {
 
@@ -77,6 +77,40 @@ TEST(RVOpenWriter, TheLastErrorIsTheSystemsReason)
     }
     EXPECT_TRUE(WriteFile("bytes", folder.filePath(QStringLiteral("file"))));
     EXPECT_EQ(LastWriteError(), QString());
+}
+
+TEST(RVOpenWriter, TheLastErrorIsTheSystemsReasonWhereTheDiskIsFullInTheMiddle)
+{
+    const QTemporaryDir root;
+    const QString folder = root.filePath(QStringLiteral("folder"));
+    ASSERT_TRUE(QDir().mkdir(folder));
+    const QString shorter = folder + QStringLiteral("/shorter");
+    const QString longer = folder + QStringLiteral("/longer");
+    writeFile(shorter, "old");
+    writeFile(longer, QByteArray(1000, 'x'));
+    for (const QString& path : {shorter, longer}) {
+        setOwner(path, Nobody, Nobody);
+        setMode(path, 0666);
+    }
+    setMode(root.path(), 0755);
+    for (const int mode : {0777, 0555}) {
+        setMode(folder, mode);
+        const Unprivileged unprivileged;
+        for (const QString& path : {shorter, longer, folder + QStringLiteral("/new")}) {
+            // A file that is not there needs the folder.
+            if (mode == 0555 && !QFile::exists(path))
+                continue;
+            const QByteArray before = readFile(path);
+            for (const rlim_t size : {0, 1, 7}) {
+                const FileSizeLimit limit(size);
+                EXPECT_FALSE(WriteFile("the bytes", path));
+                EXPECT_EQ(LastWriteError(), QStringLiteral("File too large"))
+                    << path.toStdString() << ' ' << size << ' ' << mode;
+            }
+            EXPECT_EQ(readFile(path), before);
+        }
+    }
+    setMode(folder, 0777);
 }
 
 TEST(RVOpenWriter, TheLastErrorTellsADocumentThatCouldNotBeReadAgain)

@@ -29,7 +29,7 @@ bool readWhole(QFile& file, QByteArray& bytes)
 /// The part of \p bytes from \p begin to \p end, to the same place in the file.
 bool writePart(QFile& file, const QByteArray& bytes, Size begin, Size end)
 {
-    return file.seek(begin) && file.write(bytes.constData() + begin, end - begin) == end - begin;
+    return file.seek(begin) && writeAll(file, bytes.constData() + begin, end - begin);
 }
 
 bool setSize(QFile& file, Size size)
@@ -63,7 +63,7 @@ bool overwrite(QFile& file, const QByteArray& bytes, QString& reason)
 
 bool writeOnce(QFile& file, const QByteArray& bytes, QString& reason)
 {
-    if (file.write(bytes) == bytes.size())
+    if (writeAll(file, bytes.constData(), bytes.size()))
         return flushToDisk(file, reason);
     reason = reasonOf(file);
     return false;
@@ -105,18 +105,45 @@ SaveResult replaceFile(const QString& path, const QByteArray& bytes, QString& re
     return SaveResult::NotWritten;
 }
 
-bool copyFile(const QString& source, const QString& target)
+bool copyFile(const QString& source, const QString& target, QString& reason)
 {
     const QFileInfo place(target);
+    if (place.exists() || place.isSymLink() || !QFileInfo(source).isFile())
+        return false;
     QFile file(source);
     QByteArray bytes;
-    QString reason;
-    if (place.exists() || place.isSymLink() || !QFileInfo(source).isFile() ||
-        !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
-        file.size() > GetMaxInputSize() || !readWhole(file, bytes) ||
-        replaceFile(target, bytes, reason) != SaveResult::Saved)
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        reason = file.errorString();
+        return false;
+    }
+    if (file.size() > GetMaxInputSize()) {
+        reason = tooLarge();
+        return false;
+    }
+    if (!readWhole(file, bytes)) {
+        reason = reasonOf(file);
+        return false;
+    }
+    if (replaceFile(target, bytes, reason) != SaveResult::Saved)
         return false;
     QFile::setPermissions(target, file.permissions());
+    return true;
+}
+
+QString tooLarge()
+{
+    return QStringLiteral("The input is larger than %1").arg(GetMaxInputSize());
+}
+
+bool writeAll(QFileDevice& file, const char* bytes, qint64 count)
+{
+    while (count > 0) {
+        const qint64 written = file.write(bytes, count);
+        if (written <= 0)
+            return false;
+        bytes += written;
+        count -= written;
+    }
     return true;
 }
 

@@ -34,7 +34,12 @@ enum class SaveResult {
 SaveResult replaceFile(const QString& path, const QByteArray& bytes, QString& reason);
 
 /// Copies a file, with its permissions, to a path where there is nothing yet. False when it does
-/// not arrive as a whole, or is larger than what the library reads; then there still is nothing.
-bool copyFile(const QString& source, const QString& target);
+/// not arrive as a whole, or is larger than what the library reads; then there still is nothing,
+/// and \p reason says why. It says nothing where there is no such file, or something is at the
+/// target, which stays.
+bool copyFile(const QString& source, const QString& target, QString& reason);
+
+/// What is said of files that are larger than what the library reads.
+QString tooLarge();
 
 } // namespace rvopen

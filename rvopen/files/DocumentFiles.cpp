@@ -24,7 +24,7 @@ namespace {
 /// What hosts ask for after operations whose interface says no more than that they failed.
 /// @{
 thread_local ReadError s_lastError;
-thread_local QString s_lastWriteError;
+thread_local WriteError s_lastWriteError;
 /// @}
 
 QDomDocument* finish(std::unique_ptr<QDomDocument> document, const ReadError& failure,
@@ -34,14 +34,9 @@ QDomDocument* finish(std::unique_ptr<QDomDocument> document, const ReadError& fa
     return document.release();
 }
 
-QString tooLarge()
+SaveResult finishWriting(SaveResult result, const QString& path, const QString& reason)
 {
-    return QStringLiteral("The input is larger than %1").arg(GetMaxInputSize());
-}
-
-SaveResult finishWriting(SaveResult result, const QString& reason)
-{
-    s_lastWriteError = result == SaveResult::Saved ? QString() : reason;
+    tellOfWriting(result == SaveResult::Saved ? WriteError() : WriteError{path, reason});
     return result;
 }
 
@@ -49,7 +44,7 @@ SaveResult write(const QString& path, const QByteArray& bytes)
 {
     QString reason;
     const SaveResult result = replaceFile(PathToOpen(path), bytes, reason);
-    return finishWriting(result, reason);
+    return finishWriting(result, path, reason);
 }
 
 } // namespace
@@ -86,7 +81,7 @@ bool WriteFile(const QByteArray& bytes, const QString& path)
 
 QString LastWriteError()
 {
-    return s_lastWriteError;
+    return s_lastWriteError.message;
 }
 
 QDomDocument* readDocument(const QString& path, ReadError* error)
@@ -173,12 +168,27 @@ SaveResult saveDocument(const QDomDocument& document, const QString& path, int i
 {
     const QString text = fileText(document, indent);
     if (text.isNull())
-        return finishWriting(SaveResult::NotWritten,
+        return finishWriting(SaveResult::NotWritten, path,
                              QStringLiteral("The document could not be read again"));
     const QByteArray bytes = text.toUtf8();
     if (bytes.size() > GetMaxInputSize())
-        return finishWriting(SaveResult::NotWritten, tooLarge());
+        return finishWriting(SaveResult::NotWritten, path, tooLarge());
     return write(path, bytes);
+}
+
+WriteError lastWriteError()
+{
+    return s_lastWriteError;
+}
+
+void tellOfWriting(const WriteError& error)
+{
+    s_lastWriteError = error;
+}
+
+WriteError notOpen(const QString& archive)
+{
+    return {archive, QStringLiteral("The archive is not open")};
 }
 
 } // namespace rvopen

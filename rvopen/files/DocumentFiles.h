@@ -40,4 +40,11 @@ void tellOfReading(const ReadError& result, ReadError* error);
 SaveResult saveDocument(const QDomDocument& document, const QString& path,
                         int indent = ArchiveFileIndent);
 
+/// What LastWriteError() answers, with the file.
+WriteError lastWriteError();
+/// Sets it.
+void tellOfWriting(const WriteError& error);
+/// Of an archive that was to be saved.
+WriteError notOpen(const QString& archive);
+
 } // namespace rvopen

@@ -34,6 +34,10 @@ bool flushToDisk(QFile& file, QString& reason);
 
 /// @}
 
+/// Writes all of it, or until the system says why it takes no more: what fits on a full disk still
+/// is written without a reason.
+bool writeAll(QFileDevice& file, const char* bytes, qint64 count);
+
 /// Whether reading it back shows that the file holds these bytes and nothing else.
 bool holds(QFile& file, const QByteArray& bytes);
 

@@ -20,8 +20,8 @@ Substitution substituteFile(const QString& path, const QByteArray& bytes, QStrin
         reason = file.errorString();
         return target.exists() ? Substitution::InPlace : Substitution::NotOpened;
     }
-    const bool isComplete =
-        file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size();
+    const bool isComplete = writeAll(file, bytes.constData(), bytes.size()) && file.flush() &&
+                            file.size() == bytes.size();
     if (isComplete && file.commit())
         return Substitution::Done;
     reason = file.errorString();

@@ -243,7 +243,7 @@ Substitution substituteFile(const QString& path, const QByteArray& bytes, QStrin
         return Substitution::NotOpened;
     if (fresh.error() != 0)
         return isForbidden(fresh.error()) ? forbidden : Substitution::Failed;
-    const bool isWritten = fresh.file().write(bytes) == bytes.size();
+    const bool isWritten = writeAll(fresh.file(), bytes.constData(), bytes.size());
     if (isWritten && exists && !takeAttributes(fresh.file().handle(), name))
         return Substitution::InPlace;
     reason.clear();

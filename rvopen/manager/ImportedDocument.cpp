@@ -30,8 +30,9 @@ QString folderOf(const QString& path)
 }
 
 /// Whether the thumbnail came from \p folder to where the snapshot looks for it. Without a
-/// snapshots folder the snapshot looks for it there.
-bool copyThumbnail(SnapShot* snapShot, const QString& folder)
+/// snapshots folder the snapshot looks for it there. \p error is set where it is there and could
+/// not be copied.
+bool copyThumbnail(SnapShot* snapShot, const QString& folder, WriteError& error)
 {
     const QString target = snapShot->GetThumbFilename();
     if (target.isEmpty()) {
@@ -44,7 +45,11 @@ bool copyThumbnail(SnapShot* snapShot, const QString& folder)
         return false;
     const QString source = folder + QDir::separator() + QLatin1String("icon_") +
                            snapShot->GetName() + QLatin1String(".jpg");
-    return copyFile(PathToOpen(source), PathToOpen(target));
+    QString reason;
+    if (copyFile(PathToOpen(source), PathToOpen(target), reason))
+        return true;
+    error = WriteError{target, reason};
+    return false;
 }
 
 } // namespace
@@ -92,22 +97,27 @@ bool ImportedDocument::hasSnapShots() const
     return !m_collection.firstChild().isNull();
 }
 
-void ImportedDocument::addTo(SnapShots* collection, Camera* camera,
-                             SnapShotSettings* settings) const
+WriteError ImportedDocument::addTo(SnapShots* collection, Camera* camera,
+                                   SnapShotSettings* settings) const
 {
+    WriteError result;
     const QString folder = folderOf(m_path);
     for (QDomNode child = m_collection.firstChild(); !child.isNull(); child = child.nextSibling()) {
         auto* const snapShot = newBound<SnapShot>(child.ownerDocument().importNode(child, true));
         if (!snapShot)
-            return;
+            break;
         if (camera)
             snapShot->AddCamera(camera);
         SnapShotSettings* const own = snapShot->GetSnapShotSettings();
-        if (copyThumbnail(snapShot, folder) && own && settings)
+        WriteError error;
+        if (copyThumbnail(snapShot, folder, error) && own && settings)
             own->SetSessionName(settings->GetSessionName());
+        if (error && !result)
+            result = error;
         snapShot->SetImageBorder(RVOpenNode::ImageBorderImported);
         collection->AddNode(snapShot, true);
     }
+    return result;
 }
 
 } // namespace rvopen

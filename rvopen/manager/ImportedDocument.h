@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <rvopen/RVOpenWriter.h>
 #include <rvopen/manager/Retired.h>
 
 #include <QDomDocument>
@@ -34,8 +35,8 @@ public:
     bool hasSnapShots() const;
     /// Appends copies of the snapshots to \p collection, with copies of \p camera unless it is null
     /// and with their thumbnails. One that gets its thumbnail gets the session of \p settings, too,
-    /// unless they are null.
-    void addTo(SnapShots* collection, Camera* camera, SnapShotSettings* settings) const;
+    /// unless they are null. The first thumbnail that was there and could not be copied.
+    WriteError addTo(SnapShots* collection, Camera* camera, SnapShotSettings* settings) const;
 
 private:
     Retired& m_retired;

@@ -4,8 +4,11 @@
 #include <rvopen/manager/PresetArchives.h>
 
 #include <rvopen/DirectoryHandler.h>
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/RVOpenScanner.h>
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/FoundNodes.h>
+#include <rvopen/xml/XmlCharacters.h>
 
 #include <QDir>
 #include <QSet>
@@ -61,6 +64,35 @@ RVOpenNode* findPreset(RVOpenNode* node, const QString& subcat, const QString& r
     }
     return nullptr;
 }
+
+/// Whether a file has an element of a reference name.
+class NameScan : public XmlScan {
+public:
+    explicit NameScan(const QString& refName)
+        : m_refName(refName)
+    {
+    }
+
+    bool isIn(const QString& path)
+    {
+        m_isMet = false;
+        return ScanFile(path) && m_isMet;
+    }
+
+protected:
+    void StartElement(std::u16string_view /*name*/,
+                      const std::vector<ScannedAttribute>& attributes) override
+    {
+        for (const ScannedAttribute& attribute : attributes) {
+            if (!m_isMet && attribute.name == xml::viewOf(names::attribute::refName()))
+                m_isMet = attribute.Text() == m_refName;
+        }
+    }
+
+private:
+    const QString m_refName;
+    bool m_isMet = false;
+};
 
 /// The same, with notes of all that is met where that helps the next one.
 RVOpenNode* findNotedPreset(RVOpenNode* in, const QString& subcat, const QString& refName)
@@ -137,6 +169,39 @@ RVOpenNode* PresetArchives::find(const QString& type, const QString& subcat, con
         RVOpenNode* const preset = in ? findNotedPreset(in, subcat, refName) : nullptr;
         if (preset)
             return preset;
+    }
+    return nullptr;
+}
+
+RVOpenNode* PresetArchives::findInAll(const QString& type, const QString& subcat,
+                                      const QString& refName)
+{
+    if (RVOpenNode* const preset = find(type, subcat, refName))
+        return preset;
+    const auto findBelow = [&](RVOpenNode* root) {
+        RVOpenNode* const in = firstChildNamed(root, type);
+        return in ? findNotedPreset(in, subcat, refName) : nullptr;
+    };
+    for (Archive* const archive : {&m_product, &m_architectural}) {
+        if (RVOpenNode* const preset = findBelow(archive->root()))
+            return preset;
+    }
+    DirectoryHandler* const registry = GetDirectoryHandler();
+    NameScan scan(refName);
+    for (const names::Name kind : {names::value::customArchives, names::value::productArchives}) {
+        const QString folder = registry->GetFolder(kind());
+        if (folder.isEmpty())
+            continue;
+        const QStringList files =
+            QDir(PathToOpen(folder)).entryList({QStringLiteral("*.rvx")}, QDir::Files, QDir::Name);
+        for (const QString& file : files) {
+            const QString path = folder + QDir::separator() + file;
+            RVOpenNode* root = registry->openArchive(path);
+            if (!root && !refName.isEmpty() && scan.isIn(path))
+                root = registry->LoadArchive(path);
+            if (RVOpenNode* const preset = findBelow(root))
+                return preset;
+        }
     }
     return nullptr;
 }

@@ -33,6 +33,8 @@ public:
     RVOpenNode* section(const QString& type, bool fromDefault);
     /// The first preset of that reference name and, unless it is empty, that sub-category, or null.
     RVOpenNode* find(const QString& type, const QString& subcat, const QString& refName);
+    /// The same, then in the extra archives and in all archives of the two folders.
+    RVOpenNode* findInAll(const QString& type, const QString& subcat, const QString& refName);
 
 private:
     /// An archive of the installation as it was when it was read. Its document, which a host may
