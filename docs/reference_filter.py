@@ -47,7 +47,8 @@ def header(path, lines):
     opened = False
     for line in lines:
         stripped = line.strip()
-        is_member = re.match(r"    [^\s/#}].*", line) is not None
+        # Of a class, or a function of the namespace.
+        is_member = re.match(r"    [^\s/#}].*|(\[\[nodiscard\]\] )?RVOPEN_\w*EXPORT .*\(", line) is not None
         if stripped.startswith("///"):
             text = stripped[3:].strip()
             if text.startswith("\\name"):

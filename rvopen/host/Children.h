@@ -18,11 +18,11 @@ public:
     /// Goes from child to child. It is at the end where its child would be null.
     class Iterator {
     public:
-        using iterator_category = std::input_iterator_tag;
-        using value_type = Class*;
-        using difference_type = std::ptrdiff_t;
-        using pointer = Class* const*;
-        using reference = Class*;
+        using iterator_category = std::input_iterator_tag; ///< It goes once, and forward.
+        using value_type = Class*;                         ///< A child.
+        using difference_type = std::ptrdiff_t;            ///< As iterators have it.
+        using pointer = Class* const*;                     ///< As iterators have it.
+        using reference = Class*;                          ///< Children are given by value.
 
         /// The end.
         Iterator() = default;
@@ -40,6 +40,7 @@ public:
         {
             return m_child;
         }
+        /// To the next one of the class, or to the end.
         Iterator& operator++()
         {
             m_child = nullptr;
@@ -51,10 +52,12 @@ public:
             }
             return *this;
         }
+        /// Whether both are at the same child, or at the end.
         bool operator==(const Iterator& other) const
         {
             return m_child == other.m_child;
         }
+        /// Whether they are not.
         bool operator!=(const Iterator& other) const
         {
             return m_child != other.m_child;
@@ -91,6 +94,7 @@ public:
     {
         return Iterator(m_parent ? m_parent->GetChild(1, 1) : nullptr);
     }
+    /// Where the loop ends.
     Iterator end() const
     {
         return Iterator();

@@ -15,16 +15,18 @@ class RVOpenNode;
 
 namespace rvopen::host {
 
-/// Value of a "colour" parameter; parts from 0 to 1.
+/// Value of a "colour" parameter.
 struct Rgb {
-    float red = 0;
-    float green = 0;
-    float blue = 0;
+    float red = 0;   ///< From 0 to 1.
+    float green = 0; ///< From 0 to 1.
+    float blue = 0;  ///< From 0 to 1.
 
+    /// Whether all parts are equal.
     friend bool operator==(const Rgb& a, const Rgb& b)
     {
         return a.red == b.red && a.green == b.green && a.blue == b.blue;
     }
+    /// Whether one part differs.
     friend bool operator!=(const Rgb& a, const Rgb& b)
     {
         return !(a == b);
@@ -34,14 +36,16 @@ struct Rgb {
 /// Three coordinates; what they are of is a type of its own, as it is in documents.
 template <typename Kind>
 struct Triple {
-    float x = 0;
-    float y = 0;
-    float z = 0;
+    float x = 0; ///< The first.
+    float y = 0; ///< The second.
+    float z = 0; ///< The third.
 
+    /// Whether all parts are equal.
     friend bool operator==(const Triple& a, const Triple& b)
     {
         return a.x == b.x && a.y == b.y && a.z == b.z;
     }
+    /// Whether one part differs.
     friend bool operator!=(const Triple& a, const Triple& b)
     {
         return !(a == b);
