@@ -101,7 +101,7 @@ TEST(RVOpenWriter, TheLastErrorIsTheSystemsReasonWhereTheDiskIsFullInTheMiddle)
             if (mode == 0555 && !QFile::exists(path))
                 continue;
             const QByteArray before = readFile(path);
-            for (const rlim_t size : {0, 1, 7}) {
+            for (const rlim_t size : {0U, 1U, 7U}) {
                 const FileSizeLimit limit(size);
                 EXPECT_FALSE(WriteFile("the bytes", path));
                 EXPECT_EQ(LastWriteError(), QStringLiteral("File too large"))
