@@ -33,10 +33,16 @@ if(NOT MSVC)
         "-fmacro-prefix-map=${PROJECT_BINARY_DIR}/=")
 endif()
 
+set(is_sanitized OFF)
 if(RVOPEN_SANITIZE)
+    set(is_sanitized ON)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all)
     add_compile_options(${sanitizers} -fno-omit-frame-pointer)
     add_link_options(${sanitizers})
+elseif(RVOPEN_SANITIZE_THREADS)
+    set(is_sanitized ON)
+    add_compile_options(-fsanitize=thread)
+    add_link_options(-fsanitize=thread)
 endif()
 
 # rvopen_ship_alone(): for the folders of what is shipped. Builds for development compile several

@@ -15,6 +15,7 @@
 #include <QFile>
 
 #include <memory>
+#include <mutex>
 #include <utility>
 
 namespace rvopen {
@@ -23,13 +24,39 @@ namespace {
 
 DirectoryHandler s_directoryHandler;
 
+/// Of all registries: they share archives. Held where one is looked at or changed, never while a
+/// file is read or written, objects end, or anybody is told. Never destroyed, since objects of the
+/// whole process may end later.
+std::mutex& registryMutex()
+{
+    static auto* const mutex = new std::mutex;
+    return *mutex;
+}
+
+using Locked = std::lock_guard<std::mutex>;
+
 } // namespace
 
 DirectoryHandler::DirectoryHandler() = default;
 
-DirectoryHandler::DirectoryHandler(const DirectoryHandler& other) = default;
+DirectoryHandler::DirectoryHandler(const DirectoryHandler& other)
+    : ORVBase(other)
+{
+    *this = other;
+}
 
-DirectoryHandler& DirectoryHandler::operator=(const DirectoryHandler& other) = default;
+DirectoryHandler& DirectoryHandler::operator=(const DirectoryHandler& other)
+{
+    // What nobody has open any more ends without the lock.
+    QVector<Entry> before;
+    const Locked lock(registryMutex());
+    before.swap(m_registry);
+    m_snapshotsFolder = other.m_snapshotsFolder;
+    m_zorvaneArchivesFolder = other.m_zorvaneArchivesFolder;
+    m_customArchivesFolder = other.m_customArchivesFolder;
+    m_registry = &other == this ? before : other.m_registry;
+    return *this;
+}
 
 DirectoryHandler::~DirectoryHandler() = default;
 
@@ -40,7 +67,8 @@ QString DirectoryHandler::GetSnapshotsFolder()
 
 void DirectoryHandler::SetSnapshotsFolder(QString folder)
 {
-    m_snapshotsFolder = folder;
+    const Locked lock(registryMutex());
+    m_snapshotsFolder = std::move(folder);
 }
 
 QString DirectoryHandler::GetZorvaneArchivesFolder()
@@ -50,7 +78,8 @@ QString DirectoryHandler::GetZorvaneArchivesFolder()
 
 void DirectoryHandler::SetZorvaneArchivesFolder(QString folder)
 {
-    m_zorvaneArchivesFolder = folder;
+    const Locked lock(registryMutex());
+    m_zorvaneArchivesFolder = std::move(folder);
 }
 
 QString DirectoryHandler::GetCustomArchivesFolder()
@@ -60,7 +89,8 @@ QString DirectoryHandler::GetCustomArchivesFolder()
 
 void DirectoryHandler::SetCustomArchivesFolder(QString folder)
 {
-    m_customArchivesFolder = folder;
+    const Locked lock(registryMutex());
+    m_customArchivesFolder = std::move(folder);
 }
 
 QString DirectoryHandler::GetFolder(QString kind)
@@ -80,11 +110,16 @@ RVOpenNode* DirectoryHandler::LoadArchive(QString filename)
     if (!document || document->isNull())
         return nullptr;
     auto* const node = newBound<RVOpenNode>(document->documentElement());
-    if (node) {
-        m_registry.append(
-            {std::make_shared<HeldObject<RVOpenNode, ObjectDeleter>>(node), filename});
+    if (!node)
+        return nullptr;
+    Node held = std::make_shared<HeldObject<RVOpenNode, ObjectDeleter>>(node);
+    RVOpenNode* const open = put(held, filename);
+    // Another thread read it meanwhile, and nobody has seen this one.
+    if (open != node) {
+        const changes::Quiet quiet;
+        held.reset();
     }
-    return node;
+    return open;
 }
 
 bool DirectoryHandler::IsArchiveOpen(QString filename) const
@@ -107,11 +142,7 @@ QString DirectoryHandler::GetArchiveAround(const RVOpenNode* node) const
 
 bool DirectoryHandler::SaveArchive(QString filename)
 {
-    const RVOpenNode* node = nullptr;
-    for (const Entry& entry : std::as_const(m_registry)) {
-        if (entry.filename == filename)
-            node = entry.node->get();
-    }
+    const RVOpenNode* const node = openArchive(filename);
     if (!node) {
         tellOfWriting(notOpen(filename));
         return false;
@@ -139,23 +170,26 @@ bool DirectoryHandler::ArchiveWritable(RVOpenNode* node)
 
 void DirectoryHandler::RemoveArchive(QString filename)
 {
-    const int index = indexOf(filename);
-    if (index < 0)
+    if (!IsArchiveOpen(filename))
         return;
     const QString path = PathToOpen(filename);
     if (QFile::remove(path) || !QFile::exists(path))
-        forget(index);
+        CloseArchive(filename);
 }
 
 void DirectoryHandler::CloseArchive(QString filename)
 {
-    const int index = indexOf(filename);
-    if (index >= 0)
-        forget(index);
+    // Out of the registry first, so that nobody finds a node that is being deleted.
+    const auto node = take(filename);
+    if (!node || node.use_count() > 1)
+        return;
+    const changes::Reset reset((*node)->GetDomNode().ownerDocument());
+    node->reset();
 }
 
 QString DirectoryHandler::existingFolder(QString& folder)
 {
+    const Locked lock(registryMutex());
     if (!folder.isEmpty() && !QDir(PathToOpen(folder)).exists())
         folder.clear();
     return folder;
@@ -163,6 +197,7 @@ QString DirectoryHandler::existingFolder(QString& folder)
 
 RVOpenNode* DirectoryHandler::openArchive(const QString& filename) const
 {
+    const Locked lock(registryMutex());
     const int index = indexOf(filename);
     return index < 0 ? nullptr : m_registry[index].node->get();
 }
@@ -177,15 +212,21 @@ int DirectoryHandler::indexOf(const QString& filename) const
     return -1;
 }
 
-void DirectoryHandler::forget(int index)
+RVOpenNode* DirectoryHandler::put(const Node& node, const QString& filename)
 {
-    // Out of the registry first, so that nobody finds a node that is being deleted.
-    const auto node = m_registry[index].node;
-    m_registry.remove(index);
-    if (node.use_count() > 1)
-        return;
-    const changes::Reset reset((*node)->GetDomNode().ownerDocument());
-    node->reset();
+    const Locked lock(registryMutex());
+    const int index = indexOf(filename);
+    if (index >= 0)
+        return m_registry[index].node->get();
+    m_registry.append({node, filename});
+    return node->get();
+}
+
+DirectoryHandler::Node DirectoryHandler::take(const QString& filename)
+{
+    const Locked lock(registryMutex());
+    const int index = indexOf(filename);
+    return index < 0 ? Node() : m_registry.takeAt(index).node;
 }
 
 DirectoryHandler* GetDirectoryHandler()

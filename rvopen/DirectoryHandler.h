@@ -22,7 +22,10 @@ class HeldObject;
 /// An archive is read once; later requests for the same file name, compared exactly, get the same
 /// root node. The registry owns the nodes: one that LoadArchive() handed out is valid until its
 /// archive is closed or removed, in the copies of the registry too, at the latest until the library
-/// is unloaded. There is one instance per process, without locks: use it from one thread.
+/// is unloaded. There is one instance per process.
+///
+/// Several threads may use it at once: all who ask for a file get the same root. The tree below a
+/// root belongs to one thread at a time, and who closes an archive sees to it that nobody is in it.
 class RVOPEN_EXPORT DirectoryHandler : public ORVBase {
 public:
     DirectoryHandler();
@@ -78,16 +81,22 @@ private:
     friend class PresetArchives;
     friend class RVOpenNode;
 
+    /// Shared by copies of the registry.
+    using Node = std::shared_ptr<HeldObject<RVOpenNode, ObjectDeleter>>;
+
     struct Entry {
-        /// Shared by copies of the registry.
-        std::shared_ptr<HeldObject<RVOpenNode, ObjectDeleter>> node;
+        Node node;
         QString filename;
     };
 
     static QString existingFolder(QString& folder);
     RVOpenNode* openArchive(const QString& filename) const;
+    /// With the lock.
     int indexOf(const QString& filename) const;
-    void forget(int index);
+    /// The one that is open: where another one is, that stays.
+    RVOpenNode* put(const Node& node, const QString& filename);
+    /// Null where it is not open.
+    Node take(const QString& filename);
 
     QString m_snapshotsFolder;
     QString m_zorvaneArchivesFolder;

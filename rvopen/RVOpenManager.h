@@ -28,7 +28,8 @@ class SnapShot;
 /// Ownership: what the getters hand out belongs to the manager. Objects of the snapshot document
 /// are valid until ClearSnapShotDoc() or the next load, the others until the manager is destroyed.
 /// Where a load, an import or a repeated Initialise() puts a new object in the place of an old one,
-/// the old one stays valid as long as that. The manager is used from one thread.
+/// the old one stays valid as long as that. A thread may have managers of its own; each, with all
+/// that it gives, is used by one thread at a time.
 ///
 /// Copies of a manager share all that it has: what one loads, clears or chooses the others see.
 /// What is said here to go with the manager goes with the last of them.

@@ -8,6 +8,7 @@
 
 #include <QHash>
 
+#include <mutex>
 #include <utility>
 
 namespace rvopen::host {
@@ -23,17 +24,27 @@ struct Use {
 
 /// By file name, as the registry knows archives. Never deleted, since objects of the whole process
 /// may end after it.
-QHash<QString, Use>& uses()
+struct Uses {
+    /// Held while an archive is opened and closed, so that nobody finds one that is on its way out.
+    /// An observer that is told of its end may open others.
+    std::recursive_mutex mutex;
+    QHash<QString, Use> byName;
+};
+
+Uses& uses()
 {
-    static auto* const all = new QHash<QString, Use>;
+    static auto* const all = new Uses;
     return *all;
 }
+
+using Locked = std::lock_guard<std::recursive_mutex>;
 
 } // namespace
 
 OpenArchive::OpenArchive(const QString& path)
     : m_path(path)
 {
+    const Locked lock(uses().mutex);
     DirectoryHandler* const registry = GetDirectoryHandler();
     const bool wasOpen = registry->IsArchiveOpen(path);
     m_root = registry->LoadArchive(path);
@@ -41,7 +52,7 @@ OpenArchive::OpenArchive(const QString& path)
         m_error = LastReadError();
         return;
     }
-    Use& use = uses()[path];
+    Use& use = uses().byName[path];
     if (use.root != m_root)
         use = Use{m_root, 0, wasOpen};
     ++use.count;
@@ -81,12 +92,16 @@ WriteError OpenArchive::save()
 
 void OpenArchive::close()
 {
+    if (!m_root)
+        return;
+    const Locked lock(uses().mutex);
+    QHash<QString, Use>& all = uses().byName;
     const Ref<> root = std::exchange(m_root, Ref<>());
-    const auto use = uses().find(m_path);
-    if (!root || use == uses().end() || use->root != root || --use->count > 0)
+    const auto use = all.find(m_path);
+    if (use == all.end() || use->root != root || --use->count > 0)
         return;
     const bool closes = !use->wasOpen;
-    uses().erase(use);
+    all.erase(use);
     if (closes)
         GetDirectoryHandler()->CloseArchive(m_path);
 }

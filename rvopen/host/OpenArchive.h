@@ -16,7 +16,7 @@ namespace rvopen::host {
 /// last one closes it, unless it was open before the first, and drops what was not saved. Where the
 /// archive is closed or removed otherwise, root() is null.
 ///
-/// It belongs to the thread of the registry.
+/// Any thread may have one at any time; what is below the root belongs to one thread at a time.
 class RVOPEN_EXPORT OpenArchive {
 public:
     /// None.

@@ -71,6 +71,21 @@ private:
     bool m_counts;
 };
 
+/// The scope in which nothing is told, since nobody has what changes.
+class Quiet {
+public:
+    Quiet()
+    {
+        Observers::beginQuiet();
+    }
+    ~Quiet()
+    {
+        Observers::endQuiet();
+    }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+};
+
 /// The scope in which an object is made: what of its element comes with that is told, and may
 /// happen to who is being told of something, since reading makes objects.
 class Making {
