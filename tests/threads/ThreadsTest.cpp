@@ -108,8 +108,9 @@ QByteArray workOfAManager(const QString& install, const QString& file, const QSt
                        host::setValue(camera, "New", "text");
     for (int i = 0; i < 3; ++i) {
         manager.GetSnapShots()->AddNode(manager.CreateInternalSnapShot(current), true);
-        current->GetMaterialRepository()->CreateMaterial()->SetName(
-            manager.GetNextSnapShotName("M", SnapShots::TypeSnapShots));
+        host::Owned<Material> material(current->GetMaterialRepository()->CreateMaterial());
+        material->SetName(manager.GetNextSnapShotName("M", SnapShots::TypeSnapShots));
+        host::append(current->GetMaterialRepository(), std::move(material));
         // The second look-up makes notes, the third uses them.
         const RVOpenNode* const preset = manager.FindRVOpenNodeFromType("materials", "", "y");
         current->GetMaterialRepository()->SetName(preset ? preset->GetName() : QString("none"));
