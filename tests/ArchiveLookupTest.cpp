@@ -707,21 +707,30 @@ protected:
 
 TEST_F(AllArchivesTest, AreSearchedInTheirOrder)
 {
-    m_install.write("Default", inFirst("x", "default"));
-    m_install.write("Product_extra", inFirst("x", "extra"));
-    m_install.write("Architectural_extra", inFirst("x", "architectural"));
-    writeCustom("B.rvx", inFirst("x", "customB"));
-    writeCustom("A.rvx", inFirst("x", "customA"));
-    writeProduct("P.rvx", inFirst("x", "product"));
-    writeProduct("Chosen.rvx", inFirst("x", "chosen"));
+    // A name that an archive has, all later ones have, too.
+    const auto archiveOf = [](int place) {
+        QString presets;
+        for (int name = 0; name <= place; ++name)
+            presets += QStringLiteral("<material refname='%1' subcat='s%2' desc='%2'/>")
+                           .arg(name)
+                           .arg(place);
+        return "<archive><materials><x/>" + presets + "</materials></archive>";
+    };
+    writeProduct("Chosen.rvx", archiveOf(0));
+    m_install.write("Default", archiveOf(1));
+    m_install.write("Product_extra", archiveOf(2));
+    m_install.write("Architectural_extra", archiveOf(3));
+    writeCustom("B.rvx", archiveOf(5));
+    writeCustom("A.rvx", archiveOf(4));
+    writeProduct("P.rvx", archiveOf(6));
     initialise();
     m_manager.SetArchiveNode("Chosen.rvx", "Zorvane");
 
-    EXPECT_EQ(foundInAll("x"), "chosen");
-    for (const QString place :
-         {"default", "extra", "architectural", "customA", "customB", "product"})
-        EXPECT_EQ(foundInAll("x", place + 's'), place);
-    EXPECT_EQ(foundInAll("x", "elsewhere"), "(none)");
+    for (int name = 0; name < 7; ++name)
+        EXPECT_EQ(foundInAll(QString::number(name)), QString::number(name));
+    EXPECT_EQ(foundInAll("0", "s6"), "6");
+    EXPECT_EQ(foundInAll("0", "elsewhere"), "(none)");
+    EXPECT_EQ(foundInAll("7"), "(none)");
 }
 
 TEST_F(AllArchivesTest, AreOpenedOnlyWhereTheyHaveTheName)

@@ -254,6 +254,18 @@ TEST_F(HostArchive, ClosedByOthersItHasNoRootAndClosesNothing)
     EXPECT_TRUE(isOpen());
 }
 
+TEST_F(HostArchive, KeptByACopyOfTheRegistryItLeavesWhatWasOpenedAnew)
+{
+    OpenArchive first(file);
+    const DirectoryHandler copy = *GetDirectoryHandler();
+    GetDirectoryHandler()->CloseArchive(file);
+    const OpenArchive second(file);
+    EXPECT_NE(first.root(), second.root());
+    first.close();
+    EXPECT_TRUE(isOpen());
+    EXPECT_TRUE(second);
+}
+
 TEST_F(HostArchive, SaysWhyItIsNotOpen)
 {
     const OpenArchive missing(folders.full("none"));
