@@ -30,6 +30,22 @@ endforeach()
 get_target_property(toolkit_build_dir rvopen_toolkit BINARY_DIR)
 install(FILES "${toolkit_build_dir}/include/rvopen/toolkit/ToolkitExport.h"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/toolkit" COMPONENT development)
+if(TARGET rvopen_widgets)
+    install(TARGETS rvopen_widgets
+        EXPORT rvopenWidgetsTargets
+        RUNTIME COMPONENT widgets
+        LIBRARY COMPONENT widgets NAMELINK_COMPONENT development
+        ARCHIVE COMPONENT development
+        INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+    get_target_property(widgets_dir rvopen_widgets SOURCE_DIR)
+    get_target_property(widgets_headers rvopen_widgets RVOPEN_HEADERS)
+    list(TRANSFORM widgets_headers PREPEND "${widgets_dir}/")
+    get_target_property(widgets_build_dir rvopen_widgets BINARY_DIR)
+    install(FILES ${widgets_headers} "${widgets_build_dir}/include/rvopen/widgets/WidgetsExport.h"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/widgets" COMPONENT development)
+    install(EXPORT rvopenWidgetsTargets NAMESPACE rvopen:: DESTINATION "${package_dir}"
+        COMPONENT development)
+endif()
 install(EXPORT rvopenTargets NAMESPACE rvopen:: DESTINATION "${package_dir}" COMPONENT development)
 
 list(JOIN RVOPEN_QT_MODULES " " rvopen_qt_components)
@@ -92,6 +108,12 @@ install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}
 configure_file(cmake/rvopen-toolkit.pc.in rvopen-toolkit.pc @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/rvopen-toolkit.pc" DESTINATION "${pc_dir}"
     COMPONENT development)
+
+if(TARGET rvopen_widgets)
+    configure_file(cmake/rvopen-widgets.pc.in rvopen-widgets.pc @ONLY)
+    install(FILES "${PROJECT_BINARY_DIR}/rvopen-widgets.pc" DESTINATION "${pc_dir}"
+        COMPONENT development)
+endif()
 
 # The schemas of the documents, in both forms.
 file(GLOB formats CONFIGURE_DEPENDS docs/formats/*.rnc docs/formats/*.rng)

@@ -14,6 +14,7 @@ find_program(GZIP gzip REQUIRED)
 get_target_property(soversion rvopen SOVERSION)
 set(library_package "librvopen${soversion}")
 set(toolkit_package "librvopen-toolkit${soversion}")
+set(widgets_package "librvopen-widgets${soversion}")
 set(packaging_dir "${PROJECT_BINARY_DIR}/packaging")
 file(MAKE_DIRECTORY "${packaging_dir}")
 
@@ -32,6 +33,7 @@ function(list_symbols target package folder)
 endfunction()
 list_symbols(rvopen "${library_package}" "${packaging_dir}")
 list_symbols(rvopen_toolkit "${toolkit_package}" "${packaging_dir}/toolkit")
+list_symbols(rvopen_widgets "${widgets_package}" "${packaging_dir}/widgets")
 function(compress source name)
     add_custom_command(OUTPUT "${packaging_dir}/${name}.gz"
         COMMAND "${CMAKE_COMMAND}" -E copy "${source}" "${name}"
@@ -62,7 +64,7 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # In the same folder as the symbols, since dpkg-shlibdeps finds a library that is not installed yet
 # only where it is told to look.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    "${PROJECT_BINARY_DIR}/rvopen" "${PROJECT_BINARY_DIR}/toolkit")
+    "${PROJECT_BINARY_DIR}/rvopen" "${PROJECT_BINARY_DIR}/toolkit" "${PROJECT_BINARY_DIR}/widgets")
 
 # package(<component> <name> <section> <summary> <text>): with the files that every package has.
 set(CPACK_COMPONENTS_ALL "")
@@ -90,6 +92,10 @@ package(toolkit "${toolkit_package}" libs
     "What programs over the object model share: labels, units, ranges and choices
 of every parameter, loading, checking and comparing of documents, and pictures
 of presets and snapshots.")
+package(widgets "${widgets_package}" libs
+    "parts for windows over snapshot documents and preset archives"
+    "What programs that render put into their own windows: models of Qt that
+follow a document as it changes, and write to it.")
 package(development librvopen-dev libdevel
     "object model over snapshot documents, for development"
     "Headers, CMake package and pkg-config files of the libraries.")
@@ -115,13 +121,17 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
 set(CPACK_DEBIAN_TOOLKIT_PACKAGE_CONTROL_EXTRA
     "${packaging_dir}/toolkit/symbols" "${packaging_dir}/triggers")
 set(CPACK_DEBIAN_TOOLKIT_PACKAGE_DEPENDS "${library_package} ${exactly}")
+set(both_libraries "${library_package} ${exactly}, ${toolkit_package} ${exactly}")
+set(CPACK_DEBIAN_WIDGETS_PACKAGE_CONTROL_EXTRA
+    "${packaging_dir}/widgets/symbols" "${packaging_dir}/triggers")
+set(CPACK_DEBIAN_WIDGETS_PACKAGE_DEPENDS "${both_libraries}")
 if(RVOPEN_QT_MAJOR EQUAL 6)
     set(qt_development "qt6-base-dev (>= ${RVOPEN_QT_MINIMUM})")
 else()
     set(qt_development "qtbase5-dev (>= ${RVOPEN_QT_MINIMUM})")
 endif()
-set(both_libraries "${library_package} ${exactly}, ${toolkit_package} ${exactly}")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${both_libraries}, ${qt_development}")
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "${both_libraries}, ${widgets_package} ${exactly}, ${qt_development}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${library_package} ${exactly}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_RECOMMENDS rvopen-data)
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS librvopen-dev)

@@ -22,6 +22,7 @@ DOCS = pathlib.Path(__file__).resolve().parent
 LIBRARY = DOCS.parent / "rvopen"
 # Its headers are included as <rvopen/toolkit/...>.
 TOOLKIT = DOCS.parent / "toolkit"
+WIDGETS = DOCS.parent / "widgets"
 COMMAND = DOCS.parent / "command"
 
 # From the bottom up: a file includes what is of its own layer or of one before it.
@@ -101,6 +102,7 @@ LAYERS = {
         command/Preview command/Program command/Remove command/Rename command/Render command/SelectionOptions
         command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
+    "Widgets": "widgets/ParamFacts widgets/ParamModel widgets/WidgetsExport",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
@@ -117,7 +119,7 @@ UPWARDS = {
 
 def module_of(path):
     """What a file is called in LAYERS; of generated headers their name."""
-    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/"), (COMMAND, "command/")):
+    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/"), (WIDGETS, "widgets/"), (COMMAND, "command/")):
         if root in path.parents:
             return prefix + path.relative_to(root).as_posix().split(".")[0]
     return path.name.split(".")[0]
@@ -130,7 +132,7 @@ def sources(*roots):
 
 def includes(*roots):
     """(file, module, included module) for each include of the repository's own."""
-    for path in sources(*(roots or (LIBRARY, TOOLKIT, COMMAND))):
+    for path in sources(*(roots or (LIBRARY, TOOLKIT, WIDGETS, COMMAND))):
         module = module_of(path)
         text = path.read_text(encoding="utf-8")
         for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]", text, re.MULTILINE):
@@ -145,8 +147,8 @@ def includes(*roots):
 
 def public_modules():
     """What a host includes."""
-    exports = re.compile("RVOPEN_(TOOLKIT_)?EXPORT")
-    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h")]
+    exports = re.compile("RVOPEN_(TOOLKIT_|WIDGETS_)?EXPORT")
+    return {module_of(path) for path in [*LIBRARY.glob("*.h"), *TOOLKIT.rglob("*.h"), *WIDGETS.glob("*.h")]
             if exports.search(path.read_text(encoding="utf-8"))} | {
                 module_of(path) for path in LIBRARY.glob("host/*.h")} | {
                 "RVOpenStatus", "RVOpenVersion", "toolkit/documents/Folders"}
@@ -174,14 +176,14 @@ def violations():
     for module, upper in sorted(set(UPWARDS) - used):
         yield f'rvopen/{module}.cpp need not be allowed to know "{upper}": it does not'
     public = public_modules()
-    for path, module, included in includes(TOOLKIT, COMMAND):
+    for path, module, included in includes(TOOLKIT, WIDGETS, COMMAND):
         file = path.relative_to(DOCS.parent).as_posix()
-        is_own = included.startswith(("toolkit/", "command/"))
-        if included not in public and not is_own:
+        is_own = included.startswith(("toolkit/", "command/")) and not module.startswith("widgets/")
+        if included not in public | {"widgets/WidgetsExport"} and not is_own:
             yield f"{file} includes {included}.h, which is not public"
         # What is installed needs nothing that is not.
         is_installed = path.suffix == ".h" and module in public
-        if is_installed and included not in public | {"toolkit/ToolkitExport"}:
+        if is_installed and included not in public | {"toolkit/ToolkitExport", "widgets/WidgetsExport"}:
             yield f"{file} is installed and includes {included}.h, which is not"
 
 

@@ -37,7 +37,7 @@ def subject(declaration):
 def header(path, lines):
     # Where the group begins: what is declared before is from elsewhere.
     opener = next((line.strip() for line in lines
-                   if re.match(r"namespace (rvopen::)?(toolkit|host) {", line)), "namespace rvopen {")
+                   if re.match(r"namespace (rvopen::)?(toolkit|host|widgets) {", line)), "namespace rvopen {")
     closer = "} // " + opener.rstrip(" {")
     group = group_id(pictures.layers_of()[pictures.module_of(path)])
     result = []
