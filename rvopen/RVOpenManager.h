@@ -182,7 +182,8 @@ public:
     /// two extra archives as they are, then those of the custom and of the product's folder, by
     /// their file names ("*.rvx", without sub-folders). What is open is searched as it is in
     /// memory. Of what is not, the files are scanned, and only one with a preset of that reference
-    /// name is opened, in the registry. Null if none has it.
+    /// name is opened, in the registry. Null if none has it. No other thread may be in the tree of
+    /// one of these archives meanwhile.
     RVOpenNode* FindRVOpenNodeInAllArchives(QString type, QString subcat, QString refName);
     /// Writes the document of \p rootNode to \p path in UTF-8, indented by 3, attributes by name,
     /// U+FFFD for forbidden characters. False when it cannot be written, or could not be read again

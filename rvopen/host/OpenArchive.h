@@ -16,7 +16,7 @@ namespace rvopen::host {
 /// last one closes it, unless it was open before the first, and drops what was not saved. Where the
 /// archive is closed or removed otherwise, root() is null.
 ///
-/// Any thread may have one at any time; what is below the root belongs to one thread at a time.
+/// It is part of the tree below the root: made, saved and dropped while no other thread is in that.
 class RVOPEN_EXPORT OpenArchive {
 public:
     /// None.
