@@ -64,7 +64,7 @@ void RVOpenManager::ClearSnapShotDoc()
 
 int RVOpenManager::LoadSnapShotDocFromFile(QString path)
 {
-    return load(path.isEmpty() ? nullptr : readDocument(path));
+    return load(readDocument(path));
 }
 
 int RVOpenManager::LoadSnapShotDocFromString(QString xml)
@@ -173,6 +173,7 @@ void RVOpenManager::ImportSnapShotDoc(QString path, bool useCurrentCamera, bool 
 
 void RVOpenManager::AddImportedSnapShot(bool useCurrentCamera)
 {
+    tellOfWriting(WriteError());
     const changes::Block block;
     const bool isNeeded = m_parts->imported.hasSnapShots();
     SnapShots* const collection = isNeeded ? m_parts->document.mainOnDemand() : GetSnapShots();

@@ -76,6 +76,18 @@ std::vector<RVOpenNode*> NodeAccess::components(RVOpenNode* node)
     return snapShot ? snapShot->components() : std::vector<RVOpenNode*>();
 }
 
+std::optional<RVOpenNode*> NodeAccess::findComponent(RVOpenNode* node, const std::type_info& type)
+{
+    auto* const snapShot = nodeCast<SnapShot>(node);
+    if (!snapShot)
+        return std::nullopt;
+    for (const SnapShot::Components::Row& row : SnapShot::Components::s_rows) {
+        if (*row.type == type)
+            return row.find(snapShot, row.name);
+    }
+    return std::nullopt;
+}
+
 SnapShot::SnapShot(QDomNode node)
 {
     SetDomNode(node);

@@ -9,6 +9,7 @@
 
 #include <rvopen/Camera.h>
 #include <rvopen/Param.h>
+#include <rvopen/RVOpenLimits.h>
 #include <rvopen/RVOpenView.h>
 
 namespace rvopen::test {
@@ -155,6 +156,38 @@ TEST_F(HostDocuments, SayWhichThumbnailDidNotArrive)
     EXPECT_FALSE(again->thumbnail);
     // What is there already is no error.
     EXPECT_FALSE(host::importSnapShots(manager, other)->thumbnail);
+    EXPECT_EQ(LastWriteError(), "");
+}
+
+TEST_F(HostDocuments, SayWhyAThumbnailCouldNotBeRead)
+{
+    ArchiveFolders folders;
+    const QString other = write("other.xml", "<snapRoot><snapshots name='Model SnapShots'>"
+                                             "<snapshot name='x'/></snapshots></snapRoot>");
+    const QString thumbnail = write("icon_x.jpg", QByteArray(1000, 'x'));
+    SetMaxInputSize(999);
+    EXPECT_EQ(host::importSnapShots(manager, other)->thumbnail.message,
+              "The input is larger than 999");
+    SetMaxInputSize(DefaultMaxInputSize);
+    setMode(thumbnail, 0);
+    for (const QString& path : {folder.path(), folders.root(), folders.snapshots()})
+        setMode(path, 0777);
+    {
+        const Unprivileged unprivileged;
+        EXPECT_EQ(host::importSnapShots(manager, other)->thumbnail.message, "Permission denied");
+    }
+    EXPECT_FALSE(QFileInfo::exists(folders.snapshots() + "/icon_x.jpg"));
+}
+
+TEST_F(HostDocuments, AnImportOfNothingLeavesNoOlderError)
+{
+    const QString empty = write("empty.xml", "<snapRoot/>");
+    manager.ClearSnapShotDoc();
+    EXPECT_FALSE(WriteFile("x", path("no/file")));
+    const Result<Imported> result = host::importSnapShots(manager, empty);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(result->snapShots, 0);
+    EXPECT_EQ(result->thumbnail.message, "");
     EXPECT_EQ(LastWriteError(), "");
 }
 

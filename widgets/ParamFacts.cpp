@@ -28,20 +28,6 @@ Range common(const Range& a, const Range& b)
     return range;
 }
 
-Range ownRange(const QDomElement& param)
-{
-    const auto end = [&param](const char* name, double& value) {
-        bool isNumber = false;
-        const double number = param.attribute(QLatin1String(name)).toDouble(&isNumber);
-        if (isNumber)
-            value = number;
-    };
-    Range range;
-    end("rangeMin", range.minimum);
-    end("rangeMax", range.maximum);
-    return range;
-}
-
 void addSchema(const ParamInfo& info, ParamFacts& facts)
 {
     facts.label = info.label.toString();
@@ -72,7 +58,7 @@ ParamFacts FactsOf(const QDomElement& param)
     if (const ParamInfo* const info = FindParam(owner.tagName(), KindOf(owner), facts.label))
         addSchema(*info, facts);
     if (facts.type == ValueType::Float || facts.type == ValueType::Integer) {
-        facts.hard = common(facts.hard, ownRange(param));
+        facts.hard = common(facts.hard, OwnRange(param));
         Range usual = facts.soft;
         float low = 0;
         float high = 0;

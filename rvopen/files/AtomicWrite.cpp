@@ -112,16 +112,10 @@ bool copyFile(const QString& source, const QString& target, QString& reason)
         return false;
     QFile file(source);
     QByteArray bytes;
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        reason = file.errorString();
-        return false;
-    }
-    if (file.size() > GetMaxInputSize()) {
-        reason = tooLarge();
-        return false;
-    }
-    if (!readWhole(file, bytes)) {
-        reason = reasonOf(file);
+    const bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    const bool isTooLarge = isOpen && file.size() > GetMaxInputSize();
+    if (!isOpen || isTooLarge || !readWhole(file, bytes)) {
+        reason = isTooLarge ? tooLarge() : reasonOf(file);
         return false;
     }
     if (replaceFile(target, bytes, reason) != SaveResult::Saved)

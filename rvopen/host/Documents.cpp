@@ -31,13 +31,6 @@ QDomDocument documentOf(const RVOpenNode* node)
 
 Result<> load(RVOpenManager& manager, const QString& path)
 {
-    ReadError error;
-    QByteArray bytes;
-    if (path.isEmpty()) {
-        // The manager answers that without an attempt to read.
-        readBytes(path, bytes, error);
-        return error;
-    }
     if (manager.LoadSnapShotDocFromFile(path))
         return std::monostate();
     return LastReadError();
@@ -73,7 +66,6 @@ Result<Imported> importSnapShots(RVOpenManager& manager, const QString& path, Im
     if (!error.message.isEmpty())
         return error;
     const int before = manager.GetNumSnapShots();
-    tellOfWriting(WriteError());
     manager.AddImportedSnapShot(camera == ImportedCamera::Current);
     return Imported{manager.GetNumSnapShots() - before, lastWriteError()};
 }

@@ -72,6 +72,14 @@ bool write(RVOpenNode* node, const QString& name, Param* (ParamHelper::*add)(QSt
     return param && set(*param);
 }
 
+/// By an operation of Param that takes the value as it is.
+template <typename Value, typename Taken>
+bool writeAs(RVOpenNode* node, const QString& name, Param* (ParamHelper::*add)(QString),
+             unsigned int (Param::*setter)(Taken), const Value& value)
+{
+    return write(node, name, add, [&](Param& param) { return (param.*setter)(value) == StatusOk; });
+}
+
 bool writeThree(RVOpenNode* node, const QString& name, Param* (ParamHelper::*add)(QString),
                 unsigned int (Param::*setter)(float*), float first, float second, float third)
 {
@@ -137,8 +145,7 @@ bool readValue(RVOpenNode* node, const QString& name, Vector& out)
 
 bool setValue(RVOpenNode* node, const QString& name, float value)
 {
-    return write(node, name, &ParamHelper::AddFloatParam,
-                 [&](Param& param) { return param.SetValFloat(value) == StatusOk; });
+    return writeAs(node, name, &ParamHelper::AddFloatParam, &Param::SetValFloat, value);
 }
 
 bool setValue(RVOpenNode* node, const QString& name, double value)
@@ -156,14 +163,12 @@ bool setValue(RVOpenNode* node, const QString& name, int value)
 
 bool setValue(RVOpenNode* node, const QString& name, bool value)
 {
-    return write(node, name, &ParamHelper::AddBoolParam,
-                 [&](Param& param) { return param.SetValBool(value) == StatusOk; });
+    return writeAs(node, name, &ParamHelper::AddBoolParam, &Param::SetValBool, value);
 }
 
 bool setValue(RVOpenNode* node, const QString& name, const QString& value)
 {
-    return write(node, name, &ParamHelper::AddStringParam,
-                 [&](Param& param) { return param.SetValString(value) == StatusOk; });
+    return writeAs(node, name, &ParamHelper::AddStringParam, &Param::SetValString, value);
 }
 
 bool setValue(RVOpenNode* node, const QString& name, const char* value)

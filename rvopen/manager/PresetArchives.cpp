@@ -65,6 +65,18 @@ RVOpenNode* findPreset(RVOpenNode* node, const QString& subcat, const QString& r
     return nullptr;
 }
 
+/// The same, with notes of all that is met where that helps the next one.
+RVOpenNode* findNotedPreset(RVOpenNode* in, const QString& subcat, const QString& refName)
+{
+    RVOpenNode* const noted = refName.isEmpty() ? nullptr : FoundNodes::find(in, refName);
+    if (noted && (subcat.isEmpty() || noted->GetSubCat() == subcat))
+        return noted;
+    if (FoundNodes::begin(in, FoundNodes::Below::Descendants, names::attribute::refName()))
+        notePresets(in, in);
+    QSet<const RVOpenNode*> archives;
+    return findPreset(in, subcat, refName, archives);
+}
+
 /// Whether a file has an element of a reference name.
 class NameScan : public XmlScan {
 public:
@@ -93,18 +105,6 @@ private:
     const QString m_refName;
     bool m_isMet = false;
 };
-
-/// The same, with notes of all that is met where that helps the next one.
-RVOpenNode* findNotedPreset(RVOpenNode* in, const QString& subcat, const QString& refName)
-{
-    RVOpenNode* const noted = refName.isEmpty() ? nullptr : FoundNodes::find(in, refName);
-    if (noted && (subcat.isEmpty() || noted->GetSubCat() == subcat))
-        return noted;
-    if (FoundNodes::begin(in, FoundNodes::Below::Descendants, names::attribute::refName()))
-        notePresets(in, in);
-    QSet<const RVOpenNode*> archives;
-    return findPreset(in, subcat, refName, archives);
-}
 
 } // namespace
 
@@ -196,6 +196,8 @@ RVOpenNode* PresetArchives::findInAll(const QString& type, const QString& subcat
             QDir(PathToOpen(folder)).entryList({QStringLiteral("*.rvx")}, QDir::Files, QDir::Name);
         for (const QString& file : files) {
             const QString path = folder + QDir::separator() + file;
+            if (path == m_path)
+                continue;
             RVOpenNode* root = registry->openArchive(path);
             if (!root && !refName.isEmpty() && scan.isIn(path))
                 root = registry->LoadArchive(path);

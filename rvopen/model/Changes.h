@@ -71,36 +71,27 @@ private:
     bool m_counts;
 };
 
-/// The scope in which nothing is told, since nobody has what changes.
-class Quiet {
+/// A scope between two calls.
+template <void (*begin)(), void (*end)()>
+class Scope {
 public:
-    Quiet()
+    Scope()
     {
-        Observers::beginQuiet();
+        begin();
     }
-    ~Quiet()
+    ~Scope()
     {
-        Observers::endQuiet();
+        end();
     }
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
 };
 
-/// The scope in which an object is made: what of its element comes with that is told, and may
-/// happen to who is being told of something, since reading makes objects.
-class Making {
-public:
-    Making()
-    {
-        Observers::beginMaking();
-    }
-    ~Making()
-    {
-        Observers::endMaking();
-    }
-    Making(const Making&) = delete;
-    Making& operator=(const Making&) = delete;
-};
+/// In which nothing is told, since nobody has what changes.
+using Quiet = Scope<&Observers::beginQuiet, &Observers::endQuiet>;
+/// In which an object is made: what of its element comes with that is told, and may happen to who
+/// is being told of something, since reading makes objects.
+using Making = Scope<&Observers::beginMaking, &Observers::endMaking>;
 
 void setAttribute(QDomElement& element, const QString& name, const QString& value);
 /// Puts \p child, wherever it stands, under \p parent behind \p previous, for null as the first.

@@ -6,6 +6,8 @@
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/model/References.h>
 
+#include <optional>
+#include <typeinfo>
 #include <vector>
 
 namespace rvopen {
@@ -104,6 +106,9 @@ struct NodeAccess {
     static void forgetComponent(RVOpenNode* snapShot, RVOpenNode* component);
     /// Those that the node holds if it is a snapshot.
     static std::vector<RVOpenNode*> components(RVOpenNode* node);
+    /// The component of that class, null where \p node, a snapshot, has no element for it; nothing
+    /// where it is no snapshot or the class is that of no component.
+    static std::optional<RVOpenNode*> findComponent(RVOpenNode* node, const std::type_info& type);
     /// @}
 
     /// \name Objects held by what is no node

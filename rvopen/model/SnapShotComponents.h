@@ -14,6 +14,7 @@
 #include <rvopen/model/NodeAccess.h>
 
 #include <type_traits>
+#include <typeinfo>
 
 namespace rvopen {
 
@@ -196,6 +197,12 @@ struct SnapShot::Components {
         held = {};
     }
 
+    template <typename Component, Held<Component> SnapShot::*member>
+    static RVOpenNode* findAny(SnapShot* snapShot, names::Name name)
+    {
+        return find<Component, member>(snapShot, name);
+    }
+
     /// What is done to each component in turn.
     struct Row {
         names::Name name;
@@ -203,12 +210,19 @@ struct SnapShot::Components {
         bool (*forget)(SnapShot* snapShot, const RVOpenNode* component);
         RVOpenNode* (*owned)(const SnapShot* snapShot);
         void (*retire)(SnapShot* snapShot);
+        const std::type_info* type;
+        RVOpenNode* (*find)(SnapShot* snapShot, names::Name name);
     };
     template <typename Component, Held<Component> SnapShot::*member>
     static constexpr Row row(names::Name name)
     {
-        return {name, bind<Component, member>, forget<Component, member>, owned<Component, member>,
-                retire<Component, member>};
+        return {name,
+                bind<Component, member>,
+                forget<Component, member>,
+                owned<Component, member>,
+                retire<Component, member>,
+                &typeid(Component),
+                findAny<Component, member>};
     }
     static const Row s_rows[10];
 };

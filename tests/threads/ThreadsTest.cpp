@@ -23,6 +23,7 @@
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -241,9 +242,13 @@ TEST_F(Threads, AnArchiveIsOpenWhileOneOfThemHasIt)
     std::array<int, s_threads> found{};
     inThreads([&](int number) {
         for (int round = 0; round < s_rounds; ++round) {
-            const host::OpenArchive archive(file);
-            const std::lock_guard<std::mutex> lock(tree);
-            found[static_cast<size_t>(number)] += archive && archive.root()->GetName() == "a";
+            std::unique_lock<std::mutex> lock(tree);
+            std::optional<host::OpenArchive> archive(std::in_place, file);
+            lock.unlock();
+            std::this_thread::yield();
+            lock.lock();
+            found[static_cast<size_t>(number)] += *archive && archive->root()->GetName() == "a";
+            archive.reset();
         }
     });
     EXPECT_THAT(found, ::testing::Each(s_rounds));

@@ -18,8 +18,6 @@ struct Words {
     const QString type = QStringLiteral("type");
     const QString val = QStringLiteral("val");
     const QString prop = QStringLiteral("prop");
-    const QString rangeMin = QStringLiteral("rangeMin");
-    const QString rangeMax = QStringLiteral("rangeMax");
     const QString refname = QStringLiteral("refname");
     const QString linkname = QStringLiteral("linkname");
     const QString imgname = QStringLiteral("imgname");

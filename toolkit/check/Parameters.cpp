@@ -104,24 +104,21 @@ void Parameters::inspectRange(const QDomElement& param, int ordinal, const QStri
                               const QString& text)
 {
     const Words& words = m_inspecting.words;
-    const QString lowText = param.attribute(words.rangeMin);
-    const QString highText = param.attribute(words.rangeMax);
-    if (lowText.isEmpty() && highText.isEmpty())
+    const Range own = OwnRange(param);
+    if (!own.HasMinimum() && !own.HasMaximum())
         return;
     double value = text.toDouble();
-    double low = 0;
-    double high = 0;
     if (param.attribute(words.prop).contains(QLatin1Char('D')))
         value /= m_inspecting.unitsScale;
-    const bool hasLow = ToNumber(lowText, low);
-    const bool hasHigh = ToNumber(highText, high);
     const auto isLess = [](double a, double b) { return a < b - std::abs(b) * 1e-6; };
-    if ((hasLow && isLess(value, low)) || (hasHigh && isLess(high, value)))
-        m_inspecting.report(rules::outOfRange, param, ordinal,
-                            QStringLiteral("\"%1\": %2 is outside of %3 to %4")
-                                .arg(name, NumberText(value),
-                                     hasLow ? NumberText(low) : QStringLiteral("?"),
-                                     hasHigh ? NumberText(high) : QStringLiteral("?")));
+    if ((own.HasMinimum() && isLess(value, own.minimum)) ||
+        (own.HasMaximum() && isLess(own.maximum, value)))
+        m_inspecting.report(
+            rules::outOfRange, param, ordinal,
+            QStringLiteral("\"%1\": %2 is outside of %3 to %4")
+                .arg(name, NumberText(value),
+                     own.HasMinimum() ? NumberText(own.minimum) : QStringLiteral("?"),
+                     own.HasMaximum() ? NumberText(own.maximum) : QStringLiteral("?")));
 }
 
 } // namespace rvopen::toolkit

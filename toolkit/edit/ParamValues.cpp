@@ -60,15 +60,13 @@ QString wrongText(ValueType type, const ValueFault& fault, const QString& text)
 
 QString outsideRange(const QDomElement& param, double value)
 {
-    double low = 0;
-    double high = 0;
-    const bool hasLow = ToNumber(name(param, "rangeMin"), low);
-    const bool hasHigh = ToNumber(name(param, "rangeMax"), high);
-    if ((!hasLow || value >= low) && (!hasHigh || value <= high))
+    const Range own = OwnRange(param);
+    if (own.Contains(value))
         return QString();
     return QStringLiteral("%1 is outside of %2 to %3")
-        .arg(NumberText(value), hasLow ? NumberText(low) : QStringLiteral("-infinity"),
-             hasHigh ? NumberText(high) : QStringLiteral("infinity"));
+        .arg(NumberText(value),
+             own.HasMinimum() ? NumberText(own.minimum) : QStringLiteral("-infinity"),
+             own.HasMaximum() ? NumberText(own.maximum) : QStringLiteral("infinity"));
 }
 
 } // namespace

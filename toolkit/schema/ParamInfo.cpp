@@ -207,6 +207,14 @@ QString ColourSpaceName(ColourSpace space)
     return QString();
 }
 
+Range OwnRange(const QDomElement& param)
+{
+    Range range;
+    ToNumber(param.attribute(QStringLiteral("rangeMin")), range.minimum);
+    ToNumber(param.attribute(QStringLiteral("rangeMax")), range.maximum);
+    return range;
+}
+
 QString RangeText(const Range& range)
 {
     if (range.HasMinimum() && range.HasMaximum() && !range.excludesMinimum &&

@@ -230,6 +230,8 @@ RVOPEN_TOOLKIT_EXPORT std::optional<ValueType> TypeNamed(const QString& name);
 RVOPEN_TOOLKIT_EXPORT QString UnitName(Unit unit);
 /// "srgb" or "data"; empty for None.
 RVOPEN_TOOLKIT_EXPORT QString ColourSpaceName(ColourSpace space);
+/// The range that a "param" element states itself, "rangeMin" to "rangeMax", in scene units.
+RVOPEN_TOOLKIT_EXPORT Range OwnRange(const QDomElement& param);
 /// "0 to 1", "from 0", "above 0 and below 180"; empty for a range without ends.
 RVOPEN_TOOLKIT_EXPORT QString RangeText(const Range& range);
 

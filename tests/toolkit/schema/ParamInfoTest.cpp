@@ -338,6 +338,19 @@ TEST(TypeNamed, IsTheOtherWayRound)
     EXPECT_EQ(TypeNamed(QStringLiteral("Float")), std::nullopt);
 }
 
+TEST(OwnRange, HasTheEndsThatTheElementStates)
+{
+    QDomDocument document;
+    QDomElement param = document.createElement(QStringLiteral("param"));
+    EXPECT_EQ(RangeText(OwnRange(param)), QString());
+    param.setAttribute(QStringLiteral("rangeMin"), QStringLiteral("-0.5"));
+    EXPECT_EQ(RangeText(OwnRange(param)), QStringLiteral("from -0.5"));
+    param.setAttribute(QStringLiteral("rangeMax"), QStringLiteral("2"));
+    EXPECT_EQ(RangeText(OwnRange(param)), QStringLiteral("-0.5 to 2"));
+    param.setAttribute(QStringLiteral("rangeMin"), QStringLiteral("1e99"));
+    EXPECT_EQ(RangeText(OwnRange(param)), QStringLiteral("up to 2"));
+}
+
 TEST(RangeText, NamesTheEndsThatThereAre)
 {
     EXPECT_EQ(RangeText(rowOf("lens", "", "Angle").hard), QStringLiteral("above 0 and below 180"));
