@@ -79,6 +79,21 @@ TEST_P(FoundComponent, IsTheOneOfTheGetterAndIsNeverCreated)
     EXPECT_EQ(GetParam().find(nullptr), nullptr);
 }
 
+TEST_P(FoundComponent, IsThatOfAnElementThatAHostPutThere)
+{
+    QDomDocument document = parse("<snapshot/>");
+    const RVOpenView<SnapShot> snapShot(document.documentElement());
+    QDomElement element = document.createElement(GetParam().element);
+    document.documentElement().appendChild(element);
+    RVOpenNode* const found = GetParam().find(snapShot.get());
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->GetDomNode(), element);
+    EXPECT_EQ(found, GetParam().get(snapShot.get()));
+    // A copy by value shows what the snapshot has.
+    SnapShot copy(*snapShot);
+    EXPECT_EQ(GetParam().find(&copy), found);
+}
+
 INSTANTIATE_TEST_SUITE_P(Host, FoundComponent, ::testing::ValuesIn(s_componentRows),
                          [](const auto& row) { return std::string(row.param.element); });
 

@@ -18,9 +18,9 @@ namespace rvopen::host {
                                                                      const std::type_info& type);
 
 /// The object of that class in \p parent, null where there is none and for null: of a snapshot the
-/// component that its getter gives, also where that would create one; of anything else the first
-/// child of the class, which may be in an archive that the parent stands for. No element is ever
-/// created, so that looking at a document leaves it as it is. Owned by the parent.
+/// component, which its getter gives as well from then on; of anything else the first child of the
+/// class, which may be in an archive that the parent stands for. No element is ever created, also
+/// where the getter would, so that looking at a document leaves it as it is. Owned by the parent.
 template <typename Class>
 [[nodiscard]] Class* find(RVOpenNode* parent)
 {
