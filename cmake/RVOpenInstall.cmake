@@ -14,35 +14,28 @@ install(TARGETS rvopen
     ARCHIVE COMPONENT development
     FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development
     FILE_SET generated_headers DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
-install(TARGETS rvopen_toolkit
-    EXPORT rvopenTargets
-    RUNTIME COMPONENT toolkit
-    LIBRARY COMPONENT toolkit NAMELINK_COMPONENT development
-    ARCHIVE COMPONENT development
-    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-get_target_property(toolkit_dir rvopen_toolkit SOURCE_DIR)
-get_target_property(toolkit_headers rvopen_toolkit RVOPEN_HEADERS)
-foreach(header IN LISTS toolkit_headers)
-    cmake_path(GET header PARENT_PATH room)
-    install(FILES "${toolkit_dir}/${header}"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/toolkit/${room}" COMPONENT development)
-endforeach()
-get_target_property(toolkit_build_dir rvopen_toolkit BINARY_DIR)
-install(FILES "${toolkit_build_dir}/include/rvopen/toolkit/ToolkitExport.h"
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/toolkit" COMPONENT development)
-if(TARGET rvopen_widgets)
-    install(TARGETS rvopen_widgets
-        EXPORT rvopenWidgetsTargets
-        RUNTIME COMPONENT widgets
-        LIBRARY COMPONENT widgets NAMELINK_COMPONENT development
+# install_library(<name> <export set>): one that stands on the model, as a component of its name.
+function(install_library name targets)
+    install(TARGETS rvopen_${name}
+        EXPORT ${targets}
+        RUNTIME COMPONENT ${name}
+        LIBRARY COMPONENT ${name} NAMELINK_COMPONENT development
         ARCHIVE COMPONENT development
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-    get_target_property(widgets_dir rvopen_widgets SOURCE_DIR)
-    get_target_property(widgets_headers rvopen_widgets RVOPEN_HEADERS)
-    list(TRANSFORM widgets_headers PREPEND "${widgets_dir}/")
-    get_target_property(widgets_build_dir rvopen_widgets BINARY_DIR)
-    install(FILES ${widgets_headers} "${widgets_build_dir}/include/rvopen/widgets/WidgetsExport.h"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/widgets" COMPONENT development)
+    set(include_dir "${CMAKE_INSTALL_INCLUDEDIR}/rvopen/${name}")
+    get_target_property(folder rvopen_${name} SOURCE_DIR)
+    get_target_property(headers rvopen_${name} RVOPEN_HEADERS)
+    foreach(header IN LISTS headers)
+        cmake_path(GET header PARENT_PATH room)
+        install(FILES "${folder}/${header}" DESTINATION "${include_dir}/${room}"
+            COMPONENT development)
+    endforeach()
+    get_target_property(export_header rvopen_${name} RVOPEN_EXPORT_HEADER)
+    install(FILES "${export_header}" DESTINATION "${include_dir}" COMPONENT development)
+endfunction()
+install_library(toolkit rvopenTargets)
+if(TARGET rvopen_widgets)
+    install_library(widgets rvopenWidgetsTargets)
     install(EXPORT rvopenWidgetsTargets NAMESPACE rvopen:: DESTINATION "${package_dir}"
         COMPONENT development)
 endif()
@@ -105,15 +98,13 @@ configure_file(cmake/rvopen.pc.in rvopen.pc.configured @ONLY)
 file(GENERATE OUTPUT rvopen-$<CONFIG>.pc INPUT "${PROJECT_BINARY_DIR}/rvopen.pc.configured")
 install(FILES "${PROJECT_BINARY_DIR}/rvopen-$<CONFIG>.pc" DESTINATION "${pc_dir}" RENAME rvopen.pc
     COMPONENT development)
-configure_file(cmake/rvopen-toolkit.pc.in rvopen-toolkit.pc @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/rvopen-toolkit.pc" DESTINATION "${pc_dir}"
-    COMPONENT development)
-
-if(TARGET rvopen_widgets)
-    configure_file(cmake/rvopen-widgets.pc.in rvopen-widgets.pc @ONLY)
-    install(FILES "${PROJECT_BINARY_DIR}/rvopen-widgets.pc" DESTINATION "${pc_dir}"
-        COMPONENT development)
-endif()
+foreach(name IN ITEMS toolkit widgets)
+    if(TARGET rvopen_${name})
+        configure_file(cmake/rvopen-${name}.pc.in rvopen-${name}.pc @ONLY)
+        install(FILES "${PROJECT_BINARY_DIR}/rvopen-${name}.pc" DESTINATION "${pc_dir}"
+            COMPONENT development)
+    endif()
+endforeach()
 
 # The schemas of the documents, in both forms.
 file(GLOB formats CONFIGURE_DEPENDS docs/formats/*.rnc docs/formats/*.rng)
