@@ -16,6 +16,7 @@
 #include <rvopen/host/OpenArchive.h>
 #include <rvopen/host/Owned.h>
 #include <rvopen/host/Values.h>
+#include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 
@@ -319,6 +320,22 @@ TEST_F(Threads, MetadataIsRead)
     EXPECT_GT(labels[0].size(), 100);
     EXPECT_NE(labels[0].last(), "none");
     EXPECT_THAT(labels, ::testing::Each(labels[0]));
+}
+
+TEST_F(Threads, PresetsAreDrawn)
+{
+    Gate gate;
+    std::array<QImage, s_threads> pictures;
+    inThreads([&](int number) {
+        const QDomDocument document = parse("<material><colour><diffuse><param name='Colour'>"
+                                            "<plainColour val='1 0 0'/></param></diffuse></colour>"
+                                            "</material>");
+        gate.pass();
+        pictures[static_cast<size_t>(number)] =
+            toolkit::DrawPicture(document.documentElement(), {toolkit::MinPictureSize, false});
+    });
+    EXPECT_FALSE(pictures[0].isNull());
+    EXPECT_THAT(pictures, ::testing::Each(pictures[0]));
 }
 
 } // namespace

@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <mutex>
+
 namespace rvopen::toolkit {
 
 namespace {
@@ -39,6 +41,9 @@ void usePlatform(const char* name)
 
 void preparePictures()
 {
+    // Of several threads one makes it, and the others wait until it is whole.
+    static std::mutex mutex;
+    const std::lock_guard<std::mutex> lock(mutex);
     // That of a host is as good.
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return;
@@ -49,7 +54,9 @@ void preparePictures()
     // What it has to say of the session that it finds itself in is of no use to the user.
     const QtMessageHandler handler =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    static const QGuiApplication application(argc, argv);
+    // Never deleted: the thread that it was made in may be gone by the end, which Qt does not bear.
+    static const auto* const application = new QGuiApplication(argc, argv);
+    static_cast<void>(application);
     qInstallMessageHandler(handler);
 }
 
