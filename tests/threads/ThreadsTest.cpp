@@ -16,6 +16,9 @@
 #include <rvopen/host/OpenArchive.h>
 #include <rvopen/host/Owned.h>
 #include <rvopen/host/Values.h>
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+#include <rvopen/toolkit/check/Inspection.h>
+#include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
@@ -322,6 +325,31 @@ TEST_F(Threads, MetadataIsRead)
     EXPECT_THAT(labels, ::testing::Each(labels[0]));
 }
 
+TEST_F(Threads, DocumentsOfTheirOwnAreInspected)
+{
+    Gate gate;
+    std::array<QStringList, s_threads> found;
+    QStringList files;
+    for (int number = 0; number < s_threads; ++number) {
+        files << folder.filePath(QString::number(number) + ".rvx");
+        writeFile(files.last(), "<presets version='3.1'><materials><camera name='c'/><dir name='d'>"
+                                "<material name='m' xmlImage='no picture'/></dir></materials>"
+                                "<finishes><dir/><finish/></finishes><bumps><bump/></bumps>"
+                                "<cameras><camera/></cameras></presets>");
+    }
+    inThreads([&](int number) {
+        ReadError error;
+        const auto document = toolkit::Document::Read(files[number], error);
+        gate.pass();
+        for (const toolkit::Finding& finding : toolkit::Inspect(*document))
+            found[static_cast<size_t>(number)] << finding.path + ": " + finding.message;
+    });
+    EXPECT_GT(found[0].filter("No \"camera\" belongs under").size(), 0)
+        << found[0].join('\n').toStdString();
+    EXPECT_GT(found[0].filter("preview").size(), 0);
+    EXPECT_THAT(found, ::testing::Each(found[0]));
+}
+
 TEST_F(Threads, PresetsAreDrawn)
 {
     Gate gate;
@@ -336,6 +364,32 @@ TEST_F(Threads, PresetsAreDrawn)
     });
     EXPECT_FALSE(pictures[0].isNull());
     EXPECT_THAT(pictures, ::testing::Each(pictures[0]));
+}
+
+TEST_F(Threads, CataloguesOfTheSameFilesAreMadeAndSearched)
+{
+    qputenv("XDG_CACHE_HOME", QFile::encodeName(folder.filePath("caches")));
+    const QStringList files{folders.write("A", QString::fromUtf8(s_preset).arg("a")),
+                            folders.write("B", QString::fromUtf8(s_preset).arg("b"))};
+    Gate gate;
+    std::array<int, s_threads> right{};
+    inThreads([&](int number) {
+        for (int round = 0; round < s_rounds; ++round) {
+            gate.pass();
+            const toolkit::Catalogue catalogue(files);
+            toolkit::CatalogueQuery query;
+            query.text = "by";
+            const auto found = catalogue.Find(query);
+            right[static_cast<size_t>(number)] += catalogue.Count() == 4 && found.size() == 1 &&
+                                                  found[0].name == "by" && catalogue.Open(found[0]);
+            gate.pass();
+            // The first one to come makes the index, in every second round.
+            if (number == 0 && round % 2 == 0)
+                QDir(folder.filePath("caches")).removeRecursively();
+        }
+    });
+    qunsetenv("XDG_CACHE_HOME");
+    EXPECT_THAT(right, ::testing::Each(s_rounds));
 }
 
 } // namespace

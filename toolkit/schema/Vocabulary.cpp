@@ -42,9 +42,12 @@ bool Vocabulary::isAttribute(const QString& element, const QString& attribute) c
 bool Vocabulary::canAdd(const QString& parent, const QString& child) const
 {
     const QString key = parent + QLatin1Char('/') + child;
-    const auto known = m_placement.constFind(key);
-    if (known != m_placement.cend())
-        return *known;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const auto known = m_placement.constFind(key);
+        if (known != m_placement.cend())
+            return *known;
+    }
     QDomDocument document;
     QDomElement parentElement = document.createElement(parent);
     document.appendChild(parentElement);
@@ -53,6 +56,7 @@ bool Vocabulary::canAdd(const QString& parent, const QString& child) const
     const bool can = RVOpenSchema::canAddNode(parentNode, childNode) != 0;
     delete childNode;
     delete parentNode;
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_placement.insert(key, can);
     return can;
 }

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QString>
 
+#include <mutex>
+
 namespace rvopen::toolkit {
 
 /// Where the kind of an element stands, as KindOf() has it.
@@ -36,6 +38,8 @@ public:
 private:
     Vocabulary() = default;
 
+    /// Of what was asked before, which several threads may do.
+    mutable std::mutex m_mutex;
     mutable QHash<QString, bool> m_placement;
 };
 
