@@ -75,7 +75,6 @@ RVOpenNode::RVOpenNode()
     , m_skipsBlanks(0)
     , m_makesNext(0)
     , m_makesChild(0)
-    , m_isReferred(0)
     , m_hasNotes(0)
 {
 }

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <atomic>
 #include <vector>
 
 namespace rvopen {
@@ -32,7 +33,8 @@ namespace rvopen {
 /// chain that it is in.
 ///
 /// Lifetime of the document: a node holds a handle to its document, so a node that was cloned or
-/// detached stays usable after everybody else let go of that document.
+/// detached stays usable after everybody else let go of that document. With all objects over it a
+/// document is used by one thread at a time, clones among them.
 ///
 /// Archive references: a node whose element carries a non-empty "archiveFilename" stands for the
 /// root of an archive file; asking for children, adding, inserting, detaching, deleting and
@@ -322,8 +324,10 @@ private:
     quint32 m_skipsBlanks : 1;    ///< Text of white space alone gets no object among the children.
     quint32 m_makesNext : 1;      ///< The next node is being made.
     quint32 m_makesChild : 1;     ///< The first child is being made.
-    quint32 m_isReferred : 1;     ///< There are handles that are to be null once it goes.
     quint32 m_hasNotes : 1;       ///< Look-ups noted it, or what is below it.
+    /// There are handles that are to be null once it goes. No bit beside the others: the root of an
+    /// archive gets handles in other threads than the one that works in its tree.
+    std::atomic<bool> m_isReferred{false};
 };
 
 } // namespace rvopen

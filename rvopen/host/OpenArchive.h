@@ -16,7 +16,8 @@ namespace rvopen::host {
 /// last one closes it, unless it was open before the first, and drops what was not saved. Where the
 /// archive is closed or removed otherwise, root() is null.
 ///
-/// It is part of the tree below the root: made, saved and dropped while no other thread is in that.
+/// Any thread may make one and drop it while another one is in the tree below the root, which is to
+/// have one as well; save() and what is below the root are for the thread that is in it.
 class RVOPEN_EXPORT OpenArchive {
 public:
     /// None.

@@ -146,12 +146,12 @@ struct NodeAccess {
     /// Whether there are some.
     static void setReferred(RVOpenNode* node, bool isReferred)
     {
-        node->m_isReferred = isReferred ? 1 : 0;
+        node->m_isReferred.store(isReferred, std::memory_order_relaxed);
     }
     /// They are null from now on.
     static void endReferences(RVOpenNode* node)
     {
-        if (node->m_isReferred)
+        if (node->m_isReferred.load(std::memory_order_relaxed))
             host::References::end(node);
     }
     /// @}

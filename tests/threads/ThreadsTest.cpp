@@ -259,6 +259,34 @@ TEST_F(Threads, AnArchiveIsOpenWhileOneOfThemHasIt)
     EXPECT_FALSE(GetDirectoryHandler()->IsArchiveOpen(file));
 }
 
+// What is noted in a root that somebody has must not get lost while its tree is worked in: the
+// handle would not be null at the end.
+TEST_F(Threads, AnArchiveIsTakenAndLeftWhileOneThreadIsInItsTree)
+{
+    const QString file = folders.write("A", "<archive/>");
+    const host::OpenArchive archive(file);
+    std::array<int, s_threads> done{};
+    inThreads([&](int number) {
+        for (int round = 0; round < s_rounds; ++round) {
+            if (number > 0) {
+                done[static_cast<size_t>(number)] += host::OpenArchive(file).root() != nullptr;
+                continue;
+            }
+            RVOpenNode* const root = archive.root();
+            QDomDocument document = root->GetDomNode().ownerDocument();
+            root->GetDomNode().appendChild(document.createElement("materials"));
+            RVOpenNode* const made = root->GetChild(1, 1);
+            done[0] += made && made->GetNodeName() == "materials";
+            root->DeleteNode(made);
+        }
+    });
+    EXPECT_THAT(done, ::testing::Each(s_rounds));
+    RVOpenNode* const root = archive.root();
+    EXPECT_NE(root, nullptr);
+    GetDirectoryHandler()->CloseArchive(file);
+    EXPECT_EQ(archive.root(), nullptr);
+}
+
 TEST_F(Threads, DifferentArchivesAreOpenedChangedAndClosed)
 {
     std::array<int, s_threads> kept{};
