@@ -63,7 +63,8 @@ LAYERS = {
         toolkit/documents/Document toolkit/documents/DocumentKinds toolkit/documents/Failure toolkit/documents/FileLock
         toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
-        toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles toolkit/documents/Utf8""",
+        toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles
+        toolkit/documents/Stopping toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
         toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/PathSegment
@@ -78,7 +79,8 @@ LAYERS = {
     "Toolkit: drawing": """
         toolkit/drawing/Backdrop toolkit/drawing/ColourDistance toolkit/drawing/Diagrams
         toolkit/drawing/Drawing toolkit/drawing/Optics toolkit/drawing/Photometry
-        toolkit/drawing/Picture toolkit/drawing/Raster toolkit/drawing/Reading toolkit/drawing/Scene
+        toolkit/drawing/Picture toolkit/drawing/PicturePlan toolkit/drawing/Raster
+        toolkit/drawing/Reading toolkit/drawing/Scene
         toolkit/drawing/SceneSurfaces toolkit/drawing/Sky toolkit/drawing/SnapShotPicture
         toolkit/drawing/Studio toolkit/drawing/Subjects toolkit/drawing/Surface toolkit/drawing/Vec
         toolkit/drawing/View""",

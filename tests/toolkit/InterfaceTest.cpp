@@ -11,6 +11,7 @@
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/drawing/Picture.h>
+#include <rvopen/toolkit/drawing/PicturePlan.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
@@ -148,7 +149,12 @@ TEST(Interface, HasPicturesWithTheApplicationOfTheProgram)
     wish.size = MinPictureSize;
     const FindFile find = TextureFinder(*load.document, Folders());
     EXPECT_TRUE(find(QStringLiteral("nowhere.png")).isEmpty());
-    EXPECT_EQ(DrawPicture(subjects.first().element, wish, find).width(), MinPictureSize);
+    const QImage picture = DrawPicture(subjects.first().element, wish, find);
+    EXPECT_EQ(picture.width(), MinPictureSize);
+    const PicturePlan plan(subjects.first().element, wish, find);
+    EXPECT_EQ(plan.Draw(), picture);
+    EXPECT_TRUE(plan.ImageState().startsWith("textures"));
+    EXPECT_TRUE(ReadPicture(s_presets).isNull());
     EXPECT_EQ(QCoreApplication::instance(), application);
 }
 

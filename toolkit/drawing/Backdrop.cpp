@@ -29,11 +29,9 @@ Rgb strips(const Vec& direction)
 
 void readImageOf(Backdrop& backdrop, const QString& file, TextureReader& textures)
 {
-    const QImage image = file.isEmpty() ? QImage() : textures.image(file);
-    if (image.isNull())
-        return;
-    backdrop.image = std::make_shared<const Texture>(image);
-    backdrop.imageAspect = double(image.width()) / image.height();
+    backdrop.image = textures.texture(file, TextureUse::Colour);
+    if (backdrop.image)
+        backdrop.imageAspect = backdrop.image->aspect();
 }
 
 } // namespace

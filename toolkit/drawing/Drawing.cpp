@@ -25,26 +25,25 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/Transparency.h>
 
+#include <algorithm>
+
 namespace rvopen::toolkit::drawing {
 
 namespace {
 
-/// A copy that is no part of the document, so that the objects made from it may add to it and go.
 /// Without references to other archives: a preset stands in its own.
-QDomElement freeCopy(const QDomElement& element)
+void forgetArchives(const QDomElement& top)
 {
-    QDomElement copy = element.cloneNode(true).toElement();
-    for (QDomElement at = copy; !at.isNull();) {
+    for (QDomElement at = top; !at.isNull();) {
         at.removeAttribute(QStringLiteral("archiveFilename"));
         if (!at.firstChildElement().isNull()) {
             at = at.firstChildElement();
             continue;
         }
-        while (!at.isNull() && at != copy && at.nextSiblingElement().isNull())
+        while (!at.isNull() && at != top && at.nextSiblingElement().isNull())
             at = at.parentNode().toElement();
-        at = at == copy ? QDomElement() : at.nextSiblingElement();
+        at = at == top ? QDomElement() : at.nextSiblingElement();
     }
-    return copy;
 }
 
 QImage surfacePicture(const Surface& surface, const PictureWish& wish)
@@ -70,9 +69,10 @@ template <class Node>
 class Bound {
 public:
     explicit Bound(const QDomElement& element)
-        : m_node(nullptr)
+        : m_copy(element)
+        , m_node(nullptr)
     {
-        m_node.SetDomNode(freeCopy(element));
+        m_node.SetDomNode(m_copy.element());
     }
 
     Node* operator->()
@@ -86,6 +86,7 @@ public:
     }
 
 private:
+    FreeCopy m_copy;
     Node m_node;
 };
 
@@ -172,7 +173,8 @@ Draw schemeDrawing(const QDomElement& element, const PictureWish& wish, TextureR
 /// Pictures of snapshots are as wide as photographs.
 Draw snapShotDrawing(const QDomElement& element, const PictureWish& wish, TextureReader& textures)
 {
-    SnapShot snapShot(freeCopy(element));
+    const FreeCopy copy(element);
+    SnapShot snapShot(copy.element());
     return painted(
         wish,
         [values = readSnapShot(&snapShot, textures)](Raster& raster) {
@@ -204,6 +206,24 @@ Prepare prepareFor(const QString& kind)
 
 } // namespace
 
+FreeCopy::FreeCopy(const QDomElement& element)
+    : m_element(m_document.importNode(element, true).toElement())
+{
+    const QDomDocument document = element.ownerDocument();
+    const QString snapRoot = QStringLiteral("snapRoot");
+    QDomElement root = document.documentElement();
+    if (root.tagName() != snapRoot)
+        root = document.elementsByTagName(snapRoot).at(0).toElement();
+    if (!root.isNull())
+        m_document.appendChild(m_document.importNode(root, false));
+    forgetArchives(m_element);
+}
+
+QDomElement FreeCopy::element() const
+{
+    return m_element;
+}
+
 bool isDrawable(const QString& kind)
 {
     return prepareFor(kind) != nullptr;
@@ -213,6 +233,13 @@ Draw drawingOf(const QDomElement& element, const PictureWish& wish, TextureReade
 {
     const Prepare prepare = prepareFor(element.tagName());
     return prepare ? prepare(element, wish, textures) : Draw();
+}
+
+PictureWish possible(const PictureWish& wish)
+{
+    PictureWish result = wish;
+    result.size = std::clamp(wish.size, MinPictureSize, MaxPictureSize);
+    return result;
 }
 
 std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)

@@ -6,8 +6,6 @@
 #include "Drawing.h"
 #include "toolkit/images/PictureApplication.h"
 
-#include <algorithm>
-
 namespace rvopen::toolkit {
 
 bool IsDrawable(const QDomElement& element)
@@ -18,10 +16,8 @@ bool IsDrawable(const QDomElement& element)
 QImage DrawPicture(const QDomElement& element, const PictureWish& wish, const FindFile& find)
 {
     preparePictures();
-    PictureWish possible = wish;
-    possible.size = std::clamp(wish.size, MinPictureSize, MaxPictureSize);
     drawing::TextureReader textures(find ? find : [](const QString&) { return QString(); });
-    const drawing::Draw draw = drawing::drawingOf(element, possible, textures);
+    const drawing::Draw draw = drawing::drawingOf(element, drawing::possible(wish), textures);
     return draw ? draw() : QImage();
 }
 

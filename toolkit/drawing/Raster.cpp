@@ -3,6 +3,8 @@
 
 #include "Raster.h"
 
+#include "toolkit/documents/Stopping.h"
+
 namespace rvopen::toolkit::drawing {
 
 namespace {
@@ -92,7 +94,7 @@ Rgb& Raster::at(int x, int y)
 
 void Raster::fill(const std::function<Rgb(const Point&)>& colourAt)
 {
-    for (int y = 0; y < m_height; ++y) {
+    for (int y = 0; y < m_height && !isStopped(); ++y) {
         for (int x = 0; x < m_width; ++x)
             at(x, y) = colourAt({(x + 0.5) / m_height, (y + 0.5) / m_height});
     }
@@ -113,7 +115,7 @@ void Raster::fill(const Polygon& polygon, const std::function<Rgb(const Point&)>
     int bottom = 0;
     const std::vector<double> covered = coverage(polygon, left, top, right, bottom);
     std::size_t i = 0;
-    for (int y = top; y < bottom; ++y) {
+    for (int y = top; y < bottom && !isStopped(); ++y) {
         for (int x = left; x < right; ++x, ++i) {
             if (covered[i] <= 0)
                 continue;

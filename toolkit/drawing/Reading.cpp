@@ -147,6 +147,8 @@ TextureReader::TextureReader(FindFile find)
 {
 }
 
+TextureReader::~TextureReader() = default;
+
 std::shared_ptr<const Texture> TextureReader::texture(const QString& reference, TextureUse use)
 {
     const QString path = reference.isEmpty() || !m_find ? QString() : m_find(reference);
@@ -162,12 +164,6 @@ std::shared_ptr<const Texture> TextureReader::texture(const QString& reference, 
     const auto result = image.isNull() ? nullptr : std::make_shared<const Texture>(image, use);
     m_known.insert(key, result);
     return result;
-}
-
-QImage TextureReader::image(const QString& reference) const
-{
-    const QString path = reference.isEmpty() || !m_find ? QString() : m_find(reference);
-    return path.isEmpty() ? QImage() : readImage(path);
 }
 
 SurfaceReader::SurfaceReader(TextureReader& textures)

@@ -28,11 +28,12 @@ namespace rvopen::toolkit::drawing {
 class TextureReader {
 public:
     explicit TextureReader(FindFile find);
+    virtual ~TextureReader();
+    TextureReader(const TextureReader&) = delete;
+    TextureReader& operator=(const TextureReader&) = delete;
 
     /// Null when the file is not there or cannot be decoded.
-    std::shared_ptr<const Texture> texture(const QString& reference,
-                                           TextureUse use = TextureUse::Colour);
-    QImage image(const QString& reference) const;
+    virtual std::shared_ptr<const Texture> texture(const QString& reference, TextureUse use);
 
 private:
     FindFile m_find;

@@ -4,6 +4,7 @@
 #include "Scene.h"
 
 #include "Optics.h"
+#include "toolkit/documents/Stopping.h"
 
 namespace rvopen::toolkit::drawing {
 
@@ -59,7 +60,7 @@ void Scene::draw(Raster& raster)
     const double width = raster.width();
     const double height = raster.height();
     m_pixel = 2 * view.halfWidth() / width;
-    for (int y = 0; y < raster.height(); ++y) {
+    for (int y = 0; y < raster.height() && !isStopped(); ++y) {
         for (int x = 0; x < raster.width(); ++x) {
             Rgb sum;
             for (m_ray = 0; m_ray < RaysPerPixel; ++m_ray) {
@@ -92,7 +93,7 @@ void Scene::drawFlat(Raster& raster, const Surface& surface, double scale)
     piece.radius = 1;
     piece.scale = scale;
     piece.surface = &surface;
-    for (int y = 0; y < raster.height(); ++y) {
+    for (int y = 0; y < raster.height() && !isStopped(); ++y) {
         for (int x = 0; x < raster.width(); ++x) {
             Rgb sum;
             for (m_ray = 0; m_ray < RaysPerPixel; ++m_ray) {

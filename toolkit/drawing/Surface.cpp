@@ -4,6 +4,7 @@
 #include "Surface.h"
 
 #include "Raster.h"
+#include "toolkit/documents/Stopping.h"
 
 #include <QImage>
 
@@ -80,6 +81,7 @@ Point mapped(const Mapping& mapping, double x, double y)
 } // namespace
 
 Texture::Texture(const QImage& image, TextureUse use)
+    : m_aspect(double(image.width()) / image.height())
 {
     const QImage source = image.convertToFormat(QImage::Format_ARGB32);
     // Blocks of so many pixels become one.
@@ -87,12 +89,12 @@ Texture::Texture(const QImage& image, TextureUse use)
     Level level;
     level.width = std::max(source.width() / block, 1);
     level.height = std::max(source.height() / block, 1);
-    for (int y = 0; y < level.height; ++y) {
+    for (int y = 0; y < level.height && !isStopped(); ++y) {
         for (int x = 0; x < level.width; ++x)
             level.add(average(source, x * block, y * block, block, use));
     }
     m_levels.push_back(std::move(level));
-    while (m_levels.back().width > 1 || m_levels.back().height > 1) {
+    while (!isStopped() && (m_levels.back().width > 1 || m_levels.back().height > 1)) {
         const Level& finer = m_levels.back();
         Level coarser;
         coarser.width = std::max(finer.width / 2, 1);
@@ -113,6 +115,11 @@ Texture::Texture(const QImage& image, TextureUse use)
         }
         m_levels.push_back(std::move(coarser));
     }
+}
+
+double Texture::aspect() const
+{
+    return m_aspect;
 }
 
 Texel Texture::Level::at(int x, int y) const

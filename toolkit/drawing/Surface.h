@@ -33,6 +33,8 @@ class Texture {
 public:
     explicit Texture(const QImage& image, TextureUse use = TextureUse::Colour);
 
+    /// Width to height of the image.
+    double aspect() const;
     /// Repeats; \p s and \p t in repeats of the image with t upwards. \p footprint is the part of
     /// the image's side that a pixel sees.
     Texel at(double s, double t, double footprint) const;
@@ -58,6 +60,7 @@ private:
 
     const Level& levelFor(double footprint) const;
 
+    double m_aspect;
     std::vector<Level> m_levels;
 };
 

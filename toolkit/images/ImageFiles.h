@@ -10,7 +10,7 @@
 namespace rvopen::toolkit {
 
 /// The image in a file, which comes from anywhere: beyond 8192 pixels a side or 16 million pixels
-/// it is not decoded. Null then.
+/// it is not decoded. Null then, and when the work of the thread is stopped.
 QImage readImage(const QString& path);
 
 /// Whether the file can be decoded as a picture, whatever its name.
