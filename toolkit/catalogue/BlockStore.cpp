@@ -57,7 +57,7 @@ BlockStore::BlockStore(const QStringList& files,
     }
     const QString name =
         documents.isEmpty() ? QString() : IndexFile::nameFor(commonFolder(documents));
-    m_index = std::make_unique<IndexFile>(name);
+    m_index = std::make_shared<IndexFile>(name);
     // To look at all of a block is most of what a search takes.
     forEachPiece(m_sources.size(), [this](std::size_t i) {
         Source& source = m_sources[i];
@@ -78,6 +78,30 @@ BlockStore::BlockStore(const QStringList& files,
         readBytes += source->isKept ? source->state.size : 0;
     if (readBytes >= WorthKeeping)
         keep(name);
+}
+
+BlockStore BlockStore::with(const QString& file, const QByteArray& block) const
+{
+    BlockStore other = *this;
+    int index = indexOf(file);
+    if (index < 0) {
+        index = other.count();
+        other.m_sources.emplace_back();
+    }
+    Source source;
+    source.file = file;
+    source.made = block;
+    source.block = Block(viewOf(source.made));
+    other.m_sources[std::size_t(index)] = source;
+    return other;
+}
+
+int BlockStore::indexOf(const QString& file) const
+{
+    int index = count() - 1;
+    while (index >= 0 && m_sources[std::size_t(index)].file != file)
+        --index;
+    return index;
 }
 
 void BlockStore::identify(const QString& file, Source& source)

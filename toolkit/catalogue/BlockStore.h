@@ -33,6 +33,10 @@ public:
     explicit BlockStore(const QStringList& files,
                         const std::function<void(int, const QString&)>& progress = {});
 
+    /// The same, but that of \p file the block is this one, which is of no state of the file; one
+    /// that is not there yet comes last.
+    BlockStore with(const QString& file, const QByteArray& block) const;
+
     int count() const
     {
         return int(m_sources.size());
@@ -56,6 +60,8 @@ public:
     {
         return m_sources[std::size_t(index)].state;
     }
+    /// Below 0 for a file that is none of them.
+    int indexOf(const QString& file) const;
     /// How many files were read.
     int readCount() const
     {
@@ -83,7 +89,7 @@ private:
     void keep(const QString& name) const;
 
     std::vector<Source> m_sources;
-    std::unique_ptr<IndexFile> m_index;
+    std::shared_ptr<IndexFile> m_index;
     int m_readCount = 0;
 };
 

@@ -5,9 +5,13 @@
 
 #include "BlockStore.h"
 #include "PresetList.h"
+#include "RowScan.h"
 #include "RowSearch.h"
 #include "SmallDocument.h"
 #include "toolkit/documents/Processors.h"
+#include "toolkit/edit/Labels.h"
+
+#include <rvopen/toolkit/edit/NodePath.h>
 
 #include <algorithm>
 #include <string>
@@ -45,22 +49,75 @@ bool findRow(const Block& block, const std::string& path, BlockRow& row)
     return false;
 }
 
+bool isSection(const QDomElement& element)
+{
+    return element.parentNode().parentNode().isDocument();
+}
+
+/// A section below the root, or a folder in one.
+bool isListShelf(QDomElement element)
+{
+    while (element.tagName() == QLatin1String("dir") && !isSection(element))
+        element = element.parentNode().toElement();
+    return !element.isNull() && isSection(element);
+}
+
+void addPresets(const QDomElement& shelf, QVector<QDomElement>& presets)
+{
+    for (QDomElement child = shelf.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        if (child.tagName() == QLatin1String("dir"))
+            addPresets(child, presets);
+        else if (!isParam(child))
+            presets.append(child);
+    }
+}
+
 } // namespace
 
 class RVOPEN_TOOLKIT_NO_EXPORT Catalogue::Store {
 public:
-    explicit Store(const QStringList& files)
-        : blocks(files)
+    explicit Store(BlockStore read)
+        : blocks(std::move(read))
     {
+        starts.reserve(std::size_t(blocks.count()) + 1);
+        currents.reserve(std::size_t(blocks.count()));
+        int start = 0;
+        for (int i = 0; i < blocks.count(); ++i) {
+            starts.push_back(start);
+            currents.push_back(NoFolder);
+            const Block& block = blocks.block(i);
+            if (block.head().needsDom != 0)
+                continue;
+            start += int(block.head().rows);
+            if (block.text(block.head().root) != "snapRoot")
+                continue;
+            for (quint32 row = 0; row < block.head().rows && currents.back() == NoFolder; ++row) {
+                if (block.row(row).folder != NoFolder)
+                    continue;
+                currents.back() = row;
+                --start;
+            }
+        }
+        starts.push_back(start);
     }
 
-    /// Below 0 for a file that is none of them.
-    int indexOf(const QString& file) const
+    int placeOf(const RowMatch& match) const
     {
-        int index = blocks.count() - 1;
-        while (index >= 0 && blocks.file(index) != file)
-            --index;
-        return index;
+        const auto document = std::size_t(match.document);
+        return starts[document] + int(match.row) - (match.row > currents[document] ? 1 : 0);
+    }
+
+    ListedPreset at(int place) const
+    {
+        if (place < 0 || place >= starts.back())
+            return {};
+        const auto after = std::upper_bound(starts.begin(), starts.end(), place);
+        const auto document = std::size_t(after - starts.begin() - 1);
+        auto row = quint32(place - starts[document]);
+        if (row >= currents[document])
+            ++row;
+        return catalogue::listedOf(blocks, int(document), row);
     }
 
     /// The best first.
@@ -84,6 +141,10 @@ public:
     }
 
     BlockStore blocks;
+    /// At which place those of each document start; behind the last, how many there are.
+    std::vector<int> starts;
+    /// Of each document the row of the current snapshot, which is no preset; NoFolder without.
+    std::vector<quint32> currents;
 };
 
 struct RVOPEN_TOOLKIT_NO_EXPORT CatalogueMatches::Found {
@@ -112,8 +173,15 @@ ListedPreset CatalogueMatches::At(int index) const
     return catalogue::listedOf(m_found->store->blocks, match.document, match.row);
 }
 
+int CatalogueMatches::Place(int index) const
+{
+    return index < 0 || index >= Count()
+               ? -1
+               : m_found->store->placeOf(m_found->rows[std::size_t(index)]);
+}
+
 Catalogue::Catalogue(const QStringList& files)
-    : m_store(std::make_shared<const Store>(files))
+    : m_store(std::make_shared<const Store>(BlockStore(files)))
 {
 }
 
@@ -137,9 +205,38 @@ QVector<ReadError> Catalogue::Problems() const
     return problems;
 }
 
+QStringList Catalogue::Files() const
+{
+    QStringList files;
+    for (int i = 0; i < m_store->blocks.count(); ++i)
+        files << m_store->blocks.file(i);
+    return files;
+}
+
 int Catalogue::Count() const
 {
-    return int(m_store->matches(CatalogueQuery()).size());
+    return m_store->starts.back();
+}
+
+int Catalogue::Count(int file) const
+{
+    if (file < 0 || file >= m_store->blocks.count())
+        return 0;
+    const auto start = m_store->starts.begin() + file;
+    return start[1] - start[0];
+}
+
+ListedPreset Catalogue::At(int place) const
+{
+    return m_store->at(place);
+}
+
+std::shared_ptr<const Catalogue> Catalogue::With(const QString& file,
+                                                 const QDomDocument& document) const
+{
+    const QByteArray block = catalogue::RowScan().blockOf(document);
+    return std::shared_ptr<const Catalogue>(
+        new Catalogue(std::make_shared<const Store>(m_store->blocks.with(file, block))));
 }
 
 CatalogueMatches Catalogue::Search(const CatalogueQuery& query) const
@@ -163,7 +260,7 @@ QVector<ListedPreset> Catalogue::Find(const CatalogueQuery& query) const
 OpenPreset Catalogue::Open(const ListedPreset& preset) const
 {
     const BlockStore& blocks = m_store->blocks;
-    const int index = m_store->indexOf(preset.file);
+    const int index = blocks.indexOf(preset.file);
     const std::string path = preset.path.toStdString();
     BlockRow row;
     if (index >= 0 && findRow(blocks.block(index), path, row)) {
@@ -180,6 +277,48 @@ OpenPreset Catalogue::Open(const ListedPreset& preset) const
             return opened;
     }
     return catalogue::openWhole(preset.file, preset.path);
+}
+
+Catalogue::Catalogue(std::shared_ptr<const Store> store)
+    : m_store(std::move(store))
+{
+}
+
+QVector<QDomElement> PresetsIn(const QDomElement& element)
+{
+    QVector<QDomElement> presets;
+    if (element.parentNode().isDocument()) {
+        for (QDomElement section = element.firstChildElement(); !section.isNull();
+             section = section.nextSiblingElement())
+            addPresets(section, presets);
+    } else if (isListShelf(element)) {
+        addPresets(element, presets);
+    } else if (isListShelf(element.parentNode().toElement()) && !isParam(element)) {
+        presets.append(element);
+    }
+    return presets;
+}
+
+ListedPreset ListedOf(const QString& file, const QDomElement& preset)
+{
+    const auto value = [&preset](const char* name) {
+        return preset.attribute(QLatin1String(name));
+    };
+    ListedPreset listed;
+    listed.file = file;
+    listed.kind = preset.tagName();
+    listed.name = value("name");
+    listed.refName = value("refname");
+    listed.category = value("cat");
+    listed.subCategory = value("subcat");
+    listed.description = value("desc");
+    QStringList folders;
+    for (QDomElement shelf = preset.parentNode().toElement(); !isSection(shelf) && !shelf.isNull();
+         shelf = shelf.parentNode().toElement())
+        folders.prepend(IdentityOf(shelf));
+    listed.folder = folders.join(QLatin1String(" / "));
+    listed.path = PathOf(preset);
+    return listed;
 }
 
 } // namespace rvopen::toolkit

@@ -106,6 +106,9 @@ public:
     int Count() const;
     /// The one at that place, from 0; empty beyond the end.
     ListedPreset At(int index) const;
+    /// Where that one stands among all presets of the catalogue, as Catalogue::At() takes it; -1
+    /// beyond the end.
+    int Place(int index) const;
 
 private:
     friend class Catalogue;
@@ -127,8 +130,24 @@ public:
     /// What cannot be read, and documents with prefixes of namespaces, which have to be loaded to
     /// know what is in them. Their presets are not found.
     QVector<ReadError> Problems() const;
+    /// \name All presets
+    /// In the order of the files and in that of each.
+    /// @{
+
+    /// The files as they were given, and those that With() added.
+    QStringList Files() const;
     /// How many presets there are.
     int Count() const;
+    /// How many there are in the file at that place of Files(), from 0; 0 beyond the end.
+    int Count(int file) const;
+    /// The one at that place, from 0; empty beyond the end.
+    ListedPreset At(int place) const;
+    /// @}
+
+    /// The same catalogue, with which it shares everything, but that of \p file it has what is in
+    /// \p document now, saved or not; a file that is none of Files() comes last. Nothing is written
+    /// into the index. Open() gives what was saved.
+    std::shared_ptr<const Catalogue> With(const QString& file, const QDomDocument& document) const;
     /// Those that are looked for: the text as a name first, then names that begin with it, then
     /// names that have its words, then all others; among these the nearest to the colour, then in
     /// the order of files and in that of each. Throws a Failure when the colour is none. For each
@@ -143,7 +162,19 @@ public:
 private:
     friend struct CatalogueMatches::Found;
     class Store;
+    explicit Catalogue(std::shared_ptr<const Store> store);
+
     std::shared_ptr<const Store> m_store;
 };
+
+/// \name Presets of a document in memory
+/// @{
+
+/// Those in \p element, or itself, that a catalogue would have of its document, in document order:
+/// of the document element all of them.
+RVOPEN_TOOLKIT_EXPORT QVector<QDomElement> PresetsIn(const QDomElement& element);
+/// What a catalogue would have of one of these, under the name \p file.
+RVOPEN_TOOLKIT_EXPORT ListedPreset ListedOf(const QString& file, const QDomElement& preset);
+/// @}
 
 } // namespace rvopen::toolkit

@@ -42,12 +42,20 @@ bool isInNamespace(View name)
 
 QByteArray RowScan::blockOf(const QString& path, ReadError& error)
 {
-    m_block.clear();
-    m_depth = 0;
-    m_shelves.clear();
-    m_itemDepth = 0;
-    m_isCurrent = false;
+    start();
     return ScanFile(path, &error) ? m_block.bytes() : QByteArray();
+}
+
+QByteArray RowScan::blockOf(const QDomDocument& document)
+{
+    start();
+    m_isWalk = true;
+    const QDomElement root = document.documentElement();
+    if (!root.isNull())
+        walk(root);
+    m_isWalk = false;
+    m_block.head.needsDom = 0;
+    return root.isNull() ? QByteArray() : m_block.bytes();
 }
 
 void RowScan::StartElement(View name, const Attributes& attributes)
@@ -86,12 +94,57 @@ void RowScan::EndElement()
     } else {
         if (m_depth == 2 && m_isCurrent) {
             BlockRow& current = m_block.rows[m_current];
-            current.length = quint64(EndOffset()) - current.offset;
+            current.length = endOffset() - current.offset;
             m_isCurrent = false;
         }
         m_shelves.pop_back();
     }
     --m_depth;
+}
+
+void RowScan::start()
+{
+    m_block.clear();
+    m_depth = 0;
+    m_shelves.clear();
+    m_itemDepth = 0;
+    m_isCurrent = false;
+}
+
+/// Elements nest as deep as reading lets them.
+void RowScan::walk(const QDomElement& element)
+{
+    const auto viewOf = [](const QString& text) {
+        return View(reinterpret_cast<const char16_t*>(text.utf16()), std::size_t(text.size()));
+    };
+    const QDomNamedNodeMap map = element.attributes();
+    std::vector<QString> texts;
+    texts.reserve(2 * std::size_t(map.count()) + 1);
+    texts.push_back(element.tagName());
+    // What was scanned of a preset is good as long as the text; here that is the preset's walk.
+    Attributes attributes(std::size_t(map.count()));
+    for (std::size_t i = 0; i < attributes.size(); ++i) {
+        const QDomAttr attribute = map.item(int(i)).toAttr();
+        texts.push_back(attribute.name());
+        attributes[i].name = viewOf(texts.back());
+        texts.push_back(attribute.value());
+        attributes[i].value = viewOf(texts.back());
+    }
+    StartElement(viewOf(texts.front()), attributes);
+    for (QDomElement child = element.firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        walk(child);
+    EndElement();
+}
+
+quint64 RowScan::offset()
+{
+    return m_isWalk ? 0 : quint64(Offset());
+}
+
+quint64 RowScan::endOffset()
+{
+    return m_isWalk ? 0 : quint64(EndOffset());
 }
 
 void RowScan::root(View name, const Attributes& attributes)
@@ -101,8 +154,8 @@ void RowScan::root(View name, const Attributes& attributes)
         if (is(attribute.name, u"type"))
             m_block.head.rootType = add(attribute);
     }
-    m_block.head.rootOffset = quint64(Offset());
-    m_block.head.rootLength = quint64(EndOffset()) - m_block.head.rootOffset;
+    m_block.head.rootOffset = offset();
+    m_block.head.rootLength = endOffset() - m_block.head.rootOffset;
     m_shelves.emplace_back();
 }
 
@@ -112,8 +165,8 @@ void RowScan::folder(View name, const Attributes& attributes)
     if (isParam(name) || name.find(u':') != View::npos)
         m_block.head.needsDom = 1;
     BlockFolder folder;
-    folder.offset = quint64(Offset());
-    folder.length = quint64(EndOffset()) - folder.offset;
+    folder.offset = offset();
+    folder.length = endOffset() - folder.offset;
     folder.parent = m_shelves.back().folder;
     folder.kind = add(name);
     Named named;
@@ -145,7 +198,7 @@ void RowScan::row(View name, const Attributes& attributes)
     if (name.find(u':') != View::npos)
         m_block.head.needsDom = 1;
     BlockRow row;
-    row.offset = quint64(Offset());
+    row.offset = offset();
     row.folder = m_shelves.back().folder;
     row.kind = add(name);
     Named named;
@@ -213,7 +266,7 @@ void RowScan::param(const Attributes& attributes)
 
 void RowScan::endRow(BlockRow& row)
 {
-    row.length = quint64(EndOffset()) - row.offset;
+    row.length = endOffset() - row.offset;
     std::vector<TextId>& items = m_block.items;
     row.firstItem = static_cast<quint32>(items.size());
     row.textures = static_cast<quint32>(m_textures.size());

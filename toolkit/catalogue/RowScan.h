@@ -8,6 +8,8 @@
 #include <rvopen/RVOpenScanner.h>
 
 #include <QByteArray>
+#include <QDomDocument>
+#include <QDomElement>
 #include <QString>
 
 #include <string>
@@ -27,6 +29,9 @@ class RowScan : private XmlScan {
 public:
     /// The block; empty where the file is no document, for the reason in \p error.
     QByteArray blockOf(const QString& path, ReadError& error);
+    /// The block of a document in memory. Its rows stand nowhere in a file, and what its names mean
+    /// is known.
+    QByteArray blockOf(const QDomDocument& document);
 
 private:
     using View = std::u16string_view;
@@ -50,6 +55,11 @@ private:
     void StartElement(View name, const Attributes& attributes) override;
     void EndElement() override;
 
+    void start();
+    void walk(const QDomElement& element);
+    quint64 offset();
+    quint64 endOffset();
+
     void root(View name, const Attributes& attributes);
     void folder(View name, const Attributes& attributes);
     void row(View name, const Attributes& attributes);
@@ -64,6 +74,7 @@ private:
     static void addOnce(std::vector<TextId>& items, TextId item);
 
     BlockWriter m_block;
+    bool m_isWalk = false;
     int m_depth = 0;
     /// From the root on, down to what is open.
     std::vector<Shelf> m_shelves;

@@ -74,7 +74,131 @@ protected:
     }
 };
 
+/// All that a list shows of it.
+QString shownOf(const ListedPreset& preset)
+{
+    return QStringList{preset.file,    preset.kind,        preset.name,
+                       preset.refName, preset.category,    preset.folder,
+                       preset.path,    preset.subCategory, preset.description}
+        .join(QLatin1Char('|'));
+}
+
+QDomDocument readFile(const QString& file)
+{
+    const std::unique_ptr<QDomDocument> document(ReadXmlDocument(file));
+    EXPECT_TRUE(document);
+    return document ? *document : QDomDocument();
+}
+
+/// With folders in folders, presets of one name, and what is no preset.
+const QByteArray s_nested = "<presets><materials><dir name='d'><material name='a' refname='r' "
+                            "cat='c' subcat='s' desc='t'/><dir><material/><param name='p'/>"
+                            "<material name='in'><dir name='no shelf'/></material></dir></dir>"
+                            "<material name='a'/><material name='a'/></materials><dir><colour "
+                            "name='last'/></dir></presets>";
+
+/// The current snapshot is no preset, what stands beside it is.
+const QByteArray s_snapShots = "<snapRoot><snapshots name='s'><snapshot name='one'/></snapshots>"
+                               "<snapshot name='current'><camera name='inner'/></snapshot>"
+                               "<snapshots name='t'><snapshot name='two'/></snapshots></snapRoot>";
+
 } // namespace
+
+TEST_F(CatalogueTest, HasAPlaceForEachPreset)
+{
+    const QStringList files{write("a.rvx", archive("1 0 0")), write("b.rvx", "<presets>"),
+                            write("c.xml", s_snapShots), write("d.rvx", s_nested)};
+    const Catalogue catalogue(files);
+    EXPECT_EQ(catalogue.Files(), files);
+    const int counts[] = {4, 0, 3, 6};
+    int sum = 0;
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(catalogue.Count(i), counts[i]) << i;
+        sum += counts[i];
+    }
+    EXPECT_EQ(catalogue.Count(-1), 0);
+    EXPECT_EQ(catalogue.Count(4), 0);
+    EXPECT_EQ(catalogue.Count(), sum);
+    const CatalogueMatches all = catalogue.Search({});
+    ASSERT_EQ(all.Count(), sum);
+    for (int i = 0; i < sum; ++i) {
+        EXPECT_EQ(all.Place(i), i);
+        EXPECT_EQ(shownOf(catalogue.At(i)).toStdString(), shownOf(all.At(i)).toStdString());
+    }
+    CatalogueQuery query;
+    query.text = QStringLiteral("two");
+    const CatalogueMatches two = catalogue.Search(query);
+    ASSERT_EQ(two.Count(), 1);
+    EXPECT_EQ(catalogue.At(two.Place(0)).name, QStringLiteral("two"));
+    for (const int beyond : {-1, sum}) {
+        EXPECT_EQ(all.Place(beyond), -1);
+        EXPECT_EQ(catalogue.At(beyond).kind, QString());
+    }
+}
+
+TEST_F(CatalogueTest, ListsOfADocumentInMemoryWhatItHasOfItsFile)
+{
+    for (const QByteArray& text : {archive("1 0 0"), s_nested, s_snapShots}) {
+        const QString file = write("a.rvx", text);
+        const Catalogue catalogue({file});
+        const QDomDocument document = readFile(file);
+        const QVector<QDomElement> presets = PresetsIn(document.documentElement());
+        ASSERT_EQ(presets.size(), catalogue.Count());
+        const auto other = catalogue.With(file, document);
+        ASSERT_EQ(other->Count(), catalogue.Count());
+        for (int i = 0; i < catalogue.Count(); ++i) {
+            const std::string listed = shownOf(catalogue.At(i)).toStdString();
+            EXPECT_EQ(shownOf(ListedOf(file, presets[i])).toStdString(), listed);
+            EXPECT_EQ(shownOf(other->At(i)).toStdString(), listed);
+            EXPECT_EQ(PresetsIn(presets[i]), QVector<QDomElement>{presets[i]});
+        }
+    }
+}
+
+TEST_F(CatalogueTest, ListsThePresetsInAFolder)
+{
+    QDomDocument document = readFile(write("a.rvx", s_nested));
+    const QDomElement materials = document.documentElement().firstChildElement();
+    const QDomElement folder = materials.firstChildElement();
+    EXPECT_EQ(PresetsIn(materials).size(), 5);
+    EXPECT_EQ(PresetsIn(folder).size(), 3);
+    EXPECT_EQ(PresetsIn(folder.lastChildElement()).size(), 2);
+    const QDomElement inner = folder.lastChildElement().lastChildElement();
+    EXPECT_EQ(PresetsIn(inner).size(), 1);
+    // A folder in a preset, a parameter, what stands nowhere.
+    EXPECT_EQ(PresetsIn(inner.firstChildElement()).size(), 0);
+    EXPECT_EQ(PresetsIn(folder.lastChildElement().firstChildElement("param")).size(), 0);
+    EXPECT_EQ(PresetsIn(document.createElement("material")).size(), 0);
+    EXPECT_EQ(PresetsIn(QDomElement()).size(), 0);
+}
+
+TEST_F(CatalogueTest, SearchesWhatIsNotSaved)
+{
+    const QString file = write("a.rvx", archive("1 0 0"));
+    const Catalogue catalogue({file, write("b.rvx", s_nested)});
+    const QDomDocument document = readFile(file);
+    const QDomElement changed = PresetsIn(document.documentElement())[2];
+    ASSERT_EQ(changed.attribute("cat"), QStringLiteral("second"));
+    changed.firstChildElement("param").setAttribute("val", "0 0 1");
+    changed.parentNode().removeChild(changed.previousSiblingElement());
+    const auto now = catalogue.With(file, document);
+    CatalogueQuery blue;
+    blue.colour = QStringLiteral("0 0 1");
+    EXPECT_EQ(catalogue.Search(blue).Count(), 0);
+    ASSERT_EQ(now->Search(blue).Count(), 1);
+    EXPECT_EQ(now->Search(blue).At(0).category, QStringLiteral("second"));
+    EXPECT_EQ(now->Count(), catalogue.Count() - 1);
+    EXPECT_EQ(now->Files(), catalogue.Files());
+    // What is opened was saved.
+    EXPECT_EQ(valueOf(now->Open(ListedOf(file, changed))), QString());
+    EXPECT_EQ(valueOf(now->Open(catalogue.At(2))), QStringLiteral("1 0 0"));
+    // Of a new file, and of one that has come to nothing.
+    const auto more = now->With(path("new.rvx"), document);
+    EXPECT_EQ(more->Files().last(), path("new.rvx"));
+    EXPECT_EQ(more->Search(blue).Count(), 2);
+    EXPECT_EQ(now->With(file, QDomDocument())->Count(), 6);
+    EXPECT_EQ(now->With(file, QDomDocument())->Problems().size(), 1);
+}
 
 TEST_F(CatalogueTest, OpensOnePresetWithWhatItStandsInAlone)
 {
