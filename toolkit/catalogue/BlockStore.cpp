@@ -57,12 +57,15 @@ BlockStore::BlockStore(const QStringList& files,
     }
     const QString name =
         documents.isEmpty() ? QString() : IndexFile::nameFor(commonFolder(documents));
-    m_index = std::make_shared<IndexFile>(name);
+    const auto index = std::make_shared<IndexFile>(name);
     // To look at all of a block is most of what a search takes.
-    forEachPiece(m_sources.size(), [this](std::size_t i) {
+    forEachPiece(m_sources.size(), [&](std::size_t i) {
         Source& source = m_sources[i];
-        if (!source.name.isEmpty())
-            source.block = Block(m_index->find(source.name, source.state));
+        if (source.name.isEmpty())
+            return;
+        source.block = Block(index->find(source.name, source.state));
+        if (source.block.isValid())
+            source.index = index;
     });
     std::vector<Source*> unknown;
     for (Source& source : m_sources) {
@@ -77,23 +80,21 @@ BlockStore::BlockStore(const QStringList& files,
     for (const Source* const source : unknown)
         readBytes += source->isKept ? source->state.size : 0;
     if (readBytes >= WorthKeeping)
-        keep(name);
+        keep(name, *index);
 }
 
 BlockStore BlockStore::with(const QString& file, const QByteArray& block) const
 {
-    BlockStore other = *this;
-    int index = indexOf(file);
-    if (index < 0) {
-        index = other.count();
-        other.m_sources.emplace_back();
-    }
     Source source;
     source.file = file;
     source.made = block;
     source.block = Block(viewOf(source.made));
-    other.m_sources[std::size_t(index)] = source;
-    return other;
+    return with(source);
+}
+
+BlockStore BlockStore::with(const BlockStore& file) const
+{
+    return with(file.m_sources.front());
 }
 
 int BlockStore::indexOf(const QString& file) const
@@ -102,6 +103,18 @@ int BlockStore::indexOf(const QString& file) const
     while (index >= 0 && m_sources[std::size_t(index)].file != file)
         --index;
     return index;
+}
+
+BlockStore BlockStore::with(const Source& source) const
+{
+    BlockStore other = *this;
+    int index = indexOf(source.file);
+    if (index < 0) {
+        index = other.count();
+        other.m_sources.emplace_back();
+    }
+    other.m_sources[std::size_t(index)] = source;
+    return other;
 }
 
 void BlockStore::identify(const QString& file, Source& source)
@@ -142,7 +155,7 @@ void BlockStore::readAll(const std::vector<Source*>& sources,
 }
 
 /// With what was there before of other documents, as far as it is still good.
-void BlockStore::keep(const QString& name) const
+void BlockStore::keep(const QString& name, const IndexFile& index) const
 {
     std::vector<IndexFile::Entry> entries;
     QSet<QByteArray> known;
@@ -152,10 +165,10 @@ void BlockStore::keep(const QString& name) const
         known.insert(source.name);
         if (source.isKept)
             entries.push_back({source.name, source.state,
-                               source.made.isEmpty() ? m_index->find(source.name, source.state)
+                               source.made.isEmpty() ? index.find(source.name, source.state)
                                                      : viewOf(source.made)});
     }
-    for (const IndexFile::Entry& entry : m_index->entries()) {
+    for (const IndexFile::Entry& entry : index.entries()) {
         FileState state;
         if (!known.contains(entry.document) && findState(entry.document, state) &&
             state == entry.state)

@@ -36,6 +36,8 @@ public:
     /// The same, but that of \p file the block is this one, which is of no state of the file; one
     /// that is not there yet comes last.
     BlockStore with(const QString& file, const QByteArray& block) const;
+    /// The same of a store of one file.
+    BlockStore with(const BlockStore& file) const;
 
     int count() const
     {
@@ -76,20 +78,22 @@ private:
         FileState state;
         Block block;
         ReadError error;
-        /// The block, where it is not in the index.
+        /// What the block lies in, where it was not made.
+        std::shared_ptr<const IndexFile> index;
         QByteArray made;
         /// What was read is what has the state, and would have another one if it changed.
         bool isKept = false;
     };
 
+    BlockStore with(const Source& source) const;
+
     /// Notes which file it is, and how it is.
     static void identify(const QString& file, Source& source);
     void readAll(const std::vector<Source*>& sources,
                  const std::function<void(int, const QString&)>& progress);
-    void keep(const QString& name) const;
+    void keep(const QString& name, const IndexFile& index) const;
 
     std::vector<Source> m_sources;
-    std::shared_ptr<IndexFile> m_index;
     int m_readCount = 0;
 };
 

@@ -239,6 +239,12 @@ std::shared_ptr<const Catalogue> Catalogue::With(const QString& file,
         new Catalogue(std::make_shared<const Store>(m_store->blocks.with(file, block))));
 }
 
+std::shared_ptr<const Catalogue> Catalogue::With(const QString& file) const
+{
+    return std::shared_ptr<const Catalogue>(
+        new Catalogue(std::make_shared<const Store>(m_store->blocks.with(BlockStore({file})))));
+}
+
 CatalogueMatches Catalogue::Search(const CatalogueQuery& query) const
 {
     CatalogueMatches matches;

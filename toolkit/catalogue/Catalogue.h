@@ -148,6 +148,8 @@ public:
     /// \p document now, saved or not; a file that is none of Files() comes last. Nothing is written
     /// into the index. Open() gives what was saved.
     std::shared_ptr<const Catalogue> With(const QString& file, const QDomDocument& document) const;
+    /// The same of the file as it is now.
+    std::shared_ptr<const Catalogue> With(const QString& file) const;
     /// Those that are looked for: the text as a name first, then names that begin with it, then
     /// names that have its words, then all others; among these the nearest to the colour, then in
     /// the order of files and in that of each. Throws a Failure when the colour is none. For each

@@ -192,6 +192,14 @@ TEST_F(CatalogueTest, SearchesWhatIsNotSaved)
     // What is opened was saved.
     EXPECT_EQ(valueOf(now->Open(ListedOf(file, changed))), QString());
     EXPECT_EQ(valueOf(now->Open(catalogue.At(2))), QStringLiteral("1 0 0"));
+    // What others wrote into the file.
+    write("a.rvx", archive("0 0 1").replace("<colour name='a'/>", ""));
+    const auto again = now->With(file);
+    EXPECT_EQ(again->Count(), 9);
+    EXPECT_EQ(again->Files(), catalogue.Files());
+    ASSERT_EQ(again->Search(blue).Count(), 1);
+    EXPECT_EQ(valueOf(again->Open(again->Search(blue).At(0))), QStringLiteral("0 0 1"));
+    EXPECT_EQ(catalogue.Count(), 10);
     // Of a new file, and of one that has come to nothing.
     const auto more = now->With(path("new.rvx"), document);
     EXPECT_EQ(more->Files().last(), path("new.rvx"));
