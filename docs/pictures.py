@@ -105,8 +105,10 @@ LAYERS = {
         command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
     "Widgets": """
+        widgets/FollowedPresets
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
-        widgets/ParamModel widgets/TextEditors widgets/WidgetsExport""",
+        widgets/ParamModel widgets/PresetFilter widgets/PresetModel widgets/PresetRows
+        widgets/TextEditors widgets/WidgetsExport""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
