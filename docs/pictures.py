@@ -38,7 +38,7 @@ LAYERS = {
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenObserver RVOpenSchema RVOpenView
         ParamHelper model/Binding model/Changes model/FoundNodes model/HeldObject model/LookUp
-        model/NodeAccess model/NodeCast model/Population model/References model/UnitsScale""",
+        model/NodeAccess model/NodeCast model/Population model/References model/TakingBack model/UnitsScale""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
     "Materials": """

@@ -82,6 +82,11 @@ RVOpenNode* RVOpenManager::GetRootNode()
     return m_parts->document.rootNode();
 }
 
+bool RVOpenManager::TakeBack(const RVOpenChange& change)
+{
+    return m_parts->document.takeBack(change);
+}
+
 void RVOpenManager::SetUnitsScale(float scale)
 {
     m_parts->document.setUnitsScale(scale);

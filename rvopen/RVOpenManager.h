@@ -21,6 +21,7 @@ namespace rvopen {
 class Background;
 class RVOpenNode;
 class SnapShot;
+struct RVOpenChange;
 
 /// The library's entry object: owns the snapshot document with its objects and the three default
 /// preset archives; loads, imports and saves; finds presets; lists textures.
@@ -89,6 +90,10 @@ public:
     /// their own, beside those that the other getters give for the same elements: read through
     /// them, and change the tree through one of the two only.
     RVOpenNode* GetRootNode();
+    /// RVOpenChange::TakeBack() for a change of the document, with all objects that this manager
+    /// has of it, its getters' included: one whose element is taken out is not given any more, and
+    /// stays valid as long as the document. False also for a change of another document.
+    bool TakeBack(const RVOpenChange& change);
     /// Document units per scene unit, "unitsScale" of the root. Reaches only parameter objects that
     /// have not converted a value yet.
     void SetUnitsScale(float scale);

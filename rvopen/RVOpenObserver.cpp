@@ -4,6 +4,7 @@
 #include <rvopen/RVOpenObserver.h>
 
 #include <rvopen/model/Changes.h>
+#include <rvopen/model/TakingBack.h>
 
 #include <QtGlobal>
 
@@ -150,6 +151,11 @@ int RVOpenChange::Row() const
     for (QDomNode sibling = previous; !sibling.isNull(); sibling = sibling.previousSibling())
         ++row;
     return row;
+}
+
+bool RVOpenChange::TakeBack(RVOpenNode* root) const
+{
+    return TakingBack({root}).takeBack(*this);
 }
 
 RVOpenObserver::RVOpenObserver()

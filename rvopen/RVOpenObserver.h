@@ -11,12 +11,13 @@
 
 namespace rvopen {
 
+class RVOpenNode;
+
 /// One change of a document, as an observer is told of it. It names nodes of the document, not
 /// objects: several objects may stand for one element, and for many there is none.
 ///
 /// A copy may be kept. It keeps its nodes and their document alive, so that the changes of a time,
-/// taken back from the last to the first, give the document of before: an attribute gets the value
-/// before or goes, an inserted node is taken out, a removed one is put behind its previous node.
+/// taken back from the last to the first, give the document of before; see TakeBack().
 struct RVOpenChange {
     /// The kinds of changes.
     enum Kind : int {
@@ -38,11 +39,24 @@ struct RVOpenChange {
     QDomNode previous; ///< Of children: the node before it there, null when it is the first.
     QString name;      ///< Of attributes: which one.
     QString before;    ///< Of attributes: a null string when there was none.
-    QString after;     ///< Of attributes: never null.
+    QString after;     ///< Of attributes: a null string when one was taken back that was new.
 
     /// Of children the 0-based position among all child nodes of the parent, text and comments
     /// too; counted when it is asked for. Valid while the observer is told, 0 for other kinds.
     RVOPEN_EXPORT int Row() const;
+    /// Takes the change back: in its document, and in the objects that are made below \p root,
+    /// which may be null; for the document of a manager see RVOpenManager::TakeBack(). Whoever
+    /// observes is told of the opposite change, which can be taken back in turn. Those of a time
+    /// have to be taken back from the last to the first, best in one RVOpenBlock.
+    ///
+    /// What was inserted is taken out: its objects stay valid until the one that they were children
+    /// of is deleted, and show their elements still. What was removed stands in its place again and
+    /// has a new object there. One that a host detached and has still is a second object of it,
+    /// whose end takes the element out, as ever.
+    ///
+    /// False, with nothing changed, for a reset and where the document is not as the change left
+    /// it: the node stands elsewhere, or what stood before it does.
+    RVOPEN_EXPORT bool TakeBack(RVOpenNode* root) const;
 };
 
 /// Is told of every change that is made through objects of the library, while it exists.

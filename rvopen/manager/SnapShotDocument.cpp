@@ -11,6 +11,7 @@
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/Changes.h>
 #include <rvopen/model/Components.h>
+#include <rvopen/model/TakingBack.h>
 #include <rvopen/model/ValueText.h>
 #include <rvopen/xml/DomWriter.h>
 
@@ -90,11 +91,24 @@ void SnapShotDocument::load(std::unique_ptr<QDomDocument> document)
         } else if (tag == names::element::snapShot()) {
             replaceView(m_current, newBound<SnapShot>(child));
         } else if (tag == names::element::background()) {
-            replaceView(m_originalBackground, newBound<Background>(child));
-            if (m_originalBackground)
-                m_originalBackground->GetParamHelper()->Populate();
+            adoptBackground(child);
         }
     }
+}
+
+bool SnapShotDocument::takeBack(RVOpenChange change)
+{
+    if (!m_document || change.document != *m_document)
+        return false;
+    const changes::Block block;
+    TakingBack back(objects());
+    if (change.kind == RVOpenChange::ChildInserted && change.node.parentNode() == change.parent)
+        giveUp(change.node);
+    if (!back.takeBack(change))
+        return false;
+    if (change.kind == RVOpenChange::ChildRemoved && change.parent == m_root)
+        adopt(change.node.toElement());
+    return true;
 }
 
 bool SnapShotDocument::exists() const
@@ -249,19 +263,36 @@ void SnapShotDocument::addDefaultComponents()
     m_current->AddScenery(scenery.get());
 }
 
+/// What came back under the root gets the object that it had, unless another element has it now.
+void SnapShotDocument::adopt(const QDomElement& element)
+{
+    const QString tag = element.nodeName();
+    if (tag == names::element::snapShot() && !m_current) {
+        m_current.reset(newBound<SnapShot>(element));
+    } else if (tag == names::element::background() && !m_originalBackground) {
+        adoptBackground(element);
+    } else if (tag == names::element::snapShots()) {
+        Collection* const held = collectionOf(element);
+        if (!held || *held)
+            return;
+        held->reset(newBound<SnapShots>(element));
+        if (*held)
+            (*held)->Populate();
+    }
+}
+
+void SnapShotDocument::adoptBackground(const QDomElement& element)
+{
+    replaceView(m_originalBackground, newBound<Background>(element));
+    if (m_originalBackground)
+        m_originalBackground->GetParamHelper()->Populate();
+}
+
 void SnapShotDocument::adoptCollection(const QDomElement& element)
 {
-    const QString name = element.attribute(names::attribute::name());
-    Collection* held = nullptr;
-    if (isMainCollection(element))
-        held = &m_main;
-    else if (name == names::value::modelCameras())
-        held = &m_cameras;
-    else if (name == names::value::modelMaterialPalettes())
-        held = &m_materialPalettes;
-    else if (name == names::value::modelBackgrounds())
-        held = &m_backgrounds;
-    else
+    Collection* const held = collectionOf(element);
+    // A load does not read what is temporary.
+    if (!held || held == &m_temporary)
         return;
     auto* const collection = newBound<SnapShots>(element);
     if (!collection)
@@ -270,6 +301,47 @@ void SnapShotDocument::adoptCollection(const QDomElement& element)
     if (held == &m_main)
         collection->SetName(names::value::modelSnapShots());
     collection->Populate();
+}
+
+/// Null for one of another name.
+SnapShotDocument::Collection* SnapShotDocument::collectionOf(const QDomElement& element)
+{
+    const QString name = element.attribute(names::attribute::name());
+    if (isMainCollection(element))
+        return &m_main;
+    if (name == names::value::modelCameras())
+        return &m_cameras;
+    if (name == names::value::modelMaterialPalettes())
+        return &m_materialPalettes;
+    if (name == names::value::modelBackgrounds())
+        return &m_backgrounds;
+    return name == names::value::tempSnapShots() ? &m_temporary : nullptr;
+}
+
+/// All that the manager has, null where it has none.
+std::vector<RVOpenNode*> SnapShotDocument::objects() const
+{
+    std::vector<RVOpenNode*> all{
+        m_rootNode.get(), m_current.get(),     m_reset.get(),   m_originalBackground.get(),
+        m_main.get(),     m_backgrounds.get(), m_cameras.get(), m_materialPalettes.get(),
+        m_temporary.get()};
+    for (const View<RVOpenNode>& replaced : m_replaced)
+        all.push_back(replaced.get());
+    return all;
+}
+
+/// The objects of an element that goes are given to nobody from now on.
+void SnapShotDocument::giveUp(const QDomNode& node)
+{
+    const auto retire = [&](auto& held) {
+        if (held && held->GetDomNode() == node)
+            m_replaced.push_back(std::move(held));
+    };
+    retire(m_current);
+    retire(m_originalBackground);
+    for (Collection* const collection :
+         {&m_main, &m_cameras, &m_backgrounds, &m_materialPalettes, &m_temporary})
+        retire(*collection);
 }
 
 template <typename Class>

@@ -18,6 +18,7 @@ namespace rvopen {
 
 class Background;
 class SnapShot;
+struct RVOpenChange;
 
 /// The snapshot document of a manager with the objects over it.
 class SnapShotDocument {
@@ -39,6 +40,8 @@ public:
     void clear();
     /// Takes the place of the old document, which is cleared.
     void load(std::unique_ptr<QDomDocument> document);
+    /// False, with nothing changed, for what cannot be taken back here.
+    bool takeBack(RVOpenChange change);
     bool exists() const;
     /// Empty without a document and for one without a root.
     QString text() const;
@@ -79,7 +82,12 @@ private:
     /// Null where there is none.
     QDomDocument document() const;
     void addDefaultComponents();
+    void adopt(const QDomElement& element);
+    void adoptBackground(const QDomElement& element);
     void adoptCollection(const QDomElement& element);
+    Collection* collectionOf(const QDomElement& element);
+    std::vector<RVOpenNode*> objects() const;
+    void giveUp(const QDomNode& node);
     template <typename Class>
     void replaceView(View<Class>& held, Class* fresh);
     SnapShots* onDemand(Collection& collection, names::Name name);

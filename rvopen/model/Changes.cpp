@@ -27,6 +27,25 @@ QString attributeOf(const QDomElement& element, const QString& name)
     return value.isNull() ? QLatin1String("") : value;
 }
 
+template <typename Make>
+void change(const QDomElement& element, const QString& name, Make make)
+{
+    if (!isHeard() || element.isNull()) {
+        make();
+        return;
+    }
+    RVOpenChange change;
+    change.before = attributeOf(element, name);
+    make();
+    change.after = attributeOf(element, name);
+    if (change.before.isNull() == change.after.isNull() && change.before == change.after)
+        return;
+    change.document = element.ownerDocument();
+    change.node = element;
+    change.name = name;
+    Observers::tell(change);
+}
+
 RVOpenChange ofChild(RVOpenChange::Kind kind, const QDomNode& parent, const QDomNode& child)
 {
     RVOpenChange change;
@@ -38,32 +57,16 @@ RVOpenChange ofChild(RVOpenChange::Kind kind, const QDomNode& parent, const QDom
     return change;
 }
 
-void insertRaw(QDomNode parent, const QDomNode& child, const QDomNode& previous)
-{
-    if (previous.isNull())
-        parent.insertBefore(child, QDomNode());
-    else
-        parent.insertAfter(child, previous);
-}
-
 } // namespace
 
 void setAttribute(QDomElement& element, const QString& name, const QString& value)
 {
-    if (!isHeard() || element.isNull()) {
-        element.setAttribute(name, value);
-        return;
-    }
-    RVOpenChange change;
-    change.before = attributeOf(element, name);
-    element.setAttribute(name, value);
-    change.after = attributeOf(element, name);
-    if (!change.before.isNull() && change.before == change.after)
-        return;
-    change.document = element.ownerDocument();
-    change.node = element;
-    change.name = name;
-    Observers::tell(change);
+    change(element, name, [&] { element.setAttribute(name, value); });
+}
+
+void removeAttribute(QDomElement& element, const QString& name)
+{
+    change(element, name, [&] { element.removeAttribute(name); });
 }
 
 void insertBehind(const QDomNode& parent, const QDomNode& child, const QDomNode& previous)
@@ -71,13 +74,28 @@ void insertBehind(const QDomNode& parent, const QDomNode& child, const QDomNode&
     if (parent.isNull() || child.isNull() || child == previous)
         return;
     if (!isHeard()) {
-        insertRaw(parent, child, previous);
+        insertUntold(parent, child, previous);
         return;
     }
     const Block block;
     remove(child);
-    insertRaw(parent, child, previous);
+    insertUntold(parent, child, previous);
     Observers::tell(ofChild(RVOpenChange::ChildInserted, parent, child));
+}
+
+void insertUntold(const QDomNode& parent, const QDomNode& child, const QDomNode& previous)
+{
+    QDomNode place = parent;
+    if (previous.isNull())
+        place.insertBefore(child, QDomNode());
+    else
+        place.insertAfter(child, previous);
+}
+
+void tellOfInserted(const QDomNode& parent, const QDomNode& child)
+{
+    if (isHeard())
+        Observers::tell(ofChild(RVOpenChange::ChildInserted, parent, child));
 }
 
 void append(const QDomNode& parent, const QDomNode& child)

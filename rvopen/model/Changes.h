@@ -94,8 +94,16 @@ using Quiet = Scope<&Observers::beginQuiet, &Observers::endQuiet>;
 using Making = Scope<&Observers::beginMaking, &Observers::endMaking>;
 
 void setAttribute(QDomElement& element, const QString& name, const QString& value);
+/// Nothing happens where there is none of that name.
+void removeAttribute(QDomElement& element, const QString& name);
 /// Puts \p child, wherever it stands, under \p parent behind \p previous, for null as the first.
 void insertBehind(const QDomNode& parent, const QDomNode& child, const QDomNode& previous);
+/// The same for one that stands nowhere, in two steps: what comes between them is done before
+/// anybody is told.
+/// @{
+void insertUntold(const QDomNode& parent, const QDomNode& child, const QDomNode& previous);
+void tellOfInserted(const QDomNode& parent, const QDomNode& child);
+/// @}
 /// The same as the last.
 void append(const QDomNode& parent, const QDomNode& child);
 /// Takes the node out of where it stands; nothing happens to one that stands nowhere.

@@ -20,6 +20,11 @@ struct NodeAccess {
     }
     /// Makes a chain that nobody owns the children of the node; what it had is nobody's then.
     static void setFirstChild(RVOpenNode* node, RVOpenNode* child);
+    /// Whether the chain is another object's, of which this one is a copy.
+    static bool sharesChildren(const RVOpenNode* node)
+    {
+        return node->m_sharesChild;
+    }
     static RVOpenNode* next(const RVOpenNode* node)
     {
         return node->m_next;
