@@ -108,7 +108,7 @@ LAYERS = {
         widgets/FollowedPresets
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
         widgets/ParamModel widgets/PresetFilter widgets/PresetModel widgets/PresetRows
-        widgets/TextEditors widgets/WidgetsExport""",
+        widgets/TextEditors widgets/UndoRecorder widgets/WidgetsExport""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

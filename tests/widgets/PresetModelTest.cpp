@@ -20,7 +20,7 @@
 
 #include <memory>
 
-namespace rvopen::widgets::test {
+namespace rvopen::widgets {
 
 namespace {
 
@@ -517,4 +517,4 @@ TEST_F(PresetModelTest, HasTheOrderOfTheSearchAfterAnyOther)
     EXPECT_GE(resets, 0);
 }
 
-} // namespace rvopen::widgets::test
+} // namespace rvopen::widgets
