@@ -107,8 +107,8 @@ LAYERS = {
     "Widgets": """
         widgets/FollowedPresets
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
-        widgets/ParamModel widgets/PresetFilter widgets/PresetModel widgets/PresetRows
-        widgets/TextEditors widgets/UndoRecorder widgets/WidgetsExport""",
+        widgets/ParamModel widgets/PictureWorkers widgets/PresetFilter widgets/PresetModel widgets/PresetRows
+        widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

@@ -8,6 +8,7 @@
 
 #include <QMetaObject>
 #include <QObject>
+#include <QVector>
 
 #include <algorithm>
 #include <utility>
@@ -153,9 +154,9 @@ private:
         const auto connect = [&](auto signal, auto slot) {
             m_connections.push_back(QObject::connect(&model, signal, &m_filter, slot));
         };
-        connect(&Model::dataChanged, [this](const QModelIndex& first, const QModelIndex& last) {
-            changed(first.row(), last.row());
-        });
+        connect(&Model::dataChanged,
+                [this](const QModelIndex& first, const QModelIndex& last,
+                       const QVector<int>& roles) { changed(first.row(), last.row(), roles); });
         connect(&Model::rowsInserted, [this](const QModelIndex&, int first, int last) {
             shift(first, last - first + 1);
         });
@@ -261,9 +262,11 @@ private:
         searchLater();
     }
 
-    void changed(int first, int last)
+    void changed(int first, int last, const QVector<int>& roles)
     {
-        searchLater();
+        // A picture is none of what is looked for.
+        if (roles != QVector<int>{Qt::DecorationRole})
+            searchLater();
         std::vector<int> indexes;
         for (int row = first; row <= last; ++row) {
             if (indexOf(row) != s_none)
@@ -274,7 +277,7 @@ private:
         // Those between did not change; to say so costs less than to tell of each.
         const auto [least, most] = std::minmax_element(indexes.begin(), indexes.end());
         Q_EMIT m_filter.dataChanged(m_filter.index(*least, 0),
-                                    m_filter.index(*most, m_filter.columnCount() - 1));
+                                    m_filter.index(*most, m_filter.columnCount() - 1), roles);
     }
 
     PresetFilter& m_filter;

@@ -5,6 +5,8 @@
 
 #include "PresetRows.h"
 
+#include <rvopen/widgets/Thumbnails.h>
+
 #include <QStringList>
 
 #include <utility>
@@ -15,9 +17,17 @@ using namespace toolkit;
 
 namespace {
 
+/// More than wait for their pictures at once.
+constexpr int s_mostAsked = 2000;
+
 QString shownName(const ListedPreset& preset)
 {
     return preset.name.isEmpty() ? preset.refName : preset.name;
+}
+
+QString askedKey(const ListedPreset& preset)
+{
+    return preset.file + QChar(0) + preset.path;
 }
 
 QString toolTip(const ListedPreset& preset)
@@ -44,6 +54,9 @@ PresetModel::~PresetModel() = default;
 void PresetModel::SetCatalogue(std::shared_ptr<const Catalogue> catalogue)
 {
     beginResetModel();
+    if (m_thumbnails)
+        m_thumbnails->SetCatalogue(catalogue);
+    m_asked.clear();
     m_rows->setCatalogue(std::move(catalogue));
     endResetModel();
 }
@@ -61,6 +74,22 @@ void PresetModel::Follow(const QString& file, const QDomDocument& document)
 void PresetModel::Reread(const QString& file)
 {
     m_rows->reread(file);
+}
+
+void PresetModel::SetThumbnails(Thumbnails* thumbnails, int size)
+{
+    if (m_thumbnails)
+        m_thumbnails->disconnect(this);
+    m_thumbnails = thumbnails;
+    m_pictureSize = size;
+    m_asked.clear();
+    if (!thumbnails)
+        return;
+    thumbnails->SetCatalogue(m_rows->current());
+    connect(thumbnails, &Thumbnails::ElementChanged, this,
+            [this](const QDomElement& element) { tellOfPicture(IndexOf(element)); });
+    connect(thumbnails, &Thumbnails::PresetChanged, this,
+            [this](const ListedPreset& preset) { tellOfPicture(m_asked.take(askedKey(preset))); });
 }
 
 ListedPreset PresetModel::Preset(const QModelIndex& index) const
@@ -108,6 +137,8 @@ QVariant PresetModel::data(const QModelIndex& index, int role) const
         return toolTip(preset);
     case Qt::AccessibleDescriptionRole:
         return preset.description;
+    case Qt::DecorationRole:
+        return index.column() == Name ? picture(index) : QVariant();
     case Qt::DisplayRole:
         break;
     default:
@@ -155,6 +186,31 @@ QVariant PresetModel::headerData(int section, Qt::Orientation orientation, int r
     default:
         return QVariant();
     }
+}
+
+QVariant PresetModel::picture(const QModelIndex& index) const
+{
+    if (!m_thumbnails)
+        return QVariant();
+    const ListedPreset preset = Preset(index);
+    const QDomElement element = Element(index);
+    QImage picture;
+    if (element.isNull()) {
+        picture = m_thumbnails->Picture(preset, m_pictureSize);
+        // Those that waited too long are told of no more.
+        if (m_asked.size() > s_mostAsked)
+            m_asked.clear();
+        m_asked.insert(askedKey(preset), index);
+    } else {
+        picture = m_thumbnails->Picture(element, preset.file, m_pictureSize);
+    }
+    return picture.isNull() ? QVariant() : picture;
+}
+
+void PresetModel::tellOfPicture(const QModelIndex& index)
+{
+    if (index.isValid())
+        Q_EMIT dataChanged(index, index, {Qt::DecorationRole});
 }
 
 } // namespace rvopen::widgets

@@ -9,7 +9,10 @@
 #include <QAbstractTableModel>
 #include <QDomDocument>
 #include <QDomElement>
+#include <QHash>
 #include <QMetaType>
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
@@ -17,6 +20,7 @@
 namespace rvopen::widgets {
 
 class PresetRows;
+class Thumbnails;
 
 /// The presets of a catalogue as rows, in the order of its files and of each. All rows are there at
 /// once, of very many presets too: nothing is read of one before somebody looks at it, and no
@@ -81,6 +85,10 @@ public:
     void Reread(const QString& file);
     /// @}
 
+    /// Pictures for Qt::DecorationRole of names, of \p size pixels; null for none. They have to
+    /// stay as long as the model or until this is called with others, and are given the catalogue.
+    void SetThumbnails(Thumbnails* thumbnails, int size = 96);
+
     /// \name The preset of a row
     /// @{
 
@@ -116,7 +124,14 @@ public:
 private:
     friend class PresetRows;
 
+    QVariant picture(const QModelIndex& index) const;
+    void tellOfPicture(const QModelIndex& index);
+
     std::unique_ptr<PresetRows> m_rows;
+    QPointer<Thumbnails> m_thumbnails;
+    int m_pictureSize = 0;
+    /// Of the presets whose pictures were asked for, by file and path.
+    mutable QHash<QString, QPersistentModelIndex> m_asked;
 };
 
 } // namespace rvopen::widgets

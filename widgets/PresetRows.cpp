@@ -4,6 +4,7 @@
 #include "PresetRows.h"
 
 #include <rvopen/widgets/PresetModel.h>
+#include <rvopen/widgets/Thumbnails.h>
 
 #include <algorithm>
 #include <iterator>
@@ -257,6 +258,8 @@ void PresetRows::become(Part& part, const QDomDocument& document)
     if (document.isNull()) {
         m_catalogue = m_catalogue->With(part.file);
         place();
+        if (m_model.m_thumbnails)
+            m_model.m_thumbnails->SetCatalogue(m_catalogue);
         const auto index = std::find_if(m_parts.begin(), m_parts.end(),
                                         [&part](const auto& each) { return each.get() == &part; });
         const int count = m_catalogue->Count(int(index - m_parts.begin()));

@@ -16,6 +16,8 @@
 
 namespace rvopen::toolkit {
 
+struct Folders;
+
 /// What DrawPicture() does, in two steps, for programs with windows, which must not wait: the
 /// element is copied in the thread that its document is used in, and all that takes time is done in
 /// any other.
@@ -32,22 +34,34 @@ public:
     /// observer hears of it. \p find is called by the operations below, in their thread.
     explicit PicturePlan(const QDomElement& element, const PictureWish& wish = {},
                          const FindFile& find = {});
+    /// A plan for the picture that lists show: the one that the document embeds or that the host
+    /// has in a file, where there is one that can be read, in its own size; else the one that is
+    /// drawn, with images found by TextureFinder(). \p file is that of the element's document, of
+    /// which nothing else need be there than what the element stands in.
+    static PicturePlan Shown(const QDomElement& element, const QString& file,
+                             const Folders& folders, const PictureWish& wish = {});
+    /// The same without a picture that exists: the one that is drawn.
+    static PicturePlan Drawn(const QDomElement& element, const QString& file,
+                             const Folders& folders, const PictureWish& wish = {});
     ~PicturePlan();
     /// Shares all of the other.
     PicturePlan(const PicturePlan&);
     /// As a copy.
     PicturePlan& operator=(const PicturePlan&);
 
-    /// What is another when images of the picture are: which files there are for them, and of each
-    /// its size and when it changed. Empty for an element without images.
+    /// What is another when files of the picture are: which there are for its images, and for a
+    /// picture that the host has, and of each its size and when it changed. Empty for an element
+    /// without any.
     QByteArray ImageState() const;
-    /// The picture, byte for byte that of DrawPicture(). Null for an element that there is none
-    /// for, and when it is stopped: once \p stop, null for never, is true, which it has to stay,
-    /// the work ends with the row of pixels that it is at.
+    /// The picture; one that is drawn is byte for byte that of DrawPicture(). Null for an element
+    /// that there is none for, and when it is stopped: once \p stop, null for never, is true, which
+    /// it has to stay, the work ends with the row of pixels that it is at.
     QImage Draw(const std::atomic<bool>* stop = nullptr) const;
 
 private:
     struct Data;
+
+    explicit PicturePlan(std::shared_ptr<const Data> data);
 
     std::shared_ptr<const Data> m_data;
 };

@@ -10,6 +10,8 @@
 #include "toolkit/drawing/Scene.h"
 #include "toolkit/images/ImageFiles.h"
 
+#include <rvopen/toolkit/documents/Folders.h>
+
 #include <QDateTime>
 #include <QDomDocument>
 #include <QFile>
@@ -236,6 +238,38 @@ TEST_F(PicturePlanTest, StopsDecoding)
     EXPECT_EQ(ReadPicture(path).size(), QSize(64, 40));
     const Stoppable endless(nullptr);
     EXPECT_FALSE(readImage(path).isNull());
+}
+
+TEST(PicturePlan, ShowsWhatExistsElseWhatIsDrawn)
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("a.xml");
+    Folders folders;
+    folders.snapshots = folder.path();
+    PictureWish wish;
+    wish.size = 32;
+    QDomDocument document;
+    elementOf(document, "<snapRoot><snapshots name='Views'><snapshot name='House'/></snapshots>"
+                        "</snapRoot>");
+    QDomElement house = document.documentElement().firstChildElement().firstChildElement();
+    const QImage drawn = DrawPicture(house, wish);
+    const PicturePlan without = PicturePlan::Shown(house, file, folders, wish);
+    EXPECT_EQ(without.Draw(), drawn);
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(0xff00ff00);
+    ASSERT_TRUE(image.save(folder.filePath("icon_House.jpg")));
+    const PicturePlan shown = PicturePlan::Shown(house, file, folders, wish);
+    EXPECT_EQ(shown.Draw().size(), image.size());
+    EXPECT_EQ(PicturePlan::Drawn(house, file, folders, wish).Draw(), drawn);
+    const QByteArray state = shown.ImageState();
+    ASSERT_TRUE(QFile::remove(folder.filePath("icon_House.jpg")));
+    EXPECT_NE(shown.ImageState(), state);
+    EXPECT_EQ(shown.Draw(), drawn);
+    // What cannot be read is as if it were not there.
+    house.setAttribute("xmlImage", "none");
+    EXPECT_EQ(PicturePlan::Shown(house, file, folders, wish).Draw(), drawn);
+    const std::atomic<bool> stop{true};
+    EXPECT_TRUE(shown.Draw(&stop).isNull());
 }
 
 } // namespace rvopen::test
