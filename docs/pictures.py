@@ -66,7 +66,7 @@ LAYERS = {
         toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles
         toolkit/documents/Stopping toolkit/documents/Utf8""",
     "Toolkit: edit": """
-        toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
+        toolkit/edit/Arriving toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
         toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/PathSegment
         toolkit/edit/Placement toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things
         toolkit/edit/TypedText toolkit/edit/Uses""",
@@ -105,7 +105,8 @@ LAYERS = {
         command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
     "Widgets": """
-        widgets/FollowedPresets
+        widgets/ArchiveModel widgets/FollowedPresets widgets/NodeMime widgets/NodeModel
+        widgets/NodeRows widgets/Nodes widgets/PaletteModel widgets/SnapShotModel
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
         widgets/ParamModel widgets/PictureWorkers widgets/PresetFilter widgets/PresetModel widgets/PresetRows
         widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",

@@ -3,6 +3,8 @@
 
 #include <rvopen/widgets/ParamModel.h>
 
+#include "Nodes.h"
+
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenObserver.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
@@ -24,13 +26,6 @@ namespace {
 bool isParam(const QDomNode& node)
 {
     return node.nodeName() == QLatin1String("param");
-}
-
-bool isInside(QDomNode node, const QDomNode& outer)
-{
-    while (!node.isNull() && node != outer)
-        node = node.parentNode();
-    return !node.isNull();
 }
 
 QColor colourOf(const QVariant& value)

@@ -3,6 +3,7 @@
 
 #include <rvopen/widgets/Thumbnails.h>
 
+#include "Nodes.h"
 #include "PictureWorkers.h"
 
 #include <rvopen/RVOpenObserver.h>
@@ -99,13 +100,6 @@ QImage fitted(const QImage& image, int size)
     return std::max(image.width(), image.height()) <= size
                ? image
                : image.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
-
-bool isInside(QDomNode node, const QDomNode& outer)
-{
-    while (!node.isNull() && node != outer)
-        node = node.parentNode();
-    return !node.isNull();
 }
 
 } // namespace
