@@ -5,10 +5,16 @@
 
 #include <rvopen/RVOpenReader.h>
 #include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/edit/Arriving.h>
+
+#include <QFileInfo>
+#include <QUrl>
 
 #include <memory>
 
 namespace rvopen::widgets {
+
+using toolkit::CopyFor;
 
 namespace {
 
@@ -16,31 +22,43 @@ namespace {
 const QString s_wrapper = QStringLiteral("rvopenNodes");
 const QString s_unitsScale = QStringLiteral("unitsScale");
 
+void copyUnits(const QDomElement& from, QDomElement& to)
+{
+    if (from.hasAttribute(s_unitsScale))
+        to.setAttribute(s_unitsScale, from.attribute(s_unitsScale));
+}
+
 QString textOf(const std::vector<QDomElement>& elements)
 {
     QDomDocument document;
     QDomElement wrapper = document.createElement(s_wrapper);
     document.appendChild(wrapper);
     for (const QDomElement& element : elements) {
-        const QDomElement root = element.ownerDocument().documentElement();
-        if (root.hasAttribute(s_unitsScale))
-            wrapper.setAttribute(s_unitsScale, root.attribute(s_unitsScale));
-        wrapper.appendChild(document.importNode(element, true));
+        // They may be of several documents: each in the units of the first.
+        if (wrapper.firstChild().isNull())
+            copyUnits(element.ownerDocument().documentElement(), wrapper);
+        wrapper.appendChild(CopyFor(element, wrapper));
     }
     return XmlText(document, SnapShotFileIndent);
 }
 
 } // namespace
 
-NodeMime::NodeMime(const QAbstractItemModel* source, const std::vector<QDomElement>& elements)
+NodeMime::NodeMime(const QAbstractItemModel* source, const std::vector<QDomElement>& elements,
+                   const QStringList& files)
     : m_source(source)
     , m_elements(elements)
 {
-    if (!elements.empty())
-        m_document = elements.front().ownerDocument();
+    for (const QDomElement& element : elements)
+        m_documents.push_back(element.ownerDocument());
     const QString text = textOf(elements);
     setData(type(), text.toUtf8());
     setText(text);
+    QList<QUrl> urls;
+    for (const QString& file : files)
+        urls << QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath());
+    if (!urls.isEmpty())
+        setUrls(urls);
 }
 
 QString NodeMime::type()

@@ -6,8 +6,8 @@
 #include <QDomDocument>
 #include <QDomElement>
 #include <QMimeData>
-#include <QPersistentModelIndex>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -22,8 +22,9 @@ class NodeMime : public QMimeData {
     Q_OBJECT
 
 public:
-    /// Elements of one document.
-    NodeMime(const QAbstractItemModel* source, const std::vector<QDomElement>& elements);
+    /// With the elements goes where they are from: \p files, as far as that is known.
+    NodeMime(const QAbstractItemModel* source, const std::vector<QDomElement>& elements,
+             const QStringList& files = {});
 
     static QString type();
 
@@ -38,7 +39,7 @@ public:
 
 private:
     const QAbstractItemModel* m_source;
-    QDomDocument m_document; ///< Elements alone do not keep it alive.
+    std::vector<QDomDocument> m_documents; ///< Elements alone do not keep them alive.
     std::vector<QDomElement> m_elements;
 };
 

@@ -3,6 +3,7 @@
 
 #include <rvopen/widgets/PresetModel.h>
 
+#include "NodeMime.h"
 #include "PresetRows.h"
 
 #include <rvopen/widgets/Thumbnails.h>
@@ -10,6 +11,7 @@
 #include <QStringList>
 
 #include <utility>
+#include <vector>
 
 namespace rvopen::widgets {
 
@@ -163,7 +165,35 @@ QVariant PresetModel::data(const QModelIndex& index, int role) const
 Qt::ItemFlags PresetModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    return index.isValid() ? flags | Qt::ItemNeverHasChildren : flags;
+    return index.isValid() ? flags | Qt::ItemNeverHasChildren | Qt::ItemIsDragEnabled : flags;
+}
+
+QStringList PresetModel::mimeTypes() const
+{
+    return {NodeMime::type()};
+}
+
+QMimeData* PresetModel::mimeData(const QModelIndexList& indexes) const
+{
+    std::vector<OpenPreset> presets;
+    std::vector<QDomElement> elements;
+    QStringList files;
+    for (const QModelIndex& index : indexes) {
+        // A view gives each column of a row.
+        if (index.column() != Name)
+            continue;
+        QDomElement preset = Element(index);
+        if (preset.isNull()) {
+            presets.push_back(Open(index));
+            preset = presets.back().element;
+        }
+        if (preset.isNull())
+            continue;
+        elements.push_back(preset);
+        files << Preset(index).file;
+    }
+    files.removeDuplicates();
+    return new NodeMime(this, elements, files);
 }
 
 QVariant PresetModel::headerData(int section, Qt::Orientation orientation, int role) const

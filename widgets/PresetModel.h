@@ -114,8 +114,13 @@ public:
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     /// See Role.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Rows have nothing below them.
+    /// Rows have nothing below them, and can be dragged.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// "application/x-rvopen-node+xml".
+    QStringList mimeTypes() const override;
+    /// Presets as text of XML, which a NodeModel takes, and the files that they are of. Presets
+    /// that are not there any more are left out. The caller's.
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
     /// Of the columns.
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;

@@ -6,6 +6,7 @@
 #include <rvopen/RVOpenReader.h>
 #include <rvopen/toolkit/catalogue/Catalogue.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/widgets/ArchiveModel.h>
 #include <rvopen/widgets/PresetFilter.h>
 #include <rvopen/widgets/PresetModel.h>
 #include <rvopen/widgets/Thumbnails.h>
@@ -14,9 +15,11 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMimeData>
 #include <QPersistentModelIndex>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <gmock/gmock.h>
 
@@ -521,6 +524,34 @@ TEST_F(PresetModelTest, HasPicturesOnceTheyAreMade)
         model.SetThumbnails(&others, 40);
     }
     EXPECT_TRUE(picture(1).isNull());
+}
+
+TEST_F(PresetModelTest, GivesPresetsToWhoDragsThem)
+{
+    showThree();
+    follow(0);
+    colours()->GetChild(1, 1)->SetName("not saved");
+    const std::unique_ptr<QMimeData> data(filter.mimeData(
+        {filter.index(0, 0), filter.index(0, 1), filter.index(1, 0), filter.index(3, 0)}));
+    QDomDocument read;
+    ASSERT_TRUE(read.setContent(QString::fromUtf8(data->data("application/x-rvopen-node+xml"))));
+    QStringList given;
+    for (QDomElement each = read.documentElement().firstChildElement(); !each.isNull();
+         each = each.nextSiblingElement())
+        given << each.attribute("name");
+    EXPECT_EQ(given, (QStringList{"not saved", "b", "d"}));
+    EXPECT_EQ(data->urls(),
+              (QList<QUrl>{QUrl::fromLocalFile(files[0]), QUrl::fromLocalFile(files[1])}));
+    // Into an archive.
+    QDomDocument archive;
+    archive.setContent(QStringLiteral("<presets><colours/></presets>"));
+    RVOpenNode root;
+    root.SetDomNode(archive.documentElement());
+    ArchiveModel into;
+    into.SetArchive(&root);
+    EXPECT_TRUE(into.dropMimeData(data.get(), Qt::CopyAction, -1, -1, into.index(0, 0)));
+    EXPECT_EQ(archive.documentElement().firstChildElement().childNodes().count(), 3);
+    into.SetArchive(nullptr);
 }
 
 TEST_F(PresetModelTest, ShowsNothingOnceItsModelIsGone)
