@@ -78,7 +78,7 @@ QString toolTip(const ParamFacts& facts, const QString& name)
 } // namespace
 
 /// What is shown, and what keeps it as the document has it.
-class ParamModel::Rows : public RVOpenObserver {
+class RVOPEN_WIDGETS_NO_EXPORT ParamModel::Rows : public RVOpenObserver {
 public:
     Rows(ParamModel& model, const QDomElement& root, Depth depth)
         : RVOpenObserver(root.ownerDocument())

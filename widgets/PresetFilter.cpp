@@ -70,7 +70,7 @@ int forEachRunBackwards(const std::vector<bool>& places, const Visit& visit)
 } // namespace
 
 /// The rows of the model in the order in which they are shown.
-class PresetFilter::Found {
+class RVOPEN_WIDGETS_NO_EXPORT PresetFilter::Found {
 public:
     explicit Found(PresetFilter& filter)
         : m_filter(filter)

@@ -105,7 +105,7 @@ QImage fitted(const QImage& image, int size)
 } // namespace
 
 /// What is known of pictures. Threads make them, and all else is done in that of the object.
-class Thumbnails::Store : private RVOpenObserver {
+class RVOPEN_WIDGETS_NO_EXPORT Thumbnails::Store : private RVOpenObserver {
 public:
     explicit Store(Thumbnails& thumbnails)
         : m_thumbnails(thumbnails)

@@ -72,7 +72,7 @@ bool standsInTree(const RVOpenChange& change)
 } // namespace
 
 /// What is heard of the document, and how it is taken back there.
-class UndoRecorder::Record : public RVOpenObserver {
+class RVOPEN_WIDGETS_NO_EXPORT UndoRecorder::Record : public RVOpenObserver {
 public:
     using Root = std::function<RVOpenNode*()>;
     using TakeBack = std::function<bool(const RVOpenChange&)>;
@@ -133,7 +133,7 @@ private:
 };
 
 /// What was done, or undone: taking it back gives what takes that back.
-class UndoRecorder::Command : public QUndoCommand {
+class RVOPEN_WIDGETS_NO_EXPORT UndoRecorder::Command : public QUndoCommand {
 public:
     Command(UndoRecorder* recorder, Changes changes, const QString& text)
         : QUndoCommand(text)

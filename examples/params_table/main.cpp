@@ -10,6 +10,7 @@
 #include <rvopen/SnapShot.h>
 #include <rvopen/host/Documents.h>
 #include <rvopen/host/Find.h>
+#include <rvopen/widgets/ParamDelegate.h>
 #include <rvopen/widgets/ParamModel.h>
 
 #include <QApplication>
@@ -37,6 +38,8 @@ void print(const ParamModel& model)
 void show(QTreeView& view, ParamModel& model, const QString& path)
 {
     view.setModel(&model);
+    view.setItemDelegateForColumn(ParamModel::Value, new rvopen::widgets::ParamDelegate(&view));
+    view.setEditTriggers(QAbstractItemView::AllEditTriggers);
     view.setWindowTitle(path);
     view.setRootIsDecorated(false);
     view.header()->setSectionResizeMode(QHeaderView::ResizeToContents);

@@ -112,10 +112,10 @@ protected:
     /// Three files: a b c, d, e.
     void showThree()
     {
-        files = {write("1.rvx", archive(preset("a") + "<dir name='folder'>" + preset("b", "0 1 0") +
-                                        "</dir>" + preset("c"))),
-                 write("2.rvx", archive(preset("d", "0 0.9 0"))),
-                 write("3.rvx", archive(preset("e")))};
+        files = QStringList{write("1.rvx", archive(preset("a") + "<dir name='folder'>" +
+                                                   preset("b", "0 1 0") + "</dir>" + preset("c"))),
+                            write("2.rvx", archive(preset("d", "0 0.9 0"))),
+                            write("3.rvx", archive(preset("e")))};
         model.SetCatalogue(std::make_shared<const Catalogue>(files));
     }
 
@@ -256,7 +256,7 @@ TEST_F(PresetModelTest, PutsWhatComesWhereItStands)
 
 TEST_F(PresetModelTest, SaysOnceThatASortMovedNumbers)
 {
-    files = {write("1.rvx", archive(preset("a") + preset("a") + preset("a")))};
+    files = QStringList{write("1.rvx", archive(preset("a") + preset("a") + preset("a")))};
     model.SetCatalogue(std::make_shared<const Catalogue>(files));
     follow(0);
     const QModelIndex last = model.index(2, 0);
@@ -589,7 +589,7 @@ TEST_F(PresetModelTest, HasTheOrderOfTheSearchAfterAnyOther)
             preset(QByteArray::number(i * 7919 % 1000).constData(), i % 3 == 0   ? "0 0.9 0"
                                                                     : i % 5 == 0 ? "0.1 1 0"
                                                                                  : "0.4 0.4 0.4");
-    files = {write("many.rvx", archive(colours))};
+    files = QStringList{write("many.rvx", archive(colours))};
     model.SetCatalogue(std::make_shared<const Catalogue>(files));
     Told told(filter);
     int resets = 0;

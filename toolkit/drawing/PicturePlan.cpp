@@ -58,7 +58,7 @@ void addState(const QString& path, QByteArray& state)
 
 } // namespace
 
-struct PicturePlan::Data {
+struct RVOPEN_TOOLKIT_NO_EXPORT PicturePlan::Data {
     drawing::FreeCopy copy;
     PictureWish wish;
     FindFile find;
