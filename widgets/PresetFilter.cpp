@@ -48,6 +48,13 @@ std::vector<bool> longestRise(const std::vector<int>& numbers)
     return stay;
 }
 
+template <typename Value>
+CatalogueQuery with(CatalogueQuery query, Value CatalogueQuery::*member, const Value& value)
+{
+    query.*member = value;
+    return query;
+}
+
 /// Calls \p visit with the start and the end of each run of places that are true, the last first.
 template <typename Visit>
 int forEachRunBackwards(const std::vector<bool>& places, const Visit& visit)
@@ -324,9 +331,7 @@ QString PresetFilter::Words() const
 
 void PresetFilter::SetWords(const QString& words)
 {
-    CatalogueQuery query = Query();
-    query.text = words;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::text, words));
 }
 
 QString PresetFilter::Kind() const
@@ -336,9 +341,7 @@ QString PresetFilter::Kind() const
 
 void PresetFilter::SetKind(const QString& kind)
 {
-    CatalogueQuery query = Query();
-    query.kind = kind;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::kind, kind));
 }
 
 QString PresetFilter::Category() const
@@ -348,9 +351,7 @@ QString PresetFilter::Category() const
 
 void PresetFilter::SetCategory(const QString& category)
 {
-    CatalogueQuery query = Query();
-    query.category = category;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::category, category));
 }
 
 QString PresetFilter::Tag() const
@@ -360,9 +361,7 @@ QString PresetFilter::Tag() const
 
 void PresetFilter::SetTag(const QString& tag)
 {
-    CatalogueQuery query = Query();
-    query.subCategory = tag;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::subCategory, tag));
 }
 
 QString PresetFilter::Folder() const
@@ -372,9 +371,7 @@ QString PresetFilter::Folder() const
 
 void PresetFilter::SetFolder(const QString& folder)
 {
-    CatalogueQuery query = Query();
-    query.folder = folder;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::folder, folder));
 }
 
 QColor PresetFilter::Colour() const
@@ -390,9 +387,8 @@ QColor PresetFilter::Colour() const
 
 void PresetFilter::SetColour(const QColor& colour)
 {
-    CatalogueQuery query = Query();
-    query.colour = colour.isValid() ? colour.name() : QString();
-    SetQuery(query);
+    const QString text = colour.isValid() ? colour.name() : QString();
+    SetQuery(with(Query(), &CatalogueQuery::colour, text));
 }
 
 double PresetFilter::Within() const
@@ -402,9 +398,7 @@ double PresetFilter::Within() const
 
 void PresetFilter::SetWithin(double within)
 {
-    CatalogueQuery query = Query();
-    query.within = within;
-    SetQuery(query);
+    SetQuery(with(Query(), &CatalogueQuery::within, within));
 }
 
 void PresetFilter::setSourceModel(QAbstractItemModel* model)
