@@ -8,6 +8,7 @@
 
 #include <rvopen/widgets/Thumbnails.h>
 
+#include <QPainter>
 #include <QStringList>
 
 #include <utility>
@@ -30,6 +31,16 @@ QString shownName(const ListedPreset& preset)
 QString askedKey(const ListedPreset& preset)
 {
     return preset.file + QChar(0) + preset.path;
+}
+
+QImage squared(const QImage& image, int size)
+{
+    if (image.size() == QSize(size, size))
+        return image;
+    QImage square(size, size, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter(&square).drawImage((size - image.width()) / 2, (size - image.height()) / 2, image);
+    return square;
 }
 
 QString toolTip(const ListedPreset& preset)
@@ -84,6 +95,7 @@ void PresetModel::SetThumbnails(Thumbnails* thumbnails, int size)
         m_thumbnails->disconnect(this);
     m_thumbnails = thumbnails;
     m_pictureSize = size;
+    m_placeholder = Thumbnails::Placeholder(size);
     m_asked.clear();
     if (!thumbnails)
         return;
@@ -234,7 +246,7 @@ QVariant PresetModel::picture(const QModelIndex& index) const
     } else {
         picture = m_thumbnails->Picture(element, preset.file, m_pictureSize);
     }
-    return picture.isNull() ? QVariant() : picture;
+    return picture.isNull() ? m_placeholder : squared(picture, m_pictureSize);
 }
 
 void PresetModel::tellOfPicture(const QModelIndex& index)

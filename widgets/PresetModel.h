@@ -10,6 +10,7 @@
 #include <QDomDocument>
 #include <QDomElement>
 #include <QHash>
+#include <QImage>
 #include <QMetaType>
 #include <QPersistentModelIndex>
 #include <QPointer>
@@ -85,8 +86,10 @@ public:
     void Reread(const QString& file);
     /// @}
 
-    /// Pictures for Qt::DecorationRole of names, of \p size pixels; null for none. They have to
-    /// stay as long as the model or until this is called with others, and are given the catalogue.
+    /// Pictures for Qt::DecorationRole of names, each in a square of \p size pixels, a placeholder
+    /// where there is none, so that views need not be laid out anew; null for none at all. They have
+    /// to stay as long as the model or until this is called with others, and are given the
+    /// catalogue.
     void SetThumbnails(Thumbnails* thumbnails, int size = 96);
 
     /// \name The preset of a row
@@ -134,6 +137,7 @@ private:
 
     std::unique_ptr<PresetRows> m_rows;
     QPointer<Thumbnails> m_thumbnails;
+    QImage m_placeholder;
     int m_pictureSize = 0;
     /// Of the presets whose pictures were asked for, by file and path.
     mutable QHash<QString, QPersistentModelIndex> m_asked;

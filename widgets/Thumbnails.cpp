@@ -14,6 +14,7 @@
 #include <QDomNamedNodeMap>
 #include <QHash>
 #include <QMetaObject>
+#include <QPainter>
 
 #include <algorithm>
 #include <atomic>
@@ -443,6 +444,20 @@ QImage Thumbnails::Picture(const QDomElement& element, const QString& file, int 
 QImage Thumbnails::Picture(const ListedPreset& preset, int size)
 {
     return m_store->picture(preset, size);
+}
+
+QImage Thumbnails::Placeholder(int size)
+{
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(128, 128, 128, 40));
+    const double margin = size / 8.0;
+    painter.drawRoundedRect(QRectF(image.rect()).adjusted(margin, margin, -margin, -margin), margin,
+                            margin);
+    return image;
 }
 
 int Thumbnails::Waiting() const

@@ -75,6 +75,8 @@ public:
                    Source source = Shown);
     /// Of a preset of the catalogue, as it is in its file.
     QImage Picture(const toolkit::ListedPreset& preset, int size);
+    /// What to show while there is none: a square of that size, for backgrounds of all colours.
+    static QImage Placeholder(int size);
     /// How many are being made or wait to be.
     int Waiting() const;
     /// @}
