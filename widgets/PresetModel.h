@@ -87,8 +87,8 @@ public:
     /// @}
 
     /// Pictures for Qt::DecorationRole of names, each in a square of \p size pixels, a placeholder
-    /// where there is none, so that views need not be laid out anew; null for none at all. They have
-    /// to stay as long as the model or until this is called with others, and are given the
+    /// where there is none, so that views need not be laid out anew; null for none at all. They
+    /// have to stay as long as the model or until this is called with others, and are given the
     /// catalogue.
     void SetThumbnails(Thumbnails* thumbnails, int size = 96);
 
