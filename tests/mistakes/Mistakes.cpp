@@ -3,6 +3,8 @@
 
 #include "Mistakes.h"
 
+#include "Host.h"
+
 #include <rvopen/Background.h>
 #include <rvopen/Camera.h>
 #include <rvopen/Colour.h>
@@ -29,50 +31,6 @@ namespace rvopen::test {
 
 namespace {
 
-const QString s_document = QStringLiteral(
-    "<snapRoot unitsScale='1'><snapshots name='Model SnapShots'>"
-    "<snapshot name='a'><camera name='eye'><param name='Field Of View' type='float' val='40'/>"
-    "</camera><snapShotSettings/></snapshot><snapshot name='b'/><snapshot name='c'/></snapshots>"
-    "<snapshot name='CurrSnapshot'><camera name='now'>"
-    "<param name='Field Of View' type='float' val='50'/></camera>"
-    "<snapShotSettings><param name='Selected' type='boolean' val='0'/></snapShotSettings>"
-    "<background subcat='Plain'/><materialRepository>"
-    "<material name='wall' linkname='W'><colour refname='red'/><finish name='matt'/></material>"
-    "<material name='roof' linkname='R'/></materialRepository></snapshot></snapRoot>");
-
-/// A host's document.
-struct Host : RVOpenManager {
-    Host()
-    {
-        LoadSnapShotDocFromString(s_document);
-    }
-
-    SnapShot* current() const
-    {
-        return GetCurrentSnapShot();
-    }
-    SnapShot* first() const
-    {
-        return GetSnapShots()->GetFirstSnapShot();
-    }
-    SnapShot* second() const
-    {
-        return first()->GetNext();
-    }
-    MaterialRepository* palette() const
-    {
-        return current()->GetMaterialRepository();
-    }
-    QString text() const
-    {
-        return GetSnapShotDocumentAsString();
-    }
-    bool has(const char* text) const
-    {
-        return this->text().contains(QLatin1String(text));
-    }
-};
-
 QString namesInDocument(const RVOpenNode* parent)
 {
     QStringList names;
@@ -92,28 +50,6 @@ QString namesIn(RVOpenNode* parent)
     const QString walked = names.join(QLatin1Char(' '));
     const QString present = namesInDocument(parent);
     return walked == present ? walked : walked + QLatin1String(" but in the document ") + present;
-}
-
-QString expectText(const QString& is, const char* shall)
-{
-    return is == QLatin1String(shall)
-               ? QString()
-               : QStringLiteral("\"%1\" instead of \"%2\"").arg(is, QLatin1String(shall));
-}
-
-QString expect(bool isSo, const char* what)
-{
-    return isSo ? QString() : QStringLiteral("not so: ") + QLatin1String(what);
-}
-
-/// The first complaint.
-QString all(std::initializer_list<QString> outcomes)
-{
-    for (const QString& outcome : outcomes) {
-        if (!outcome.isEmpty())
-            return outcome;
-    }
-    return QString();
 }
 
 RVOpenNode* newNode(const Host& host, const char* name)
@@ -633,9 +569,7 @@ QString stackObjectThatOutlives()
     return QString();
 }
 
-} // namespace
-
-const std::vector<Mistake>& mistakes()
+const std::vector<Mistake>& definedMistakes()
 {
     static const std::vector<Mistake> list = {
         {"`AddNode()` of a child that is there already", "it moves to the end", addTwice},
@@ -714,6 +648,14 @@ const std::vector<Mistake>& mistakes()
          "they give null, which has to be looked at", wrongKindOfFile},
         {"`AddNode()` of a component instead of the snapshot's own operation",
          "an element more, whose object is a child of the snapshot", addFirstWhatSnapShotAdds},
+    };
+    return list;
+}
+
+/// At the mercy of the allocator.
+const std::vector<Mistake>& undefinedMistakes()
+{
+    static const std::vector<Mistake> list = {
         {"Using a component after it was replaced or cleared",
          "the object is deleted; ask the getter again", useAfterReplacing, true},
         {"Using what a getter gave after a load, `ClearSnapShotDoc()`, `CloseArchive()` or the "
@@ -726,6 +668,19 @@ const std::vector<Mistake>& mistakes()
         {"An object from the stack that is added to a tree and still in it when the tree goes",
          "the tree deletes what `new` did not make", stackObjectThatOutlives, true},
     };
+    return list;
+}
+
+} // namespace
+
+const std::vector<Mistake>& mistakes()
+{
+    static const std::vector<Mistake> list = [] {
+        std::vector<Mistake> all = definedMistakes();
+        for (const std::vector<Mistake>& others : {handleMistakes(), undefinedMistakes()})
+            all.insert(all.end(), others.begin(), others.end());
+        return all;
+    }();
     return list;
 }
 

@@ -21,6 +21,9 @@ struct Mistake {
     bool isUndefined = false;
 };
 
+/// Those that leave the program to chance last.
 const std::vector<Mistake>& mistakes();
+/// Those with handles, values and changes, of which none does.
+const std::vector<Mistake>& handleMistakes();
 
 } // namespace rvopen::test

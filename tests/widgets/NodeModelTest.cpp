@@ -219,15 +219,27 @@ TEST_F(ArchiveModelTest, FollowsRowByRow)
     param->SetDomNode(document.createElement("param"));
     made->AddNode(param, false);
     EXPECT_THAT(told.take(), ElementsAre("~newer"));
+    // Behind what is no row.
+    RVOpenNode* const other = new RVOpenNode();
+    other->SetDomNode(document.createElement("param"));
+    colours->AddNode(other, false);
+    EXPECT_THAT(told.take(), ElementsAre("~Colours"));
+    RVOpenNode* const last = new RVOpenNode();
+    last->SetDomNode(document.createElement("colour"));
+    colours->AddNode(last, false);
+    EXPECT_THAT(told.take(), ElementsAre("+Colours4-4"));
+    colours->DeleteNode(last);
+    colours->DeleteNode(other);
+    told.take();
     // What is not open may be opened now.
     RVOpenNode* const finish = new RVOpenNode();
     finish->SetDomNode(document.createElement("finish"));
-    ArchiveModel other;
-    other.SetArchive(&root);
-    RowsTold toldOther(other);
+    ArchiveModel closed;
+    closed.SetArchive(&root);
+    RowsTold toldOther(closed);
     model.Node(at({2}))->AddNode(finish, false);
     EXPECT_THAT(toldOther.take(), ElementsAre("~finishes"));
-    EXPECT_TRUE(other.canFetchMore(other.index(2, 0)));
+    EXPECT_TRUE(closed.canFetchMore(closed.index(2, 0)));
     // A section that goes, and one that comes.
     told.take();
     root.DeleteNode(model.Node(at({1})));
