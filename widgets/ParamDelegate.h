@@ -16,14 +16,15 @@ namespace rvopen::widgets {
 /// is not written.
 ///
 /// \code
-/// using rvopen::widgets::ParamModel;
-/// auto* const model = new ParamModel(&view);
-/// auto* const delegate = new rvopen::widgets::ParamDelegate(&view);
-/// delegate->SetFindFile(toolkit::TextureFinder(document, folders));
-/// view.setModel(model);
-/// view.setItemDelegateForColumn(ParamModel::Value, delegate);
-/// view.setEditTriggers(QAbstractItemView::AllEditTriggers);
-/// model->SetNode(camera);
+/// void editCamera(rvopen::Camera* camera, QTreeView& view)
+/// {
+///     using rvopen::widgets::ParamModel;
+///     auto* const model = new ParamModel(&view);
+///     model->SetNode(camera);
+///     view.setModel(model);
+///     view.setItemDelegateForColumn(ParamModel::Value, new rvopen::widgets::ParamDelegate(&view));
+///     view.setEditTriggers(QAbstractItemView::AllEditTriggers);
+/// }
 /// \endcode
 class RVOPEN_WIDGETS_EXPORT ParamDelegate : public QStyledItemDelegate {
     Q_OBJECT

@@ -19,13 +19,16 @@ namespace rvopen::widgets {
 /// see. Dialogs that it opens do not block.
 ///
 /// \code
-/// using rvopen::widgets::ParamEditor;
-/// auto* const editor = ParamEditor::Make(index.data(ParamModel::FactsRole).value<ParamFacts>());
-/// editor->SetValue(index.data(Qt::EditRole));
-/// QObject::connect(editor, &ParamEditor::Edited, model, [=] {
-///     model->setData(index, editor->Value());
-/// });
-/// form->addRow(index.siblingAtColumn(ParamModel::Name).data().toString(), editor);
+/// void addRow(QFormLayout& form, rvopen::widgets::ParamModel& model, const QModelIndex& index)
+/// {
+///     using namespace rvopen::widgets;
+///     const auto facts = index.data(ParamModel::FactsRole).value<ParamFacts>();
+///     ParamEditor* const editor = ParamEditor::Make(facts);
+///     editor->SetValue(index.data(Qt::EditRole));
+///     QObject::connect(editor, &ParamEditor::Edited, &model,
+///                      [=, &model] { model.setData(index, editor->Value()); });
+///     form.addRow(index.siblingAtColumn(ParamModel::Name).data().toString(), editor);
+/// }
 /// \endcode
 class RVOPEN_WIDGETS_EXPORT ParamEditor : public QWidget {
     Q_OBJECT

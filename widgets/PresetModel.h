@@ -32,15 +32,17 @@ class Thumbnails;
 /// that it concerns. Nothing is reset but by SetCatalogue().
 ///
 /// \code
-/// using rvopen::widgets::PresetModel;
-/// auto* const model = new PresetModel(&view);
-/// model->SetCatalogue(std::make_shared<const toolkit::Catalogue>(files));
-/// const host::OpenArchive archive(files[0]);
-/// model->Follow(files[0], archive.root()->GetDomNode().ownerDocument());
-/// auto* const filter = new PresetFilter(&view);
-/// filter->setSourceModel(model);
-/// QObject::connect(&line, &QLineEdit::textChanged, filter, &PresetFilter::SetWords);
-/// view.setModel(filter);
+/// void listPresets(const QStringList& files, QLineEdit& search, QListView& view)
+/// {
+///     using namespace rvopen::widgets;
+///     auto* const model = new PresetModel(&view);
+///     model->SetThumbnails(new Thumbnails(model));
+///     model->SetCatalogue(std::make_shared<const rvopen::toolkit::Catalogue>(files));
+///     auto* const filter = new PresetFilter(&view);
+///     filter->setSourceModel(model);
+///     QObject::connect(&search, &QLineEdit::textChanged, filter, &PresetFilter::SetWords);
+///     view.setModel(filter);
+/// }
 /// \endcode
 class RVOPEN_WIDGETS_EXPORT PresetModel : public QAbstractTableModel {
     Q_OBJECT

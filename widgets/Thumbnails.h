@@ -25,13 +25,18 @@ namespace rvopen::widgets {
 /// view asks again when it shows it.
 ///
 /// \code
-/// // In the data() of a model for Qt::DecorationRole:
-/// return m_thumbnails.Picture(elementOf(index), m_file, 96);
-/// // In its constructor:
-/// using rvopen::widgets::Thumbnails;
-/// connect(&m_thumbnails, &Thumbnails::ElementChanged, this, [this](const QDomElement& element) {
-///     Q_EMIT dataChanged(indexOf(element), indexOf(element), {Qt::DecorationRole});
-/// });
+/// void showPicture(rvopen::RVOpenNode& node, const QString& file, QLabel& label)
+/// {
+///     using rvopen::widgets::Thumbnails;
+///     auto* const thumbnails = new Thumbnails(&label);
+///     const QDomElement element = node.GetDomNode().toElement();
+///     const auto show = [=, &label] {
+///         const QImage picture = thumbnails->Picture(element, file, 256, Thumbnails::Drawn);
+///         label.setPixmap(QPixmap::fromImage(picture));
+///     };
+///     QObject::connect(thumbnails, &Thumbnails::ElementChanged, &label, show);
+///     show();
+/// }
 /// \endcode
 class RVOPEN_WIDGETS_EXPORT Thumbnails : public QObject {
     Q_OBJECT
