@@ -185,7 +185,8 @@ Qt::ItemFlags NodeModel::flags(const QModelIndex& index) const
     const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
     if (!index.isValid())
         return flags | Qt::ItemIsDropEnabled;
-    const bool isSection = !ProblemOfPlace(Element(index), Element(index.parent())).isEmpty();
+    // What holds rows at the top stays there: sections of archives.
+    const bool isSection = !index.parent().isValid() && isShelf(Element(index));
     Qt::ItemFlags more = index.column() == Name ? Qt::ItemIsEditable : Qt::NoItemFlags;
     if (!isSection)
         more |= Qt::ItemIsDragEnabled;
