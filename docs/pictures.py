@@ -105,7 +105,7 @@ LAYERS = {
         command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
     "Widgets": """
-        widgets/ArchiveModel widgets/FollowedPresets widgets/NodeMime widgets/NodeModel
+        widgets/ArchiveModel widgets/FollowedPresets widgets/LoneElements widgets/NodeMime widgets/NodeModel
         widgets/NodeRows widgets/Nodes widgets/PaletteModel widgets/SnapShotModel
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
         widgets/ParamModel widgets/PictureWorkers widgets/PresetFilter widgets/PresetModel widgets/PresetRows

@@ -3,6 +3,7 @@
 
 #include <rvopen/widgets/Thumbnails.h>
 
+#include "LoneElements.h"
 #include "Nodes.h"
 #include "PictureWorkers.h"
 
@@ -20,6 +21,7 @@
 #include <atomic>
 #include <deque>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -36,7 +38,7 @@ constexpr int s_cacheLimit = 64 * 1024 * 1024;
 /// What does not fit would be made again and again.
 constexpr int s_leastLimit = 1024 * 1024;
 
-/// How many elements are remembered, for the picture that they had.
+/// How many elements are remembered, for the picture that they had, and more where all are edited.
 constexpr std::size_t s_mostSubjects = 4096;
 
 /// How many pictures are known by what was asked; what is forgotten is looked at again.
@@ -159,8 +161,9 @@ private:
         int size = 0;
         Source source = Shown;
         QByteArray firstValues;
-        QByteArray asked; ///< The last key.
-        QByteArray known; ///< That of a picture that is there.
+        bool isEdited = false; ///< As far as is known; not forgotten then.
+        QByteArray asked;      ///< The last key.
+        QByteArray known;      ///< That of a picture that is there.
     };
 
     /// A picture to be made, and what makes it another one besides its files.
@@ -180,6 +183,7 @@ private:
     QImage find(const QByteArray& key, bool& isCurrent);
     Subject& subject(const QDomElement& element, int size, Source source);
     void leave(const QByteArray& key);
+    bool isAsked(const QByteArray& key);
     void ask(const QByteArray& key, const MakePlan& makePlan, int size, const Tell& tell);
     bool isKept(const QByteArray& key, QImage& picture);
     void made(const QByteArray& key, const Known& known, const QImage& picture, const Tell& tell);
@@ -191,6 +195,7 @@ private:
     QHash<QByteArray, Known> m_known;
     QHash<QByteArray, int> m_asked; ///< With the state for which.
     std::deque<Subject> m_subjects; ///< The last one first.
+    LoneElements m_elements;
     std::vector<QDomNode> m_edited;
     bool m_isQueued = false; ///< To tell of these.
     std::mutex m_mutex;      ///< Of the pictures, which threads look for as well.
@@ -207,7 +212,8 @@ QImage Thumbnails::Store::picture(const QDomElement& element, const QString& fil
     const QByteArray values = valuesOf(element);
     if (of.firstValues.isEmpty())
         of.firstValues = values;
-    const bool isDrawn = source == Drawn || values != of.firstValues;
+    of.isEdited = values != of.firstValues;
+    const bool isDrawn = source == Drawn || of.isEdited;
     const QByteArray key =
         contentOf(element, values, file) + QByteArray::number(size) + (isDrawn ? "drawn" : "shown");
     bool isCurrent = false;
@@ -219,16 +225,22 @@ QImage Thumbnails::Store::picture(const QDomElement& element, const QString& fil
     }
     if (before != key)
         leave(before);
+    bool isLastCurrent = false;
+    if (picture.isNull())
+        picture = find(of.known, isLastCurrent);
+    if (isAsked(key))
+        return picture;
     PictureWish wish;
     wish.size = size;
     // The copy is made now, in the thread of the document.
-    const Plan plan{isDrawn ? PicturePlan::Drawn(element, file, m_folders, wish)
-                            : PicturePlan::Shown(element, file, m_folders, wish),
+    QDomDocument document;
+    const QDomElement alone = m_elements.copyOf(element, document);
+    const Plan plan{isDrawn ? PicturePlan::Drawn(alone, file, m_folders, wish)
+                            : PicturePlan::Shown(alone, file, m_folders, wish),
                     key};
     ask(
         key, [plan] { return plan; }, size, [this, key] { tellSubjects(key); });
-    bool isLastCurrent = false;
-    return picture.isNull() ? find(of.known, isLastCurrent) : picture;
+    return picture;
 }
 
 QImage Thumbnails::Store::picture(const ListedPreset& preset, int size)
@@ -239,7 +251,7 @@ QImage Thumbnails::Store::picture(const ListedPreset& preset, int size)
         preset.file.toUtf8() + '\0' + preset.path.toUtf8() + '\0' + QByteArray::number(size);
     bool isCurrent = false;
     QImage picture = find(key, isCurrent);
-    if (isCurrent)
+    if (isCurrent || isAsked(key))
         return picture;
     ask(
         key,
@@ -262,6 +274,7 @@ void Thumbnails::Store::Changed(const RVOpenChange& change)
 {
     if (change.kind == RVOpenChange::DocumentAboutToBeReset) {
         m_edited.clear();
+        m_elements.forget(change.document);
         m_subjects.erase(std::remove_if(m_subjects.begin(), m_subjects.end(),
                                         [&change](const Subject& each) {
                                             return each.document == change.document;
@@ -287,10 +300,11 @@ void Thumbnails::Store::tellEdited()
     m_isQueued = false;
     const std::vector<QDomNode> edited = std::exchange(m_edited, {});
     std::vector<QDomElement> told;
-    for (const Subject& each : m_subjects) {
+    for (Subject& each : m_subjects) {
         const bool isEdited =
             std::any_of(edited.begin(), edited.end(),
                         [&each](const QDomNode& node) { return isInside(node, each.element); });
+        each.isEdited = each.isEdited || isEdited;
         if (isEdited && std::find(told.begin(), told.end(), each.element) == told.end())
             told.push_back(each.element);
     }
@@ -328,8 +342,13 @@ Thumbnails::Store::Subject& Thumbnails::Store::subject(const QDomElement& elemen
     });
     if (known != m_subjects.end())
         return *known;
-    if (m_subjects.size() == s_mostSubjects)
-        m_subjects.pop_back();
+    if (m_subjects.size() >= s_mostSubjects) {
+        // An edited one would have the picture again that it had before.
+        const auto oldest = std::find_if(m_subjects.rbegin(), m_subjects.rend(),
+                                         [](const Subject& each) { return !each.isEdited; });
+        if (oldest != m_subjects.rend())
+            m_subjects.erase(std::next(oldest).base());
+    }
     Subject subject;
     subject.element = element;
     subject.document = element.ownerDocument();
@@ -348,17 +367,21 @@ void Thumbnails::Store::leave(const QByteArray& key)
         m_workers.stop(key);
 }
 
+/// What is asked for again comes first.
+bool Thumbnails::Store::isAsked(const QByteArray& key)
+{
+    const auto asked = m_asked.constFind(key);
+    if (asked == m_asked.cend() || *asked != m_state)
+        return false;
+    m_workers.hurry(key);
+    return true;
+}
+
 void Thumbnails::Store::ask(const QByteArray& key, const MakePlan& makePlan, int size,
                             const Tell& tell)
 {
-    const auto asked = m_asked.constFind(key);
-    if (asked != m_asked.cend()) {
-        if (*asked == m_state) {
-            m_workers.hurry(key);
-            return;
-        }
+    if (m_asked.contains(key))
         m_workers.stop(key);
-    }
     m_asked.insert(key, m_state);
     const auto work = [this, key, makePlan, size, tell,
                        state = m_state](const std::atomic<bool>& stop) {
@@ -402,7 +425,8 @@ void Thumbnails::Store::made(const QByteArray& key, const Known& known, const QI
     m_known.insert(key, known);
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto bytes = int(std::min<qint64>(picture.sizeInBytes() + 1, s_leastLimit));
+        // One that is more than all that is kept is there alone.
+        const auto bytes = int(std::min<qint64>(picture.sizeInBytes() + 1, m_pictures.maxCost()));
         m_pictures.insert(known.picture, new QImage(picture), bytes);
     }
     tell();

@@ -395,6 +395,96 @@ TEST_F(ThumbnailsTest, KeepNoMoreThanTheirLimit)
     EXPECT_EQ(thumbnails->Waiting(), 1);
 }
 
+TEST_F(ThumbnailsTest, KeepNoMoreThanTheirLimitOfLargeOnesEither)
+{
+    // Of 4 MiB each, of which two fit.
+    thumbnails->SetCacheLimit(9 * 1024 * 1024);
+    QByteArray presets;
+    for (int i = 0; i < 4; ++i)
+        presets += colour("any", "1 0 0", embedded(plain(QRgb(i), 1024, 1024)).constData());
+    std::vector<QDomElement> all;
+    for (QDomElement each = section(presets).firstChildElement(); !each.isNull();
+         each = each.nextSiblingElement()) {
+        all.push_back(each);
+        thumbnails->Picture(each, file, 1024);
+        wait();
+    }
+    const auto isKept = [this](const QDomElement& each) {
+        return !thumbnails->Picture(each, file, 1024).isNull();
+    };
+    EXPECT_TRUE(isKept(all[3]));
+    EXPECT_TRUE(isKept(all[2]));
+    EXPECT_FALSE(isKept(all[1]));
+    EXPECT_FALSE(isKept(all[0]));
+    wait();
+    // One that alone is more is kept all the same, as long as it is the last.
+    thumbnails->SetCacheLimit(0);
+    EXPECT_FALSE(isKept(all[0]));
+    wait();
+    EXPECT_TRUE(isKept(all[0]));
+    EXPECT_EQ(thumbnails->Waiting(), 0);
+}
+
+TEST_F(ThumbnailsTest, AreOfTheValuesHoweverManyOthersWereSeenSinceTheEdit)
+{
+    QByteArray others;
+    for (int i = 0; i < 5000; ++i)
+        others += "<other name='" + QByteArray::number(i) + "'/>";
+    const QByteArray green = embedded(plain(0xff00ff00));
+    const QDomElement colours = section(colour("seen", "1 0 0", green.constData()) +
+                                        colour("unseen", "1 0 0", green.constData()));
+    const QDomElement seen = colours.firstChildElement();
+    const QDomElement unseen = colours.lastChildElement();
+    QDomDocument many;
+    ASSERT_TRUE(many.setContent("<presets><others>" + others + "</others></presets>"));
+    picture(seen);
+    ASSERT_EQ(picture(unseen).size(), QSize(20, 10));
+    ParamValues().Set(value(seen), "0 0 1");
+    ParamValues().Set(value(unseen), "0 0 1");
+    QCoreApplication::processEvents();
+    ASSERT_EQ(picture(seen), drawn(seen));
+    const QDomElement first = many.documentElement().firstChildElement().firstChildElement();
+    for (QDomElement each = first; !each.isNull(); each = each.nextSiblingElement())
+        ask(each);
+    wait();
+    EXPECT_EQ(picture(seen), drawn(seen));
+    EXPECT_EQ(picture(unseen), drawn(unseen));
+}
+
+TEST_F(ThumbnailsTest, AreInTheUnitOfTheDocument)
+{
+    const auto foreground = [this](const char* around, const char* distance) {
+        const QString element =
+            QStringLiteral("<foreground subcat='Depth Cue' name='f'>"
+                           "<param name='Near' prop='D' type='float' val='%1'/></foreground>");
+        EXPECT_TRUE(document.setContent(
+            QString::fromLatin1(around).arg(element.arg(QLatin1String(distance)))));
+        file += QLatin1Char('x');
+        const QDomElement found = document.elementsByTagName("foreground").at(0).toElement();
+        const QImage image = picture(found);
+        EXPECT_EQ(image, drawn(found)) << around;
+        return image;
+    };
+    const char* const inner = "<presets><foregrounds>%1</foregrounds><a><snapRoot "
+                              "unitsScale='10'/><snapRoot unitsScale='5'/></a></presets>";
+    const QImage metres = foreground("<snapRoot unitsScale='1'>%1</snapRoot>", "2");
+    EXPECT_EQ(metres, foreground("<snapRoot unitsScale='10'>%1</snapRoot>", "20"));
+    EXPECT_EQ(metres, foreground(inner, "20"));
+    EXPECT_NE(metres, foreground(inner, "2"));
+    EXPECT_EQ(metres, foreground("<presets><foregrounds>%1</foregrounds></presets>", "2"));
+    // The unit changes while the document is looked at.
+    foreground(inner, "20");
+    QDomElement unit = document.elementsByTagName("snapRoot").at(0).toElement();
+    RVOpenNode node;
+    node.SetDomNode(unit);
+    node.SetAttributeString("unitsScale", "1");
+    node.SetDomNode(QDomNode());
+    const QDomElement edited = document.elementsByTagName("foreground").at(0).toElement();
+    thumbnails->Refresh();
+    ParamValues().Set(edited.firstChildElement(), "3");
+    EXPECT_EQ(picture(edited), drawn(edited));
+}
+
 TEST_F(ThumbnailsTest, LetADocumentGoThatIsReset)
 {
     RVOpenManager manager;

@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <mutex>
+#include <thread>
 
 namespace rvopen::toolkit {
 
@@ -37,6 +38,28 @@ void usePlatform(const char* name)
     static_cast<void>(isChosen);
 }
 
+/// It goes at the end of the process where the thread that made it ends that: where another one
+/// has, and the first is gone, Qt does not bear its end, and it stays.
+class OwnApplication {
+public:
+    OwnApplication(int& argc, char** argv)
+        : m_thread(std::this_thread::get_id())
+        , m_application(new QGuiApplication(argc, argv))
+    {
+    }
+    ~OwnApplication()
+    {
+        if (m_thread == std::this_thread::get_id())
+            delete m_application;
+    }
+    OwnApplication(const OwnApplication&) = delete;
+    OwnApplication& operator=(const OwnApplication&) = delete;
+
+private:
+    std::thread::id m_thread;
+    QGuiApplication* m_application;
+};
+
 } // namespace
 
 void preparePictures()
@@ -54,9 +77,7 @@ void preparePictures()
     // What it has to say of the session that it finds itself in is of no use to the user.
     const QtMessageHandler handler =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    // Never deleted: the thread that it was made in may be gone by the end, which Qt does not bear.
-    static const auto* const application = new QGuiApplication(argc, argv);
-    static_cast<void>(application);
+    static const OwnApplication application(argc, argv);
     qInstallMessageHandler(handler);
 }
 
