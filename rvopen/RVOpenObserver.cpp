@@ -26,6 +26,7 @@ struct Audience {
     RVOpenObserver* first = nullptr;
     Walk* walk = nullptr;
     int blocks = 0;
+    int hostBlocks = 0; ///< Those of them that are no operation of the library.
     int quiet = 0;
     int making = 0;
 };
@@ -106,7 +107,7 @@ void Observers::endMaking()
 
 void Observers::tell(const RVOpenChange& change)
 {
-    const RVOpenBlock block;
+    const changes::Scope<&Observers::beginBlock, &Observers::endBlock> block;
     const bool isReset = change.kind == RVOpenChange::DocumentReset;
     forEachObserver([&](RVOpenObserver* observer) {
         if (!observer->m_hearsAll) {
@@ -180,12 +181,19 @@ void RVOpenObserver::BlockEnded() {}
 
 RVOpenBlock::RVOpenBlock()
 {
+    ++t_audience.hostBlocks;
     Observers::beginBlock();
 }
 
 RVOpenBlock::~RVOpenBlock()
 {
+    --t_audience.hostBlocks;
     Observers::endBlock();
+}
+
+bool RVOpenBlock::IsOpen()
+{
+    return t_audience.hostBlocks > 0;
 }
 
 } // namespace rvopen

@@ -55,7 +55,8 @@ struct RVOpenChange {
     /// whose end takes the element out, as ever.
     ///
     /// False, with nothing changed, for a reset and where the document is not as the change left
-    /// it: the node stands elsewhere, or what stood before it does.
+    /// it: the attribute has another value, the node stands elsewhere, or what stood before it
+    /// does.
     RVOPEN_EXPORT bool TakeBack(RVOpenNode* root) const;
 };
 
@@ -115,6 +116,11 @@ public:
     ~RVOpenBlock();
     RVOpenBlock(const RVOpenBlock&) = delete;
     RVOpenBlock& operator=(const RVOpenBlock&) = delete;
+
+    /// Whether the calling thread is in the scope of one. Operations of the library do not count:
+    /// who is told of what they do by themselves, such as creating what is missing, can tell it
+    /// from what a program does on purpose.
+    static bool IsOpen();
 };
 
 } // namespace rvopen

@@ -328,6 +328,24 @@ TEST(RVOpenBlock, IsOneForWhatTheClipboardGets)
               "removing material in material at 1\nremoved material in material at 1\n.");
 }
 
+TEST(RVOpenBlock, IsOpenInItsScopeAndNoOperationIsOne)
+{
+    Family family;
+    RecordingObserver observer(family.document);
+    std::vector<bool> seen;
+    observer.whenTold = [&](const RVOpenChange&) { seen.push_back(RVOpenBlock::IsOpen()); };
+    family.root->DeleteNode(family.child("q"));
+    EXPECT_EQ(seen, (std::vector<bool>{false, false}));
+    {
+        const RVOpenBlock block;
+        family.root->SetName("N");
+        EXPECT_TRUE(RVOpenBlock::IsOpen());
+    }
+    EXPECT_EQ(seen.size(), 3U);
+    EXPECT_TRUE(seen.back());
+    EXPECT_FALSE(RVOpenBlock::IsOpen());
+}
+
 TEST(RVOpenBlock, WithoutAChangeIsNotToldOf)
 {
     RecordingObserver observer;

@@ -72,6 +72,34 @@ TEST(TakeBack, GivesAnAttributeItsValueBefore)
     EXPECT_EQ(observer.take(), "a @x: '1' -> '2'\n.\na @x: '2' -> '1'\n.");
 }
 
+TEST(TakeBack, KeepsAValueThatIsNotTheOneThatWasSet)
+{
+    Objects objects;
+    RecordingObserver observer(objects.document);
+    objects.root->SetAttributeInt("x", 2);
+    objects.root->SetAttributeString("y", "");
+    QDomElement element = objects.document.documentElement();
+    element.setAttribute("x", "3");
+    element.removeAttribute("y");
+    observer.take();
+    EXPECT_FALSE(observer.changes[0].TakeBack(objects.root.get()));
+    EXPECT_FALSE(observer.changes[1].TakeBack(objects.root.get()));
+    EXPECT_EQ(element.attribute("x"), "3");
+    EXPECT_EQ(observer.take(), "");
+}
+
+TEST(TakeBack, PutsNoNodeIntoItself)
+{
+    Objects objects;
+    RecordingObserver observer(objects.document);
+    objects.root->DeleteNode(objects.child("p"));
+    RVOpenChange removed = observer.changes[1];
+    ASSERT_EQ(removed.kind, RVOpenChange::ChildRemoved);
+    removed.node.appendChild(objects.document.documentElement());
+    EXPECT_FALSE(removed.TakeBack(objects.root.get()));
+    EXPECT_TRUE(removed.node.parentNode().isNull());
+}
+
 TEST(TakeBack, TakesAnInsertedNodeOutOfDocumentAndChain)
 {
     Objects objects;

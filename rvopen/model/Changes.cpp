@@ -18,15 +18,6 @@ bool isHeard()
     return true;
 }
 
-/// An attribute's value, null only where there is none.
-QString attributeOf(const QDomElement& element, const QString& name)
-{
-    if (!element.hasAttribute(name))
-        return QString();
-    const QString value = element.attribute(name);
-    return value.isNull() ? QLatin1String("") : value;
-}
-
 template <typename Make>
 void change(const QDomElement& element, const QString& name, Make make)
 {
@@ -58,6 +49,14 @@ RVOpenChange ofChild(RVOpenChange::Kind kind, const QDomNode& parent, const QDom
 }
 
 } // namespace
+
+QString attributeOf(const QDomElement& element, const QString& name)
+{
+    if (!element.hasAttribute(name))
+        return QString();
+    const QString value = element.attribute(name);
+    return value.isNull() ? QLatin1String("") : value;
+}
 
 void setAttribute(QDomElement& element, const QString& name, const QString& value)
 {

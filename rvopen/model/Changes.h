@@ -93,6 +93,8 @@ using Quiet = Scope<&Observers::beginQuiet, &Observers::endQuiet>;
 /// is being told of something, since reading makes objects.
 using Making = Scope<&Observers::beginMaking, &Observers::endMaking>;
 
+/// An attribute's value, null only where there is none.
+QString attributeOf(const QDomElement& element, const QString& name);
 void setAttribute(QDomElement& element, const QString& name, const QString& value);
 /// Nothing happens where there is none of that name.
 void removeAttribute(QDomElement& element, const QString& name);

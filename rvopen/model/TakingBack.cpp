@@ -13,6 +13,18 @@ namespace rvopen {
 
 namespace {
 
+bool isSame(const QString& a, const QString& b)
+{
+    return a.isNull() == b.isNull() && a == b;
+}
+
+bool isIn(const QDomNode& node, QDomNode other)
+{
+    while (!other.isNull() && other != node)
+        other = other.parentNode();
+    return !other.isNull();
+}
+
 /// An object for a node that was put among the children of an object's element, where a walk would
 /// not make it by itself.
 void placeObject(RVOpenNode* owner, const QDomNode& node)
@@ -63,7 +75,7 @@ bool TakingBack::takeBack(RVOpenChange change)
 bool TakingBack::setBefore(const RVOpenChange& change)
 {
     QDomElement element = change.node.toElement();
-    if (element.isNull())
+    if (element.isNull() || !isSame(changes::attributeOf(element, change.name), change.after))
         return false;
     ViewOf<RVOpenNode> view(element);
     FoundNodes::attributeChanged(&view.object(), change.name);
@@ -96,7 +108,8 @@ bool TakingBack::takeOut(const RVOpenChange& change)
 bool TakingBack::putBack(const RVOpenChange& change)
 {
     if (change.node.isNull() || !change.node.parentNode().isNull() || change.parent.isNull() ||
-        (!change.previous.isNull() && change.previous.parentNode() != change.parent))
+        (!change.previous.isNull() && change.previous.parentNode() != change.parent) ||
+        isIn(change.node, change.parent))
         return false;
     const std::vector<RVOpenNode*> owners = objectsOf(change.parent);
     changes::insertUntold(change.parent, change.node, change.previous);
