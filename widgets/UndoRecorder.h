@@ -26,11 +26,15 @@ namespace widgets {
 /// those of after; both are told to all who observe the document, so models and views follow.
 ///
 /// What is edited from Begin() to End() is one command. What is edited outside of them is one for
-/// each outermost RVOpenBlock, called "Edit", since a stack that misses an edit could not take back
-/// those before it. What only adds elements there is none, since windows that read create what is
-/// missing: it is undone with the command before it, or is part of the one behind it, and a redo
-/// takes it out first. So additions that people ask for need Begin(). What is changed outside while
-/// it stands in no tree comes and goes as it is. Several changes of one attribute are one.
+/// each outermost RVOpenBlock, or operation where there is none, called "Edit", since a stack that
+/// misses an edit could not take back those before it. Several changes of one attribute are one.
+///
+/// What only adds elements is a command between Begin() and End() and in an RVOpenBlock, but not by
+/// itself, since windows that read create what is missing: that goes with the command before it, or
+/// is part of the one behind it. While something can be redone, undo and redo take it out for good.
+///
+/// What was taken out of the tree by a command, or by undoing one, may be changed while it is out:
+/// that goes with the commands around it. What was never in the tree comes, and goes, as it is.
 ///
 /// Objects: what is taken out by an undo, or by a redo, stays valid until the object that it was a
 /// child of is deleted. What comes back has a new object in its tree, so after either, ask the tree
@@ -39,8 +43,14 @@ namespace widgets {
 /// along: release what is detached within the command that detaches it.
 ///
 /// When the document is loaded anew or cleared, the stack is cleared: what was before cannot come
-/// back. The recorder goes on with the document that takes the place. While a command is undone or
-/// redone, or an edit is on its way (between Begin() and End(), in a block), no other may be.
+/// back. Nor can files, such as that of an archive whose reference was deleted. The recorder goes
+/// on with the document that takes the place.
+///
+/// An undo while an edit is on its way, between Begin() and End() or in a block, takes along what
+/// was edited so far; a redo fails then. Edits past the objects are not recorded: a command that
+/// finds what it changed in another state fails. Host's own commands on the stack must not edit
+/// the document. For edits of several documents at once there is a recorder for each, and one
+/// command where they end between QUndoStack::beginMacro() and endMacro().
 ///
 /// \code
 /// void addUndo(rvopen::RVOpenManager& manager, QMainWindow& window)
@@ -93,7 +103,8 @@ public:
 
 Q_SIGNALS:
     /// The command called \p text could not be undone or redone, since the document was edited past
-    /// its objects meanwhile. The document is as it was, and the command has left the stack.
+    /// its objects meanwhile, or is being edited. The document is as it was, and the command has
+    /// left the stack. Told from the event loop, when the stack may be used again.
     void Failed(const QString& text);
 
 private:

@@ -1,17 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include <rvopen/widgets/UndoRecorder.h>
+#include "UndoSupport.h"
 
-#include "../RandomEdits.h"
 #include "../RecordingObserver.h"
 
 #include <rvopen/RVOpenView.h>
 #include <rvopen/host/Owned.h>
+#include <rvopen/widgets/PaletteModel.h>
 #include <rvopen/widgets/ParamModel.h>
 
 #include <QAction>
 #include <QMainWindow>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QUndoStack>
 
@@ -32,45 +33,6 @@ void addUndo(rvopen::RVOpenManager& manager, QMainWindow& window)
     const UndoRecorder::Step step(*recorder, QMainWindow::tr("Rename Snapshot"));
     manager.GetCurrentSnapShot()->SetName(QMainWindow::tr("Entrance"));
 }
-
-class UndoRecorderTest : public ::testing::Test {
-protected:
-    SnapShot* current()
-    {
-        return manager.GetCurrentSnapShot();
-    }
-    MaterialRepository* palette()
-    {
-        return current()->GetMaterialRepository();
-    }
-    QString text() const
-    {
-        return manager.GetSnapShotDocumentAsString();
-    }
-    QDomDocument document()
-    {
-        return manager.GetRootNode()->GetDomNode().ownerDocument();
-    }
-    Material* addMaterial(const char* name)
-    {
-        const UndoRecorder::Step step(recorder, QStringLiteral("Add"));
-        Material* const material = palette()->CreateMaterial();
-        material->SetLinkName(QLatin1String(name));
-        palette()->AddMaterial(material);
-        return material;
-    }
-    QStringList materials()
-    {
-        QStringList names;
-        for (Material* at = palette()->GetFirstMaterial(); at; at = at->GetNext())
-            names << at->GetLinkName();
-        return names;
-    }
-
-    RVOpenManager manager;
-    QUndoStack stack;
-    UndoRecorder recorder{manager, &stack};
-};
 
 } // namespace
 
@@ -202,21 +164,48 @@ TEST_F(UndoRecorderTest, StartsFromWhatWasCreatedBeforeTheFirstCommand)
 
 TEST_F(UndoRecorderTest, MakesACommandWhereSomethingIsAddedAndMoreIsChanged)
 {
+    manager.GetSnapShotsCameras()->SetCat(QStringLiteral("New"));
+    ASSERT_EQ(stack.count(), 1) << "what is there already is given another value";
     const QString before = text();
-    {
-        const RVOpenBlock block;
-        manager.GetSnapShotsCameras()->SetCat(QStringLiteral("New"));
-    }
-    EXPECT_EQ(stack.count(), 0);
     {
         const RVOpenBlock block;
         manager.GetSnapShotsBackgrounds();
         manager.GetSnapShotsCameras()->SetCat(QStringLiteral("Newer"));
     }
+    EXPECT_EQ(stack.count(), 2);
+    stack.undo();
+    EXPECT_EQ(text(), before);
+}
+
+TEST_F(UndoRecorderTest, MakesACommandOfABlockThatOnlyAdds)
+{
+    const QString before = text();
+    const auto add = [this](const char* name) {
+        const RVOpenBlock block;
+        addByItself(name);
+    };
+    add("Wall");
+    ASSERT_EQ(stack.count(), 1);
+    add("Floor");
+    ASSERT_EQ(stack.count(), 2);
+    stack.undo();
+    EXPECT_EQ(materials(), QStringList{"Wall"});
+    stack.undo();
+    EXPECT_EQ(text(), before);
+}
+
+TEST_F(UndoRecorderTest, MakesACommandOfACopyThatIsDropped)
+{
+    addMaterial("Wall");
+    PaletteModel model;
+    model.SetPalette(palette());
+    const std::unique_ptr<QMimeData> data(model.mimeData({model.index(0, 0)}));
+    stack.clear();
+    ASSERT_TRUE(model.dropMimeData(data.get(), Qt::CopyAction, -1, -1, QModelIndex()));
+    EXPECT_EQ(model.rowCount(), 2);
     EXPECT_EQ(stack.count(), 1);
     stack.undo();
-    EXPECT_TRUE(text().contains(QStringLiteral("\"New\"")));
-    EXPECT_NE(text(), before);
+    EXPECT_EQ(model.rowCount(), 1);
 }
 
 TEST_F(UndoRecorderTest, MakesNoCommandOfWhatStandsInNoTree)
@@ -366,6 +355,7 @@ TEST_F(UndoRecorderTest, ForgetsWhatWasBegunBeforeALoad)
     current()->SetName(QStringLiteral("C"));
     QSignalSpy failed(&recorder, &UndoRecorder::Failed);
     stack.undo();
+    QCoreApplication::processEvents();
     EXPECT_EQ(failed.size(), 0);
     EXPECT_EQ(text(), loaded);
 }
@@ -379,42 +369,6 @@ TEST_F(UndoRecorderTest, RecordsNothingOfOtherDocuments)
     EXPECT_EQ(stack.count(), 0);
     current()->SetName(QStringLiteral("A"));
     other.ClearSnapShotDoc();
-    EXPECT_EQ(stack.count(), 1);
-}
-
-TEST_F(UndoRecorderTest, LeavesTheDocumentWhereACommandCannotBeUndone)
-{
-    addMaterial("Wall");
-    const QDomNode wall = palette()->GetFirstMaterial()->GetDomNode();
-    {
-        const UndoRecorder::Step step(recorder, QStringLiteral("Two"));
-        addMaterial("Floor");
-        current()->SetName(QStringLiteral("Late"));
-    }
-    QDomNode parent = wall.parentNode();
-    parent.removeChild(parent.lastChild());
-    const QString before = text();
-    const QSignalSpy failed(&recorder, &UndoRecorder::Failed);
-    stack.undo();
-    EXPECT_EQ(text(), before);
-    EXPECT_EQ(current()->GetName(), "Late");
-    EXPECT_EQ(stack.count(), stack.index());
-    ASSERT_EQ(failed.size(), 1);
-    EXPECT_EQ(failed[0][0].toString(), "Two");
-}
-
-TEST_F(UndoRecorderTest, LeavesTheDocumentWhereACommandCannotBeRedone)
-{
-    addMaterial("Wall");
-    addMaterial("Floor");
-    stack.undo();
-    manager.GetSnapShotsCameras();
-    QDomNode parent = palette()->GetDomNode();
-    parent.removeChild(parent.firstChild());
-    const QString before = text();
-    stack.redo();
-    EXPECT_EQ(text(), before);
-    EXPECT_TRUE(before.contains(QStringLiteral("Model Cameras")));
     EXPECT_EQ(stack.count(), 1);
 }
 
@@ -468,42 +422,5 @@ TEST(UndoRecorder, NeedsFewLines)
     window.actions().last()->trigger();
     EXPECT_EQ(manager.GetCurrentSnapShot()->GetName(), "Entrance");
 }
-
-class RandomCommands : public ::testing::TestWithParam<unsigned int> {};
-
-TEST_P(RandomCommands, GiveTheSameBytesWhereverTheStackIs)
-{
-    test::RandomEdits edits(GetParam());
-    QUndoStack stack;
-    UndoRecorder recorder(edits.manager(), &stack);
-    QStringList texts{edits.text()};
-    for (int i = 0; i < 60; ++i) {
-        recorder.Begin(QString());
-        edits.edit();
-        edits.edit();
-        recorder.End();
-        if (stack.count() == texts.size())
-            texts << edits.text();
-    }
-    ASSERT_EQ(stack.count() + 1, texts.size());
-    for (const int index : {0, int(texts.size()) - 1, 20, 30, 10, 40, 0, 25}) {
-        while (stack.index() != index) {
-            if (stack.index() < index)
-                stack.redo();
-            else
-                stack.undo();
-            ASSERT_EQ(edits.text(), texts[stack.index()]) << stack.index();
-        }
-    }
-    // The objects are good for more.
-    const QString middle = edits.text();
-    const int index = stack.index();
-    for (int i = 0; i < 60; ++i)
-        edits.edit();
-    stack.setIndex(index);
-    EXPECT_EQ(edits.text(), middle);
-}
-
-INSTANTIATE_TEST_SUITE_P(UndoRecorder, RandomCommands, ::testing::Values(1U, 2U, 3U, 4U, 5U));
 
 } // namespace rvopen::widgets
