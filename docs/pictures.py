@@ -38,7 +38,8 @@ LAYERS = {
     "Nodes": """
         RVOpenNode RVOpenNodeAttributes RVOpenNodeLinks RVOpenObserver RVOpenSchema RVOpenView
         ParamHelper model/Binding model/Changes model/FoundNodes model/HeldObject model/LookUp
-        model/NodeAccess model/NodeCast model/Population model/References model/TakingBack model/UnitsScale""",
+        model/NodeAccess model/NodeAside model/NodeCast model/Population model/References
+        model/TakingBack model/UnitsScale host/Ref""",
     "Parameters": "Param model/ParamAccess model/Rows",
     "Archive registry": "DirectoryHandler",
     "Materials": """
@@ -54,7 +55,7 @@ LAYERS = {
         manager/SnapShotDocument manager/SnapShotNames""",
     "Hosts": """
         host/CameraValues host/Children host/Documents host/Find host/OpenArchive host/Owned
-        host/Ref host/Result host/Values""",
+        host/Result host/Values""",
     "Toolkit: schema": """
         toolkit/schema/AttributeTable toolkit/schema/ElementInfo toolkit/schema/ParamInfo
         toolkit/schema/ParamRows toolkit/schema/ParamTable toolkit/schema/ValueCheck

@@ -91,8 +91,8 @@ public:
     /// them, and change the tree through one of the two only.
     RVOpenNode* GetRootNode();
     /// RVOpenChange::TakeBack() for a change of the document, with all objects that this manager
-    /// has of it, its getters' included: one whose element is taken out is not given any more, and
-    /// stays valid as long as the document. False also for a change of another document.
+    /// has of it, its getters' included: one whose element is taken out is not given until that is
+    /// back, and stays valid as long as the document. False also for a change of another document.
     bool TakeBack(const RVOpenChange& change);
     /// Document units per scene unit, "unitsScale" of the root. Reaches only parameter objects that
     /// have not converted a value yet.

@@ -295,6 +295,7 @@ private:
     void takeOut();
     void own(RVOpenNode* first);
     void keep(RVOpenNode* first);
+    void leaveKeeper();
     void keepChildren();
     void deleteKept();
     void deleteAlone(bool leavesDocument);

@@ -7,17 +7,9 @@
 #include <rvopen/model/FoundNodes.h>
 #include <rvopen/model/HeldObject.h>
 #include <rvopen/model/NodeAccess.h>
+#include <rvopen/model/NodeAside.h>
 
 namespace rvopen {
-
-/// What few nodes need, so that the others need no room for it.
-struct RVOpenNode::Aside {
-    RVOpenNode* parent = nullptr; ///< Shown to the host.
-    RVOpenNode* holder = nullptr; ///< What holds the node, where that is not the parent shown.
-    /// Nodes bound to nothing, each with a chain of objects that have left this node's tree, or the
-    /// chain that it was in, and that the host may still hold.
-    RVOpenNode* kept = nullptr;
-};
 
 void NodeAccess::setFirstChild(RVOpenNode* node, RVOpenNode* child)
 {
@@ -51,13 +43,14 @@ void NodeAccess::placeView(RVOpenNode* node, RVOpenNode* view)
     node->shareChildrenOf(owner);
 }
 
-void NodeAccess::retireView(RVOpenNode* owner, const QDomNode& element)
+RVOpenNode* NodeAccess::retireView(RVOpenNode* owner, const QDomNode& element)
 {
     RVOpenNode* const view = owner->m_sharesChild ? nullptr : viewOf(owner, element);
-    if (!view)
-        return;
-    view->unlink();
-    owner->keep(view);
+    if (view) {
+        view->unlink();
+        owner->keep(view);
+    }
+    return view;
 }
 
 void NodeAccess::holdComponent(RVOpenNode* snapShot, RVOpenNode* component)
@@ -373,6 +366,22 @@ void RVOpenNode::keep(RVOpenNode* first)
     keeper->own(first);
     keeper->m_next = aside()->kept;
     m_aside->kept = keeper;
+}
+
+/// Gives an object that is kept, by whichever node, to nobody.
+void RVOpenNode::leaveKeeper()
+{
+    RVOpenNode* const keeper = chainOwner();
+    unlink();
+    if (keeper->m_firstChild)
+        return;
+    RVOpenNode** link = &keeper->holder()->m_aside->kept;
+    while (*link != keeper)
+        link = &(*link)->m_next;
+    *link = keeper->m_next;
+    keeper->m_next = nullptr;
+    keeper->clearHolder();
+    NodeAccess::dropView(keeper);
 }
 
 /// The children leave the tree: they stay valid until this node is deleted.

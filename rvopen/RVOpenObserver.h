@@ -50,9 +50,10 @@ struct RVOpenChange {
     /// have to be taken back from the last to the first, best in one RVOpenBlock.
     ///
     /// What was inserted is taken out: its objects stay valid until the one that they were children
-    /// of is deleted, and show their elements still. What was removed stands in its place again and
-    /// has a new object there. One that a host detached and has still is a second object of it,
-    /// whose end takes the element out, as ever.
+    /// of is deleted, and show their elements still. What was removed stands in its place again,
+    /// with the objects that it had where taking back took it out, and with new ones where they
+    /// were deleted. One that a host detached and has still is a second object of it, whose end
+    /// takes the element out, as ever.
     ///
     /// False, with nothing changed, for a reset and where the document is not as the change left
     /// it: the attribute has another value, the node stands elsewhere, or what stood before it

@@ -76,6 +76,18 @@ std::vector<RVOpenNode*> NodeAccess::components(RVOpenNode* node)
     return snapShot ? snapShot->components() : std::vector<RVOpenNode*>();
 }
 
+bool NodeAccess::holdAgain(RVOpenNode* snapShot, RVOpenNode* component)
+{
+    auto* const holder = nodeCast<SnapShot>(snapShot);
+    if (!holder)
+        return false;
+    for (const SnapShot::Components::Row& row : SnapShot::Components::s_rows) {
+        if (*row.type == typeid(*component))
+            return row.holdAgain(holder, row.name, component);
+    }
+    return false;
+}
+
 std::optional<RVOpenNode*> NodeAccess::findComponent(RVOpenNode* node, const std::type_info& type)
 {
     auto* const snapShot = nodeCast<SnapShot>(node);

@@ -209,6 +209,88 @@ TEST(TakeBack, RefusesWhatTheDocumentIsNotReadyFor)
     EXPECT_EQ(observer.take(), "");
 }
 
+TEST(TakeBack, PutsTheObjectBackThatWasTakenOut)
+{
+    Objects objects;
+    RecordingObserver observer(objects.document);
+    RVOpenNode* const fresh = bind(objects.document.createElement("n")).release();
+    fresh->AddNode(bind(objects.document.createElement("m")).release(), true);
+    observer.changes.clear();
+    objects.root->InsertNode(fresh, 1);
+    RVOpenNode* const below = fresh->GetChild(1, 0);
+    std::vector<RVOpenChange> changes = observer.changes;
+    const auto takeBack = [&](const RVOpenChange& change) {
+        return change.TakeBack(objects.root.get());
+    };
+    for (int i = 0; i < 3; ++i) {
+        changes = takeAllBack(takeAllBack(changes, takeBack), takeBack);
+        EXPECT_EQ(objects.child("n"), fresh);
+        EXPECT_EQ(fresh->GetChild(0, 0), below);
+        EXPECT_TRUE(mirrorsWholeDom(objects.root.get()));
+    }
+}
+
+TEST(TakeBack, PutsTheObjectBackThatMovedToAnotherNode)
+{
+    Objects objects;
+    RVOpenNode* const moved = objects.child("q");
+    RecordingObserver observer(objects.document);
+    objects.child("p")->AddNode(moved, true);
+    const auto takeBack = [&](const RVOpenChange& change) {
+        return change.TakeBack(objects.root.get());
+    };
+    const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
+    EXPECT_EQ(objects.child("q"), moved);
+    EXPECT_EQ(childNames(objects.root.get()), (QStringList{"p", "q", "#text", "r"}));
+    takeAllBack(back, takeBack);
+    EXPECT_FALSE(objects.child("q"));
+    EXPECT_EQ(moved->GetParent(), objects.child("p"));
+    EXPECT_TRUE(mirrorsWholeDom(objects.root.get()));
+}
+
+/// What is done in between comes back, too.
+TEST(TakeBack, KeepsTheObjectsOfWhatIsOutInStep)
+{
+    Objects objects;
+    RecordingObserver observer(objects.document);
+    RVOpenNode* const fresh = bind(objects.document.createElement("n")).release();
+    objects.root->AddNode(fresh, true);
+    const auto takeBack = [&](const RVOpenChange& change) {
+        return change.TakeBack(objects.root.get());
+    };
+    const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
+    observer.changes.clear();
+    fresh->AddNode(bind(objects.document.createElement("m")).release(), true);
+    EXPECT_EQ(childNames(fresh), QStringList{"m"});
+    takeAllBack(observer.changes, takeBack);
+    EXPECT_EQ(childNames(fresh), QStringList());
+    takeAllBack(back, takeBack);
+    EXPECT_EQ(objects.child("n"), fresh);
+    EXPECT_TRUE(mirrorsWholeDom(objects.root.get()));
+}
+
+/// An object of another document's element, or one that the DOM left behind, is no use.
+TEST(TakeBack, MakesANewObjectWhereTheOldOneIsBehind)
+{
+    Objects objects;
+    RecordingObserver observer(objects.document);
+    RVOpenNode* const fresh = bind(objects.document.createElement("n")).release();
+    fresh->AddNode(bind(objects.document.createElement("m")).release(), true);
+    observer.changes.clear();
+    objects.root->InsertNode(fresh, 1);
+    const auto takeBack = [&](const RVOpenChange& change) {
+        return change.TakeBack(objects.root.get());
+    };
+    const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
+    QDomNode element = fresh->GetDomNode();
+    element.insertBefore(objects.document.createElement("raw"), element.firstChild());
+    takeAllBack(back, takeBack);
+    EXPECT_NE(objects.child("n"), fresh);
+    EXPECT_EQ(childNames(objects.child("n")), (QStringList{"raw", "m"}));
+    EXPECT_TRUE(mirrorsWholeDom(objects.root.get()));
+    EXPECT_EQ(fresh->GetNodeName(), "n");
+}
+
 /// What the getters of a manager give.
 class ManagerTakesBack : public ::testing::Test {
 protected:
@@ -246,21 +328,21 @@ TEST_F(ManagerTakesBack, ACollectionMadeOnDemandIsMadeAnew)
     again();
     EXPECT_EQ(manager.GetSnapShotDocumentAsString(), with);
     ASSERT_TRUE(manager.FindSnapShots(SnapShots::TypeCameras));
-    EXPECT_EQ(manager.FindSnapShots(SnapShots::TypeCameras)->GetDomNode(), cameras->GetDomNode());
-    EXPECT_EQ(manager.GetSnapShotsCameras(), manager.FindSnapShots(SnapShots::TypeCameras));
+    EXPECT_EQ(manager.FindSnapShots(SnapShots::TypeCameras), cameras);
+    EXPECT_EQ(manager.GetSnapShotsCameras(), cameras);
 }
 
 TEST_F(ManagerTakesBack, TheOriginalBackgroundAndTemporarySnapShotsComeBack)
 {
     RecordingObserver observer(document());
-    const QDomNode background = manager.GetOriginalBackground()->GetDomNode();
-    const QDomNode temporary = manager.GetTempSnapShots()->GetDomNode();
+    Background* const background = manager.GetOriginalBackground();
+    SnapShots* const temporary = manager.GetTempSnapShots();
     all(observer.changes);
     again();
-    EXPECT_EQ(manager.GetOriginalBackground()->GetDomNode(), background);
-    EXPECT_EQ(manager.GetTempSnapShots()->GetDomNode(), temporary);
-    EXPECT_EQ(manager.GetOriginalBackground()->GetParamHelper()->GetFirstParam()->GetDomNode(),
-              background.firstChild());
+    EXPECT_EQ(manager.GetOriginalBackground(), background);
+    EXPECT_EQ(manager.GetTempSnapShots(), temporary);
+    EXPECT_EQ(background->GetParamHelper()->GetFirstParam()->GetDomNode(),
+              background->GetDomNode().firstChild());
 }
 
 TEST_F(ManagerTakesBack, AComponentThatWasReplacedIsThatOfTheSnapShotAgain)
@@ -278,8 +360,8 @@ TEST_F(ManagerTakesBack, AComponentThatWasReplacedIsThatOfTheSnapShotAgain)
     EXPECT_EQ(current->GetCamera()->GetName(), "First");
     EXPECT_EQ(second->GetName(), "Second");
     again();
-    EXPECT_EQ(current->GetCamera()->GetName(), "Second");
-    EXPECT_EQ(current->GetCamera()->GetDomNode(), second->GetDomNode());
+    EXPECT_EQ(current->GetCamera(), second);
+    EXPECT_EQ(second->GetName(), "Second");
 }
 
 TEST_F(ManagerTakesBack, AMaterialIsFoundOnlyWhileItIsThere)
@@ -297,7 +379,7 @@ TEST_F(ManagerTakesBack, AMaterialIsFoundOnlyWhileItIsThere)
     again();
     ASSERT_TRUE(palette->GetMaterial("Wall"));
     EXPECT_EQ(palette->GetNumMaterials(), 1U);
-    EXPECT_EQ(palette->GetMaterial("Wall")->GetDomNode(), material->GetDomNode());
+    EXPECT_EQ(palette->GetMaterial("Wall"), material);
 }
 
 /// From the second look-up on notes answer.

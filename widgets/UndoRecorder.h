@@ -37,8 +37,8 @@ namespace widgets {
 /// that goes with the commands around it. What was never in the tree comes, and goes, as it is.
 ///
 /// Objects: what is taken out by an undo, or by a redo, stays valid until the object that it was a
-/// child of is deleted. What comes back has a new object in its tree, so after either, ask the tree
-/// anew; a pointer from before is one more view of the same element. A host that keeps what it
+/// child of is deleted, and stands in its tree again when its element does. What was deleted comes
+/// back with new objects, of which the tree knows; a host::Ref tells. A host that keeps what it
 /// detached must not delete that once the element stands in its tree again, since the element goes
 /// along: release what is detached within the command that detaches it.
 ///

@@ -11,11 +11,13 @@
 #include <rvopen/model/Binding.h>
 #include <rvopen/model/Changes.h>
 #include <rvopen/model/Components.h>
+#include <rvopen/model/NodeCast.h>
 #include <rvopen/model/TakingBack.h>
 #include <rvopen/model/ValueText.h>
 #include <rvopen/xml/DomWriter.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace rvopen {
 
@@ -268,17 +270,38 @@ void SnapShotDocument::adopt(const QDomElement& element)
 {
     const QString tag = element.nodeName();
     if (tag == names::element::snapShot() && !m_current) {
-        m_current.reset(newBound<SnapShot>(element));
+        m_current.reset(givenUp<SnapShot>(element));
+        if (!m_current)
+            m_current.reset(newBound<SnapShot>(element));
     } else if (tag == names::element::background() && !m_originalBackground) {
-        adoptBackground(element);
+        m_originalBackground.reset(givenUp<Background>(element));
+        if (!m_originalBackground)
+            adoptBackground(element);
     } else if (tag == names::element::snapShots()) {
         Collection* const held = collectionOf(element);
         if (!held || *held)
             return;
-        held->reset(newBound<SnapShots>(element));
+        held->reset(givenUp<SnapShots>(element));
+        if (!*held)
+            held->reset(newBound<SnapShots>(element));
         if (*held)
             (*held)->Populate();
     }
+}
+
+/// The object that was given up with the element; null without one that can stand for it again.
+template <typename Class>
+Class* SnapShotDocument::givenUp(const QDomElement& element)
+{
+    for (auto view = m_replaced.rbegin(); view != m_replaced.rend(); ++view) {
+        auto* const object = nodeCast<Class>(view->get());
+        if (!object || object->GetDomNode() != element || !NodeAccess::followsDocument(object))
+            continue;
+        view->release();
+        m_replaced.erase(std::next(view).base());
+        return object;
+    }
+    return nullptr;
 }
 
 void SnapShotDocument::adoptBackground(const QDomElement& element)

@@ -89,6 +89,8 @@ private:
     std::vector<RVOpenNode*> objects() const;
     void giveUp(const QDomNode& node);
     template <typename Class>
+    Class* givenUp(const QDomElement& element);
+    template <typename Class>
     void replaceView(View<Class>& held, Class* fresh);
     SnapShots* onDemand(Collection& collection, names::Name name);
 

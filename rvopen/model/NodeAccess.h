@@ -12,6 +12,8 @@
 
 namespace rvopen {
 
+struct TakenView;
+
 /// The links of a node, for the classes that keep chains of their own.
 struct NodeAccess {
     static RVOpenNode* firstChild(const RVOpenNode* node)
@@ -72,13 +74,52 @@ struct NodeAccess {
     /// valid until the owner is deleted.
     static void placeView(RVOpenNode* node, RVOpenNode* view);
     /// Takes the object of that element out of the chain of the owner's children if there is one.
-    /// It stays valid until the owner is deleted.
-    static void retireView(RVOpenNode* owner, const QDomNode& element);
+    /// It stays valid until the owner is deleted. The object, null where there is none.
+    static RVOpenNode* retireView(RVOpenNode* owner, const QDomNode& element);
     /// Keeps an object that nobody holds valid until the owner is deleted.
     static void retire(RVOpenNode* owner, RVOpenNode* object)
     {
         owner->keep(object);
     }
+    /// \name Objects that were kept and come back
+    /// @{
+    /// What a root knows of those below it, from the first to the last one taken out.
+    static std::vector<TakenView>& taken(RVOpenNode* root);
+    static bool isKept(const RVOpenNode* object)
+    {
+        const RVOpenNode* const keeper = object->chainOwner();
+        return keeper && keeper->m_node.isNull() && keeper->m_heldAs == RVOpenNode::HeldAside;
+    }
+    /// The node that keeps the object, which is kept.
+    static RVOpenNode* keptBy(const RVOpenNode* object)
+    {
+        return object->chainOwner()->holder();
+    }
+    /// Whether the objects below, as far as they are made, are those of the document.
+    static bool followsDocument(RVOpenNode* object);
+    /// Whether a walk behind \p previous, for null from the start, would come to the child next.
+    static bool comesNext(const RVOpenNode* owner, const RVOpenNode* previous,
+                          const QDomNode& child)
+    {
+        const QDomNode next =
+            previous ? previous->m_node.nextSibling() : owner->m_node.firstChild();
+        return RVOpenNode::shown(next, owner) == child;
+    }
+    static void leaveKeeper(RVOpenNode* object)
+    {
+        object->leaveKeeper();
+    }
+    /// Puts one that is kept behind \p previous in the chain of the owner's children.
+    static void linkAgain(RVOpenNode* owner, RVOpenNode* previous, RVOpenNode* object)
+    {
+        object->leaveKeeper();
+        object->showParent(owner);
+        RVOpenNode::link(owner, previous, object);
+    }
+    /// Makes one that is kept a component of the snapshot. False, with nothing done, where the
+    /// snapshot has such a component or \p snapShot is none.
+    static bool holdAgain(RVOpenNode* snapShot, RVOpenNode* component);
+    /// @}
     /// An object for an element that lost its own: behind \p previous in the chain of the children
     /// of \p owner, or, without an owner, a component of \p holder.
     static void restoreView(RVOpenNode* holder, RVOpenNode* owner, RVOpenNode* previous,

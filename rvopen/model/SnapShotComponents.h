@@ -178,6 +178,19 @@ struct SnapShot::Components {
         return true;
     }
 
+    /// Holds a component that is kept, where none is held and a look-up would find that one.
+    template <typename Component, Held<Component> SnapShot::*member>
+    static bool holdAgain(SnapShot* snapShot, names::Name name, RVOpenNode* component)
+    {
+        Held<Component>& held = snapShot->*member;
+        if (held.object ||
+            snapShot->GetDomNode().lastChildElement(name()) != component->GetDomNode())
+            return false;
+        NodeAccess::leaveKeeper(component);
+        hold(snapShot, held, static_cast<Component*>(component));
+        return true;
+    }
+
     template <typename Component, Held<Component> SnapShot::*member>
     static RVOpenNode* owned(const SnapShot* snapShot)
     {
@@ -208,6 +221,7 @@ struct SnapShot::Components {
         names::Name name;
         void (*bind)(SnapShot* snapShot, const QDomNode& node);
         bool (*forget)(SnapShot* snapShot, const RVOpenNode* component);
+        bool (*holdAgain)(SnapShot* snapShot, names::Name name, RVOpenNode* component);
         RVOpenNode* (*owned)(const SnapShot* snapShot);
         void (*retire)(SnapShot* snapShot);
         const std::type_info* type;
@@ -219,6 +233,7 @@ struct SnapShot::Components {
         return {name,
                 bind<Component, member>,
                 forget<Component, member>,
+                holdAgain<Component, member>,
                 owned<Component, member>,
                 retire<Component, member>,
                 &typeid(Component),

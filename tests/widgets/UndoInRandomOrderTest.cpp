@@ -64,6 +64,8 @@ protected:
         material->SetLinkName(QString::number(number(5)));
         if (number(2))
             material->GetColour(1)->SetName(QString::number(number(5)));
+        if (number(3) == 0 && material->GetDomNode().parentNode().isNull())
+            edits.manager().GetCurrentSnapShot()->GetMaterialRepository()->AddMaterial(material);
         m_isEditing = false;
     }
     /// To a place at most \p range away.
@@ -79,6 +81,13 @@ protected:
         for (; steps > 0 && stack.canRedo(); --steps) {
             stack.redo();
             ASSERT_EQ(edits.text(), m_texts[stack.index()]) << "redone to " << stack.index();
+        }
+    }
+    /// What is held is gone, or shows what its element has.
+    void lookAtHeld()
+    {
+        for (const host::Ref<Material>& material : m_held) {
+            ASSERT_TRUE(!material || test::mirrorsDom(material.get()));
         }
     }
     void hold()
@@ -137,6 +146,7 @@ TEST_P(RandomCommands, GiveTheSameBytesWhereverTheStackIs)
         default:
             wander(number(10) == 0 ? 200 : 20);
         }
+        lookAtHeld();
     }
     QCoreApplication::processEvents();
     EXPECT_EQ(failures, 0);

@@ -264,7 +264,7 @@ TEST_F(UndoRecorderTest, BringsDeletedNodesBackWithUsableObjects)
     EXPECT_EQ(text(), before);
 }
 
-TEST_F(UndoRecorderTest, KeepsPointersOfWhatWasTakenOutValid)
+TEST_F(UndoRecorderTest, PutsTheObjectsOfWhatWasTakenOutBack)
 {
     Material* const wall = palette()->CreateMaterial();
     wall->SetLinkName(QStringLiteral("Wall"));
@@ -272,10 +272,13 @@ TEST_F(UndoRecorderTest, KeepsPointersOfWhatWasTakenOutValid)
         const UndoRecorder::Step step(recorder, QStringLiteral("Add"));
         palette()->AddMaterial(wall);
     }
-    stack.undo();
-    EXPECT_EQ(materials(), QStringList());
-    EXPECT_EQ(wall->GetLinkName(), "Wall");
-    stack.redo();
+    for (int i = 0; i < 2; ++i) {
+        stack.undo();
+        EXPECT_EQ(materials(), QStringList());
+        EXPECT_EQ(wall->GetLinkName(), "Wall");
+        stack.redo();
+        EXPECT_EQ(palette()->GetFirstMaterial(), wall);
+    }
     wall->SetLinkName(QStringLiteral("Floor"));
     EXPECT_EQ(materials(), QStringList{"Floor"});
 }
