@@ -364,6 +364,20 @@ TEST_F(ManagerTakesBack, AComponentThatWasReplacedIsThatOfTheSnapShotAgain)
     EXPECT_EQ(second->GetName(), "Second");
 }
 
+/// Objects of another kind for the same elements, which nobody has asked for, would fall behind.
+TEST_F(ManagerTakesBack, AComponentThatWasClearedIsNoChild)
+{
+    ASSERT_TRUE(manager.LoadSnapShotDocFromString(
+        "<snapRoot><snapshot><camera name=\"Only\"/></snapshot></snapRoot>"));
+    SnapShot* const current = manager.GetCurrentSnapShot();
+    RecordingObserver observer(document());
+    current->ClearCamera();
+    all(observer.changes);
+    ASSERT_TRUE(current->GetCamera());
+    EXPECT_EQ(current->GetCamera()->GetName(), "Only");
+    EXPECT_FALSE(current->GetChild(0, 0));
+}
+
 TEST_F(ManagerTakesBack, AMaterialIsFoundOnlyWhileItIsThere)
 {
     MaterialRepository* const palette = manager.GetCurrentSnapShot()->GetMaterialRepository();

@@ -273,9 +273,6 @@ bool NodeAccess::followsDocument(RVOpenNode* object)
             return false;
         expected = RVOpenNode::shown(expected.nextSibling(), object);
     }
-    // What was populated has all of them.
-    if (object->m_skipsBlanks && !expected.isNull())
-        return false;
     for (RVOpenNode* const component : components(object)) {
         if (component->m_node.parentNode() != object->m_node || !followsDocument(component))
             return false;
