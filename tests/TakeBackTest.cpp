@@ -368,13 +368,13 @@ TEST_F(ManagerTakesBack, AComponentThatWasReplacedIsThatOfTheSnapShotAgain)
 TEST_F(ManagerTakesBack, AComponentThatWasClearedIsNoChild)
 {
     ASSERT_TRUE(manager.LoadSnapShotDocFromString(
-        "<snapRoot><snapshot><camera name=\"Only\"/></snapshot></snapRoot>"));
+        "<snapRoot><snapshot><background name=\"Only\"/></snapshot></snapRoot>"));
     SnapShot* const current = manager.GetCurrentSnapShot();
     RecordingObserver observer(document());
-    current->ClearCamera();
+    current->ClearBackground();
     all(observer.changes);
-    ASSERT_TRUE(current->GetCamera());
-    EXPECT_EQ(current->GetCamera()->GetName(), "Only");
+    ASSERT_TRUE(current->GetBackground());
+    EXPECT_EQ(current->GetBackground()->GetName(), "Only");
     EXPECT_FALSE(current->GetChild(0, 0));
 }
 
