@@ -10,14 +10,12 @@
 #include "toolkit/documents/FileWriting.h"
 #include "toolkit/documents/Interruption.h"
 
-#include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenPaths.h>
-#include <rvopen/RVOpenVocabulary.h>
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/documents/Failure.h>
+#include <rvopen/toolkit/documents/NewDocuments.h>
 
 #include <QDomDocument>
-#include <QFileInfo>
 
 #include <cmath>
 
@@ -103,8 +101,8 @@ private:
     {
         bool isMajor = false;
         bool isMinor = false;
-        m_major = m_version.section(QLatin1Char('.'), 0, 0).toUInt(&isMajor);
-        m_minor = m_version.section(QLatin1Char('.'), 1).toUInt(&isMinor);
+        m_host.major = m_version.section(QLatin1Char('.'), 0, 0).toUInt(&isMajor);
+        m_host.minor = m_version.section(QLatin1Char('.'), 1).toUInt(&isMinor);
         if (!isMajor || !isMinor)
             throw Failure(QStringLiteral("a version is MAJOR.MINOR, as in 3.1"));
     }
@@ -116,40 +114,12 @@ private:
         // As the document will give it back.
         if (!(float(m_scale) > 0) || !std::isfinite(float(m_scale)))
             throw Failure(QStringLiteral("the units scale is a number above 0"));
-        RVOpenManager manager;
-        manager.Initialise(m_major, m_minor, QString());
-        manager.ClearSnapShotDoc();
-        manager.InitialiseSnapShotDoc();
-        manager.SetUnitsScale(float(m_scale));
-        const std::unique_ptr<QDomDocument> document(
-            ParseXmlDocument(manager.GetSnapShotDocumentAsString()));
-        return *document;
+        return NewSnapShots(m_host, m_scale);
     }
 
     QDomDocument archive() const
     {
-        QDomDocument document;
-        document.appendChild(document.createProcessingInstruction(
-            QStringLiteral("xml"), QStringLiteral("version=\"1.0\" encoding=\"utf-8\"")));
-        QDomElement root = document.createElement(QStringLiteral("presets"));
-        const QString base = m_file == QLatin1String("-")
-                                 ? QString()
-                                 : QFileInfo(LastPathComponent(m_file)).completeBaseName();
-        root.setAttribute(QStringLiteral("type"), QStringLiteral("UserArchives"));
-        root.setAttribute(QStringLiteral("zorvane_version"), m_version);
-        root.setAttribute(QStringLiteral("name"), m_name.isEmpty() ? base : m_name);
-        if (!base.isEmpty()) {
-            // The archive knows its own file, so that a host finds where to save it.
-            root.setAttribute(QStringLiteral("archiveType"), QStringLiteral("Custom"));
-            root.setAttribute(QStringLiteral("archiveFilename"), base);
-        }
-        document.appendChild(root);
-        for (const ArchiveSection& section : ArchiveSections()) {
-            QDomElement element = document.createElement(section.element);
-            element.setAttribute(QStringLiteral("name"), section.title);
-            root.appendChild(element);
-        }
-        return document;
+        return NewArchive(m_file == QLatin1String("-") ? QString() : m_file, m_name, m_host);
     }
 
     QString m_kind;
@@ -157,8 +127,7 @@ private:
     OutputOptions m_options;
     QString m_name;
     QString m_version = QStringLiteral("3.1");
-    unsigned int m_major = 0;
-    unsigned int m_minor = 0;
+    HostVersion m_host;
     double m_scale = 1;
 };
 

@@ -23,6 +23,7 @@ LIBRARY = DOCS.parent / "rvopen"
 # Its headers are included as <rvopen/toolkit/...>.
 TOOLKIT = DOCS.parent / "toolkit"
 WIDGETS = DOCS.parent / "widgets"
+BROWSER = DOCS.parent / "browser"
 COMMAND = DOCS.parent / "command"
 
 # From the bottom up: a file includes what is of its own layer or of one before it.
@@ -64,7 +65,7 @@ LAYERS = {
         toolkit/documents/Document toolkit/documents/DocumentKinds toolkit/documents/Failure toolkit/documents/FileLock
         toolkit/documents/FileTransaction toolkit/documents/FileWriting toolkit/documents/Folders
         toolkit/documents/ForeignFormat toolkit/documents/Interruption toolkit/documents/Load
-        toolkit/documents/PartialDocument toolkit/documents/Processors toolkit/documents/SafeFiles
+        toolkit/documents/NewDocuments toolkit/documents/Processors toolkit/documents/SafeFiles
         toolkit/documents/Stopping toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Arriving toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
@@ -111,6 +112,12 @@ LAYERS = {
         widgets/NumberEditors widgets/ParamDelegate widgets/ParamEditor widgets/ParamFacts
         widgets/ParamModel widgets/PictureWorkers widgets/PresetFilter widgets/PresetModel widgets/PresetRows
         widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",
+    "Browser": """
+        browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
+        browser/EditedFile browser/Edits browser/Facets browser/Findings browser/Grid
+        browser/Journal browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
+        browser/Memory browser/MessageLine browser/PictureExport browser/Sidebar browser/Start
+        browser/Workspace browser/main""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.
@@ -127,7 +134,8 @@ UPWARDS = {
 
 def module_of(path):
     """What a file is called in LAYERS; of generated headers their name."""
-    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/"), (WIDGETS, "widgets/"), (COMMAND, "command/")):
+    for root, prefix in ((LIBRARY, ""), (TOOLKIT, "toolkit/"), (WIDGETS, "widgets/"),
+                         (BROWSER, "browser/"), (COMMAND, "command/")):
         if root in path.parents:
             return prefix + path.relative_to(root).as_posix().split(".")[0]
     return path.name.split(".")[0]
@@ -140,7 +148,7 @@ def sources(*roots):
 
 def includes(*roots):
     """(file, module, included module) for each include of the repository's own."""
-    for path in sources(*(roots or (LIBRARY, TOOLKIT, WIDGETS, COMMAND))):
+    for path in sources(*(roots or (LIBRARY, TOOLKIT, WIDGETS, BROWSER, COMMAND))):
         module = module_of(path)
         text = path.read_text(encoding="utf-8")
         for included in re.findall(r"^#include [<\"]rvopen/([\w/]+)\.h[>\"]", text, re.MULTILINE):
@@ -184,9 +192,10 @@ def violations():
     for module, upper in sorted(set(UPWARDS) - used):
         yield f'rvopen/{module}.cpp need not be allowed to know "{upper}": it does not'
     public = public_modules()
-    for path, module, included in includes(TOOLKIT, WIDGETS, COMMAND):
+    for path, module, included in includes(TOOLKIT, WIDGETS, BROWSER, COMMAND):
         file = path.relative_to(DOCS.parent).as_posix()
-        own = "widgets/" if module.startswith("widgets/") else ("toolkit/", "command/")
+        own = next((room for room in ("widgets/", "browser/") if module.startswith(room)),
+                   ("toolkit/", "command/"))
         if included not in public and not included.startswith(own):
             yield f"{file} includes {included}.h, which is not public"
         # What is installed needs nothing that is not.

@@ -13,7 +13,11 @@
 
 #include <rvopen/toolkit/edit/NodePath.h>
 
+#include <QHash>
+#include <QSet>
+
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,12 +33,12 @@ using catalogue::RowSearch;
 
 namespace {
 
-/// The row of that path below the root; false where there is none.
-bool findRow(const Block& block, const std::string& path, BlockRow& row)
+/// The row of that path below the root; nothing where there is none.
+std::optional<quint32> findRow(const Block& block, const std::string& path)
 {
     const bool hasEscapes = path.find('\\') != std::string::npos;
     for (quint32 i = 0; i < block.head().rows; ++i) {
-        row = block.row(i);
+        const BlockRow row = block.row(i);
         if (row.folder == NoFolder)
             continue;
         // Paths are only made of what may have this one: without escapes and number it ends with
@@ -44,9 +48,9 @@ bool findRow(const Block& block, const std::string& path, BlockRow& row)
                            path.compare(path.size() - 1 - name.size(), name.size(), name) == 0;
         if ((isEnd || hasEscapes || name.empty() || row.number != 1) &&
             catalogue::pathOf(block, row) == path)
-            return true;
+            return i;
     }
-    return false;
+    return std::nullopt;
 }
 
 bool isSection(const QDomElement& element)
@@ -124,13 +128,17 @@ public:
     std::vector<RowMatch> matches(const CatalogueQuery& query) const
     {
         const RowSearch prepared(query);
+        const std::vector<Among> among = searchedOf(query);
         std::vector<std::vector<RowMatch>> found(std::size_t(blocks.count()));
         onAllProcessors(found.size(), [&](NextPiece& next, bool) {
             RowSearch search = prepared;
             for (std::size_t i; (i = next++) < found.size();) {
                 const Block& block = blocks.block(int(i));
-                if (block.head().needsDom == 0)
-                    search.search(block, int(i), found[i]);
+                if (block.head().needsDom != 0 || !among[i].isSearched)
+                    continue;
+                search.search(block, int(i), found[i]);
+                if (!query.presets.isEmpty())
+                    keepOnly(among[i].paths, block, found[i]);
             }
         });
         std::vector<RowMatch> all;
@@ -138,6 +146,47 @@ public:
             all.insert(all.end(), of.begin(), of.end());
         RowSearch::sort(all);
         return all;
+    }
+
+    /// What of a document is looked at.
+    struct Among {
+        bool isSearched = true;
+        std::vector<std::string> paths; ///< Where only some presets are meant.
+    };
+
+    std::vector<Among> searchedOf(const CatalogueQuery& query) const
+    {
+        std::vector<Among> among(std::size_t(blocks.count()));
+        if (query.files.isEmpty() && query.presets.isEmpty())
+            return among;
+        const QSet<QString> files(query.files.begin(), query.files.end());
+        QHash<QString, std::vector<std::string>> paths;
+        for (const PresetPlace& place : query.presets)
+            paths[place.file].push_back(place.path.toStdString());
+        for (std::size_t i = 0; i < among.size(); ++i) {
+            const QString file = blocks.file(int(i));
+            among[i].paths = paths.value(file);
+            among[i].isSearched = (files.isEmpty() || files.contains(file)) &&
+                                  (query.presets.isEmpty() || !among[i].paths.empty());
+        }
+        return among;
+    }
+
+    static void keepOnly(const std::vector<std::string>& paths, const Block& block,
+                         std::vector<RowMatch>& matches)
+    {
+        std::vector<quint32> rows;
+        for (const std::string& path : paths) {
+            if (const std::optional<quint32> row = findRow(block, path))
+                rows.push_back(*row);
+        }
+        std::sort(rows.begin(), rows.end());
+        matches.erase(std::remove_if(matches.begin(), matches.end(),
+                                     [&rows](const RowMatch& match) {
+                                         return !std::binary_search(rows.begin(), rows.end(),
+                                                                    match.row);
+                                     }),
+                      matches.end());
     }
 
     BlockStore blocks;
@@ -268,20 +317,20 @@ OpenPreset Catalogue::Open(const ListedPreset& preset) const
     const BlockStore& blocks = m_store->blocks;
     const int index = blocks.indexOf(preset.file);
     const std::string path = preset.path.toStdString();
-    BlockRow row;
-    if (index >= 0 && findRow(blocks.block(index), path, row)) {
-        const OpenPreset opened =
-            catalogue::openThere(preset.file, blocks.state(index), blocks.block(index), row);
+    const auto openIn = [&](const BlockStore& store, int at) -> OpenPreset {
+        const Block& block = store.block(at);
+        const std::optional<quint32> row = findRow(block, path);
+        return row ? catalogue::openThere(preset.file, store.state(at), block, block.row(*row))
+                   : OpenPreset();
+    };
+    if (index >= 0) {
+        const OpenPreset opened = openIn(blocks, index);
         if (opened)
             return opened;
     }
-    const BlockStore now({preset.file});
-    if (findRow(now.block(0), path, row)) {
-        const OpenPreset opened =
-            catalogue::openThere(preset.file, now.state(0), now.block(0), row);
-        if (opened)
-            return opened;
-    }
+    const OpenPreset opened = openIn(BlockStore({preset.file}), 0);
+    if (opened)
+        return opened;
     return catalogue::openWhole(preset.file, preset.path);
 }
 

@@ -49,6 +49,14 @@ struct NumberRange {
     double most = std::numeric_limits<double>::infinity();
 };
 
+/// Where a preset is.
+struct PresetPlace {
+    /// As the catalogue was given it.
+    QString file;
+    /// As PathOf() has it.
+    QString path;
+};
+
 /// What presets are looked for; what is empty is not asked for. Texts are compared in any case and
 /// without accents.
 struct CatalogueQuery {
@@ -69,6 +77,10 @@ struct CatalogueQuery {
     double within = 10;
     /// All of these have to hold, each for one number of the preset.
     QVector<NumberRange> numbers;
+    /// It is in one of these, as the catalogue was given them.
+    QStringList files;
+    /// It is one of these; one that is not there is passed over.
+    QVector<PresetPlace> presets;
 };
 
 /// One preset that was opened, with the folders, section and root that it stands in, and as a rule

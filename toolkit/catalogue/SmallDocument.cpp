@@ -4,7 +4,6 @@
 #include "SmallDocument.h"
 
 #include "BlockStore.h"
-#include "toolkit/documents/PartialDocument.h"
 #include "toolkit/edit/Placement.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -300,7 +299,7 @@ std::unique_ptr<Document> documentOfRows(const QString& file, const FileState& s
     if (!hasSamePaths || qint64(length) > state.size / s_leastGain)
         return nullptr;
     const OpenPart part = openPart(file, state, block, rows, Sections::All);
-    return part.dom.isNull() ? nullptr : PartialDocument::of(file, part.dom);
+    return part.dom.isNull() ? nullptr : Document::Of(file, part.dom);
 }
 
 } // namespace rvopen::toolkit::catalogue

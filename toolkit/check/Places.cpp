@@ -193,7 +193,7 @@ void givePlaces(QVector<Finding>& findings, const Document& document)
         return;
     QFile file(PathToOpen(document.Path()));
     QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
+    if (!document.IsInMemory() && file.open(QIODevice::ReadOnly))
         bytes = file.readAll();
     Placing(findings, inUtf8(bytes)).run(document.Root());
 }

@@ -5,7 +5,6 @@
 
 #include "DocumentKinds.h"
 #include "ForeignFormat.h"
-#include "PartialDocument.h"
 #include "toolkit/schema/Vocabulary.h"
 
 #include <rvopen/RVOpenLimits.h>
@@ -94,6 +93,17 @@ std::unique_ptr<Document> Document::Read(const QString& argument, ReadError& err
     return document;
 }
 
+std::unique_ptr<Document> Document::Of(const QString& file, const QDomDocument& dom)
+{
+    std::unique_ptr<Document> document(new Document());
+    document->m_name = file;
+    document->m_path = file;
+    document->m_isInMemory = true;
+    document->m_dom = std::make_unique<QDomDocument>(dom);
+    document->m_kind = kindOf(dom);
+    return document;
+}
+
 QString Document::Name() const
 {
     return m_name;
@@ -112,6 +122,11 @@ bool Document::IsStandardInput() const
 bool Document::IsStream() const
 {
     return m_copy != nullptr;
+}
+
+bool Document::IsInMemory() const
+{
+    return m_isInMemory;
 }
 
 QString Document::Folder() const
@@ -158,16 +173,6 @@ bool Document::copyOf(QFile& input)
     }
     m_path = m_copy->fileName();
     return isCopied && input.error() == QFileDevice::NoError && m_copy->flush();
-}
-
-std::unique_ptr<Document> PartialDocument::of(const QString& file, const QDomDocument& dom)
-{
-    std::unique_ptr<Document> document(new Document());
-    document->m_name = file;
-    document->m_path = file;
-    document->m_dom = std::make_unique<QDomDocument>(dom);
-    document->m_kind = kindOf(dom);
-    return document;
 }
 
 } // namespace rvopen::toolkit

@@ -33,6 +33,9 @@ public:
     /// Reads the file, or standard input for "-", whatever kind of document it is. Null when it
     /// cannot be read; \p error then says why, under the name that the user knows.
     static std::unique_ptr<Document> Read(const QString& argument, ReadError& error);
+    /// What a program has in memory, edited or not, whose file is or will be \p file; its kind is
+    /// that of what is there. Only what is there is looked at: of a part of a document that part.
+    static std::unique_ptr<Document> Of(const QString& file, const QDomDocument& dom);
     /// What was taken out of it as elements stays usable as long as Dom() is held.
     ~Document();
     Document(const Document&) = delete;
@@ -49,6 +52,8 @@ public:
     bool IsStandardInput() const;
     /// Whether the bytes came from a pipe or the like, which gives them once and takes none back.
     bool IsStream() const;
+    /// Whether it is of Of(), so that the file may have something else.
+    bool IsInMemory() const;
     /// The folder that it lies in, that of the process for standard input.
     QString Folder() const;
     /// Bytes of the file.
@@ -68,8 +73,6 @@ public:
     /// @}
 
 private:
-    friend struct PartialDocument;
-
     Document();
 
     bool copyOf(QFile& input);
@@ -77,6 +80,7 @@ private:
     QString m_name;
     QString m_path;
     bool m_isStandardInput = false;
+    bool m_isInMemory = false;
     std::unique_ptr<QTemporaryFile> m_copy;
     std::unique_ptr<QDomDocument> m_dom;
     DocumentKind m_kind = DocumentKind::Unknown;

@@ -4,7 +4,6 @@
 #include <rvopen/toolkit/drawing/PicturePlan.h>
 
 #include "Drawing.h"
-#include "toolkit/documents/PartialDocument.h"
 #include "toolkit/documents/Stopping.h"
 #include "toolkit/images/ImageFiles.h"
 #include "toolkit/images/PictureApplication.h"
@@ -79,7 +78,7 @@ PicturePlan PicturePlan::Shown(const QDomElement& element, const QString& file,
                                const Folders& folders, const PictureWish& wish)
 {
     preparePictures();
-    const auto document = PartialDocument::of(file, element.ownerDocument());
+    const auto document = Document::Of(file, element.ownerDocument());
     Data data{drawing::FreeCopy(element), drawing::possible(wish),
               TextureFinder(*document, folders)};
     data.embedded = element.attribute(QStringLiteral("xmlImage"));
@@ -91,7 +90,7 @@ PicturePlan PicturePlan::Shown(const QDomElement& element, const QString& file,
 PicturePlan PicturePlan::Drawn(const QDomElement& element, const QString& file,
                                const Folders& folders, const PictureWish& wish)
 {
-    const auto document = PartialDocument::of(file, element.ownerDocument());
+    const auto document = Document::Of(file, element.ownerDocument());
     return PicturePlan(element, wish, TextureFinder(*document, folders));
 }
 

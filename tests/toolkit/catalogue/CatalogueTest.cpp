@@ -425,6 +425,35 @@ TEST_F(CatalogueTest, FindsPresetsOfManyFiles)
     EXPECT_EQ(found[0].folder, QStringLiteral("d & e"));
 }
 
+TEST_F(CatalogueTest, FindsInSomeFilesAndOfSomePresetsAlone)
+{
+    const QString first = write("a.rvx", archive("1 0 0"));
+    const QString second = write("b.rvx", archive("0 1 0"));
+    const Catalogue catalogue({first, second});
+    const auto found = [&](const CatalogueQuery& query) {
+        QStringList places;
+        for (const ListedPreset& preset : catalogue.Find(query))
+            places << (preset.file == first ? "a " : "b ") + preset.path;
+        return places;
+    };
+    CatalogueQuery query;
+    query.text = QStringLiteral("b");
+    query.files = QStringList{second};
+    const QString third = QString::fromUtf8("colours[Größen]/dir[d & e]/colour[b]");
+    EXPECT_EQ(found(query), (QStringList{"b " + third, "b " + s_second}));
+    query.files.append(first);
+    EXPECT_EQ(found(query).size(), 4);
+    query.presets = {{second, s_second}, {first, s_second}, {first, QStringLiteral("colours/x")}};
+    EXPECT_EQ(found(query), (QStringList{"a " + s_second, "b " + s_second}));
+    query.files = QStringList{first};
+    EXPECT_EQ(found(query), QStringList{"a " + s_second});
+    query.presets = {{second, s_second}};
+    EXPECT_EQ(found(query), QStringList());
+    query = CatalogueQuery();
+    query.files = QStringList{QStringLiteral("c.rvx")};
+    EXPECT_EQ(found(query), QStringList());
+}
+
 TEST_F(CatalogueTest, ReadsColoursHoweverTheyAreWritten)
 {
     const struct {
