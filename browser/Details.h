@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+#include <rvopen/widgets/ParamModel.h>
+
+#include <QDomElement>
+#include <QLabel>
+#include <QPointer>
+#include <QWidget>
+
+QT_BEGIN_NAMESPACE
+class QListWidget;
+class QTabWidget;
+class QTreeView;
+QT_END_NAMESPACE
+
+namespace rvopen::browser {
+
+class EditedFile;
+class Workspace;
+
+/// One preset or snapshot: a large picture, which follows as values change, the values, and the
+/// images that it needs, with what is missing of them.
+class Details : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Details(Workspace& workspace, QWidget* parent = nullptr);
+
+    void showNothing();
+    /// To be looked at alone.
+    void showPreset(const toolkit::ListedPreset& preset, const toolkit::OpenPreset& opened);
+    /// To be edited. The file may go.
+    void showElement(EditedFile& file, const QDomElement& element);
+    QDomElement element() const;
+    widgets::ParamModel& values();
+    QTreeView& view();
+
+Q_SIGNALS:
+    void refused(const QString& reason);
+    /// Somebody wants to edit what is shown to be looked at.
+    void editWanted();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void show(const QString& file, const QDomElement& element, bool isEdited);
+    void showPicture();
+    void showTexts();
+
+    Workspace& m_workspace;
+    QString m_file;
+    QDomDocument m_document;
+    QDomElement m_element;
+    bool m_isEdited = false;
+    widgets::ParamModel m_values;
+    QLabel* m_picture;
+    QLabel* m_title;
+    QTabWidget* m_tabs;
+    QTreeView* m_view;
+    QListWidget* m_images;
+};
+
+} // namespace rvopen::browser

@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Findings.h"
+
+#include "Background.h"
+#include "Becoming.h"
+#include "EditedFile.h"
+#include "Workspace.h"
+
+#include <rvopen/RVOpenPaths.h>
+#include <rvopen/toolkit/documents/Load.h>
+
+#include <QHeaderView>
+#include <QStyle>
+
+namespace rvopen::browser {
+
+using namespace toolkit;
+
+namespace {
+
+enum Column { Message, Where, InFile };
+enum Role { FileRole = Qt::UserRole, PathRole };
+
+QDomDocument copyOf(const EditedFile& file)
+{
+    return file.dom().cloneNode(true).toDocument();
+}
+
+/// What was found, without the documents, which are another thread's.
+QVector<Finding> withoutElements(QVector<Finding> findings)
+{
+    for (Finding& finding : findings)
+        finding.element = QDomElement();
+    return findings;
+}
+
+} // namespace
+
+Findings::Findings(Workspace& workspace, QWidget* parent)
+    : QTreeWidget(parent)
+    , m_workspace(workspace)
+{
+    setHeaderLabels({tr("Finding"), tr("Where"), tr("File")});
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAlternatingRowColors(true);
+    setAccessibleName(tr("Findings"));
+    header()->setStretchLastSection(true);
+    connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
+        Q_EMIT chosen(item->data(0, FileRole).toString(), item->data(0, PathRole).toString());
+    });
+}
+
+Findings::~Findings()
+{
+    stop();
+}
+
+void Findings::check(const EditedFile& file)
+{
+    run({{file.file(), copyOf(file)}});
+}
+
+void Findings::check(const QStringList& files)
+{
+    QVector<Job> jobs;
+    for (const QString& file : files)
+        jobs.append({file, QDomDocument()});
+    run(jobs);
+}
+
+void Findings::stop()
+{
+    if (!m_stop)
+        return;
+    *m_stop = true;
+    m_stop.reset();
+    Q_EMIT runningChanged(false);
+}
+
+bool Findings::isRunning() const
+{
+    return bool(m_stop);
+}
+
+int Findings::mend(EditedFile& file, const Folders& folders)
+{
+    const QDomDocument copy = copyOf(file);
+    QVector<Finding> findings = Inspect(*Document::Of(file.file(), copy), LookAround(folders));
+    const int mended = Mend(findings);
+    const widgets::UndoRecorder::Step step(file.recorder(), tr("Mend"));
+    return becomeAs(copy, file.dom(),
+                    [&file](const RVOpenChange& change) { return file.takeBack(change); })
+               ? mended
+               : 0;
+}
+
+void Findings::run(const QVector<Job>& jobs)
+{
+    stop();
+    m_stop = std::make_shared<std::atomic<bool>>(false);
+    Q_EMIT runningChanged(true);
+    inBackground(
+        this,
+        [jobs, folders = m_workspace.folders(), stop = m_stop] {
+            QVector<Finding> findings;
+            if (*stop)
+                return findings;
+            const Surroundings surroundings = LookAround(folders);
+            for (const Job& job : jobs) {
+                if (*stop)
+                    break;
+                if (!job.dom.isNull()) {
+                    findings +=
+                        withoutElements(Inspect(*Document::Of(job.file, job.dom), surroundings));
+                    continue;
+                }
+                const Load load = LoadDocument(job.file);
+                findings += load ? withoutElements(Inspect(*load.document, surroundings))
+                                 : QVector<Finding>{FindingOf(load.error)};
+            }
+            return findings;
+        },
+        [this, stop = m_stop](const QVector<Finding>& findings) {
+            if (stop != m_stop)
+                return;
+            clear();
+            for (const Finding& finding : findings)
+                add(finding);
+            resizeColumnToContents(Message);
+            this->stop();
+        });
+}
+
+void Findings::add(const Finding& finding)
+{
+    auto* const item = new QTreeWidgetItem(this);
+    item->setText(Message, finding.message);
+    item->setText(Where, finding.path);
+    item->setText(InFile, LastPathComponent(finding.file));
+    item->setToolTip(InFile, finding.file);
+    item->setToolTip(Message,
+                     QStringLiteral("%1: %2").arg(QLatin1String(finding.rule->id),
+                                                  QString::fromUtf8(finding.rule->advice)));
+    item->setData(0, FileRole, finding.file);
+    item->setData(0, PathRole, finding.path);
+    const QStyle::StandardPixmap icon =
+        finding.rule->severity == Severity::Error     ? QStyle::SP_MessageBoxCritical
+        : finding.rule->severity == Severity::Warning ? QStyle::SP_MessageBoxWarning
+                                                      : QStyle::SP_MessageBoxInformation;
+    item->setIcon(Message, style()->standardIcon(icon));
+    // Who hears instead of sees is told how much it matters, too.
+    item->setData(Message, Qt::AccessibleTextRole,
+                  SeverityName(finding.rule->severity) + QLatin1String(": ") + finding.message);
+}
+
+} // namespace rvopen::browser

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "Workspace.h"
+
+#include <QColor>
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+
+QT_BEGIN_NAMESPACE
+class QAction;
+class QDockWidget;
+class QLineEdit;
+class QListView;
+class QMenu;
+class QProgressBar;
+class QSlider;
+class QToolButton;
+class QTreeView;
+QT_END_NAMESPACE
+
+namespace rvopen::browser {
+
+class Details;
+class Findings;
+class Grid;
+class MessageLine;
+class Sidebar;
+
+/// The window: filters, pictures to choose from, the preset that is chosen with its values, and
+/// what is to be said of its file.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(Workspace& workspace, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /// Asks about what a program that ended otherwise than by itself has left.
+    void offerRecovery();
+
+    /// \name Parts
+    /// @{
+    Sidebar& sidebar();
+    Grid& grid();
+    Details& details();
+    Findings& findings();
+    MessageLine& messages();
+    QLineEdit& search();
+    QTreeView& tree();
+    /// By its name, "fileSave"; null for none.
+    QAction* action(const char* name) const;
+    /// @}
+
+public Q_SLOTS:
+    /// Saves all that is changed; false when something could not be.
+    bool saveAll();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    /// What is chosen in the grid or the tree.
+    struct Choice {
+        toolkit::ListedPreset preset;
+        EditedFile* file = nullptr;
+        QDomElement element;
+
+        explicit operator bool() const
+        {
+            return file && !element.isNull();
+        }
+    };
+
+    QAction* make(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
+                  void (MainWindow::*act)());
+    void makeParts();
+    void makeDocks();
+    void makeToolBar();
+    void makeFileMenu();
+    void makeEditMenu();
+    void makeViewMenu();
+    void follow();
+
+    // Choosing.
+    void searchNow();
+    void setColour(const QColor& colour);
+    void showChosen();
+    void openForEditing(bool isWanted);
+    void showTree(EditedFile* file);
+    void showInFile(const QString& file, const QString& path);
+    Choice choice();
+    QVector<QDomElement> chosenElements(EditedFile*& file);
+    EditedFile* currentFile();
+    QModelIndexList chosenRows() const;
+    QVector<toolkit::ListedPreset> chosenPresets() const;
+    void choose(EditedFile& file, const QDomElement& element);
+
+    // Files.
+    void openFiles();
+    void openFolder();
+    void newArchive();
+    void newDocument();
+    void newFile(const QString& title, const QString& names, const QString& suffix,
+                 const std::function<bool(const QString&)>& write);
+    void save();
+    void closeCurrent();
+    void exportPictures();
+    void exportPicturesTo(const QString& folder, const QVector<toolkit::ListedPreset>& presets);
+    void askAboutOutside(EditedFile* file);
+    void reload(EditedFile& file);
+    void keep(EditedFile& file);
+    void compareWithDisk(EditedFile& file);
+
+    // Edits.
+    void rename();
+    void remove();
+    void duplicate();
+    void moveUp();
+    void moveDown();
+    void move(int by);
+    void sort();
+    void copy();
+    void cut();
+    void paste();
+    void fillNewMenu();
+    void toggleFavourite();
+    void mend();
+    void checkCurrent();
+    void checkAll();
+    void compare();
+    void fillApplyMenu();
+    void apply(const QString& document, const QString& path);
+    void pickColour();
+    void about();
+
+    void update();
+    void say(const QString& text);
+
+    Workspace& m_workspace;
+    Sidebar* m_sidebar = nullptr;
+    Grid* m_grid = nullptr;
+    QTreeView* m_tree = nullptr;
+    QDockWidget* m_treeDock = nullptr;
+    Details* m_details = nullptr;
+    Findings* m_findings = nullptr;
+    MessageLine* m_messages = nullptr;
+    QLineEdit* m_search = nullptr;
+    QToolButton* m_colourButton = nullptr;
+    QSlider* m_size = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QToolButton* m_cancel = nullptr;
+    QMenu* m_newMenu = nullptr;
+    QMenu* m_applyMenu = nullptr;
+    QColor m_colour;
+    QTimer m_openTimer;
+    QTimer m_checkTimer;
+    EditedFile* m_treeFile = nullptr;
+    bool m_mayClose = false;
+};
+
+} // namespace rvopen::browser

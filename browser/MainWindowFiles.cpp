@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+// What the menu of files offers: what is opened, made, saved, and exported.
+
+#include "MainWindow.h"
+
+#include "CompareWindow.h"
+#include "MessageLine.h"
+#include "PictureExport.h"
+
+#include <rvopen/RVOpenWriter.h>
+#include <rvopen/toolkit/documents/Load.h>
+#include <rvopen/toolkit/documents/NewDocuments.h>
+
+#include <QFileDialog>
+#include <QProgressBar>
+#include <QToolButton>
+
+namespace rvopen::browser {
+
+void MainWindow::openFiles()
+{
+    auto* const dialog = new QFileDialog(this, tr("Open Files"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setNameFilters({tr("Archives and documents (*.rvx *.xml)"), tr("All files (*)")});
+    connect(dialog, &QFileDialog::filesSelected, &m_workspace, &Workspace::open);
+    dialog->open();
+}
+
+void MainWindow::openFolder()
+{
+    auto* const dialog = new QFileDialog(this, tr("Open Folder"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    connect(dialog, &QFileDialog::filesSelected, &m_workspace, &Workspace::open);
+    dialog->open();
+}
+
+void MainWindow::newArchive()
+{
+    newFile(tr("New Archive"), tr("Archives (*.rvx)"), QStringLiteral("rvx"),
+            [](const QString& file) {
+                return WriteXmlDocument(toolkit::NewArchive(file), file, ArchiveFileIndent);
+            });
+}
+
+void MainWindow::newDocument()
+{
+    newFile(tr("New Snapshot Document"), tr("Snapshot documents (*.xml)"), QStringLiteral("xml"),
+            [](const QString& file) {
+                return WriteXmlDocument(toolkit::NewSnapShots(), file, SnapShotFileIndent);
+            });
+}
+
+void MainWindow::newFile(const QString& title, const QString& names, const QString& suffix,
+                         const std::function<bool(const QString&)>& write)
+{
+    auto* const dialog = new QFileDialog(this, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(suffix);
+    dialog->setNameFilter(names);
+    connect(dialog, &QFileDialog::fileSelected, this, [this, write](const QString& file) {
+        if (!write(file))
+            return say(QStringLiteral("%1: %2").arg(file, LastWriteError()));
+        m_workspace.open({file});
+        if (EditedFile* const edited = m_workspace.edit(file))
+            showTree(edited);
+    });
+    dialog->open();
+}
+
+void MainWindow::save()
+{
+    if (m_treeFile)
+        m_workspace.save(*m_treeFile);
+}
+
+void MainWindow::closeCurrent()
+{
+    EditedFile* const file = m_treeFile;
+    if (!file)
+        return;
+    const QString name = file->file();
+    if (!file->isChanged())
+        return m_workspace.closeFile(name);
+    m_messages->ask(name, tr("%1 was edited.").arg(file->name()),
+                    {{tr("Save and close"),
+                      [this, name] {
+                          EditedFile* const edited = m_workspace.edited(name);
+                          if (edited && m_workspace.save(*edited))
+                              m_workspace.closeFile(name);
+                      }},
+                     {tr("Close without saving"), [this, name] { m_workspace.closeFile(name); }},
+                     {tr("Stay"), [] {}}});
+}
+
+void MainWindow::askAboutOutside(EditedFile* file)
+{
+    const QString name = file->file();
+    const auto ofFile = [this, name](void (MainWindow::*act)(EditedFile&)) {
+        return [this, name, act] {
+            if (EditedFile* const edited = m_workspace.edited(name))
+                (this->*act)(*edited);
+        };
+    };
+    m_messages->ask(name + QLatin1String("\noutside"),
+                    tr("%1 was changed by another program.").arg(file->name()),
+                    {{tr("Reload"), ofFile(&MainWindow::reload)},
+                     {tr("Keep mine"), ofFile(&MainWindow::keep)},
+                     {tr("Compare"), ofFile(&MainWindow::compareWithDisk)}});
+}
+
+void MainWindow::reload(EditedFile& file)
+{
+    const QString name = file.file();
+    m_workspace.reload(file);
+    if (EditedFile* const again = m_workspace.edited(name))
+        showTree(again);
+}
+
+void MainWindow::keep(EditedFile& file)
+{
+    file.keepMine();
+    update();
+}
+
+void MainWindow::compareWithDisk(EditedFile& file)
+{
+    const toolkit::Load load = toolkit::LoadDocument(file.file());
+    // What was asked is to be answered still.
+    askAboutOutside(&file);
+    if (!load)
+        return say(QStringLiteral("%1: %2").arg(load.error.file, load.error.message));
+    (new CompareWindow(
+         m_workspace,
+         {file.file(), load.document->Dom(), load.document->Root(),
+          tr("%1 on disk").arg(file.name())},
+         {file.file(), file.dom(), file.dom().documentElement(), tr("%1 here").arg(file.name())},
+         this))
+        ->show();
+}
+
+void MainWindow::exportPictures()
+{
+    QVector<toolkit::ListedPreset> presets = chosenPresets();
+    if (presets.isEmpty()) {
+        for (int row = 0; row < m_workspace.filter().rowCount(); ++row)
+            presets.append(m_workspace.presets().Preset(
+                m_workspace.filter().mapToSource(m_workspace.filter().index(row, 0))));
+    }
+    auto* const dialog =
+        new QFileDialog(this, tr("Folder for %n picture(s)", nullptr, int(presets.size())));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, presets](const QString& folder) { exportPicturesTo(folder, presets); });
+    dialog->open();
+}
+
+void MainWindow::exportPicturesTo(const QString& folder,
+                                  const QVector<toolkit::ListedPreset>& presets)
+{
+    auto* const work = new PictureExport(m_workspace, folder, presets, this);
+    connect(work, &PictureExport::progressed, this, [this](int done, int of) {
+        m_progress->setRange(0, of);
+        m_progress->setValue(done);
+        m_progress->show();
+        m_cancel->show();
+    });
+    connect(m_cancel, &QToolButton::clicked, work, &PictureExport::stop);
+    connect(
+        work, &PictureExport::finished, this, [this, work](int written, const QString& problem) {
+            m_progress->setRange(0, 0);
+            m_progress->hide();
+            m_cancel->hide();
+            say(problem.isEmpty() ? tr("%n picture(s) were written", nullptr, written) : problem);
+            work->deleteLater();
+        });
+    work->start();
+}
+
+} // namespace rvopen::browser

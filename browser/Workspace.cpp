@@ -1,0 +1,422 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Workspace.h"
+
+#include "Background.h"
+
+#include <rvopen/DirectoryHandler.h>
+#include <rvopen/RVOpenNode.h>
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+#include <rvopen/toolkit/documents/Load.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace rvopen::browser {
+
+using namespace toolkit;
+
+namespace {
+
+/// So long no further change has to come before what changed is looked at.
+constexpr int s_settled = 300;
+
+QString messageOf(const ReadError& error)
+{
+    return error.line > 0 ? QStringLiteral("%1:%2: %3")
+                                .arg(error.file, QString::number(error.line), error.message)
+                          : QStringLiteral("%1: %2").arg(error.file, error.message);
+}
+
+bool isInstallation(const QString& folder)
+{
+    return QFileInfo::exists(QDir(folder).filePath(QStringLiteral("xml/Default.rvx")));
+}
+
+/// "Mine-recovered.rvx" beside it, with a number where that is there.
+QString freeName(const QString& file)
+{
+    const QFileInfo info(file);
+    for (int i = 1;; ++i) {
+        const QString name = QStringLiteral("%1-recovered%2.%3")
+                                 .arg(info.completeBaseName(),
+                                      i > 1 ? QString::number(i) : QString(), info.suffix());
+        const QString path = info.dir().filePath(name);
+        if (!QFileInfo::exists(path))
+            return path;
+    }
+}
+
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+/// What was found in the files and folders that are open.
+struct Workspace::Scan {
+    QStringList archives;
+    QStringList documents;
+    QVector<ReadError> problems;
+    std::shared_ptr<const Catalogue> catalogue;
+    Facets facets;
+};
+
+Workspace::Workspace(Memory& memory, const QString& journals)
+    : m_memory(memory)
+    , m_journals(journals)
+{
+    m_filter.setSourceModel(&m_presets);
+    m_rescanTimer.setSingleShot(true);
+    m_rescanTimer.setInterval(s_settled);
+    m_countTimer.setSingleShot(true);
+    m_countTimer.setInterval(s_settled);
+    connect(&m_rescanTimer, &QTimer::timeout, this, &Workspace::rescan);
+    connect(&m_countTimer, &QTimer::timeout, this, &Workspace::count);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_rescanTimer,
+            qOverload<>(&QTimer::start));
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &Workspace::lookOutside);
+    setFolders(memory.folders());
+}
+
+Workspace::~Workspace() = default;
+
+Memory& Workspace::memory()
+{
+    return m_memory;
+}
+
+void Workspace::open(const QStringList& paths)
+{
+    for (const QString& path : paths) {
+        const QFileInfo info(path);
+        if (!info.exists()) {
+            Q_EMIT failed(tr("%1 is not there").arg(path));
+            continue;
+        }
+        const QString full = info.absoluteFilePath();
+        if (!m_opened.contains(full))
+            m_opened.append(full);
+        if (info.isDir() && isInstallation(full)) {
+            Folders folders = m_folders;
+            folders.install = full;
+            setFolders(folders);
+        }
+    }
+    m_memory.setOpened(m_opened);
+    rescan();
+}
+
+void Workspace::close(const QString& path)
+{
+    m_opened.removeAll(path);
+    m_memory.setOpened(m_opened);
+    rescan();
+}
+
+QStringList Workspace::opened() const
+{
+    return m_opened;
+}
+
+QStringList Workspace::archives() const
+{
+    return m_archives;
+}
+
+QStringList Workspace::documents() const
+{
+    return m_documents;
+}
+
+const Folders& Workspace::folders() const
+{
+    return m_folders;
+}
+
+void Workspace::setFolders(const Folders& folders)
+{
+    m_folders = folders;
+    m_memory.setFolders(folders);
+    m_thumbnails.SetFolders(folders);
+    DirectoryHandler* const handler = GetDirectoryHandler();
+    handler->SetZorvaneArchivesFolder(folders.archives);
+    handler->SetCustomArchivesFolder(folders.custom);
+    handler->SetSnapshotsFolder(folders.snapshots);
+}
+
+void Workspace::rescan()
+{
+    if (m_isScanning) {
+        m_isScanWanted = true;
+        return;
+    }
+    m_isScanning = true;
+    Q_EMIT scanningChanged(true);
+    start(m_opened);
+}
+
+bool Workspace::isScanning() const
+{
+    return m_isScanning;
+}
+
+widgets::PresetModel& Workspace::presets()
+{
+    return m_presets;
+}
+
+widgets::PresetFilter& Workspace::filter()
+{
+    return m_filter;
+}
+
+widgets::Thumbnails& Workspace::thumbnails()
+{
+    return m_thumbnails;
+}
+
+const Facets& Workspace::facets() const
+{
+    return m_facets;
+}
+
+QUndoGroup& Workspace::undo()
+{
+    return m_undo;
+}
+
+EditedFile* Workspace::edit(const QString& file)
+{
+    if (EditedFile* const known = edited(file))
+        return known;
+    ReadError error;
+    std::unique_ptr<EditedFile> opened = EditedFile::open(file, error, m_journals);
+    if (!opened) {
+        Q_EMIT failed(messageOf(error));
+        return nullptr;
+    }
+    own(file, std::move(opened));
+    return edited(file);
+}
+
+EditedFile* Workspace::edited(const QString& file) const
+{
+    const auto found = m_edited.find(file);
+    return found == m_edited.end() ? nullptr : found->second.get();
+}
+
+std::vector<EditedFile*> Workspace::allEdited() const
+{
+    std::vector<EditedFile*> all;
+    for (const auto& [file, edited] : m_edited)
+        all.push_back(edited.get());
+    return all;
+}
+
+std::vector<EditedFile*> Workspace::changed() const
+{
+    std::vector<EditedFile*> all = allEdited();
+    all.erase(std::remove_if(all.begin(), all.end(),
+                             [](const EditedFile* file) { return !file->isChanged(); }),
+              all.end());
+    return all;
+}
+
+bool Workspace::save(EditedFile& file)
+{
+    const WriteError error = file.save();
+    watch();
+    if (!error)
+        return true;
+    Q_EMIT failed(QStringLiteral("%1: %2").arg(error.file, error.message));
+    return false;
+}
+
+void Workspace::reload(EditedFile& file)
+{
+    const QString name = file.file();
+    closeFile(name);
+    m_presets.Reread(name);
+    edit(name);
+    watch();
+}
+
+void Workspace::closeFile(const QString& file)
+{
+    const auto found = m_edited.find(file);
+    if (found == m_edited.end())
+        return;
+    m_presets.Follow(file, QDomDocument());
+    const std::unique_ptr<EditedFile> closed = std::move(found->second);
+    m_edited.erase(found);
+    m_undo.removeStack(&closed->stack());
+    Q_EMIT fileClosed(file);
+    Q_EMIT changedChanged();
+}
+
+QVector<Journal::Left> Workspace::leftOver() const
+{
+    return Journal::leftOver(m_journals);
+}
+
+EditedFile* Workspace::recover(const Journal::Left& left)
+{
+    QString file = left.file;
+    const QByteArray base = Journal::base(left);
+    const EditedFile* const known = edited(file);
+    if ((known && known->isChanged()) || bytesOf(file) != base) {
+        file = freeName(left.file);
+        if (!WriteFile(base, file)) {
+            Q_EMIT failed(QStringLiteral("%1: %2").arg(file, LastWriteError()));
+            return nullptr;
+        }
+        if (!std::any_of(m_opened.begin(), m_opened.end(), [&](const QString& path) {
+                return file.startsWith(path + QLatin1Char('/'));
+            }))
+            open({file});
+    }
+    EditedFile* const opened = edit(file);
+    if (!opened)
+        return nullptr;
+    if (!opened->recover(left))
+        Q_EMIT failed(tr("%1: not all of its edits could be recovered").arg(opened->name()));
+    // What was made stands in the file's own journal by now.
+    Journal::discard(left);
+    return opened;
+}
+
+void Workspace::discard(const Journal::Left& left)
+{
+    Journal::discard(left);
+}
+
+void Workspace::start(const QStringList& paths)
+{
+    inBackground(
+        this,
+        [paths] {
+            const auto scan = std::make_shared<Scan>();
+            QStringList files;
+            QSet<QString> known;
+            for (const QString& path : paths) {
+                const QStringList found = QFileInfo(path).isDir()
+                                              ? DocumentsBelow(path, scan->problems)
+                                              : QStringList{path};
+                for (const QString& file : found) {
+                    if (!known.contains(file)) {
+                        known.insert(file);
+                        files.append(file);
+                    }
+                }
+            }
+            // Of snapshot documents it has none, but the index knows what they are.
+            scan->catalogue = std::make_shared<const Catalogue>(files);
+            scan->facets = Facets::of(*scan->catalogue);
+            scan->problems += scan->catalogue->Problems();
+            const QStringList all = scan->catalogue->Files();
+            for (const QString& file : all) {
+                const bool isDocument = file.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
+                (isDocument ? scan->documents : scan->archives).append(file);
+            }
+            return scan;
+        },
+        [this](const std::shared_ptr<Scan>& scan) { take(scan); });
+}
+
+void Workspace::take(const std::shared_ptr<Scan>& scan)
+{
+    m_isScanning = false;
+    m_archives = scan->archives;
+    m_documents = scan->documents;
+    m_facets = scan->facets;
+    m_presets.SetCatalogue(scan->catalogue);
+    // Those that were opened before the catalogue had them.
+    for (const auto& [file, edited] : m_edited)
+        m_presets.Follow(file, edited->dom());
+    watch();
+    Q_EMIT scanningChanged(false);
+    Q_EMIT openedChanged();
+    Q_EMIT facetsChanged();
+    for (const ReadError& problem : scan->problems)
+        Q_EMIT failed(messageOf(problem));
+    if (std::exchange(m_isScanWanted, false))
+        rescan();
+}
+
+/// Folders tell of what comes, goes and is replaced; a file that is written over tells itself.
+void Workspace::watch()
+{
+    QStringList paths;
+    QSet<QString> folders;
+    for (const QString& path : m_opened) {
+        if (QFileInfo(path).isDir())
+            folders.insert(path);
+    }
+    for (const QString& file : m_archives + m_documents)
+        folders.insert(QFileInfo(file).absolutePath());
+    for (const auto& [file, edited] : m_edited) {
+        paths.append(file);
+        folders.insert(QFileInfo(file).absolutePath());
+    }
+    paths += QStringList(folders.begin(), folders.end());
+    const QStringList watched = m_watcher.files() + m_watcher.directories();
+    const QSet<QString> wanted(paths.begin(), paths.end());
+    QStringList superfluous;
+    for (const QString& path : watched) {
+        if (!wanted.contains(path))
+            superfluous.append(path);
+    }
+    if (!superfluous.isEmpty())
+        m_watcher.removePaths(superfluous);
+    for (const QString& path : paths) {
+        if (!watched.contains(path) && QFileInfo::exists(path))
+            m_watcher.addPath(path);
+    }
+}
+
+void Workspace::lookOutside(const QString& file)
+{
+    // A file that was replaced is watched no more.
+    watch();
+    EditedFile* const edited = this->edited(file);
+    if (edited && edited->isChangedOutside())
+        Q_EMIT changedOutside(edited);
+}
+
+void Workspace::count()
+{
+    const std::shared_ptr<const Catalogue> catalogue = m_presets.CurrentCatalogue();
+    if (!catalogue)
+        return;
+    inBackground(
+        this, [catalogue] { return Facets::of(*catalogue); },
+        [this](const Facets& facets) {
+            m_facets = facets;
+            Q_EMIT facetsChanged();
+        });
+}
+
+void Workspace::own(const QString& file, std::unique_ptr<EditedFile> opened)
+{
+    EditedFile* const edited = opened.get();
+    m_edited[file] = std::move(opened);
+    m_undo.addStack(&edited->stack());
+    connect(edited, &EditedFile::changedChanged, this, &Workspace::changedChanged);
+    connect(edited, &EditedFile::edited, this, [this, edited] {
+        m_countTimer.start();
+        Q_EMIT fileEdited(edited);
+    });
+    m_presets.Follow(file, edited->dom());
+    watch();
+    Q_EMIT fileOpened(edited);
+}
+
+} // namespace rvopen::browser

@@ -1,0 +1,345 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "MainWindow.h"
+#include "BrowserSupport.h"
+#include "CompareWindow.h"
+#include "Details.h"
+#include "Findings.h"
+#include "Grid.h"
+#include "MessageLine.h"
+#include "Sidebar.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTreeView>
+
+namespace rvopen::test {
+
+using namespace browser;
+
+namespace {
+
+class MainWindowTest : public BrowserTest {
+protected:
+    void SetUp() override
+    {
+        write("archives/a.rvx", sampleArchive());
+        write("archives/b.rvx",
+              sampleArchive().replace("Brass", "Bronze").replace("m.brass", "m.bronze"));
+        write("archives/c.xml", sampleDocument());
+        window.show();
+        workspace.open({path("archives")});
+        ASSERT_TRUE(comes([&] { return !workspace.isScanning(); }));
+    }
+
+    QStringList shown()
+    {
+        QStringList names;
+        for (int row = 0; row < workspace.filter().rowCount(); ++row)
+            names << workspace.filter().index(row, 0).data().toString();
+        return names;
+    }
+
+    /// Chooses the preset that is shown under that name, and has it opened to be edited.
+    EditedFile* choose(const char* name)
+    {
+        const int row = int(shown().indexOf(QString::fromUtf8(name)));
+        EXPECT_GE(row, 0) << name;
+        window.grid().setCurrentIndex(workspace.filter().index(row, 0));
+        window.grid().setFocus();
+        const QString file =
+            workspace.presets()
+                .Preset(workspace.filter().mapToSource(workspace.filter().index(row, 0)))
+                .file;
+        EXPECT_TRUE(comes([&] { return workspace.edited(file) != nullptr; }));
+        return workspace.edited(file);
+    }
+
+    void trigger(const char* name)
+    {
+        QAction* const action = window.action(name);
+        ASSERT_TRUE(action) << name;
+        ASSERT_TRUE(action->isEnabled()) << name;
+        action->trigger();
+    }
+
+    /// Presses the button of that text in the line of messages.
+    void answer(const char* text)
+    {
+        for (QPushButton* const button : window.messages().findChildren<QPushButton*>()) {
+            if (button->text() == QLatin1String(text) && button->isVisible())
+                return button->click();
+        }
+        FAIL() << text << " is not offered: " << window.messages().text().toStdString();
+    }
+
+    Memory memory{path("settings.ini")};
+    Workspace workspace{memory, journals()};
+    MainWindow window{workspace};
+};
+
+TEST_F(MainWindowTest, SearchesAsOneTypes)
+{
+    EXPECT_EQ(workspace.filter().rowCount(), 8);
+    QTest::keyClicks(&window.search(), "bro");
+    EXPECT_EQ(shown(), QStringList{"Bronze"});
+    QTest::keyClick(&window.search(), Qt::Key_Backspace);
+    EXPECT_EQ(shown(), (QStringList{"Brass", "Bronze"}));
+}
+
+TEST_F(MainWindowTest, FiltersByWhatIsSelected)
+{
+    window.sidebar().showFile(path("archives/b.rvx"));
+    EXPECT_EQ(shown(), (QStringList{"Bronze", "Copper", "Red"}));
+    window.search().setText("c");
+    EXPECT_EQ(shown(), (QStringList{"Copper", "Red"}));
+    window.sidebar().showEverything();
+    EXPECT_EQ(shown().size(), 4);
+}
+
+TEST_F(MainWindowTest, LooksForAColourThatIsDropped)
+{
+    QMimeData data;
+    data.setColorData(QColor(250, 5, 0));
+    QDropEvent drop(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.grid().viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QCoreApplication::sendEvent(window.grid().viewport(), &drop);
+    EXPECT_EQ(shown(), (QStringList{"Red", "Red"}));
+}
+
+TEST_F(MainWindowTest, APictureHasTheColourOfWhatIsInIt)
+{
+    QImage picture(100, 100, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    EXPECT_EQ(Grid::colourOf(picture).name(), "#ffffff");
+    for (int y = 40; y < 80; ++y) {
+        for (int x = 40; x < 80; ++x)
+            picture.setPixel(x, y, qRgb(200, 20, 30));
+    }
+    const QColor colour = Grid::colourOf(picture);
+    EXPECT_NEAR(colour.red(), 200, 12);
+    EXPECT_NEAR(colour.green(), 20, 30);
+    EXPECT_FALSE(Grid::colourOf(QImage()).isValid());
+}
+
+TEST_F(MainWindowTest, ShowsTheValuesOfWhatIsChosen)
+{
+    choose("Brass");
+    EXPECT_EQ(window.details().element().attribute("name"), "Brass");
+    widgets::ParamModel& values = window.details().values();
+    ASSERT_EQ(values.rowCount(), 1);
+    EXPECT_EQ(values.index(0, widgets::ParamModel::Value).data().toString(), "0.8 0.6 0.2");
+}
+
+TEST_F(MainWindowTest, EditsUndoesRedoesAndSaves)
+{
+    EditedFile* const file = choose("Brass");
+    widgets::ParamModel& values = window.details().values();
+    const QModelIndex value = values.index(0, widgets::ParamModel::Value);
+    ASSERT_TRUE(values.setData(value, QColor(0, 0, 255)));
+    EXPECT_TRUE(window.isWindowModified());
+    trigger("editUndo");
+    EXPECT_EQ(value.data().toString(), "0.8 0.6 0.2");
+    EXPECT_FALSE(window.isWindowModified());
+    trigger("editRedo");
+    trigger("fileSave");
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(bytesOf(file->file()).contains("val=\"0 0 1\""));
+}
+
+TEST_F(MainWindowTest, DuplicatesMovesAndDeletes)
+{
+    EditedFile* const file = choose("Copper");
+    trigger("editDuplicate");
+    const QDomElement metals = at(*file, "/materials/dir[Metals]");
+    QStringList names = namesIn(metals);
+    ASSERT_EQ(names.size(), 3);
+    EXPECT_EQ(toolkit::IdentityOf(window.details().element()), names[2]);
+    trigger("editUp");
+    EXPECT_EQ(namesIn(metals), (QStringList{"Brass", names[2], "Copper"}));
+    trigger("editDelete");
+    EXPECT_EQ(namesIn(metals), (QStringList{"Brass", "Copper"}));
+    EXPECT_TRUE(window.messages().text().contains("deleted"));
+    trigger("editUndo");
+    EXPECT_EQ(namesIn(metals).size(), 3);
+    trigger("editSort");
+    EXPECT_EQ(namesIn(metals), (QStringList{"Brass", "Copper", names[2]}));
+}
+
+TEST_F(MainWindowTest, CopiesFromOneArchiveToAnother)
+{
+    choose("Bronze");
+    trigger("editCopy");
+    EditedFile* const target = choose("Brass");
+    trigger("editPaste");
+    EXPECT_EQ(namesIn(at(*target, "/materials/dir[Metals]")),
+              (QStringList{"Brass", "Copper", "Bronze"}));
+}
+
+TEST_F(MainWindowTest, RenamesInTheTree)
+{
+    EditedFile* const file = choose("Brass");
+    trigger("editRename");
+    auto* const editor = window.tree().findChild<QLineEdit*>();
+    ASSERT_TRUE(editor);
+    editor->setText("Latten");
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_TRUE(comes([&] { return !at(*file, "//material[Latten]").isNull(); }));
+    EXPECT_TRUE(comes([&] { return shown().contains("Latten"); }));
+}
+
+TEST_F(MainWindowTest, NotesFavourites)
+{
+    choose("Brass");
+    trigger("editFavourite");
+    window.sidebar().setCurrentIndex(window.sidebar().model()->index(1, 0));
+    EXPECT_EQ(shown(), QStringList{"Brass"});
+    choose("Brass");
+    trigger("editFavourite");
+    EXPECT_EQ(shown(), QStringList());
+}
+
+TEST_F(MainWindowTest, TellsWhatIsWrongOfWhatIsNotSavedToo)
+{
+    EditedFile* const file = choose("Brass");
+    EXPECT_TRUE(comes([&] { return !window.findings().isRunning(); }));
+    QDomElement copper = at(*file, "//material[Copper]");
+    RVOpenChange change;
+    change.kind = RVOpenChange::AttributeSet;
+    change.document = file->dom();
+    change.node = copper;
+    change.name = "refname";
+    change.before = "m.brass";
+    change.after = "m.copper";
+    ASSERT_TRUE(file->takeBack(change));
+    EXPECT_TRUE(comes([&] {
+        for (int i = 0; i < window.findings().topLevelItemCount(); ++i) {
+            if (window.findings().topLevelItem(i)->text(0).contains("m.brass"))
+                return true;
+        }
+        return false;
+    }));
+}
+
+TEST_F(MainWindowTest, ComparesTwoPresets)
+{
+    EXPECT_FALSE(window.action("toolsCompare")->isEnabled());
+    window.search().setText("bro bra");
+    window.search().setText("br");
+    window.grid().selectAll();
+    trigger("toolsCompare");
+    auto* const compared = window.findChild<CompareWindow*>();
+    ASSERT_TRUE(compared);
+    EXPECT_EQ(compared->differences(), 2);
+}
+
+TEST_F(MainWindowTest, AsksInALineBeforeItCloses)
+{
+    EditedFile* const file = choose("Brass");
+    edits::rename(*file, at(*file, "//material[Brass]"), "Latten");
+    EXPECT_FALSE(window.close());
+    EXPECT_TRUE(window.isVisible());
+    answer("Stay");
+    EXPECT_TRUE(window.messages().isHidden());
+    EXPECT_FALSE(window.close());
+    answer("Save and close");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(bytesOf(file->file()).contains("Latten"));
+}
+
+TEST_F(MainWindowTest, DropsEditsOnlyWhenAsked)
+{
+    EditedFile* const file = choose("Brass");
+    edits::rename(*file, at(*file, "//material[Brass]"), "Latten");
+    trigger("fileClose");
+    answer("Close without saving");
+    EXPECT_FALSE(workspace.edited(path("archives/a.rvx")));
+    EXPECT_EQ(bytesOf(path("archives/a.rvx")), sampleArchive());
+    EXPECT_TRUE(shown().contains("Brass"));
+    EXPECT_TRUE(window.close());
+}
+
+TEST_F(MainWindowTest, AsksAboutWhatOthersWrote)
+{
+    choose("Brass");
+    write("archives/a.rvx", sampleArchive().replace("Brass", "Theirs"));
+    ASSERT_TRUE(comes([&] { return !window.messages().isHidden(); }));
+    answer("Compare");
+    auto* const compared = window.findChild<CompareWindow*>();
+    ASSERT_TRUE(compared);
+    EXPECT_GT(compared->differences(), 0);
+    compared->close();
+    answer("Reload");
+    EXPECT_TRUE(shown().contains("Theirs"));
+    EXPECT_FALSE(shown().contains("Brass"));
+}
+
+TEST_F(MainWindowTest, OffersWhatACrashLeft)
+{
+    Journal::Left left;
+    {
+        const auto file = open(path("archives/a.rvx"));
+        edits::rename(*file, at(*file, "//material[Brass]"), "Latten");
+        const QString folder =
+            QDir(journals()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
+        QDir().mkpath(path("kept/one"));
+        for (const char* const name : {"base", "log"})
+            QFile::copy(journals() + '/' + folder + '/' + name, path("kept/one/") + name);
+    }
+    Workspace after(memory, path("kept"));
+    MainWindow again(after);
+    again.show();
+    after.open({path("archives")});
+    again.offerRecovery();
+    EXPECT_TRUE(again.messages().text().contains("a.rvx"));
+    for (QPushButton* const button : again.messages().findChildren<QPushButton*>()) {
+        if (button->text() == "Recover")
+            button->click();
+    }
+    EditedFile* const recovered = after.edited(path("archives/a.rvx"));
+    ASSERT_TRUE(recovered);
+    EXPECT_FALSE(at(*recovered, "//material[Latten]").isNull());
+    EXPECT_TRUE(recovered->isChanged());
+}
+
+TEST_F(MainWindowTest, AllThatCanBeReachedHasAName)
+{
+    choose("Brass");
+    for (QWidget* const widget : window.findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible() ||
+            widget->objectName().startsWith("qt_"))
+            continue;
+        QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_TRUE(accessible);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString()
+            << " in " << widget->parentWidget()->metaObject()->className();
+    }
+}
+
+TEST_F(MainWindowTest, EveryActionHasAKeyOrAMenu)
+{
+    QSet<QKeySequence> keys;
+    for (QAction* const action : window.findChildren<QAction*>()) {
+        if (action->shortcut().isEmpty())
+            continue;
+        EXPECT_FALSE(keys.contains(action->shortcut()))
+            << action->shortcut().toString().toStdString();
+        keys.insert(action->shortcut());
+    }
+    EXPECT_GE(keys.size(), 20);
+}
+
+} // namespace
+
+} // namespace rvopen::test

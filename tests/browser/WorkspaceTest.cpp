@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "BrowserSupport.h"
+
+#include <QSignalSpy>
+
+namespace rvopen::test {
+
+using namespace browser;
+
+namespace {
+
+class WorkspaceTest : public BrowserTest {
+protected:
+    void SetUp() override
+    {
+        write("archives/a.rvx", sampleArchive());
+        write("archives/below/b.rvx", sampleArchive());
+        write("archives/c.xml", sampleDocument());
+    }
+
+    void openAll()
+    {
+        workspace.open({path("archives")});
+        ASSERT_TRUE(comes([&] { return !workspace.isScanning(); }));
+    }
+
+    QStringList shown()
+    {
+        QStringList names;
+        for (int row = 0; row < workspace.filter().rowCount(); ++row)
+            names << workspace.filter().index(row, 0).data().toString();
+        return names;
+    }
+
+    Memory memory{path("settings.ini")};
+    Workspace workspace{memory, journals()};
+};
+
+TEST_F(WorkspaceTest, FindsWhatIsInFolders)
+{
+    openAll();
+    EXPECT_EQ(workspace.archives(),
+              (QStringList{path("archives/a.rvx"), path("archives/below/b.rvx")}));
+    EXPECT_EQ(workspace.documents(), QStringList{path("archives/c.xml")});
+    EXPECT_EQ(workspace.presets().rowCount(), 8);
+    const Facets& facets = workspace.facets();
+    EXPECT_EQ(facets.kinds, (Facets::Counts{{"colour", 2}, {"material", 4}, {"snapshot", 2}}));
+    EXPECT_EQ(facets.categories, (Facets::Counts{{"Polished", 4}}));
+    EXPECT_EQ(facets.tags, (Facets::Counts{{"Metal", 2}}));
+    EXPECT_EQ(facets.folders.value(path("archives/a.rvx")), QStringList{"Metals"});
+    EXPECT_EQ(Memory(path("settings.ini")).opened(), QStringList{path("archives")});
+}
+
+TEST_F(WorkspaceTest, TellsOfWhatIsNotThereOrCannotBeRead)
+{
+    QSignalSpy failed(&workspace, &Workspace::failed);
+    workspace.open({path("nothing")});
+    ASSERT_EQ(failed.size(), 1);
+    EXPECT_TRUE(failed[0][0].toString().contains("nothing"));
+    write("broken.rvx", "<presets>");
+    EXPECT_FALSE(workspace.edit(path("broken.rvx")));
+    ASSERT_EQ(failed.size(), 2);
+    EXPECT_TRUE(failed[1][0].toString().contains("broken.rvx:1:"));
+}
+
+TEST_F(WorkspaceTest, FollowsWhatIsEdited)
+{
+    openAll();
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    ASSERT_TRUE(file);
+    EXPECT_EQ(workspace.edit(path("archives/a.rvx")), file);
+    edits::rename(*file, at(*file, "//material[Brass]"), "Bronze");
+    EXPECT_EQ(workspace.changed(), std::vector<EditedFile*>{file});
+    toolkit::CatalogueQuery query;
+    query.text = "bronze";
+    workspace.filter().SetQuery(query);
+    EXPECT_EQ(shown(), QStringList{"Bronze"});
+    EXPECT_TRUE(comes([&] { return workspace.facets().kinds.size() == 3; }));
+    workspace.closeFile(file->file());
+    workspace.filter().SetQuery(query);
+    EXPECT_EQ(shown(), QStringList());
+    EXPECT_TRUE(workspace.changed().empty());
+}
+
+TEST_F(WorkspaceTest, SavesWholeAndIsNotDisturbedByItsOwnSave)
+{
+    openAll();
+    QSignalSpy outside(&workspace, &Workspace::changedOutside);
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::rename(*file, at(*file, "//material[Brass]"), "Bronze");
+    EXPECT_TRUE(workspace.save(*file));
+    EXPECT_FALSE(file->isChanged());
+    EXPECT_TRUE(bytesOf(file->file()).contains("Bronze"));
+    QTest::qWait(100);
+    EXPECT_EQ(outside.size(), 0);
+}
+
+TEST_F(WorkspaceTest, ASaveThatFailsLeavesTheFileAndTheEdit)
+{
+    const QString file = write("archives/a.rvx", sampleArchive());
+    EditedFile* const edited = workspace.edit(file);
+    edits::rename(*edited, at(*edited, "//material[Brass]"), "Bronze");
+    QDir(path("archives")).removeRecursively();
+    QSignalSpy failed(&workspace, &Workspace::failed);
+    EXPECT_FALSE(workspace.save(*edited));
+    EXPECT_EQ(failed.size(), 1);
+    EXPECT_TRUE(edited->isChanged());
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+TEST_F(WorkspaceTest, NoticesWhatOthersWrite)
+{
+    openAll();
+    QSignalSpy outside(&workspace, &Workspace::changedOutside);
+    EditedFile* file = workspace.edit(path("archives/a.rvx"));
+    write("archives/a.rvx", sampleArchive().replace("Brass", "Theirs"));
+    ASSERT_TRUE(comes([&] { return outside.size() > 0; }));
+    EXPECT_TRUE(file->isChangedOutside());
+    file->keepMine();
+    EXPECT_FALSE(file->isChangedOutside());
+    EXPECT_TRUE(file->isChanged());
+    workspace.reload(*file);
+    file = workspace.edited(path("archives/a.rvx"));
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(at(*file, "//material[Theirs]").isNull());
+    EXPECT_FALSE(file->isChanged());
+}
+
+TEST_F(WorkspaceTest, NoticesFilesThatComeAndGo)
+{
+    openAll();
+    write("archives/d.rvx", sampleArchive());
+    EXPECT_TRUE(comes([&] { return workspace.archives().size() == 3; }));
+    QFile::remove(path("archives/a.rvx"));
+    EXPECT_TRUE(comes([&] { return workspace.archives().size() == 2; }));
+}
+
+TEST_F(WorkspaceTest, SearchesAmongSomeFilesAndPresets)
+{
+    openAll();
+    toolkit::CatalogueQuery query;
+    query.files = QStringList{path("archives/below/b.rvx")};
+    workspace.filter().SetQuery(query);
+    EXPECT_EQ(shown(), (QStringList{"Brass", "Copper", "Red"}));
+    query.presets = {{path("archives/below/b.rvx"), "colours[Colours]/colour[Red]"}};
+    workspace.filter().SetQuery(query);
+    EXPECT_EQ(shown(), QStringList{"Red"});
+}
+
+TEST_F(WorkspaceTest, RemembersFavouritesAndWhatWasUsed)
+{
+    const toolkit::PresetPlace red{"a.rvx", "colours/colour[Red]"};
+    const toolkit::PresetPlace blue{"b.rvx", "colours/colour[Blue]"};
+    memory.setFavourite(red, true);
+    memory.setFavourite(red, true);
+    memory.setFavourite(blue, true);
+    memory.setFavourite(red, false);
+    for (const toolkit::PresetPlace& place : {red, blue, red})
+        memory.addRecent(place);
+    const Memory again(path("settings.ini"));
+    ASSERT_EQ(again.favourites().size(), 1);
+    EXPECT_TRUE(again.isFavourite(blue));
+    EXPECT_FALSE(again.isFavourite(red));
+    ASSERT_EQ(again.recent().size(), 2);
+    EXPECT_TRUE(isSame(again.recent()[0], red));
+    EXPECT_TRUE(isSame(again.recent()[1], blue));
+}
+
+} // namespace
+
+} // namespace rvopen::test
