@@ -47,7 +47,26 @@ Grid::Grid(QWidget* parent)
     viewport()->setAcceptDrops(true);
     setDropIndicatorShown(false);
     setAccessibleName(tr("Presets"));
+    setModel(&m_presets);
     setPictureSize(s_leastSize);
+}
+
+GridModel& Grid::presets()
+{
+    return m_presets;
+}
+
+QModelIndex Grid::currentPreset() const
+{
+    return m_presets.presetOf(currentIndex());
+}
+
+QModelIndexList Grid::selectedPresets() const
+{
+    QModelIndexList all;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes())
+        all.append(m_presets.presetOf(index));
+    return all;
 }
 
 int Grid::pictureSize() const

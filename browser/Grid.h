@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "GridModel.h"
+
 #include <QColor>
 #include <QListView>
 
@@ -15,6 +17,12 @@ class Grid : public QListView {
 
 public:
     explicit Grid(QWidget* parent = nullptr);
+
+    GridModel& presets();
+    /// The one that is chosen, of the model of presets; invalid for none.
+    QModelIndex currentPreset() const;
+    /// All that are selected, of that model.
+    QModelIndexList selectedPresets() const;
 
     int pictureSize() const;
     /// In logical pixels, from 32 to 256.
@@ -40,6 +48,8 @@ protected:
 
 private:
     bool takes(const QDropEvent& event) const;
+
+    GridModel m_presets;
 };
 
 } // namespace rvopen::browser

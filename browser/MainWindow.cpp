@@ -189,7 +189,7 @@ QAction* MainWindow::make(QMenu* menu, const char* name, const QString& text,
 void MainWindow::makeParts()
 {
     m_grid = new Grid;
-    m_grid->setModel(&m_workspace.filter());
+    m_grid->presets().setPresets(&m_workspace.presets(), &m_workspace.filter());
     m_messages = new MessageLine;
     auto* const centre = new QWidget;
     auto* const layout = new QVBoxLayout(centre);
@@ -351,7 +351,7 @@ void MainWindow::say(const QString& text)
 
 void MainWindow::showChosen()
 {
-    const QModelIndex index = m_workspace.filter().mapToSource(m_grid->currentIndex());
+    const QModelIndex index = m_grid->currentPreset();
     if (!index.isValid())
         return;
     const toolkit::ListedPreset preset = m_workspace.presets().Preset(index);
@@ -369,7 +369,7 @@ void MainWindow::showChosen()
 void MainWindow::openForEditing(bool isWanted)
 {
     m_openTimer.stop();
-    const QModelIndex index = m_workspace.filter().mapToSource(m_grid->currentIndex());
+    const QModelIndex index = m_grid->currentPreset();
     if (!index.isValid())
         return;
     const toolkit::ListedPreset preset = m_workspace.presets().Preset(index);

@@ -98,7 +98,6 @@ private:
     Choice choice();
     QVector<QDomElement> chosenElements(EditedFile*& file);
     EditedFile* currentFile();
-    QModelIndexList chosenRows() const;
     QVector<toolkit::ListedPreset> chosenPresets() const;
     void choose(EditedFile& file, const QDomElement& element);
 

@@ -179,27 +179,16 @@ void MainWindow::choose(EditedFile& file, const QDomElement& element)
     // What has just come is found with the next search.
     searchNow();
     const QModelIndex row = m_workspace.presets().IndexOf(element);
-    const QModelIndex shown = m_workspace.filter().mapFromSource(row);
+    const QModelIndex shown = m_grid->presets().indexOf(row);
     if (shown.isValid())
         m_grid->setCurrentIndex(shown);
     m_details->showElement(file, row.isValid() ? m_workspace.presets().Element(row) : element);
 }
 
-/// Of the model of presets.
-QModelIndexList MainWindow::chosenRows() const
-{
-    QModelIndexList rows;
-    for (const QModelIndex& index : m_grid->selectionModel()->selectedIndexes()) {
-        if (index.column() == 0)
-            rows.append(m_workspace.filter().mapToSource(index));
-    }
-    return rows;
-}
-
 QVector<toolkit::ListedPreset> MainWindow::chosenPresets() const
 {
     QVector<toolkit::ListedPreset> chosen;
-    for (const QModelIndex& row : chosenRows())
+    for (const QModelIndex& row : m_grid->selectedPresets())
         chosen.append(m_workspace.presets().Preset(row));
     return chosen;
 }
@@ -215,14 +204,13 @@ MainWindow::Choice MainWindow::choice()
                              : QDomElement();
         return choice;
     }
-    const QModelIndex index = m_workspace.filter().mapToSource(m_grid->currentIndex());
+    const QModelIndex index = m_grid->currentPreset();
     if (!index.isValid())
         return choice;
     choice.preset = m_workspace.presets().Preset(index);
     choice.file = m_workspace.edit(choice.preset.file);
     if (choice.file)
-        choice.element =
-            m_workspace.presets().Element(m_workspace.filter().mapToSource(m_grid->currentIndex()));
+        choice.element = m_workspace.presets().Element(m_grid->currentPreset());
     return choice;
 }
 
@@ -240,7 +228,7 @@ QVector<QDomElement> MainWindow::chosenElements(EditedFile*& file)
     for (const QModelIndex& index : selected) {
         if (index.column() != 0)
             continue;
-        const QModelIndex row = isTree ? index : m_workspace.filter().mapToSource(index);
+        const QModelIndex row = isTree ? index : m_grid->presets().presetOf(index);
         const bool isOfFile =
             isTree || m_workspace.presets().Preset(row).file == current.preset.file;
         if (isOfFile)
@@ -254,7 +242,7 @@ QVector<QDomElement> MainWindow::chosenElements(EditedFile*& file)
 
 EditedFile* MainWindow::currentFile()
 {
-    const QModelIndex index = m_workspace.filter().mapToSource(m_grid->currentIndex());
+    const QModelIndex index = m_grid->currentPreset();
     if (m_treeFile || !index.isValid())
         return m_treeFile;
     return m_workspace.edit(m_workspace.presets().Preset(index).file);
@@ -347,7 +335,7 @@ void MainWindow::sort()
 
 void MainWindow::copy()
 {
-    QAbstractItemModel* model = &m_workspace.filter();
+    QAbstractItemModel* model = m_grid->model();
     QItemSelectionModel* selection = m_grid->selectionModel();
     if (m_tree->hasFocus() && m_tree->model()) {
         model = m_tree->model();
@@ -418,7 +406,7 @@ void MainWindow::checkAll()
 void MainWindow::compare()
 {
     QVector<CompareWindow::Side> sides;
-    for (const QModelIndex& row : chosenRows()) {
+    for (const QModelIndex& row : m_grid->selectedPresets()) {
         const toolkit::ListedPreset preset = m_workspace.presets().Preset(row);
         const toolkit::OpenPreset opened = m_workspace.presets().Open(row);
         if (opened)
@@ -452,7 +440,7 @@ void MainWindow::fillApplyMenu()
 void MainWindow::apply(const QString& document, const QString& path)
 {
     EditedFile* const file = m_workspace.edited(document);
-    const QModelIndex row = m_workspace.filter().mapToSource(m_grid->currentIndex());
+    const QModelIndex row = m_grid->currentPreset();
     const toolkit::OpenPreset preset = m_workspace.presets().Open(row);
     if (!file || !preset)
         return;

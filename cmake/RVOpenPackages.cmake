@@ -104,6 +104,12 @@ package(command rvopen utils
     "Lists, checks, changes, compares, draws and collects what is in snapshot
 documents and preset archives, with JSON for scripts, and makes thumbnails of
 them for file managers.")
+if(TARGET rvopen_browser)
+    package(browser rvopen-browser graphics
+        "preset browser over snapshot documents and preset archives"
+        "A window to choose presets and snapshots of rendering programs by their
+pictures, find them by name, kind and colour, and edit their values with undo.")
+endif()
 package(starter rvopen-data graphics
     "presets and models to start from"
     "An installation folder with archives of cameras, backgrounds, lights,
@@ -134,6 +140,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${both_libraries}, ${widgets_package} ${exactly}, ${qt_development}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${library_package} ${exactly}")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_RECOMMENDS rvopen-data)
+set(CPACK_DEBIAN_BROWSER_PACKAGE_DEPENDS "${both_libraries}, ${widgets_package} ${exactly}")
+set(CPACK_DEBIAN_BROWSER_PACKAGE_RECOMMENDS "rvopen-data, rvopen")
 set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SUGGESTS librvopen-dev)
 foreach(component IN ITEMS STARTER DOCUMENTATION)
     set(CPACK_DEBIAN_${component}_PACKAGE_ARCHITECTURE all)

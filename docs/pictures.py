@@ -115,6 +115,7 @@ LAYERS = {
     "Browser": """
         browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
         browser/EditedFile browser/Edits browser/Facets browser/Findings browser/Grid
+        browser/GridModel
         browser/Journal browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
         browser/Memory browser/MessageLine browser/PictureExport browser/Sidebar browser/Start
         browser/Workspace browser/main""",

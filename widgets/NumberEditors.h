@@ -45,6 +45,8 @@ private:
 
 /// A field, and a slider over the usual range.
 class NumberEditor : public ParamEditor {
+    Q_OBJECT
+
 public:
     NumberEditor(const ParamFacts& facts, QWidget* parent);
 
@@ -65,6 +67,8 @@ private:
 
 /// Three fields.
 class TripleEditor : public ParamEditor {
+    Q_OBJECT
+
 public:
     TripleEditor(const ParamFacts& facts, QWidget* parent);
 
@@ -78,6 +82,8 @@ private:
 
 /// The same for a colour, behind a swatch that opens a dialog.
 class ColourEditor : public TripleEditor {
+    Q_OBJECT
+
 public:
     ColourEditor(const ParamFacts& facts, QWidget* parent);
 

@@ -19,6 +19,8 @@ namespace rvopen::widgets {
 
 /// A box to check.
 class CheckEditor : public ParamEditor {
+    Q_OBJECT
+
 public:
     CheckEditor(const ParamFacts& facts, QWidget* parent);
 
@@ -32,6 +34,8 @@ private:
 
 /// A list of choices, with a line to type in where other values are as good.
 class ChoiceEditor : public ParamEditor {
+    Q_OBJECT
+
 public:
     ChoiceEditor(const ParamFacts& facts, QWidget* parent);
 
@@ -45,6 +49,8 @@ private:
 
 /// A line of text; of what is read-only, whatever it is, one to read and to copy from.
 class TextEditor : public ParamEditor {
+    Q_OBJECT
+
 public:
     TextEditor(const ParamFacts& facts, QWidget* parent);
 
@@ -60,6 +66,8 @@ private:
 
 /// A path, with a preview of an image and a dialog.
 class FileEditor : public TextEditor {
+    Q_OBJECT
+
 public:
     FileEditor(const ParamFacts& facts, QWidget* parent, const toolkit::FindFile& find);
     ~FileEditor() override;

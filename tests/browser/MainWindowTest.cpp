@@ -53,7 +53,7 @@ protected:
     {
         const int row = int(shown().indexOf(QString::fromUtf8(name)));
         EXPECT_GE(row, 0) << name;
-        window.grid().setCurrentIndex(workspace.filter().index(row, 0));
+        window.grid().setCurrentIndex(window.grid().model()->index(row, 0));
         window.grid().setFocus();
         const QString file =
             workspace.presets()
@@ -139,6 +139,25 @@ TEST_F(MainWindowTest, ShowsTheValuesOfWhatIsChosen)
     widgets::ParamModel& values = window.details().values();
     ASSERT_EQ(values.rowCount(), 1);
     EXPECT_EQ(values.index(0, widgets::ParamModel::Value).data().toString(), "0.8 0.6 0.2");
+}
+
+TEST_F(MainWindowTest, ThePresetsAreOneColumnWithTheirValuesInTips)
+{
+    const QAbstractItemModel& model = *window.grid().model();
+    EXPECT_EQ(model.columnCount(), 1);
+    EXPECT_EQ(model.rowCount(), 8);
+    const QModelIndex brass = model.index(int(shown().indexOf("Brass")), 0);
+    const QString tip = brass.data(Qt::ToolTipRole).toString();
+    EXPECT_TRUE(tip.contains("Brass – material")) << tip.toStdString();
+    EXPECT_TRUE(tip.contains("Colour: 0.8 0.6 0.2")) << tip.toStdString();
+    EditedFile* const file = choose("Brass");
+    edits::rename(*file, at(*file, "//material[Brass]"), "<b>");
+    QModelIndex bold;
+    ASSERT_TRUE(comes([&] {
+        bold = model.index(int(shown().indexOf("<b>")), 0);
+        return bold.isValid();
+    }));
+    EXPECT_TRUE(bold.data(Qt::ToolTipRole).toString().contains("&lt;b&gt;"));
 }
 
 TEST_F(MainWindowTest, EditsUndoesRedoesAndSaves)
