@@ -33,6 +33,11 @@ namespace {
 constexpr int s_largestPicture = 256;
 constexpr int s_leastPicture = 96;
 
+/// Not by going there: arrows have to lead on.
+constexpr QAbstractItemView::EditTriggers s_editTriggers =
+    QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
+    QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed;
+
 } // namespace
 
 Details::Details(Workspace& workspace, QWidget* parent)
@@ -50,7 +55,6 @@ Details::Details(Workspace& workspace, QWidget* parent)
     m_title->setWordWrap(true);
     m_title->setTextFormat(Qt::PlainText);
     m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_title->setAccessibleName(tr("Name and place"));
     m_view->setModel(&m_values);
     auto* const delegate = new widgets::ParamDelegate(m_view);
     m_view->setItemDelegateForColumn(widgets::ParamModel::Value, delegate);
@@ -70,6 +74,14 @@ Details::Details(Workspace& workspace, QWidget* parent)
     layout->addWidget(m_tabs, 1);
     connect(&m_values, &widgets::ParamModel::Refused, this,
             [this](const QModelIndex&, const QString& reason) { Q_EMIT refused(reason); });
+    // The keyboard is where there is something to edit, whatever of the row was clicked.
+    connect(
+        m_view->selectionModel(), &QItemSelectionModel::currentChanged, m_view,
+        [this](const QModelIndex& index) {
+            if (index.isValid() && index.column() != widgets::ParamModel::Value)
+                m_view->setCurrentIndex(index.siblingAtColumn(widgets::ParamModel::Value));
+        },
+        Qt::QueuedConnection);
     connect(m_view, &QTreeView::activated, this, [this] {
         if (!m_isEdited && !m_element.isNull())
             Q_EMIT editWanted();
@@ -131,8 +143,7 @@ void Details::show(const QString& file, const QDomElement& element, bool isEdite
     m_element = element;
     m_isEdited = isEdited;
     m_values.SetElement(element, widgets::ParamModel::Below);
-    m_view->setEditTriggers(isEdited ? QAbstractItemView::AllEditTriggers
-                                     : QAbstractItemView::NoEditTriggers);
+    m_view->setEditTriggers(isEdited ? s_editTriggers : QAbstractItemView::NoEditTriggers);
     m_view->resizeColumnToContents(widgets::ParamModel::Name);
     showPicture();
     showTexts();

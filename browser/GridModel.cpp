@@ -58,7 +58,7 @@ QString GridModel::toolTipOf(const QModelIndex& preset) const
     if (!preset.isValid())
         return QString();
     const toolkit::ListedPreset listed = m_presets->Preset(preset);
-    QStringList lines{listed.name + QLatin1String(" – ") + listed.kind};
+    QStringList lines{QStringLiteral("%1 – %2").arg(listed.name, listed.kind)};
     if (!listed.description.isEmpty())
         lines << listed.description;
     const toolkit::OpenPreset opened = m_presets->Open(preset);

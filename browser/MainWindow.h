@@ -80,6 +80,8 @@ private:
 
     QAction* make(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
                   void (MainWindow::*act)());
+    void makeForPresets(QMenu* menu, const char* name, const QString& text,
+                        const QKeySequence& keys, void (MainWindow::*act)());
     void makeParts();
     void makeDocks();
     void makeToolBar();

@@ -70,23 +70,25 @@ void MainWindow::makeEditMenu()
     addStep(m_workspace.undo().createUndoAction(this, tr("&Undo")), "editUndo", QKeySequence::Undo);
     addStep(m_workspace.undo().createRedoAction(this, tr("&Redo")), "editRedo", QKeySequence::Redo);
     menu->addSeparator();
-    make(menu, "editCut", tr("Cu&t"), QKeySequence::Cut, &MainWindow::cut);
-    make(menu, "editCopy", tr("&Copy"), QKeySequence::Copy, &MainWindow::copy);
-    make(menu, "editPaste", tr("&Paste"), QKeySequence::Paste, &MainWindow::paste);
+    makeForPresets(menu, "editCut", tr("Cu&t"), QKeySequence::Cut, &MainWindow::cut);
+    makeForPresets(menu, "editCopy", tr("&Copy"), QKeySequence::Copy, &MainWindow::copy);
+    makeForPresets(menu, "editPaste", tr("&Paste"), QKeySequence::Paste, &MainWindow::paste);
     menu->addSeparator();
     m_newMenu = menu->addMenu(tr("&New"));
     connect(m_newMenu, &QMenu::aboutToShow, this, &MainWindow::fillNewMenu);
-    make(menu, "editDuplicate", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
-         &MainWindow::duplicate);
-    make(menu, "editRename", tr("Rena&me"), QKeySequence(Qt::Key_F2), &MainWindow::rename);
-    make(menu, "editDelete", tr("De&lete"), QKeySequence::Delete, &MainWindow::remove);
-    make(menu, "editUp", tr("Move U&p"), QKeySequence(Qt::ALT | Qt::Key_Up), &MainWindow::moveUp);
-    make(menu, "editDown", tr("Move Do&wn"), QKeySequence(Qt::ALT | Qt::Key_Down),
-         &MainWindow::moveDown);
-    make(menu, "editSort", tr("&Sort by Name"), QKeySequence(), &MainWindow::sort);
+    makeForPresets(menu, "editDuplicate", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
+                   &MainWindow::duplicate);
+    makeForPresets(menu, "editRename", tr("Rena&me"), QKeySequence(Qt::Key_F2),
+                   &MainWindow::rename);
+    makeForPresets(menu, "editDelete", tr("De&lete"), QKeySequence::Delete, &MainWindow::remove);
+    makeForPresets(menu, "editUp", tr("Move U&p"), QKeySequence(Qt::ALT | Qt::Key_Up),
+                   &MainWindow::moveUp);
+    makeForPresets(menu, "editDown", tr("Move Do&wn"), QKeySequence(Qt::ALT | Qt::Key_Down),
+                   &MainWindow::moveDown);
+    makeForPresets(menu, "editSort", tr("&Sort by Name"), QKeySequence(), &MainWindow::sort);
     menu->addSeparator();
-    make(menu, "editFavourite", tr("&Favourite"), QKeySequence(Qt::CTRL | Qt::Key_B),
-         &MainWindow::toggleFavourite);
+    makeForPresets(menu, "editFavourite", tr("&Favourite"), QKeySequence(Qt::CTRL | Qt::Key_B),
+                   &MainWindow::toggleFavourite);
     auto* const find = new QAction(tr("F&ind"), this);
     find->setObjectName(QStringLiteral("editFind"));
     find->setShortcut(QKeySequence::Find);
@@ -106,6 +108,16 @@ void MainWindow::makeEditMenu()
          &MainWindow::compare);
     m_applyMenu = tools->addMenu(tr("Apply &to"));
     connect(m_applyMenu, &QMenu::aboutToShow, this, &MainWindow::fillApplyMenu);
+}
+
+/// Where something else has the keyboard its keys are for that: Delete in the values, and F2.
+void MainWindow::makeForPresets(QMenu* menu, const char* name, const QString& text,
+                                const QKeySequence& keys, void (MainWindow::*act)())
+{
+    QAction* const action = make(menu, name, text, keys, act);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    m_grid->addAction(action);
+    m_tree->addAction(action);
 }
 
 void MainWindow::makeViewMenu()

@@ -4,13 +4,13 @@
 #include "Start.h"
 
 #include "MainWindow.h"
+#include "QtCompat.h"
 
 #include <rvopen/RVOpenVersion.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
-#include <QLibraryInfo>
 #include <QTranslator>
 
 #include <memory>
@@ -19,21 +19,19 @@ namespace rvopen::browser {
 
 namespace {
 
+/// What is installed last is asked first. English has its plurals there, for who has no language.
 void translate(QApplication& application)
 {
-    for (const char* const name : {"qtbase", "rvopen-browser"}) {
+    const auto install = [&application](const QLocale& locale, const char* name,
+                                        const QString& folder) {
         auto* const translator = new QTranslator(&application);
-        const QString folder = qstrcmp(name, "qtbase") == 0 ? QLibraryInfo::
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-                                                                  path
-#else
-                                                                  location
-#endif
-                                   (QLibraryInfo::TranslationsPath)
-                                                            : QStringLiteral(":/translations");
-        if (translator->load(QLocale(), QLatin1String(name), QStringLiteral("_"), folder))
+        if (translator->load(locale, QLatin1String(name), QStringLiteral("_"), folder))
             QCoreApplication::installTranslator(translator);
-    }
+    };
+    const QString own = QStringLiteral(":/translations");
+    install(QLocale(QLocale::English), "rvopen-browser", own);
+    install(QLocale(), "qtbase", folderOfQtTranslations());
+    install(QLocale(), "rvopen-browser", own);
 }
 
 } // namespace

@@ -66,10 +66,6 @@
         <translation>Vorschau</translation>
     </message>
     <message>
-        <source>Name and place</source>
-        <translation>Name und Ort</translation>
-    </message>
-    <message>
         <source>Values</source>
         <translation>Werte</translation>
     </message>

@@ -66,10 +66,6 @@
         <translation>Aperçu</translation>
     </message>
     <message>
-        <source>Name and place</source>
-        <translation>Nom et emplacement</translation>
-    </message>
-    <message>
         <source>Values</source>
         <translation>Valeurs</translation>
     </message>

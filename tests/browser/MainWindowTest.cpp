@@ -12,6 +12,7 @@
 
 #include <QAccessible>
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QGuiApplication>
@@ -215,6 +216,24 @@ TEST_F(MainWindowTest, RenamesInTheTree)
     QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_TRUE(comes([&] { return !at(*file, "//material[Latten]").isNull(); }));
     EXPECT_TRUE(comes([&] { return shown().contains("Latten"); }));
+}
+
+TEST_F(MainWindowTest, KeysInTheValuesAreForTheValues)
+{
+    EditedFile* const file = choose("Brass");
+    QApplication::setActiveWindow(&window);
+    window.details().view().setFocus();
+    window.details().view().setCurrentIndex(
+        window.details().values().index(0, widgets::ParamModel::Value));
+    const QString before = textOf(*file);
+    QTest::keyClick(&window.details().view(), Qt::Key_Delete);
+    QTest::keyClick(&window.details().view(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(textOf(*file), before);
+    QTest::keyClick(&window.details().view(), Qt::Key_F2);
+    EXPECT_FALSE(window.tree().findChild<QLineEdit*>());
+    window.grid().setFocus();
+    QTest::keyClick(&window.grid(), Qt::Key_Delete);
+    EXPECT_NE(textOf(*file), before);
 }
 
 TEST_F(MainWindowTest, NotesFavourites)
