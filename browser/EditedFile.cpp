@@ -207,6 +207,7 @@ void EditedFile::start(const QString& journals)
         presets->SetArchive(root());
         m_tree = std::move(presets);
     }
+    m_tree->SetFile(m_file);
     m_journal = std::make_unique<Journal>(m_file, dom(), journals);
     m_watch = std::make_unique<Watch>(*this);
     connect(&m_stack, &QUndoStack::cleanChanged, this, &EditedFile::changedChanged);

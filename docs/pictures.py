@@ -74,6 +74,7 @@ LAYERS = {
         toolkit/edit/TypedText toolkit/edit/Uses""",
     "Toolkit: images": """
         toolkit/images/ContactSheet toolkit/images/EmbeddedPreview toolkit/images/FileIndex
+        toolkit/images/FollowedImages
         toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
         toolkit/images/PictureLocations toolkit/images/PictureMoves
         toolkit/images/ReferencedTextures toolkit/images/TextureCollection

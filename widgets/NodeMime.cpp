@@ -22,6 +22,9 @@ namespace {
 const QString s_wrapper = QStringLiteral("rvopenNodes");
 const QString s_unitsScale = QStringLiteral("unitsScale");
 
+/// The files that the elements are from, with a NUL between them.
+const QString s_filesType = QStringLiteral("application/x-rvopen-node-files");
+
 void copyUnits(const QDomElement& from, QDomElement& to)
 {
     if (from.hasAttribute(s_unitsScale))
@@ -54,11 +57,17 @@ NodeMime::NodeMime(const QAbstractItemModel* source, const std::vector<QDomEleme
     const QString text = textOf(elements);
     setData(type(), text.toUtf8());
     setText(text);
+    QStringList paths;
     QList<QUrl> urls;
-    for (const QString& file : files)
-        urls << QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath());
+    for (const QString& file : files) {
+        paths << (file.isEmpty() ? QString() : QFileInfo(file).absoluteFilePath());
+        const QUrl url = QUrl::fromLocalFile(paths.last());
+        if (!file.isEmpty() && !urls.contains(url))
+            urls << url;
+    }
     if (!urls.isEmpty())
         setUrls(urls);
+    setData(s_filesType, paths.join(QChar(0)).toUtf8());
 }
 
 QString NodeMime::type()
@@ -74,6 +83,11 @@ const QAbstractItemModel* NodeMime::source() const
 const std::vector<QDomElement>& NodeMime::elements() const
 {
     return m_elements;
+}
+
+QStringList NodeMime::filesOf(const QMimeData& data)
+{
+    return QString::fromUtf8(data.data(s_filesType)).split(QChar(0));
 }
 
 std::vector<QDomElement> NodeMime::read(const QMimeData& data, QDomDocument& document)

@@ -22,9 +22,10 @@ class NodeMime : public QMimeData {
     Q_OBJECT
 
 public:
-    /// With the elements goes where they are from: \p files, as far as that is known.
+    /// With the elements goes where they are from: \p files has for each its file, empty where that
+    /// is not known.
     NodeMime(const QAbstractItemModel* source, const std::vector<QDomElement>& elements,
-             const QStringList& files = {});
+             const QStringList& files);
 
     static QString type();
 
@@ -33,6 +34,8 @@ public:
     /// In the model.
     const std::vector<QDomElement>& elements() const;
 
+    /// Of each of read() the file that it is from; fewer where that is not known.
+    static QStringList filesOf(const QMimeData& data);
     /// The elements that somebody gives away, of which nothing is known but that they can be read;
     /// their document is in \p document.
     static std::vector<QDomElement> read(const QMimeData& data, QDomDocument& document);

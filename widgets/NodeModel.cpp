@@ -12,6 +12,7 @@
 #include <rvopen/host/Owned.h>
 #include <rvopen/toolkit/edit/Arriving.h>
 #include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/images/FollowedImages.h>
 
 #include <QStringList>
 
@@ -64,6 +65,16 @@ NodeModel::NodeModel(QObject* parent)
 }
 
 NodeModel::~NodeModel() = default;
+
+void NodeModel::SetFile(const QString& file)
+{
+    m_file = file;
+}
+
+QString NodeModel::File() const
+{
+    return m_file;
+}
 
 QDomElement NodeModel::Root() const
 {
@@ -244,7 +255,10 @@ QMimeData* NodeModel::mimeData(const QModelIndexList& indexes) const
             }))
             outermost.push_back(element);
     }
-    return new NodeMime(this, outermost);
+    QStringList files;
+    for (std::size_t i = 0; i < outermost.size(); ++i)
+        files << m_file;
+    return new NodeMime(this, outermost, files);
 }
 
 bool NodeModel::canDropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int /*row*/,
@@ -287,14 +301,20 @@ bool NodeModel::dropMimeData(const QMimeData* data, Qt::DropAction action, int r
         before = index(before.row() - 1, 0, parent);
     QDomElement behind = before.isValid() ? Element(before) : QDomElement();
 
+    const QStringList files = NodeMime::filesOf(*data);
     const RVOpenBlock block;
-    for (const QDomElement& element : elements) {
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const QDomElement& element = elements[i];
         host::Owned<> node;
         if (isMove) {
             RVOpenNode* const from = nodeOf(element.parentNode().toElement());
             node = host::detach(from, nodeOf(element));
         } else {
-            node.reset(RVOpenSchema::createNode(CopyFor(element, shelf)));
+            const QDomElement copy = CopyFor(element, shelf);
+            const QString from = files.value(int(i));
+            if (!from.isEmpty() && !m_file.isEmpty())
+                FollowImages(copy, from, m_file);
+            node.reset(RVOpenSchema::createNode(copy));
         }
         if (!node)
             return false;

@@ -55,6 +55,16 @@ public:
 
     ~NodeModel() override;
 
+    /// \name The file
+    /// @{
+
+    /// Which the document is or will be written to; empty at first, where that is not known. What
+    /// is dropped from another file refers to the same images then, and so does what is dragged.
+    void SetFile(const QString& file);
+    /// As it was set.
+    QString File() const;
+    /// @}
+
     /// \name Elements
     /// @{
 
@@ -142,6 +152,7 @@ private:
     RVOpenNode* nodeOf(const QDomElement& element) const;
 
     std::unique_ptr<NodeRows> m_rows;
+    QString m_file;
 };
 
 } // namespace widgets

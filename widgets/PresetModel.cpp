@@ -204,7 +204,6 @@ QMimeData* PresetModel::mimeData(const QModelIndexList& indexes) const
         elements.push_back(preset);
         files << Preset(index).file;
     }
-    files.removeDuplicates();
     return new NodeMime(this, elements, files);
 }
 

@@ -115,6 +115,35 @@ TEST_F(EditsTest, PastesWhereItMayStand)
     EXPECT_FALSE(edits::paste(*m_file, nothing, at("/materials")));
 }
 
+TEST_F(EditsTest, WhatComesFromAnotherFolderRefersToTheSameImages)
+{
+    const QByteArray textured = sampleArchive().replace(
+        "<material name='Copper' refname='m.copper' cat='Polished'/>",
+        "<material name='Copper' refname='m.copper'><colour><map><param name='Texture' "
+        "type='string' val='images\\copper.png'/></map></colour></material>");
+    paint("other/images/copper.png", qRgb(200, 100, 50));
+    const auto other = open(write("other/b.rvx", textured));
+    widgets::NodeModel& model = other->tree();
+    const std::unique_ptr<QMimeData> copper(
+        model.mimeData({model.Fetch(BrowserTest::at(*other, "//material[Copper]"))}));
+    // As another program has it, which gets texts alone.
+    QMimeData sent;
+    for (const QString& format : copper->formats())
+        sent.setData(format, copper->data(format));
+    const QMimeData* const given[] = {copper.get(), &sent};
+    for (const QMimeData* const data : given) {
+        const QDomElement woods = at("/materials/dir[Woods]");
+        ASSERT_TRUE(edits::paste(*m_file, *data, woods));
+        const QDomElement param =
+            woods.lastChildElement().firstChildElement().firstChildElement().firstChildElement();
+        EXPECT_EQ(param.attribute("val"), "other\\images\\copper.png");
+    }
+    EXPECT_TRUE(edits::paste(*other, *copper, BrowserTest::at(*other, "/materials/dir[Woods]")));
+    EXPECT_EQ(
+        BrowserTest::at(*other, "/materials/dir[Woods]/material/colour/map:Texture").attribute("val"),
+        "images\\copper.png");
+}
+
 TEST_F(EditsTest, SortsFoldersFirstThenNamesInAnyCase)
 {
     const QDomElement metals = at("/materials/dir[Metals]");
