@@ -139,9 +139,9 @@ TEST_F(EditsTest, WhatComesFromAnotherFolderRefersToTheSameImages)
         EXPECT_EQ(param.attribute("val"), "other\\images\\copper.png");
     }
     EXPECT_TRUE(edits::paste(*other, *copper, BrowserTest::at(*other, "/materials/dir[Woods]")));
-    EXPECT_EQ(
-        BrowserTest::at(*other, "/materials/dir[Woods]/material/colour/map:Texture").attribute("val"),
-        "images\\copper.png");
+    EXPECT_EQ(BrowserTest::at(*other, "/materials/dir[Woods]/material/colour/map:Texture")
+                  .attribute("val"),
+              "images\\copper.png");
 }
 
 TEST_F(EditsTest, SortsFoldersFirstThenNamesInAnyCase)

@@ -107,6 +107,8 @@ class Browser:
     def __init__(self, *paths):
         self.process = subprocess.Popen([BROWSER, *map(str, paths)])
         self.window = wait(self.find_window, "the window")
+        subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--pid",
+                        str(self.process.pid)], check=True, stdout=subprocess.DEVNULL, timeout=20)
         wait(lambda: self.status().split(" ")[0] not in ("", "0"), "presets")
         time.sleep(0.5)
 
@@ -216,19 +218,26 @@ class Tasks:
         time.sleep(0.3)
 
     def alike(self, name):
-        file = self.screen.picture(name)
         reference = PICTURES / f"{name}.png"
         if KEEP:
+            file = self.screen.picture(name)
             subprocess.run(["convert", file, "-resize", "{}x{}!".format(*SMALL), "-colorspace", "Gray",
                             "-strip", KEEP / f"small-{name}.png"], check=True)
         if KEEP and not reference.exists():
             return
         if not reference.exists():
             raise Gone(f"there is no {reference.name} to compare with")
-        now, wanted = points(file, SMALL), points(reference, SMALL)
-        difference = sum(abs(a - b) for a, b in zip(now, wanted)) / len(wanted)
-        if difference > ALIKE:
-            raise Gone(f"{name} looks otherwise: by {difference:.1f}")
+        wanted = points(reference, SMALL)
+        difference = 0
+
+        def is_alike():
+            nonlocal difference
+            now = points(self.screen.picture(name), SMALL)
+            difference = sum(abs(a - b) for a, b in zip(now, wanted)) / len(wanted)
+            return difference <= ALIKE
+
+        # Pictures are drawn while one looks.
+        wait(is_alike, lambda: f"{name} looks otherwise: by {difference:.1f}")
 
     def saved(self, file, text):
         wait(lambda: text in file.read_text(encoding="utf-8"), f"{text} in {file.name}")
