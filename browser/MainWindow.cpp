@@ -8,6 +8,7 @@
 #include "Grid.h"
 #include "MessageLine.h"
 #include "Sidebar.h"
+#include "SnapShotStrip.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -66,6 +67,7 @@ MainWindow::MainWindow(Workspace& workspace, QWidget* parent)
 
 MainWindow::~MainWindow()
 {
+    m_strip->showFile(nullptr);
     m_tree->setModel(nullptr);
 }
 
@@ -118,6 +120,11 @@ QLineEdit& MainWindow::search()
 QTreeView& MainWindow::tree()
 {
     return *m_tree;
+}
+
+SnapShotStrip& MainWindow::strip()
+{
+    return *m_strip;
 }
 
 QAction* MainWindow::action(const char* name) const
@@ -200,6 +207,7 @@ void MainWindow::makeParts()
     m_sidebar = new Sidebar(m_workspace);
     m_details = new Details(m_workspace);
     m_findings = new Findings(m_workspace);
+    m_strip = new SnapShotStrip(m_workspace.thumbnails());
     m_tree = new QTreeView;
     m_tree->setDragDropMode(QAbstractItemView::DragDrop);
     m_tree->setDefaultDropAction(Qt::MoveAction);
@@ -236,6 +244,10 @@ void MainWindow::makeDocks()
         add("detailsDock", tr("Preset"), m_details, Qt::RightDockWidgetArea);
     QDockWidget* const findings =
         add("findingsDock", tr("Findings"), m_findings, Qt::BottomDockWidgetArea);
+    m_stripDock = add("snapshotsDock", tr("Snapshots"), m_strip, Qt::TopDockWidgetArea);
+    m_stripDock->hide();
+    setCorner(Qt::TopLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::TopRightCorner, Qt::RightDockWidgetArea);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     resizeDocks({m_treeDock, details}, {250, 360}, Qt::Horizontal);
@@ -279,7 +291,10 @@ void MainWindow::follow()
     connect(&m_checkTimer, &QTimer::timeout, this, &MainWindow::checkCurrent);
     connect(m_search, &QLineEdit::textChanged, this, &MainWindow::searchNow);
     connect(m_search, &QLineEdit::returnPressed, m_grid, qOverload<>(&QWidget::setFocus));
-    connect(m_sidebar, &Sidebar::queryChanged, this, &MainWindow::searchNow);
+    connect(m_sidebar, &Sidebar::queryChanged, this, [this] {
+        searchNow();
+        update();
+    });
     connect(m_sidebar, &Sidebar::fileActivated, this, [this](const QString& file) {
         if (EditedFile* const edited = m_workspace.edit(file))
             showTree(edited);
@@ -299,6 +314,10 @@ void MainWindow::follow()
     connect(m_grid, &QListView::activated, this, [this] { openForEditing(true); });
     connect(m_details, &Details::editWanted, this, [this] { openForEditing(true); });
     connect(m_details, &Details::refused, this, &MainWindow::say);
+    connect(m_strip, &SnapShotStrip::chosen, this, [this](const QDomElement& snapShot) {
+        if (m_treeFile)
+            m_details->showElement(*m_treeFile, snapShot);
+    });
     connect(m_findings, &Findings::chosen, this, &MainWindow::showInFile);
     const auto showBusy = [this] {
         const bool isBusy = m_workspace.isScanning() || m_findings->isRunning();
@@ -323,6 +342,8 @@ void MainWindow::follow()
     connect(&m_workspace, &Workspace::fileClosed, this, [this] {
         if (!m_workspace.edited(m_treeDock->property("file").toString())) {
             m_tree->setModel(nullptr);
+            m_strip->showFile(nullptr);
+            m_stripDock->hide();
             m_treeFile = nullptr;
             m_details->showNothing();
         }
@@ -341,7 +362,8 @@ void MainWindow::update()
     action("fileSave")->setEnabled(m_treeFile && m_treeFile->isChanged());
     action("fileSaveAll")->setEnabled(changed > 0);
     action("fileClose")->setEnabled(m_treeFile);
-    action("toolsCompare")->setEnabled(chosenPresets().size() == 2);
+    action("toolsCompare")
+        ->setEnabled(chosenPresets().size() == 2 || m_sidebar->selectedFiles().size() == 2);
 }
 
 void MainWindow::say(const QString& text)
@@ -394,6 +416,8 @@ void MainWindow::showTree(EditedFile* file)
     m_tree->setModel(&file->tree());
     m_tree->hideColumn(widgets::NodeModel::Kind);
     m_tree->expandToDepth(0);
+    m_strip->showFile(file);
+    m_stripDock->setVisible(file->kind() == toolkit::DocumentKind::SnapShots);
     m_workspace.undo().setActiveStack(&file->stack());
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {

@@ -30,6 +30,7 @@ class Findings;
 class Grid;
 class MessageLine;
 class Sidebar;
+class SnapShotStrip;
 
 /// The window: filters, pictures to choose from, the preset that is chosen with its values, and
 /// what is to be said of its file.
@@ -52,6 +53,7 @@ public:
     MessageLine& messages();
     QLineEdit& search();
     QTreeView& tree();
+    SnapShotStrip& strip();
     /// By its name, "fileSave"; null for none.
     QAction* action(const char* name) const;
     /// @}
@@ -136,6 +138,7 @@ private:
     void checkCurrent();
     void checkAll();
     void compare();
+    void compareFiles(const QStringList& files);
     void fillApplyMenu();
     void apply(const QString& document, const QString& path);
     void pickColour();
@@ -149,6 +152,8 @@ private:
     Grid* m_grid = nullptr;
     QTreeView* m_tree = nullptr;
     QDockWidget* m_treeDock = nullptr;
+    SnapShotStrip* m_strip = nullptr;
+    QDockWidget* m_stripDock = nullptr;
     Details* m_details = nullptr;
     Findings* m_findings = nullptr;
     MessageLine* m_messages = nullptr;

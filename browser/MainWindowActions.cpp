@@ -14,7 +14,9 @@
 #include "MessageLine.h"
 #include "Sidebar.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenVersion.h>
+#include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QAction>
@@ -417,6 +419,9 @@ void MainWindow::checkAll()
 
 void MainWindow::compare()
 {
+    const QStringList files = m_sidebar->selectedFiles();
+    if (chosenPresets().size() != 2 && files.size() == 2)
+        return compareFiles(files);
     QVector<CompareWindow::Side> sides;
     for (const QModelIndex& row : m_grid->selectedPresets()) {
         const toolkit::ListedPreset preset = m_workspace.presets().Preset(row);
@@ -426,6 +431,21 @@ void MainWindow::compare()
     }
     if (sides.size() == 2)
         (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
+}
+
+/// Whole documents, as they are here where they are open.
+void MainWindow::compareFiles(const QStringList& files)
+{
+    QVector<CompareWindow::Side> sides;
+    for (const QString& file : files) {
+        const EditedFile* const edited = m_workspace.edited(file);
+        const toolkit::Load load = edited ? toolkit::Load() : toolkit::LoadDocument(file);
+        if (!edited && !load)
+            return say(QStringLiteral("%1: %2").arg(file, load.error.message));
+        const QDomDocument document = edited ? edited->dom() : load.document->Dom();
+        sides.append({file, document, document.documentElement(), LastPathComponent(file)});
+    }
+    (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
 }
 
 /// The snapshots of the documents that are open, and in them what the preset can become.

@@ -105,6 +105,16 @@ QString Sidebar::currentFile() const
     return currentIndex().data(FileRole).toString();
 }
 
+QStringList Sidebar::selectedFiles() const
+{
+    QStringList files;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        if (index.data(GroupRole) == File)
+            files.append(index.data(ValueRole).toString());
+    }
+    return files;
+}
+
 void Sidebar::showFile(const QString& file)
 {
     if (QStandardItem* const item = find(File, file))

@@ -25,6 +25,8 @@ public:
     toolkit::CatalogueQuery query() const;
     /// The file that the current row is, or is in; empty for none.
     QString currentFile() const;
+    /// The archives and documents that are selected themselves.
+    QStringList selectedFiles() const;
     /// Has the row of that file selected, if there is one.
     void showFile(const QString& file);
     void showEverything();

@@ -94,7 +94,7 @@ Q_SIGNALS:
     /// What presets there are was counted.
     void facetsChanged();
     void fileOpened(rvopen::browser::EditedFile* file);
-    /// It is gone when this is told.
+    /// It is none of those that are open any more, and goes next.
     void fileClosed(const QString& file);
     void fileEdited(rvopen::browser::EditedFile* file);
     /// It has to be saved, or has been.

@@ -118,7 +118,7 @@ LAYERS = {
         browser/EditedFile browser/Edits browser/Facets browser/Findings browser/Grid
         browser/GridModel
         browser/Journal browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
-        browser/Memory browser/MessageLine browser/PictureExport browser/QtCompat browser/Sidebar browser/Start
+        browser/Memory browser/MessageLine browser/PictureExport browser/QtCompat browser/Sidebar browser/SnapShotStrip browser/Start
         browser/Workspace browser/main""",
 }
 

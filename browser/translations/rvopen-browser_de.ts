@@ -499,6 +499,10 @@
             <numerusform>%n Bilder wurden geschrieben</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Aufnahmen</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>
@@ -548,6 +552,13 @@
     <message>
         <source>Files</source>
         <translation>Dateien</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::SnapShotStrip</name>
+    <message>
+        <source>Snapshots</source>
+        <translation>Aufnahmen</translation>
     </message>
 </context>
 <context>

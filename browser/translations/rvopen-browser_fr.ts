@@ -499,6 +499,10 @@
             <numerusform>%n images ont été écrites</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Snapshots</source>
+        <translation>Vues</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>
@@ -548,6 +552,13 @@
     <message>
         <source>Files</source>
         <translation>Fichiers</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::SnapShotStrip</name>
+    <message>
+        <source>Snapshots</source>
+        <translation>Vues</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include "Grid.h"
 #include "MessageLine.h"
 #include "Sidebar.h"
+#include "SnapShotStrip.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -279,6 +280,47 @@ TEST_F(MainWindowTest, ComparesTwoPresets)
     auto* const compared = window.findChild<CompareWindow*>();
     ASSERT_TRUE(compared);
     EXPECT_EQ(compared->differences(), 2);
+}
+
+TEST_F(MainWindowTest, ComparesTwoFiles)
+{
+    QItemSelectionModel* const selection = window.sidebar().selectionModel();
+    window.sidebar().showFile(path("archives/a.rvx"));
+    const QModelIndex first = window.sidebar().currentIndex();
+    window.sidebar().showFile(path("archives/b.rvx"));
+    selection->select(first, QItemSelectionModel::Select);
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::remove(*file, {at(*file, "/colours/colour[Red]")});
+    trigger("toolsCompare");
+    auto* const compared = window.findChild<CompareWindow*>();
+    ASSERT_TRUE(compared);
+    // Brass is Bronze in the other, with another reference name, and there is no red.
+    EXPECT_EQ(compared->differences(), 3);
+}
+
+TEST_F(MainWindowTest, ShowsTheSnapshotsOfADocumentWithTheirCameras)
+{
+    SnapShotStrip& strip = window.strip();
+    EXPECT_FALSE(strip.isVisible());
+    EditedFile* const file = choose("One");
+    EXPECT_TRUE(strip.isVisible());
+    const QAbstractItemModel& model = *strip.model();
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(model.columnCount(), 1);
+    EXPECT_EQ(model.index(0, 0).data().toString(), "One\nFront");
+    EXPECT_EQ(model.index(1, 0).data().toString(), "Two");
+    EXPECT_FALSE(model.index(0, 0).data(Qt::DecorationRole).isNull());
+    strip.setCurrentIndex(model.index(1, 0));
+    EXPECT_EQ(window.details().element().attribute("name"), "Two");
+    // As a drag in front of the first does it.
+    const std::unique_ptr<QMimeData> data(model.mimeData({model.index(1, 0)}));
+    ASSERT_TRUE(model.canDropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex()));
+    strip.model()->dropMimeData(data.get(), Qt::MoveAction, 0, 0, QModelIndex());
+    EXPECT_EQ(namesIn(at(*file, "/snapshots")), (QStringList{"Two", "One"}));
+    EXPECT_EQ(model.index(0, 0).data().toString(), "Two");
+    choose("Brass");
+    EXPECT_FALSE(strip.isVisible());
+    workspace.closeFile(file->file());
 }
 
 TEST_F(MainWindowTest, AsksInALineBeforeItCloses)

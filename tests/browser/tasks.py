@@ -257,6 +257,18 @@ class Tasks:
         self.choose("Clay tiles", "clay t")
         time.sleep(2)
         self.alike("chosen")
+        # Whatever the keyboard comes to says what it is.
+        met = set()
+        for node in walk(self.browser.window):
+            states = node.get_state_set()
+            if states.contains(Atspi.StateType.FOCUSABLE) and is_seen(node) and not node.get_name() \
+                    and not node.get_role_name().startswith("table"):
+                raise Gone(f"a {node.get_role_name()} without a name")
+            if states.contains(Atspi.StateType.FOCUSABLE) and is_seen(node):
+                met.add(node.get_name())
+        wanted = {"Search", "Filters", "Presets", "Values", "Findings", "Size of the pictures"}
+        if not wanted <= met:
+            raise Gone(f"the keyboard does not come to {wanted - met}")
 
     def task_04_edit_a_value_with_keys(self):
         key("Return")
