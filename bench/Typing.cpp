@@ -1,28 +1,25 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-// What a person waits for who types into the search of a list of presets: typing <archive>...
-// A grid with pictures is shown on the offscreen platform, words are typed letter by letter and
-// taken back, and each letter is timed until the window has drawn what was found. Prints the times
-// of all letters, and until the first pictures were there.
+// What a person waits for who types into the search of rvopen-browser: typing <path>...
+// The window is shown on the offscreen platform, words are typed letter by letter and taken back,
+// and each letter is timed until the window has drawn what was found; what it leaves for later is
+// timed by itself, since the next letter waits for that. Prints the times of all letters, and until
+// the first pictures were there.
 
-#include <rvopen/toolkit/catalogue/Catalogue.h>
-#include <rvopen/widgets/PresetFilter.h>
-#include <rvopen/widgets/PresetModel.h>
-#include <rvopen/widgets/Thumbnails.h>
+#include "MainWindow.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QListView>
+#include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTextStream>
 
 #include <algorithm>
-#include <memory>
 #include <vector>
 
 using namespace rvopen;
-using namespace rvopen::widgets;
 
 namespace {
 
@@ -31,57 +28,62 @@ double milliseconds(const QElapsedTimer& timer)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
+void print(QTextStream& out, const char* what, std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    out << times.size() << ' ' << what << ": median " << times[times.size() / 2]
+        << " ms, the longest " << times.back() << " ms\n";
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    QElapsedTimer timer;
+    timer.start();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     QTextStream out(stdout);
-    QStringList files;
+    QStringList paths;
     for (int i = 1; i < argc; ++i)
-        files << QFile::decodeName(argv[i]);
+        paths << QFile::decodeName(argv[i]);
 
-    QElapsedTimer timer;
-    timer.start();
-    const auto catalogue = std::make_shared<const toolkit::Catalogue>(files);
-    out << catalogue->Count() << " presets; their catalogue after " << milliseconds(timer)
-        << " ms\n";
-    Thumbnails thumbnails;
-    PresetModel model;
-    model.SetThumbnails(&thumbnails);
-    model.SetCatalogue(catalogue);
-    PresetFilter filter;
-    filter.setSourceModel(&model);
-    QListView view;
-    view.setModel(&filter);
-    view.setViewMode(QListView::IconMode);
-    view.setGridSize({128, 136});
-    view.setIconSize({96, 96});
-    view.setUniformItemSizes(true);
-    view.resize(900, 700);
-    view.show();
+    const QTemporaryDir folder;
+    browser::Memory memory(folder.filePath(QStringLiteral("settings.ini")));
+    browser::Workspace workspace(memory, folder.filePath(QStringLiteral("journal")));
+    browser::MainWindow window(workspace);
+    window.show();
+    out << "the window after " << milliseconds(timer) << " ms\n";
     bool hasPicture = false;
-    QObject::connect(&thumbnails, &Thumbnails::PresetChanged, &view, [&] { hasPicture = true; });
+    QObject::connect(&workspace.thumbnails(), &widgets::Thumbnails::PresetChanged, &window,
+                     [&] { hasPicture = true; });
+    workspace.open(paths);
     while (!hasPicture)
         QCoreApplication::processEvents();
-    view.grab();
-    out << "the first picture after " << milliseconds(timer) << " ms\n";
+    window.grab();
+    out << "the first picture of " << workspace.presets().rowCount() << " presets after "
+        << milliseconds(timer) << " ms\n";
+    while (workspace.isScanning() || workspace.thumbnails().Waiting() > 0)
+        QCoreApplication::processEvents();
 
-    std::vector<double> times;
+    std::vector<double> letters;
+    std::vector<double> rests;
     for (const char* const word : {"brass", "dark oak", "z", "new copper 12", "light"}) {
         const QString text = QString::fromLatin1(word);
         for (int i = 1; i < 2 * text.size(); ++i) {
             const QString typed = text.left(i <= text.size() ? i : 2 * text.size() - i);
             timer.restart();
-            filter.SetWords(typed);
-            view.grab();
-            times.push_back(milliseconds(timer));
+            window.search().setText(typed);
+            window.grab();
+            letters.push_back(milliseconds(timer));
+            timer.restart();
+            QCoreApplication::processEvents();
+            rests.push_back(milliseconds(timer));
         }
-        filter.SetWords(QString());
+        window.search().clear();
+        QCoreApplication::processEvents();
     }
-    std::sort(times.begin(), times.end());
-    out << times.size() << " letters: median " << times[times.size() / 2] << " ms, the longest "
-        << times.back() << " ms\n";
+    print(out, "letters", letters);
+    print(out, "rests", rests);
     return 0;
 }
