@@ -8,11 +8,11 @@
 #include "Session.h"
 #include "Target.h"
 #include "toolkit/edit/Labels.h"
-#include "toolkit/edit/Sorting.h"
 #include "toolkit/edit/Things.h"
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/Sorting.h>
 
 namespace rvopen::command {
 
@@ -66,7 +66,7 @@ public:
                                                               : SortBy::Name;
         EditReport report;
         for (const PathPattern::Match& shelf : shelves(*document)) {
-            const bool isChanged = sortShelf(
+            const bool isChanged = SortShelf(
                 shelf.element, by, m_isReverse ? SortOrder::Descending : SortOrder::Ascending);
             if (isChanged)
                 report.edits.append({shelf.path, shelf.element.tagName(), QStringLiteral("sorted"),

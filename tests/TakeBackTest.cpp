@@ -37,6 +37,11 @@ struct Objects {
         return nullptr;
     }
 
+    std::function<bool(const RVOpenChange&)> takeBack() const
+    {
+        return [this](const RVOpenChange& change) { return change.TakeBack(root.get()); };
+    }
+
     mutable QDomDocument document;
     std::unique_ptr<RVOpenNode> root;
 };
@@ -219,9 +224,7 @@ TEST(TakeBack, PutsTheObjectBackThatWasTakenOut)
     objects.root->InsertNode(fresh, 1);
     RVOpenNode* const below = fresh->GetChild(1, 0);
     std::vector<RVOpenChange> changes = observer.changes;
-    const auto takeBack = [&](const RVOpenChange& change) {
-        return change.TakeBack(objects.root.get());
-    };
+    const auto takeBack = objects.takeBack();
     for (int i = 0; i < 3; ++i) {
         changes = takeAllBack(takeAllBack(changes, takeBack), takeBack);
         EXPECT_EQ(objects.child("n"), fresh);
@@ -236,9 +239,7 @@ TEST(TakeBack, PutsTheObjectBackThatMovedToAnotherNode)
     RVOpenNode* const moved = objects.child("q");
     RecordingObserver observer(objects.document);
     objects.child("p")->AddNode(moved, true);
-    const auto takeBack = [&](const RVOpenChange& change) {
-        return change.TakeBack(objects.root.get());
-    };
+    const auto takeBack = objects.takeBack();
     const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
     EXPECT_EQ(objects.child("q"), moved);
     EXPECT_EQ(childNames(objects.root.get()), (QStringList{"p", "q", "#text", "r"}));
@@ -255,9 +256,7 @@ TEST(TakeBack, KeepsTheObjectsOfWhatIsOutInStep)
     RecordingObserver observer(objects.document);
     RVOpenNode* const fresh = bind(objects.document.createElement("n")).release();
     objects.root->AddNode(fresh, true);
-    const auto takeBack = [&](const RVOpenChange& change) {
-        return change.TakeBack(objects.root.get());
-    };
+    const auto takeBack = objects.takeBack();
     const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
     observer.changes.clear();
     fresh->AddNode(bind(objects.document.createElement("m")).release(), true);
@@ -278,9 +277,7 @@ TEST(TakeBack, MakesANewObjectWhereTheOldOneIsBehind)
     fresh->AddNode(bind(objects.document.createElement("m")).release(), true);
     observer.changes.clear();
     objects.root->InsertNode(fresh, 1);
-    const auto takeBack = [&](const RVOpenChange& change) {
-        return change.TakeBack(objects.root.get());
-    };
+    const auto takeBack = objects.takeBack();
     const std::vector<RVOpenChange> back = takeAllBack(observer.changes, takeBack);
     QDomNode element = fresh->GetDomNode();
     element.insertBefore(objects.document.createElement("raw"), element.firstChild());

@@ -129,6 +129,7 @@ public:
     Placing(QVector<Finding>& findings, const QByteArray& bytes)
         : m_findings(findings)
         , m_tags(bytes)
+        , m_hasText(!bytes.isEmpty())
     {
     }
 
@@ -150,6 +151,8 @@ private:
         for (; !isDone() && m_findings[m_next].ordinal == m_ordinal; ++m_next) {
             Finding& finding = m_findings[m_next];
             finding.path = path;
+            if (!m_hasText)
+                continue;
             finding.line = m_tags.line();
             finding.column = m_tags.column();
         }
@@ -169,6 +172,7 @@ private:
 
     QVector<Finding>& m_findings;
     StartTags m_tags;
+    bool m_hasText; ///< Otherwise lines are not known.
     int m_next = 0;
     int m_ordinal = 0;
 };

@@ -11,7 +11,7 @@ class Document;
 struct Finding;
 
 /// Gives findings in document order the place of their element's start tag in the file, and its
-/// path.
+/// path; of a document in memory the path alone.
 void givePlaces(QVector<Finding>& findings, const Document& document);
 
 } // namespace rvopen::toolkit

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "Sorting.h"
+#include <rvopen/toolkit/edit/Sorting.h>
 
 #include "Labels.h"
 #include "Things.h"
@@ -43,7 +43,7 @@ QString keyFor(const QDomElement& element, SortBy by)
 
 } // namespace
 
-bool sortShelf(QDomElement shelf, SortBy by, SortOrder order)
+bool SortShelf(QDomElement shelf, SortBy by, SortOrder order)
 {
     QVector<Group> groups;
     for (QDomElement child = shelf.firstChildElement(); !child.isNull();

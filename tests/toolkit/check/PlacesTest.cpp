@@ -88,4 +88,24 @@ INSTANTIATE_TEST_SUITE_P(
         PlaceCase{"UTF-16 of either order", utf16("<r>\n<a/></r>", false), "1 2:1 a"},
         PlaceCase{"UTF-16 with the high byte first", utf16("<r>\n<a/></r>", true), "1 2:1 a"}));
 
+/// The file has something else, or nothing.
+TEST_F(InAFolder, FindingsInMemoryHavePathsAndNoLines)
+{
+    const QString file = write("a.rvx", "<presets>\n\n<materials>");
+    QDomDocument dom;
+    dom.setContent(QByteArray("<presets><colours><lens name='x'/></colours></presets>"));
+    const auto document = toolkit::Document::Of(file, dom);
+    EXPECT_TRUE(document->IsInMemory());
+    EXPECT_EQ(document->Kind(), toolkit::DocumentKind::Archive);
+    EXPECT_EQ(document->Folder(), m_folder.path());
+    const QVector<Finding> findings = Inspect(*document);
+    ASSERT_FALSE(findings.isEmpty());
+    for (const Finding& finding : findings) {
+        EXPECT_EQ(finding.line, 0) << finding.message.toStdString();
+        EXPECT_EQ(finding.file, file);
+    }
+    EXPECT_TRUE(findings.first().path.startsWith("colours"));
+    EXPECT_FALSE(read("<presets/>")->IsInMemory());
+}
+
 } // namespace rvopen::test

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "toolkit/edit/Sorting.h"
+#include <rvopen/toolkit/edit/Sorting.h>
 
 #include "../Parts.h"
 
@@ -11,13 +11,13 @@ namespace {
 
 using toolkit::SortBy;
 using toolkit::SortOrder;
-using toolkit::sortShelf;
+using toolkit::SortShelf;
 
 /// What the children of the root are told by afterwards, comments by their text.
 std::string sorted(const char* xml, SortBy by, SortOrder order = SortOrder::Ascending)
 {
     const QDomDocument document = parsed(xml);
-    sortShelf(document.documentElement(), by, order);
+    SortShelf(document.documentElement(), by, order);
     QStringList names;
     for (QDomNode node = document.documentElement().firstChild(); !node.isNull();
          node = node.nextSibling()) {
@@ -67,8 +67,8 @@ TEST(Sorting, LeavesCommentsBeforeWhatFollowsThem)
 TEST(Sorting, TellsWhetherAnythingMoved)
 {
     const QDomDocument document = parsed("<a><x name='b'/><x name='a'/></a>");
-    EXPECT_TRUE(sortShelf(document.documentElement(), SortBy::Name, SortOrder::Ascending));
-    EXPECT_FALSE(sortShelf(document.documentElement(), SortBy::Name, SortOrder::Ascending));
+    EXPECT_TRUE(SortShelf(document.documentElement(), SortBy::Name, SortOrder::Ascending));
+    EXPECT_FALSE(SortShelf(document.documentElement(), SortBy::Name, SortOrder::Ascending));
 }
 
 } // namespace rvopen::test
