@@ -3,7 +3,6 @@
 
 #include "Applying.h"
 
-#include "Becoming.h"
 #include "EditedFile.h"
 
 #include <rvopen/toolkit/edit/Arriving.h>
@@ -47,7 +46,7 @@ QVector<ApplyTarget> applyTargets(const EditedFile& file, const QString& kind)
 
 bool applyPreset(const QDomElement& preset, EditedFile& file, const QString& path)
 {
-    const QDomDocument copy = file.dom().cloneNode(true).toDocument();
+    const QDomDocument copy = file.copy();
     const QVector<PathPattern::Match> found =
         PathPattern(QLatin1Char('/') + path).Find(copy.documentElement());
     if (found.isEmpty())
@@ -76,9 +75,8 @@ bool applyPreset(const QDomElement& preset, EditedFile& file, const QString& pat
         shelf.appendChild(applied);
     else
         shelf.insertBefore(applied, behind);
-    const widgets::UndoRecorder::Step step(file.recorder(), EditedFile::tr("Apply"));
-    return becomeAs(copy, file.dom(),
-                    [&file](const RVOpenChange& change) { return file.takeBack(change); });
+    return file.become(copy.documentElement(), file.dom().documentElement(),
+                       EditedFile::tr("Apply"));
 }
 
 } // namespace rvopen::browser

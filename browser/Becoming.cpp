@@ -14,8 +14,6 @@ namespace rvopen::browser {
 
 namespace {
 
-using TakeBack = std::function<bool(const RVOpenChange&)>;
-
 /// The same attributes, whatever their order.
 QString attributesOf(const QDomNode& node)
 {
@@ -112,7 +110,8 @@ private:
                 continue;
             if (at > i) {
                 const QDomNode moved = now.nodes[at];
-                if (!remove(moved) || !insert(node, moved, previous))
+                if (!removeNode(moved, m_takeBack) ||
+                    !insertNode(node, moved, previous, m_takeBack))
                     return false;
                 now.nodes.remove(at);
                 now.texts.remove(at);
@@ -128,13 +127,13 @@ private:
                 continue;
             }
             const QDomNode copy = m_document.importNode(target.nodes[i], true);
-            if (!insert(node, copy, previous))
+            if (!insertNode(node, copy, previous, m_takeBack))
                 return false;
             now.nodes.insert(i, copy);
             now.texts.insert(i, text);
         }
         while (now.nodes.size() > target.nodes.size()) {
-            if (!remove(now.nodes.takeLast()))
+            if (!removeNode(now.nodes.takeLast(), m_takeBack))
                 return false;
         }
         return true;
@@ -146,38 +145,38 @@ private:
         return a.isElement() && b.isElement() && a.nodeName() == b.nodeName();
     }
 
-    bool remove(const QDomNode& node)
-    {
-        RVOpenChange change;
-        change.kind = RVOpenChange::ChildInserted;
-        change.document = m_document;
-        change.node = node;
-        change.parent = node.parentNode();
-        change.previous = node.previousSibling();
-        return m_takeBack(change);
-    }
-
-    bool insert(const QDomNode& parent, const QDomNode& node, const QDomNode& previous)
-    {
-        RVOpenChange change;
-        change.kind = RVOpenChange::ChildRemoved;
-        change.document = m_document;
-        change.node = node;
-        change.parent = parent;
-        change.previous = previous;
-        return m_takeBack(change);
-    }
-
     QDomDocument m_document;
     const TakeBack& m_takeBack;
 };
 
 } // namespace
 
-bool becomeAs(const QDomDocument& wanted, const QDomDocument& document, const TakeBack& takeBack)
+bool insertNode(const QDomNode& parent, const QDomNode& node, const QDomNode& previous,
+                const TakeBack& takeBack)
 {
-    return Becoming(document, takeBack)
-        .become(wanted.documentElement(), document.documentElement());
+    RVOpenChange change;
+    change.kind = RVOpenChange::ChildRemoved;
+    change.document = parent.ownerDocument();
+    change.node = node;
+    change.parent = parent;
+    change.previous = previous;
+    return takeBack(change);
+}
+
+bool removeNode(const QDomNode& node, const TakeBack& takeBack)
+{
+    RVOpenChange change;
+    change.kind = RVOpenChange::ChildInserted;
+    change.document = node.ownerDocument();
+    change.node = node;
+    change.parent = node.parentNode();
+    change.previous = node.previousSibling();
+    return takeBack(change);
+}
+
+bool becomeAs(const QDomElement& wanted, const QDomElement& element, const TakeBack& takeBack)
+{
+    return Becoming(element.ownerDocument(), takeBack).become(wanted, element);
 }
 
 } // namespace rvopen::browser

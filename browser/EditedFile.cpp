@@ -3,6 +3,8 @@
 
 #include "EditedFile.h"
 
+#include "FileTexts.h"
+
 #include <rvopen/RVOpenManager.h>
 #include <rvopen/RVOpenNode.h>
 #include <rvopen/RVOpenPaths.h>
@@ -12,11 +14,18 @@
 #include <rvopen/widgets/SnapShotModel.h>
 
 #include <QCryptographicHash>
-#include <QFile>
-#include <QFileInfo>
 #include <QMetaObject>
 
 namespace rvopen::browser {
+
+namespace {
+
+QByteArray sumOf(const QByteArray& content)
+{
+    return QCryptographicHash::hash(content, QCryptographicHash::Sha1);
+}
+
+} // namespace
 
 /// Tells of edits, whoever makes them.
 class EditedFile::Watch : public RVOpenObserver {
@@ -51,25 +60,8 @@ std::unique_ptr<EditedFile> EditedFile::open(const QString& file, ReadError& err
                                              const QString& journals)
 {
     std::unique_ptr<EditedFile> opened(new EditedFile(file));
-    const toolkit::Load load = toolkit::LoadDocument(file);
-    opened->m_kind = load.kind;
-    if (!load) {
-        error = load.error;
+    if (!opened->read(error))
         return nullptr;
-    }
-    if (load.kind == toolkit::DocumentKind::Archive) {
-        opened->m_archive = host::OpenArchive(file);
-        error = opened->m_archive.error();
-        if (!opened->m_archive)
-            return nullptr;
-    } else {
-        opened->m_manager = std::make_unique<RVOpenManager>();
-        const host::Result<> loaded = host::load(*opened->m_manager, file);
-        if (!loaded) {
-            error = loaded.error();
-            return nullptr;
-        }
-    }
     opened->start(journals);
     return opened;
 }
@@ -109,14 +101,14 @@ QDomDocument EditedFile::dom() const
     return node ? node->GetDomNode().ownerDocument() : QDomDocument();
 }
 
+QDomDocument EditedFile::copy() const
+{
+    return dom().cloneNode(true).toDocument();
+}
+
 RVOpenNode* EditedFile::root() const
 {
     return m_manager ? m_manager->GetRootNode() : m_archive.root();
-}
-
-RVOpenManager* EditedFile::manager() const
-{
-    return m_manager.get();
 }
 
 widgets::NodeModel& EditedFile::tree()
@@ -144,12 +136,21 @@ bool EditedFile::takeBack(const RVOpenChange& change)
     return m_manager ? m_manager->TakeBack(change) : change.TakeBack(root());
 }
 
+TakeBack EditedFile::changes()
+{
+    return [this](const RVOpenChange& change) { return takeBack(change); };
+}
+
+bool EditedFile::become(const QDomElement& wanted, const QDomElement& element, const QString& text)
+{
+    const widgets::UndoRecorder::Step step(*m_recorder, text);
+    return becomeAs(wanted, element, changes());
+}
+
 bool EditedFile::recover(const Journal::Left& left)
 {
     const widgets::UndoRecorder::Step step(*m_recorder, tr("Recover"));
-    return Journal::replay(left, dom(), [this](const RVOpenChange& change) {
-               return takeBack(change);
-           }) == left.changes;
+    return Journal::replay(left, dom(), changes()) == left.changes;
 }
 
 QString EditedFile::journalProblem() const
@@ -159,56 +160,66 @@ QString EditedFile::journalProblem() const
 
 WriteError EditedFile::save()
 {
-    const WriteError error = saveCopy(m_file);
+    const WriteError error =
+        m_manager ? host::save(*m_manager, m_file) : host::saveTree(m_archive.root(), m_file);
     if (!error) {
-        m_sum = sumOf(m_file);
-        m_journal->restart();
+        const QByteArray content = bytesOf(m_file);
+        m_sum = sumOf(content);
+        m_journal->restart(content);
         m_stack.setClean();
     }
     return error;
 }
 
-WriteError EditedFile::saveCopy(const QString& file) const
-{
-    return m_manager ? host::save(*m_manager, file) : host::saveTree(m_archive.root(), file);
-}
-
 bool EditedFile::isChangedOutside() const
 {
-    return sumOf(m_file) != m_sum;
+    return sumOf(bytesOf(m_file)) != m_sum;
 }
 
 void EditedFile::keepMine()
 {
-    m_sum = sumOf(m_file);
+    m_sum = sumOf(bytesOf(m_file));
     m_stack.resetClean();
 }
 
-QByteArray EditedFile::sumOf(const QString& file)
+/// What it is shows when it is read: most are archives, and those may be large.
+bool EditedFile::read(ReadError& error)
 {
-    QFile opened(PathToOpen(file));
-    QCryptographicHash sum(QCryptographicHash::Sha1);
-    if (!opened.open(QIODevice::ReadOnly) || !sum.addData(&opened))
-        return QByteArray();
-    return sum.result();
+    using toolkit::DocumentKind;
+    m_archive = host::OpenArchive(m_file);
+    if (m_archive)
+        m_kind = toolkit::Document::Of(m_file, dom())->Kind();
+    if (m_kind == DocumentKind::Archive)
+        return true;
+    m_archive.close();
+    if (m_kind == DocumentKind::Unknown) {
+        error = toolkit::LoadDocument(m_file).error;
+        return false;
+    }
+    m_manager = std::make_unique<RVOpenManager>();
+    const host::Result<> loaded = host::load(*m_manager, m_file);
+    if (!loaded)
+        error = loaded.error();
+    return bool(loaded);
 }
 
 void EditedFile::start(const QString& journals)
 {
-    m_sum = sumOf(m_file);
-    m_recorder = m_manager ? std::make_unique<widgets::UndoRecorder>(*m_manager, &m_stack)
-                           : std::make_unique<widgets::UndoRecorder>(root(), &m_stack);
+    const QByteArray content = bytesOf(m_file);
+    m_sum = sumOf(content);
     if (m_manager) {
+        m_recorder = std::make_unique<widgets::UndoRecorder>(*m_manager, &m_stack);
         auto snapShots = std::make_unique<widgets::SnapShotModel>();
         snapShots->SetManager(m_manager.get());
         m_tree = std::move(snapShots);
     } else {
+        m_recorder = std::make_unique<widgets::UndoRecorder>(root(), &m_stack);
         auto presets = std::make_unique<widgets::ArchiveModel>();
         presets->SetArchive(root());
         m_tree = std::move(presets);
     }
     m_tree->SetFile(m_file);
-    m_journal = std::make_unique<Journal>(m_file, dom(), journals);
+    m_journal = std::make_unique<Journal>(m_file, dom(), content, journals);
     m_watch = std::make_unique<Watch>(*this);
     connect(&m_stack, &QUndoStack::cleanChanged, this, &EditedFile::changedChanged);
 }

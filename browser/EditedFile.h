@@ -46,10 +46,10 @@ public:
     QString name() const;
     toolkit::DocumentKind kind() const;
     QDomDocument dom() const;
+    /// Of its own, to be worked on in any thread.
+    QDomDocument copy() const;
     /// Null once the archive was closed by somebody else.
     RVOpenNode* root() const;
-    /// Of a snapshot document; null of an archive.
-    RVOpenManager* manager() const;
     /// Its presets, or its snapshots.
     widgets::NodeModel& tree();
     /// @}
@@ -61,6 +61,11 @@ public:
     bool isChanged() const;
     /// Puts a change into the document.
     bool takeBack(const RVOpenChange& change);
+    /// The same of any number, for what works out several.
+    TakeBack changes();
+    /// What stands in the document becomes as \p wanted is, which was worked out in a copy, as one
+    /// step called \p text. False where it cannot.
+    bool become(const QDomElement& wanted, const QDomElement& element, const QString& text);
     /// What a journal has, as one step to undo. False where not all of it could be made.
     bool recover(const Journal::Left& left);
     /// Why edits are not kept for after a crash; empty as long as they are.
@@ -71,8 +76,6 @@ public:
     /// @{
     /// Whole or not at all.
     WriteError save();
-    /// The same under another name; nothing else changes.
-    WriteError saveCopy(const QString& file) const;
     /// Whether the file has something else than what was read or written last. A file that is gone
     /// has.
     bool isChangedOutside() const;
@@ -91,7 +94,7 @@ private:
 
     explicit EditedFile(const QString& file);
 
-    static QByteArray sumOf(const QString& file);
+    bool read(ReadError& error);
     void start(const QString& journals);
 
     QString m_file;

@@ -3,17 +3,16 @@
 
 #include "Edits.h"
 
+#include "Becoming.h"
 #include "EditedFile.h"
 
 #include <rvopen/RVOpenObserver.h>
-#include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/edit/Arriving.h>
-#include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/edit/Sorting.h>
 #include <rvopen/toolkit/schema/ElementInfo.h>
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <memory>
 
 namespace rvopen::browser::edits {
@@ -23,33 +22,28 @@ using widgets::UndoRecorder;
 
 namespace {
 
-QString text(const char* source)
-{
-    return QCoreApplication::translate("rvopen::browser::edits", source);
-}
+class Texts {
+    Q_DECLARE_TR_FUNCTIONS(rvopen::browser::edits)
+};
 
 const QString s_folder = QStringLiteral("dir");
 
-/// As it is dragged and pasted; the document has to be held as long as the element.
-QDomDocument documentOf(const QString& kind, const QString& name)
+/// One that stands nowhere; the document has to be held as long as it is.
+QDomElement newElement(QDomDocument& document, const QString& kind, const QString& name)
 {
-    QDomDocument document;
-    QDomElement wrapper = document.createElement(QStringLiteral("rvopenNodes"));
-    document.appendChild(wrapper);
     QDomElement element = document.createElement(kind);
     element.setAttribute(QStringLiteral("name"), name);
     if (kind != s_folder)
         element.setAttribute(QStringLiteral("refname"),
                              QString(name).replace(QLatin1Char(' '), QLatin1Char('_')));
-    wrapper.appendChild(element);
-    return document;
+    return element;
 }
 
-/// The last child of the shelf that is shown.
-QDomElement lastOf(NodeModel& model, const QModelIndex& shelf)
+/// Its row; invalid for what is none, such as a part of a snapshot, whose row is another's.
+QModelIndex rowOf(EditedFile& file, const QDomElement& element)
 {
-    const int rows = model.rowCount(shelf);
-    return rows > 0 ? model.Element(model.index(rows - 1, 0, shelf)) : QDomElement();
+    const QModelIndex index = file.tree().Fetch(element);
+    return index.isValid() && file.tree().Element(index) == element ? index : QModelIndex();
 }
 
 bool drop(NodeModel& model, const QMimeData& data, Qt::DropAction action, int row,
@@ -63,23 +57,20 @@ bool drop(NodeModel& model, const QMimeData& data, Qt::DropAction action, int ro
 
 bool rename(EditedFile& file, const QDomElement& element, const QString& name)
 {
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Rename")));
-    return file.tree().setData(file.tree().Fetch(element), name);
+    const QModelIndex index = rowOf(file, element);
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("Rename"));
+    return index.isValid() && file.tree().setData(index, name);
 }
 
 int remove(EditedFile& file, const QVector<QDomElement>& elements)
 {
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Delete")));
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("Delete"));
     const RVOpenBlock block;
-    NodeModel& model = file.tree();
     int removed = 0;
     for (const QDomElement& element : elements) {
-        const QModelIndex index = model.Fetch(element);
         // With a folder that went before goes what is in it.
-        if (index.isValid() && model.Element(index) == element &&
-            model.removeRows(index.row(), 1, index.parent()))
+        const QModelIndex index = rowOf(file, element);
+        if (index.isValid() && file.tree().removeRows(index.row(), 1, index.parent()))
             ++removed;
     }
     return removed;
@@ -88,55 +79,48 @@ int remove(EditedFile& file, const QVector<QDomElement>& elements)
 QDomElement duplicate(EditedFile& file, const QDomElement& element)
 {
     NodeModel& model = file.tree();
-    const QModelIndex index = model.Fetch(element);
-    if (!index.isValid() || model.Element(index) != element)
+    const QModelIndex index = rowOf(file, element);
+    if (!index.isValid())
         return QDomElement();
     const std::unique_ptr<QMimeData> data(model.mimeData({index}));
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Duplicate")));
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("Duplicate"));
     if (!drop(model, *data, Qt::CopyAction, index.row() + 1, index.parent()))
         return QDomElement();
-    return model.Element(model.Fetch(element).siblingAtRow(model.Fetch(element).row() + 1));
+    const QModelIndex before = rowOf(file, element);
+    return model.Element(before.siblingAtRow(before.row() + 1));
 }
 
 bool move(EditedFile& file, const QDomElement& element, int by)
 {
     NodeModel& model = file.tree();
-    const QModelIndex index = model.Fetch(element);
+    const QModelIndex index = rowOf(file, element);
     const int row = index.row() + by;
     if (!index.isValid() || row < 0 || row >= model.rowCount(index.parent()))
         return false;
     const std::unique_ptr<QMimeData> data(model.mimeData({index}));
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Move")));
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("Move"));
     return drop(model, *data, Qt::MoveAction, by > 0 ? row + 1 : row, index.parent());
 }
 
 bool paste(EditedFile& file, const QMimeData& data, const QDomElement& shelf)
 {
-    NodeModel& model = file.tree();
-    const QModelIndex index = shelf.isNull() ? QModelIndex() : model.Fetch(shelf);
-    if (!shelf.isNull() && model.Element(index) != shelf)
+    const QModelIndex index = rowOf(file, shelf);
+    if (!shelf.isNull() && !index.isValid())
         return false;
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Paste")));
-    return drop(model, data, Qt::CopyAction, -1, index);
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("Paste"));
+    return drop(file.tree(), data, Qt::CopyAction, -1, index);
 }
 
 QDomElement add(EditedFile& file, const QString& kind, const QDomElement& shelf)
 {
-    const QString name =
-        kind == s_folder ? text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "New folder"))
-                         : text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "New %1")).arg(kind);
-    QMimeData data;
-    data.setData(NodeModel::MimeType(),
-                 XmlText(documentOf(kind, name), SnapShotFileIndent).toUtf8());
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "New")));
-    NodeModel& model = file.tree();
-    if (!drop(model, data, Qt::CopyAction, -1, model.Fetch(shelf)))
+    QDomDocument document;
+    const QDomElement element = newElement(
+        document, kind, kind == s_folder ? Texts::tr("New folder") : Texts::tr("New %1").arg(kind));
+    if (!toolkit::ProblemOfPlace(element, shelf).isEmpty())
         return QDomElement();
-    return lastOf(model, model.Fetch(shelf));
+    const UndoRecorder::Step step(file.recorder(), Texts::tr("New"));
+    const QDomElement added = toolkit::CopyFor(element, shelf);
+    return insertNode(shelf, added, shelf.lastChild(), file.changes()) ? added : QDomElement();
 }
 
 QStringList kindsFor(const QDomElement& shelf)
@@ -147,9 +131,8 @@ QStringList kindsFor(const QDomElement& shelf)
     for (const toolkit::ElementInfo& info : toolkit::AllElements()) {
         if (!info.isPreset && !info.isFolder)
             continue;
-        const QDomDocument document = documentOf(info.name, QString());
-        const QDomElement element = document.documentElement().firstChildElement();
-        if (toolkit::ProblemOfPlace(element, shelf).isEmpty())
+        QDomDocument document;
+        if (toolkit::ProblemOfPlace(newElement(document, info.name, QString()), shelf).isEmpty())
             kinds.append(info.name);
     }
     return kinds;
@@ -166,32 +149,9 @@ QDomElement shelfOf(const EditedFile& file, const QDomElement& element)
 
 bool sort(EditedFile& file, const QDomElement& shelf)
 {
-    NodeModel& model = file.tree();
-    const QModelIndex parent = model.Fetch(shelf);
-    model.fetchMore(parent);
-    QVector<QDomElement> wanted;
-    for (int row = 0; row < model.rowCount(parent); ++row)
-        wanted.append(model.Element(model.index(row, 0, parent)));
-    std::stable_sort(wanted.begin(), wanted.end(), [](const QDomElement& a, const QDomElement& b) {
-        const bool isFolderA = a.tagName() == s_folder;
-        const bool isFolderB = b.tagName() == s_folder;
-        if (isFolderA != isFolderB)
-            return isFolderA;
-        return QString::compare(toolkit::IdentityOf(a), toolkit::IdentityOf(b),
-                                Qt::CaseInsensitive) < 0;
-    });
-    const UndoRecorder::Step step(file.recorder(),
-                                  text(QT_TRANSLATE_NOOP("rvopen::browser::edits", "Sort")));
-    const RVOpenBlock block;
-    bool isMoved = false;
-    for (int row = 0; row < int(wanted.size()); ++row) {
-        const QModelIndex index = model.Fetch(wanted[row]);
-        if (index.row() == row)
-            continue;
-        const std::unique_ptr<QMimeData> data(model.mimeData({index}));
-        isMoved = drop(model, *data, Qt::MoveAction, row, model.Fetch(shelf)) || isMoved;
-    }
-    return isMoved;
+    const QDomElement sorted = shelf.cloneNode(true).toElement();
+    return toolkit::SortShelf(sorted, toolkit::SortBy::Name, toolkit::SortOrder::Ascending) &&
+           file.become(sorted, shelf, Texts::tr("Sort"));
 }
 
 } // namespace rvopen::browser::edits

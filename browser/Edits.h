@@ -17,7 +17,8 @@ class EditedFile;
 /// names and rules of the place that things come to.
 namespace edits {
 
-/// False where nothing was written: an empty name.
+/// False where nothing was written: an empty name, and what has no row, such as a part of a
+/// snapshot.
 bool rename(EditedFile& file, const QDomElement& element, const QString& name);
 /// How many went.
 int remove(EditedFile& file, const QVector<QDomElement>& elements);

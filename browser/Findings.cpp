@@ -4,7 +4,6 @@
 #include "Findings.h"
 
 #include "Background.h"
-#include "Becoming.h"
 #include "EditedFile.h"
 #include "Workspace.h"
 
@@ -19,14 +18,6 @@ namespace rvopen::browser {
 using namespace toolkit;
 
 namespace {
-
-enum Column { Message, Where, InFile };
-enum Role { FileRole = Qt::UserRole, PathRole };
-
-QDomDocument copyOf(const EditedFile& file)
-{
-    return file.dom().cloneNode(true).toDocument();
-}
 
 /// What was found, without the documents, which are another thread's.
 QVector<Finding> withoutElements(QVector<Finding> findings)
@@ -60,7 +51,7 @@ Findings::~Findings()
 
 void Findings::check(const EditedFile& file)
 {
-    run({{file.file(), copyOf(file)}});
+    run({{file.file(), file.copy()}});
 }
 
 void Findings::check(const QStringList& files)
@@ -87,14 +78,12 @@ bool Findings::isRunning() const
 
 int Findings::mend(EditedFile& file, const Folders& folders)
 {
-    const QDomDocument copy = copyOf(file);
+    const QDomDocument copy = file.copy();
     QVector<Finding> findings = Inspect(*Document::Of(file.file(), copy), LookAround(folders));
     const int mended = Mend(findings);
-    const widgets::UndoRecorder::Step step(file.recorder(), tr("Mend"));
-    return becomeAs(copy, file.dom(),
-                    [&file](const RVOpenChange& change) { return file.takeBack(change); })
-               ? mended
-               : 0;
+    const bool isDone =
+        file.become(copy.documentElement(), file.dom().documentElement(), tr("Mend"));
+    return isDone ? mended : 0;
 }
 
 void Findings::run(const QVector<Job>& jobs)

@@ -39,6 +39,9 @@ Q_SIGNALS:
     void chosen(const QString& file, const QString& path);
 
 private:
+    enum Column { Message, Where, InFile };
+    enum Role { FileRole = Qt::UserRole, PathRole };
+
     struct Job {
         QString file;
         QDomDocument dom; ///< Its own; null for what is on disk.

@@ -3,13 +3,14 @@
 
 #include "Grid.h"
 
+#include "FileTexts.h"
+
 #include <rvopen/toolkit/drawing/PicturePlan.h>
 
 #include <QDragEnterEvent>
 #include <QImage>
 #include <QImageReader>
 #include <QMimeData>
-#include <QUrl>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -140,11 +141,7 @@ void Grid::dropEvent(QDropEvent* event)
         Q_EMIT colourDropped(colourOf(dropped.imageData().value<QImage>()));
         return;
     }
-    QStringList files;
-    for (const QUrl& url : dropped.urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
+    const QStringList files = localFiles(dropped);
     if (files.size() == 1 && isPicture(files.first()))
         Q_EMIT colourDropped(colourOf(toolkit::ReadPicture(files.first())));
     else
@@ -165,7 +162,7 @@ bool Grid::takes(const QDropEvent& event) const
 {
     const QMimeData* const dragged = event.mimeData();
     return event.source() != this &&
-           (dragged->hasColor() || dragged->hasImage() || dragged->hasUrls());
+           (dragged->hasColor() || dragged->hasImage() || !localFiles(*dragged).isEmpty());
 }
 
 } // namespace rvopen::browser

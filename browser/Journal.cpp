@@ -3,6 +3,9 @@
 
 #include "Journal.h"
 
+#include "FileTexts.h"
+
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenReader.h>
 #include <rvopen/RVOpenWriter.h>
 
@@ -148,17 +151,11 @@ std::optional<RVOpenChange> oppositeOf(const QJsonObject& line, const QDomDocume
     return change;
 }
 
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// The lines of a log; what was not written to its end is none.
 QVector<QJsonObject> linesOf(const QString& folder)
 {
     QVector<QJsonObject> lines;
-    const QList<QByteArray> texts = contentOf(QDir(folder).filePath(s_logName)).split('\n');
+    const QList<QByteArray> texts = bytesOf(QDir(folder).filePath(s_logName)).split('\n');
     for (const QByteArray& text : texts) {
         const QJsonDocument line = QJsonDocument::fromJson(text);
         if (!line.isObject())
@@ -170,17 +167,18 @@ QVector<QJsonObject> linesOf(const QString& folder)
 
 } // namespace
 
-Journal::Journal(const QString& file, const QDomDocument& document, const QString& folder)
-    : m_file(QFileInfo(file).absoluteFilePath())
+Journal::Journal(const QString& file, const QDomDocument& document, const QByteArray& content,
+                 const QString& folder)
+    : m_file(QFileInfo(PathToOpen(file)).absoluteFilePath())
     , m_document(document)
     , m_folder(folder)
+    , m_content(content)
 {
-    restart();
 }
 
 Journal::~Journal()
 {
-    restart();
+    end();
 }
 
 void Journal::Changed(const RVOpenChange& change)
@@ -214,18 +212,11 @@ void Journal::Changed(const RVOpenChange& change)
         write(QJsonDocument(line).toJson(QJsonDocument::Compact));
 }
 
-void Journal::restart()
+void Journal::restart(const QByteArray& content)
 {
-    m_log.close();
-    if (!m_own.isEmpty()) {
-        // The lock last: without log nothing is left of a journal.
-        m_log.remove();
-        m_lock.reset();
-        QDir(m_own).removeRecursively();
-    }
-    m_own.clear();
+    end();
+    m_content = content;
     m_problem.clear();
-    m_content = contentOf(m_file);
 }
 
 QString Journal::problem() const
@@ -271,7 +262,7 @@ QVector<Journal::Left> Journal::leftOver(const QString& folder)
 
 QByteArray Journal::base(const Left& left)
 {
-    return contentOf(QDir(left.folder).filePath(s_baseName));
+    return bytesOf(QDir(left.folder).filePath(s_baseName));
 }
 
 int Journal::replay(const Left& left, const QDomDocument& document, const TakeBack& takeBack)
@@ -289,6 +280,18 @@ int Journal::replay(const Left& left, const QDomDocument& document, const TakeBa
 void Journal::discard(const Left& left)
 {
     QDir(left.folder).removeRecursively();
+}
+
+void Journal::end()
+{
+    m_log.close();
+    if (m_own.isEmpty())
+        return;
+    // The lock last: without log nothing is left of a journal.
+    m_log.remove();
+    m_lock.reset();
+    QDir(m_own).removeRecursively();
+    m_own.clear();
 }
 
 bool Journal::begin()

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <rvopen/RVOpenObserver.h>
+#include "Becoming.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -11,7 +11,6 @@
 #include <QString>
 #include <QVector>
 
-#include <functional>
 #include <memory>
 
 namespace rvopen::browser {
@@ -28,18 +27,16 @@ public:
         QDateTime time;  ///< Of the last edit.
         int changes = 0; ///< How many there are.
     };
-    /// Puts a change into a document; false where that cannot be.
-    using TakeBack = std::function<bool(const RVOpenChange&)>;
 
-    /// Of the document of \p file, which is what the file has now. Below \p folder.
-    Journal(const QString& file, const QDomDocument& document,
+    /// Of the document of \p file, which was read from these bytes. Below \p folder.
+    Journal(const QString& file, const QDomDocument& document, const QByteArray& content,
             const QString& folder = Journal::folder());
     ~Journal() override;
 
     void Changed(const RVOpenChange& change) override;
 
-    /// From here on it is about what the file has now.
-    void restart();
+    /// From here on it is about these bytes, which the file has now.
+    void restart(const QByteArray& content);
     /// Why edits could not be kept; empty as long as they are.
     QString problem() const;
 
@@ -57,6 +54,7 @@ public:
     /// @}
 
 private:
+    void end();
     bool begin();
     void write(const QByteArray& line);
 

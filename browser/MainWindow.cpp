@@ -4,9 +4,11 @@
 #include "MainWindow.h"
 
 #include "Details.h"
+#include "FileTexts.h"
 #include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
+#include "PictureExport.h"
 #include "Sidebar.h"
 #include "SnapShotStrip.h"
 
@@ -14,18 +16,15 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QSlider>
 #include <QStatusBar>
-#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace rvopen::browser {
@@ -62,7 +61,6 @@ MainWindow::MainWindow(Workspace& workspace, QWidget* parent)
     restoreGeometry(workspace.memory().geometry());
     restoreState(workspace.memory().layout());
     update();
-    m_search->setFocus();
 }
 
 MainWindow::~MainWindow()
@@ -140,6 +138,14 @@ bool MainWindow::saveAll()
     return isSaved;
 }
 
+/// Whoever opens it may type at once.
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        m_search->setFocus();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     const int changed = int(m_workspace.changed().size());
@@ -167,19 +173,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls())
+    if (!localFiles(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    QStringList files;
-    for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile())
-            files.append(url.toLocalFile());
-    }
     event->acceptProposedAction();
-    m_workspace.open(files);
+    m_workspace.open(localFiles(*event->mimeData()));
 }
 
 QAction* MainWindow::make(QMenu* menu, const char* name, const QString& text,
@@ -319,14 +320,13 @@ void MainWindow::follow()
             m_details->showElement(*m_treeFile, snapShot);
     });
     connect(m_findings, &Findings::chosen, this, &MainWindow::showInFile);
-    const auto showBusy = [this] {
-        const bool isBusy = m_workspace.isScanning() || m_findings->isRunning();
-        m_progress->setVisible(isBusy);
-        m_cancel->setVisible(m_findings->isRunning());
-    };
-    connect(m_findings, &Findings::runningChanged, this, showBusy);
-    connect(&m_workspace, &Workspace::scanningChanged, this, showBusy);
-    connect(m_cancel, &QToolButton::clicked, m_findings, &Findings::stop);
+    connect(m_findings, &Findings::runningChanged, this, &MainWindow::showBusy);
+    connect(&m_workspace, &Workspace::scanningChanged, this, &MainWindow::showBusy);
+    connect(m_cancel, &QToolButton::clicked, this, [this] {
+        m_findings->stop();
+        if (m_export)
+            m_export->stop();
+    });
     connect(&m_workspace, &Workspace::failed, this, &MainWindow::say);
     connect(&m_workspace, &Workspace::changedChanged, this, &MainWindow::update);
     connect(&m_workspace, &Workspace::openedChanged, this, &MainWindow::update);
@@ -339,12 +339,12 @@ void MainWindow::follow()
                 tr("Edits are not kept for after a crash: %1").arg(file->journalProblem()),
                 {{tr("OK"), [] {}}});
     });
-    connect(&m_workspace, &Workspace::fileClosed, this, [this] {
-        if (!m_workspace.edited(m_treeDock->property("file").toString())) {
+    connect(&m_workspace, &Workspace::fileClosed, this, [this](const QString& file) {
+        if (m_treeFile && m_treeFile->file() == file) {
+            m_treeFile = nullptr;
             m_tree->setModel(nullptr);
             m_strip->showFile(nullptr);
             m_stripDock->hide();
-            m_treeFile = nullptr;
             m_details->showNothing();
         }
         showChosen();
@@ -362,8 +362,20 @@ void MainWindow::update()
     action("fileSave")->setEnabled(m_treeFile && m_treeFile->isChanged());
     action("fileSaveAll")->setEnabled(changed > 0);
     action("fileClose")->setEnabled(m_treeFile);
+    action("fileForget")->setEnabled(!m_sidebar->selectedPlaces().isEmpty());
     action("toolsCompare")
         ->setEnabled(chosenPresets().size() == 2 || m_sidebar->selectedFiles().size() == 2);
+}
+
+/// What takes longer can be seen, and ended where that leaves nothing half done.
+void MainWindow::showBusy()
+{
+    const bool canBeStopped = m_findings->isRunning() || m_export;
+    m_progress->setRange(0, m_export ? m_export->count() : 0);
+    m_progress->setValue(m_export ? m_export->done() : 0);
+    m_progress->setVisible(canBeStopped || m_workspace.isScanning());
+    m_cancel->setVisible(canBeStopped);
+    action("fileExportPictures")->setEnabled(!m_export);
 }
 
 void MainWindow::say(const QString& text)
@@ -411,7 +423,6 @@ void MainWindow::showTree(EditedFile* file)
     if (file == m_treeFile)
         return;
     m_treeFile = file;
-    m_treeDock->setProperty("file", file->file());
     m_treeDock->setWindowTitle(file->name());
     m_tree->setModel(&file->tree());
     m_tree->hideColumn(widgets::NodeModel::Kind);

@@ -7,9 +7,11 @@
 
 #include <QColor>
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
+#include <map>
 
 QT_BEGIN_NAMESPACE
 class QAction;
@@ -29,6 +31,7 @@ class Details;
 class Findings;
 class Grid;
 class MessageLine;
+class PictureExport;
 class Sidebar;
 class SnapShotStrip;
 
@@ -63,6 +66,7 @@ public Q_SLOTS:
     bool saveAll();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -100,7 +104,7 @@ private:
     void showTree(EditedFile* file);
     void showInFile(const QString& file, const QString& path);
     Choice choice();
-    QVector<QDomElement> chosenElements(EditedFile*& file);
+    std::map<EditedFile*, QVector<QDomElement>> chosenElements();
     EditedFile* currentFile();
     QVector<toolkit::ListedPreset> chosenPresets() const;
     void choose(EditedFile& file, const QDomElement& element);
@@ -114,6 +118,7 @@ private:
                  const std::function<bool(const QString&)>& write);
     void save();
     void closeCurrent();
+    void forgetPlaces();
     void exportPictures();
     void exportPicturesTo(const QString& folder, const QVector<toolkit::ListedPreset>& presets);
     void askAboutOutside(EditedFile* file);
@@ -145,6 +150,7 @@ private:
     void about();
 
     void update();
+    void showBusy();
     void say(const QString& text);
 
     Workspace& m_workspace;
@@ -167,7 +173,8 @@ private:
     QColor m_colour;
     QTimer m_openTimer;
     QTimer m_checkTimer;
-    EditedFile* m_treeFile = nullptr;
+    QPointer<EditedFile> m_treeFile;
+    QPointer<PictureExport> m_export;
     bool m_mayClose = false;
 };
 

@@ -9,6 +9,7 @@
 #include "CompareWindow.h"
 #include "Details.h"
 #include "Edits.h"
+#include "FileTexts.h"
 #include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
@@ -54,6 +55,8 @@ void MainWindow::makeFileMenu()
          &MainWindow::exportPictures);
     menu->addSeparator();
     make(menu, "fileClose", tr("&Close File"), QKeySequence::Close, &MainWindow::closeCurrent);
+    make(menu, "fileForget", tr("&Remove from the List"), QKeySequence(),
+         &MainWindow::forgetPlaces);
     auto* const quit = new QAction(tr("&Quit"), this);
     quit->setObjectName(QStringLiteral("fileQuit"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
@@ -228,29 +231,22 @@ MainWindow::Choice MainWindow::choice()
     return choice;
 }
 
-/// Those of the file that the current one is of.
-QVector<QDomElement> MainWindow::chosenElements(EditedFile*& file)
+/// All that is selected where the keyboard is, by the files that it is of.
+std::map<EditedFile*, QVector<QDomElement>> MainWindow::chosenElements()
 {
-    QVector<QDomElement> elements;
-    const Choice current = choice();
-    file = current.file;
-    if (!current)
+    std::map<EditedFile*, QVector<QDomElement>> elements;
+    if (m_tree->hasFocus() && m_treeFile) {
+        for (const QModelIndex& row : m_tree->selectionModel()->selectedRows())
+            elements[m_treeFile].append(m_treeFile->tree().Element(row));
         return elements;
-    const bool isTree = m_tree->hasFocus();
-    const QModelIndexList selected =
-        (isTree ? m_tree->selectionModel() : m_grid->selectionModel())->selectedIndexes();
-    for (const QModelIndex& index : selected) {
-        if (index.column() != 0)
-            continue;
-        const QModelIndex row = isTree ? index : m_grid->presets().presetOf(index);
-        const bool isOfFile =
-            isTree || m_workspace.presets().Preset(row).file == current.preset.file;
-        if (isOfFile)
-            elements.append(isTree ? file->tree().Element(row)
-                                   : m_workspace.presets().Element(row));
     }
-    if (elements.isEmpty())
-        elements.append(current.element);
+    // Files that are opened give their presets other rows.
+    for (const toolkit::ListedPreset& preset : chosenPresets()) {
+        EditedFile* const file = m_workspace.edit(preset.file);
+        const QModelIndex row = m_workspace.presets().IndexOf(preset.file, preset.path);
+        if (file && row.isValid())
+            elements[file].append(m_workspace.presets().Element(row));
+    }
     return elements;
 }
 
@@ -294,6 +290,8 @@ void MainWindow::rename()
         return;
     // In a line, where the name is seen; the tree renames in its row.
     choose(*current.file, current.element);
+    if (m_treeFile->tree().Element(m_tree->currentIndex()) != current.element)
+        return say(tr("This cannot be renamed"));
     m_treeDock->show();
     m_tree->setFocus();
     m_tree->edit(m_tree->currentIndex());
@@ -301,11 +299,11 @@ void MainWindow::rename()
 
 void MainWindow::remove()
 {
-    EditedFile* file = nullptr;
-    const QVector<QDomElement> elements = chosenElements(file);
-    if (!file || elements.isEmpty())
+    int removed = 0;
+    for (const auto& [file, elements] : chosenElements())
+        removed += edits::remove(*file, elements);
+    if (removed == 0)
         return;
-    const int removed = edits::remove(*file, elements);
     say(tr("%n element(s) were deleted; Undo brings them back", nullptr, removed));
     m_details->showNothing();
 }
@@ -414,7 +412,7 @@ void MainWindow::checkCurrent()
 void MainWindow::checkAll()
 {
     m_checkTimer.stop();
-    m_findings->check(m_workspace.archives() + m_workspace.documents());
+    m_findings->check(m_workspace.files());
 }
 
 void MainWindow::compare()
@@ -441,7 +439,7 @@ void MainWindow::compareFiles(const QStringList& files)
         const EditedFile* const edited = m_workspace.edited(file);
         const toolkit::Load load = edited ? toolkit::Load() : toolkit::LoadDocument(file);
         if (!edited && !load)
-            return say(QStringLiteral("%1: %2").arg(file, load.error.message));
+            return say(messageOf(load.error));
         const QDomDocument document = edited ? edited->dom() : load.document->Dom();
         sides.append({file, document, document.documentElement(), LastPathComponent(file)});
     }
@@ -472,8 +470,9 @@ void MainWindow::fillApplyMenu()
 void MainWindow::apply(const QString& document, const QString& path)
 {
     EditedFile* const file = m_workspace.edited(document);
-    const QModelIndex row = m_grid->currentPreset();
-    const toolkit::OpenPreset preset = m_workspace.presets().Open(row);
+    const QModelIndexList chosen = m_grid->selectedPresets();
+    const toolkit::OpenPreset preset =
+        chosen.size() == 1 ? m_workspace.presets().Open(chosen.first()) : toolkit::OpenPreset();
     if (!file || !preset)
         return;
     if (applyPreset(preset.element, *file, path))

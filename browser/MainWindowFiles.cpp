@@ -6,16 +6,15 @@
 #include "MainWindow.h"
 
 #include "CompareWindow.h"
+#include "FileTexts.h"
 #include "MessageLine.h"
 #include "PictureExport.h"
+#include "Sidebar.h"
 
-#include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/documents/NewDocuments.h>
 
 #include <QFileDialog>
-#include <QProgressBar>
-#include <QToolButton>
 
 namespace rvopen::browser {
 
@@ -64,7 +63,7 @@ void MainWindow::newFile(const QString& title, const QString& names, const QStri
     dialog->setNameFilter(names);
     connect(dialog, &QFileDialog::fileSelected, this, [this, write](const QString& file) {
         if (!write(file))
-            return say(QStringLiteral("%1: %2").arg(file, LastWriteError()));
+            return say(messageOf(WriteError{file, LastWriteError()}));
         m_workspace.open({file});
         if (EditedFile* const edited = m_workspace.edit(file))
             showTree(edited);
@@ -95,6 +94,12 @@ void MainWindow::closeCurrent()
                       }},
                      {tr("Close without saving"), [this, name] { m_workspace.closeFile(name); }},
                      {tr("Stay"), [] {}}});
+}
+
+void MainWindow::forgetPlaces()
+{
+    for (const QString& place : m_sidebar->selectedPlaces())
+        m_workspace.close(place);
 }
 
 void MainWindow::askAboutOutside(EditedFile* file)
@@ -133,7 +138,7 @@ void MainWindow::compareWithDisk(EditedFile& file)
     // What was asked is to be answered still.
     askAboutOutside(&file);
     if (!load)
-        return say(QStringLiteral("%1: %2").arg(load.error.file, load.error.message));
+        return say(messageOf(load.error));
     (new CompareWindow(
          m_workspace,
          {file.file(), load.document->Dom(), load.document->Root(),
@@ -163,23 +168,15 @@ void MainWindow::exportPictures()
 void MainWindow::exportPicturesTo(const QString& folder,
                                   const QVector<toolkit::ListedPreset>& presets)
 {
-    auto* const work = new PictureExport(m_workspace, folder, presets, this);
-    connect(work, &PictureExport::progressed, this, [this](int done, int of) {
-        m_progress->setRange(0, of);
-        m_progress->setValue(done);
-        m_progress->show();
-        m_cancel->show();
+    m_export = new PictureExport(m_workspace, folder, presets, this);
+    connect(m_export, &PictureExport::progressed, this, &MainWindow::showBusy);
+    connect(m_export, &PictureExport::finished, this, [this](int written, const QString& problem) {
+        say(problem.isEmpty() ? tr("%n picture(s) were written", nullptr, written) : problem);
+        m_export->deleteLater();
+        m_export = nullptr;
+        showBusy();
     });
-    connect(m_cancel, &QToolButton::clicked, work, &PictureExport::stop);
-    connect(
-        work, &PictureExport::finished, this, [this, work](int written, const QString& problem) {
-            m_progress->setRange(0, 0);
-            m_progress->hide();
-            m_cancel->hide();
-            say(problem.isEmpty() ? tr("%n picture(s) were written", nullptr, written) : problem);
-            work->deleteLater();
-        });
-    work->start();
+    m_export->start();
 }
 
 } // namespace rvopen::browser

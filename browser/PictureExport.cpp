@@ -4,14 +4,13 @@
 #include "PictureExport.h"
 
 #include "Background.h"
+#include "FileTexts.h"
 #include "Workspace.h"
 
 #include <rvopen/RVOpenWriter.h>
 #include <rvopen/toolkit/drawing/PicturePlan.h>
 
 #include <QBuffer>
-#include <QDir>
-#include <QFileInfo>
 #include <QRegularExpression>
 
 namespace rvopen::browser {
@@ -34,7 +33,7 @@ QString draw(const PicturePlan& plan, const QString& file, const std::atomic<boo
     buffer.open(QIODevice::WriteOnly);
     picture.save(&buffer, "PNG");
     isWritten = WriteFile(bytes, file);
-    return isWritten ? QString() : QStringLiteral("%1: %2").arg(file, LastWriteError());
+    return isWritten ? QString() : messageOf(WriteError{file, LastWriteError()});
 }
 
 } // namespace
@@ -64,11 +63,20 @@ void PictureExport::stop()
     *m_stop = true;
 }
 
+int PictureExport::count() const
+{
+    return int(m_presets.size());
+}
+
+int PictureExport::done() const
+{
+    return m_done;
+}
+
 void PictureExport::next()
 {
-    const int count = int(m_presets.size());
-    Q_EMIT progressed(m_done, count);
-    if (m_done == count || *m_stop) {
+    Q_EMIT progressed();
+    if (m_done == count() || *m_stop) {
         Q_EMIT finished(m_written, QString());
         return;
     }
@@ -111,13 +119,7 @@ QString PictureExport::freeName(const ListedPreset& preset) const
                  QStringLiteral("_"));
     if (name.isEmpty() || name.startsWith(QLatin1Char('.')))
         name.prepend(preset.kind);
-    const QDir folder(m_folder);
-    for (int i = 1;; ++i) {
-        const QString file = folder.filePath(
-            QStringLiteral("%1%2.png").arg(name, i > 1 ? QStringLiteral("-%1").arg(i) : QString()));
-        if (!QFileInfo::exists(file))
-            return file;
-    }
+    return freePath(m_folder, name, QStringLiteral("png"));
 }
 
 } // namespace rvopen::browser

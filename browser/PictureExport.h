@@ -29,9 +29,12 @@ public:
     void start();
     /// With the picture that it is at.
     void stop();
+    int count() const;
+    /// How many of them were begun.
+    int done() const;
 
 Q_SIGNALS:
-    void progressed(int done, int of);
+    void progressed();
     /// \p problem is empty unless a picture could not be written.
     void finished(int written, const QString& problem);
 

@@ -74,10 +74,7 @@ CatalogueQuery Sidebar::query() const
             addPlaces(m_workspace.memory().recent());
             break;
         case Place:
-            for (const QString& file : m_workspace.archives() + m_workspace.documents()) {
-                if (file == value || file.startsWith(value + QLatin1Char('/')))
-                    query.files.append(file);
-            }
+            query.files += m_workspace.filesIn(value);
             break;
         case File:
             query.files.append(value);
@@ -100,11 +97,6 @@ CatalogueQuery Sidebar::query() const
     return query;
 }
 
-QString Sidebar::currentFile() const
-{
-    return currentIndex().data(FileRole).toString();
-}
-
 QStringList Sidebar::selectedFiles() const
 {
     QStringList files;
@@ -113,6 +105,17 @@ QStringList Sidebar::selectedFiles() const
             files.append(index.data(ValueRole).toString());
     }
     return files;
+}
+
+QStringList Sidebar::selectedPlaces() const
+{
+    QStringList places;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        const QString value = index.data(ValueRole).toString();
+        if (m_workspace.opened().contains(value))
+            places.append(value);
+    }
+    return places;
 }
 
 void Sidebar::showFile(const QString& file)
@@ -217,7 +220,6 @@ void Sidebar::addPlaces()
 {
     const Facets& facets = m_workspace.facets();
     QStandardItem* const places = header(tr("Files"), true);
-    const QStringList files = m_workspace.archives() + m_workspace.documents();
     QSet<QString> shown;
     for (const QString& place : m_workspace.opened()) {
         QStandardItem* parent = places;
@@ -227,13 +229,12 @@ void Sidebar::addPlaces()
             parent->setToolTip(place);
             parent->setData(true, OpenRole);
         }
-        for (const QString& file : files) {
-            const QString below = place + QLatin1Char('/');
-            if (shown.contains(file) || (isFolder ? !file.startsWith(below) : file != place))
+        for (const QString& file : m_workspace.filesIn(place)) {
+            if (shown.contains(file))
                 continue;
             shown.insert(file);
             const EditedFile* const edited = m_workspace.edited(file);
-            const QString name = isFolder ? file.mid(below.size()) : QFileInfo(file).fileName();
+            const QString name = isFolder ? file.mid(place.size() + 1) : QFileInfo(file).fileName();
             QStandardItem* const item =
                 add(parent, edited && edited->isChanged() ? name + QLatin1String(" *") : name, File,
                     file, facets.files.value(file));

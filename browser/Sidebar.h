@@ -23,10 +23,10 @@ public:
 
     /// What is selected, as a part of what is looked for.
     toolkit::CatalogueQuery query() const;
-    /// The file that the current row is, or is in; empty for none.
-    QString currentFile() const;
     /// The archives and documents that are selected themselves.
     QStringList selectedFiles() const;
+    /// Of what is selected the files and folders that somebody opened.
+    QStringList selectedPlaces() const;
     /// Has the row of that file selected, if there is one.
     void showFile(const QString& file);
     void showEverything();

@@ -4,18 +4,20 @@
 #include "Workspace.h"
 
 #include "Background.h"
+#include "FileTexts.h"
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenNode.h>
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/catalogue/Catalogue.h>
 #include <rvopen/toolkit/documents/Load.h>
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace rvopen::browser {
 
@@ -26,44 +28,35 @@ namespace {
 /// So long no further change has to come before what changed is looked at.
 constexpr int s_settled = 300;
 
-QString messageOf(const ReadError& error)
-{
-    return error.line > 0 ? QStringLiteral("%1:%2: %3")
-                                .arg(error.file, QString::number(error.line), error.message)
-                          : QStringLiteral("%1: %2").arg(error.file, error.message);
-}
-
 bool isInstallation(const QString& folder)
 {
     return QFileInfo::exists(QDir(folder).filePath(QStringLiteral("xml/Default.rvx")));
 }
 
-/// "Mine-recovered.rvx" beside it, with a number where that is there.
-QString freeName(const QString& file)
+/// More lines than these say no more.
+constexpr int s_mostProblems = 5;
+
+QString linesOf(const QVector<ReadError>& problems)
 {
-    const QFileInfo info(file);
-    for (int i = 1;; ++i) {
-        const QString name = QStringLiteral("%1-recovered%2.%3")
-                                 .arg(info.completeBaseName(),
-                                      i > 1 ? QString::number(i) : QString(), info.suffix());
-        const QString path = info.dir().filePath(name);
-        if (!QFileInfo::exists(path))
-            return path;
+    QStringList lines;
+    for (const ReadError& problem : problems)
+        lines << messageOf(problem);
+    if (lines.size() > s_mostProblems) {
+        lines.erase(lines.begin() + s_mostProblems, lines.end());
+        lines << QStringLiteral("…");
     }
+    return lines.join(QLatin1Char('\n'));
 }
 
-QByteArray bytesOf(const QString& path)
+bool isIn(const QString& file, const QString& place)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file == place || file.startsWith(place + QLatin1Char('/'));
 }
 
 } // namespace
 
 /// What was found in the files and folders that are open.
 struct Workspace::Scan {
-    QStringList archives;
-    QStringList documents;
     QVector<ReadError> problems;
     std::shared_ptr<const Catalogue> catalogue;
     Facets facets;
@@ -118,6 +111,12 @@ void Workspace::close(const QString& path)
 {
     m_opened.removeAll(path);
     m_memory.setOpened(m_opened);
+    for (const EditedFile* const file : allEdited()) {
+        const QString name = file->file();
+        // What is not saved stays, wherever it was found.
+        if (isIn(name, path) && !file->isChanged())
+            closeFile(name);
+    }
     rescan();
 }
 
@@ -126,14 +125,19 @@ QStringList Workspace::opened() const
     return m_opened;
 }
 
-QStringList Workspace::archives() const
+QStringList Workspace::files() const
 {
-    return m_archives;
+    return m_files;
 }
 
-QStringList Workspace::documents() const
+QStringList Workspace::filesIn(const QString& place) const
 {
-    return m_documents;
+    QStringList files;
+    for (const QString& file : m_files) {
+        if (isIn(file, place))
+            files.append(file);
+    }
+    return files;
 }
 
 const Folders& Workspace::folders() const
@@ -232,17 +236,26 @@ std::vector<EditedFile*> Workspace::changed() const
 
 bool Workspace::save(EditedFile& file)
 {
+    // What another program wrote is not written over before somebody was asked.
+    if (QFileInfo::exists(PathToOpen(file.file())) && file.isChangedOutside()) {
+        Q_EMIT changedOutside(&file);
+        return false;
+    }
     const WriteError error = file.save();
     watch();
-    if (!error)
-        return true;
-    Q_EMIT failed(QStringLiteral("%1: %2").arg(error.file, error.message));
-    return false;
+    if (error)
+        Q_EMIT failed(messageOf(error));
+    return !error;
 }
 
 void Workspace::reload(EditedFile& file)
 {
     const QString name = file.file();
+    const Load load = LoadDocument(name);
+    if (!load) {
+        Q_EMIT failed(messageOf(load.error));
+        return;
+    }
     closeFile(name);
     m_presets.Reread(name);
     edit(name);
@@ -273,14 +286,16 @@ EditedFile* Workspace::recover(const Journal::Left& left)
     const QByteArray base = Journal::base(left);
     const EditedFile* const known = edited(file);
     if ((known && known->isChanged()) || bytesOf(file) != base) {
-        file = freeName(left.file);
+        const QFileInfo info(file);
+        file = freePath(info.path(), info.completeBaseName() + QLatin1String("-recovered"),
+                        info.suffix());
         if (!WriteFile(base, file)) {
-            Q_EMIT failed(QStringLiteral("%1: %2").arg(file, LastWriteError()));
+            Q_EMIT failed(messageOf(WriteError{file, LastWriteError()}));
             return nullptr;
         }
-        if (!std::any_of(m_opened.begin(), m_opened.end(), [&](const QString& path) {
-                return file.startsWith(path + QLatin1Char('/'));
-            }))
+        const bool isFound = std::any_of(m_opened.begin(), m_opened.end(),
+                                         [&](const QString& path) { return isIn(file, path); });
+        if (!isFound)
             open({file});
     }
     EditedFile* const opened = edit(file);
@@ -317,15 +332,9 @@ void Workspace::start(const QStringList& paths)
                     }
                 }
             }
-            // Of snapshot documents it has none, but the index knows what they are.
             scan->catalogue = std::make_shared<const Catalogue>(files);
             scan->facets = Facets::of(*scan->catalogue);
             scan->problems += scan->catalogue->Problems();
-            const QStringList all = scan->catalogue->Files();
-            for (const QString& file : all) {
-                const bool isDocument = file.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
-                (isDocument ? scan->documents : scan->archives).append(file);
-            }
             return scan;
         },
         [this](const std::shared_ptr<Scan>& scan) { take(scan); });
@@ -334,8 +343,7 @@ void Workspace::start(const QStringList& paths)
 void Workspace::take(const std::shared_ptr<Scan>& scan)
 {
     m_isScanning = false;
-    m_archives = scan->archives;
-    m_documents = scan->documents;
+    m_files = scan->catalogue->Files();
     m_facets = scan->facets;
     m_presets.SetCatalogue(scan->catalogue);
     // Those that were opened before the catalogue had them.
@@ -345,8 +353,8 @@ void Workspace::take(const std::shared_ptr<Scan>& scan)
     Q_EMIT scanningChanged(false);
     Q_EMIT openedChanged();
     Q_EMIT facetsChanged();
-    for (const ReadError& problem : scan->problems)
-        Q_EMIT failed(messageOf(problem));
+    if (!scan->problems.isEmpty())
+        Q_EMIT failed(linesOf(scan->problems));
     if (std::exchange(m_isScanWanted, false))
         rescan();
 }
@@ -360,7 +368,7 @@ void Workspace::watch()
         if (QFileInfo(path).isDir())
             folders.insert(path);
     }
-    for (const QString& file : m_archives + m_documents)
+    for (const QString& file : m_files)
         folders.insert(QFileInfo(file).absolutePath());
     for (const auto& [file, edited] : m_edited) {
         paths.append(file);
@@ -416,7 +424,6 @@ void Workspace::own(const QString& file, std::unique_ptr<EditedFile> opened)
     });
     m_presets.Follow(file, edited->dom());
     watch();
-    Q_EMIT fileOpened(edited);
 }
 
 } // namespace rvopen::browser

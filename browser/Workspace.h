@@ -41,11 +41,13 @@ public:
     Memory& memory();
     /// Files and folders, which are remembered. What is an installation gives the folders.
     void open(const QStringList& paths);
+    /// The file or folder is remembered no more; what was edited in it and not saved stays open.
     void close(const QString& path);
     QStringList opened() const;
-    /// Of these the archives, and the snapshot documents; known once the presets are.
-    QStringList archives() const;
-    QStringList documents() const;
+    /// All archives and documents that were found there; known once the presets are.
+    QStringList files() const;
+    /// Those of a file or folder.
+    QStringList filesIn(const QString& place) const;
     const toolkit::Folders& folders() const;
     void setFolders(const toolkit::Folders& folders);
     /// Looks again at what is in the folders and files.
@@ -70,9 +72,11 @@ public:
     EditedFile* edited(const QString& file) const;
     std::vector<EditedFile*> allEdited() const;
     std::vector<EditedFile*> changed() const;
-    /// False, with failed(), when it was not written.
+    /// False when it was not written: with failed(), or with changedOutside() where another program
+    /// wrote it meanwhile.
     bool save(EditedFile& file);
-    /// Reads it again; what was not saved is lost.
+    /// Reads it again; what was not saved is lost. Where it cannot be read, with failed(), all
+    /// stays as it is.
     void reload(EditedFile& file);
     /// Without saving.
     void closeFile(const QString& file);
@@ -93,7 +97,6 @@ Q_SIGNALS:
     void scanningChanged(bool isScanning);
     /// What presets there are was counted.
     void facetsChanged();
-    void fileOpened(rvopen::browser::EditedFile* file);
     /// It is none of those that are open any more, and goes next.
     void fileClosed(const QString& file);
     void fileEdited(rvopen::browser::EditedFile* file);
@@ -115,8 +118,7 @@ private:
     Memory& m_memory;
     QString m_journals;
     QStringList m_opened;
-    QStringList m_archives;
-    QStringList m_documents;
+    QStringList m_files;
     toolkit::Folders m_folders;
     bool m_isScanning = false;
     bool m_isScanWanted = false;

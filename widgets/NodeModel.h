@@ -117,8 +117,8 @@ public:
     Qt::DropActions supportedDropActions() const override;
     /// MimeType().
     QStringList mimeTypes() const override;
-    /// The elements of rows, of those in each other the outermost, as text of XML, too. The
-    /// caller's.
+    /// The elements of rows, of those in each other the outermost, as text of XML, too,
+    /// and File(). The caller's.
     QMimeData* mimeData(const QModelIndexList& indexes) const override;
     /// Whether all of the elements may stand there.
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,

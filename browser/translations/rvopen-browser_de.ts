@@ -503,6 +503,14 @@
         <source>Snapshots</source>
         <translation>Aufnahmen</translation>
     </message>
+    <message>
+        <source>&amp;Remove from the List</source>
+        <translation>Aus der &amp;Liste entfernen</translation>
+    </message>
+    <message>
+        <source>This cannot be renamed</source>
+        <translation>Das kann nicht umbenannt werden</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>

@@ -503,6 +503,14 @@
         <source>Snapshots</source>
         <translation>Vues</translation>
     </message>
+    <message>
+        <source>&amp;Remove from the List</source>
+        <translation>&amp;Retirer de la liste</translation>
+    </message>
+    <message>
+        <source>This cannot be renamed</source>
+        <translation>Ceci ne peut pas être renommé</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>

@@ -54,6 +54,22 @@ TEST_F(EditsTest, ANameIsAnother)
     expectOneStep();
 }
 
+/// A camera stands in the row of its snapshot, which is not meant.
+TEST_F(EditsTest, WhatHasNoRowIsLeftAlone)
+{
+    m_file = open(write("a.xml", sampleDocument()));
+    m_before = textOf(*m_file);
+    const QDomElement camera = at("//snapshot[One]/camera");
+    ASSERT_FALSE(camera.isNull());
+    EXPECT_FALSE(edits::rename(*m_file, camera, "Other"));
+    EXPECT_EQ(edits::remove(*m_file, {camera}), 0);
+    EXPECT_TRUE(edits::duplicate(*m_file, camera).isNull());
+    EXPECT_FALSE(edits::move(*m_file, camera, 1));
+    EXPECT_FALSE(edits::rename(*m_file, QDomElement(), "Other"));
+    EXPECT_EQ(textOf(*m_file), m_before);
+    EXPECT_EQ(m_file->stack().count(), 0);
+}
+
 TEST_F(EditsTest, WhatIsDeletedGoesWithWhatIsInIt)
 {
     EXPECT_EQ(edits::remove(*m_file, {at("/materials/dir[Metals]"), at("//material[Copper]"),
@@ -155,6 +171,11 @@ TEST_F(EditsTest, SortsFoldersFirstThenNamesInAnyCase)
     EXPECT_EQ(namesIn(metals),
               (QStringList{"New folder", "amber", "Brass", "brass 10", "Copper", "Zinc"}));
     EXPECT_FALSE(edits::sort(*m_file, metals));
+    const QString after = textOf(*m_file);
+    m_file->stack().undo();
+    EXPECT_EQ(namesIn(metals).first(), "Brass");
+    m_file->stack().redo();
+    EXPECT_EQ(textOf(*m_file), after);
 }
 
 TEST_F(EditsTest, MendsAsOneStep)
@@ -198,16 +219,18 @@ TEST(BecomingTest, ADocumentBecomesAnotherByAnyChanges)
         }
         const QString before = XmlText(now, 1);
         QVector<RVOpenChange> changes;
-        ASSERT_TRUE(becomeAs(wanted, now, [&](const RVOpenChange& change) {
-            changes.append(change);
-            return change.TakeBack(nullptr);
-        }));
+        ASSERT_TRUE(becomeAs(wanted.documentElement(), now.documentElement(),
+                             [&](const RVOpenChange& change) {
+                                 changes.append(change);
+                                 return change.TakeBack(nullptr);
+                             }));
         ASSERT_EQ(XmlText(now, 1), XmlText(wanted, 1)) << before.toStdString();
         changes.clear();
-        ASSERT_TRUE(becomeAs(wanted, now, [&](const RVOpenChange& change) {
-            changes.append(change);
-            return true;
-        }));
+        ASSERT_TRUE(becomeAs(wanted.documentElement(), now.documentElement(),
+                             [&](const RVOpenChange& change) {
+                                 changes.append(change);
+                                 return true;
+                             }));
         ASSERT_TRUE(changes.isEmpty());
     }
 }

@@ -8,6 +8,7 @@
 #include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
+#include "PictureExport.h"
 #include "Sidebar.h"
 #include "SnapShotStrip.h"
 
@@ -21,6 +22,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTreeView>
 
 namespace rvopen::test {
@@ -119,6 +121,18 @@ TEST_F(MainWindowTest, LooksForAColourThatIsDropped)
     EXPECT_EQ(shown(), (QStringList{"Red", "Red"}));
 }
 
+TEST_F(MainWindowTest, PresetsAreNoFilesToOpen)
+{
+    EditedFile* const file = choose("Brass");
+    widgets::NodeModel& model = file->tree();
+    const std::unique_ptr<QMimeData> data(
+        model.mimeData({model.Fetch(at(*file, "//material[Brass]"))}));
+    EXPECT_EQ(data->urls(), QList<QUrl>{QUrl::fromLocalFile(path("archives/a.rvx"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window.grid().viewport(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
 TEST_F(MainWindowTest, APictureHasTheColourOfWhatIsInIt)
 {
     QImage picture(100, 100, QImage::Format_RGB32);
@@ -195,6 +209,83 @@ TEST_F(MainWindowTest, DuplicatesMovesAndDeletes)
     EXPECT_EQ(namesIn(metals).size(), 3);
     trigger("editSort");
     EXPECT_EQ(namesIn(metals), (QStringList{"Brass", "Copper", names[2]}));
+}
+
+TEST_F(MainWindowTest, DeletesWhatIsChosenInAllFiles)
+{
+    window.search().setText("copper");
+    EXPECT_EQ(shown(), (QStringList{"Copper", "Copper"}));
+    window.grid().selectAll();
+    trigger("editDelete");
+    EXPECT_TRUE(comes([&] { return shown().isEmpty(); }));
+    EXPECT_EQ(workspace.changed().size(), 2U);
+    for (EditedFile* const file : workspace.changed())
+        EXPECT_EQ(namesIn(at(*file, "/materials/dir[Metals]")).size(), 1);
+}
+
+TEST_F(MainWindowTest, StartsInTheSearchAndRemembersItsLooks)
+{
+    EXPECT_EQ(window.focusWidget(), &window.search());
+    window.grid().setPictureSize(160);
+    window.close();
+    MainWindow again(workspace);
+    EXPECT_EQ(again.grid().pictureSize(), 160);
+}
+
+TEST_F(MainWindowTest, TheLastPresetThatWasOpenedComesFirst)
+{
+    for (const char* const name : {"Brass", "Bronze"}) {
+        choose(name);
+        QTest::keyClick(&window.grid(), Qt::Key_Return);
+    }
+    window.sidebar().setCurrentIndex(window.sidebar().model()->index(2, 0));
+    EXPECT_EQ(shown(), (QStringList{"Brass", "Bronze"}));
+    ASSERT_EQ(memory.recent().size(), 2);
+    EXPECT_EQ(memory.recent()[0].file, path("archives/b.rvx"));
+}
+
+TEST_F(MainWindowTest, RemovesAPlaceFromTheList)
+{
+    EXPECT_FALSE(window.action("fileForget")->isEnabled());
+    const QModelIndexList found =
+        window.sidebar().model()->match(window.sidebar().model()->index(0, 0), Qt::DisplayRole,
+                                        "archives", 1, Qt::MatchExactly | Qt::MatchRecursive);
+    ASSERT_EQ(found.size(), 1);
+    window.sidebar().setCurrentIndex(found[0]);
+    trigger("fileForget");
+    EXPECT_TRUE(comes([&] { return workspace.filter().rowCount() == 0; }));
+    EXPECT_TRUE(workspace.opened().isEmpty());
+}
+
+TEST_F(MainWindowTest, ExportsPicturesUnderFreeNames)
+{
+    QVector<toolkit::ListedPreset> presets;
+    for (const char* const name : {"Red", "Brass"})
+        presets.append(workspace.presets().Preset(workspace.filter().mapToSource(
+            workspace.filter().index(int(shown().indexOf(name)), 0))));
+    write("pictures/c.red.png", "somebody else's");
+    PictureExport work(workspace, path("pictures"), presets);
+    QSignalSpy finished(&work, &PictureExport::finished);
+    work.start();
+    ASSERT_TRUE(comes([&] { return finished.size() == 1; }));
+    EXPECT_EQ(finished[0][0].toInt(), 2);
+    EXPECT_EQ(finished[0][1].toString(), QString());
+    EXPECT_EQ(bytesOf(path("pictures/c.red.png")), "somebody else's");
+    EXPECT_EQ(QImage(path("pictures/c.red-2.png")).width(), 512);
+    EXPECT_EQ(QImage(path("pictures/m.brass.png")).height(), 512);
+
+    PictureExport stopped(workspace, path("pictures"), presets);
+    QSignalSpy ended(&stopped, &PictureExport::finished);
+    stopped.stop();
+    stopped.start();
+    EXPECT_EQ(ended.size(), 1);
+    EXPECT_EQ(ended[0][0].toInt(), 0);
+
+    PictureExport refused(workspace, path("pictures/c.red.png/no"), presets);
+    QSignalSpy failed(&refused, &PictureExport::finished);
+    refused.start();
+    ASSERT_TRUE(comes([&] { return failed.size() == 1; }));
+    EXPECT_TRUE(failed[0][1].toString().contains("c.red.png/no"));
 }
 
 TEST_F(MainWindowTest, CopiesFromOneArchiveToAnother)

@@ -41,9 +41,11 @@ protected:
 TEST_F(WorkspaceTest, FindsWhatIsInFolders)
 {
     openAll();
-    EXPECT_EQ(workspace.archives(),
-              (QStringList{path("archives/a.rvx"), path("archives/below/b.rvx")}));
-    EXPECT_EQ(workspace.documents(), QStringList{path("archives/c.xml")});
+    EXPECT_EQ(workspace.files(), (QStringList{path("archives/a.rvx"), path("archives/below/b.rvx"),
+                                              path("archives/c.xml")}));
+    EXPECT_EQ(workspace.filesIn(path("archives/below")), QStringList{path("archives/below/b.rvx")});
+    EXPECT_EQ(workspace.filesIn(path("archives/a.rvx")), QStringList{path("archives/a.rvx")});
+    EXPECT_EQ(workspace.filesIn(path("arch")), QStringList());
     EXPECT_EQ(workspace.presets().rowCount(), 8);
     const Facets& facets = workspace.facets();
     EXPECT_EQ(facets.kinds, (Facets::Counts{{"colour", 2}, {"material", 4}, {"snapshot", 2}}));
@@ -128,13 +130,86 @@ TEST_F(WorkspaceTest, NoticesWhatOthersWrite)
     EXPECT_FALSE(file->isChanged());
 }
 
+/// Also before anybody could have been told of it.
+TEST_F(WorkspaceTest, WritesOverNothingThatAnotherProgramWrote)
+{
+    openAll();
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::rename(*file, at(*file, "//material[Brass]"), "Mine");
+    const QByteArray theirs = sampleArchive().replace("Brass", "Theirs");
+    write("archives/a.rvx", theirs);
+    QSignalSpy outside(&workspace, &Workspace::changedOutside);
+    EXPECT_FALSE(workspace.save(*file));
+    EXPECT_EQ(outside.size(), 1);
+    EXPECT_EQ(bytesOf(file->file()), theirs);
+    EXPECT_TRUE(file->isChanged());
+    file->keepMine();
+    EXPECT_TRUE(workspace.save(*file));
+    EXPECT_TRUE(bytesOf(file->file()).contains("Mine"));
+    // One that is gone is written again.
+    edits::rename(*file, at(*file, "//material[Mine]"), "Ours");
+    QFile::remove(file->file());
+    EXPECT_TRUE(workspace.save(*file));
+    EXPECT_TRUE(bytesOf(file->file()).contains("Ours"));
+}
+
+TEST_F(WorkspaceTest, KeepsEditsWhereTheFileCannotBeReadAgain)
+{
+    openAll();
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::rename(*file, at(*file, "//material[Brass]"), "Mine");
+    write("archives/a.rvx", "<presets>");
+    QSignalSpy failed(&workspace, &Workspace::failed);
+    workspace.reload(*file);
+    EXPECT_EQ(failed.size(), 1);
+    ASSERT_EQ(workspace.edited(path("archives/a.rvx")), file);
+    EXPECT_FALSE(at(*file, "//material[Mine]").isNull());
+    EXPECT_TRUE(file->isChanged());
+}
+
+TEST_F(WorkspaceTest, ForgetsAPlaceButNotWhatIsNotSaved)
+{
+    openAll();
+    workspace.edit(path("archives/below/b.rvx"));
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::rename(*file, at(*file, "//material[Brass]"), "Mine");
+    workspace.close(path("archives"));
+    ASSERT_TRUE(comes([&] { return !workspace.isScanning(); }));
+    EXPECT_EQ(workspace.files(), QStringList());
+    EXPECT_EQ(Memory(path("settings.ini")).opened(), QStringList());
+    EXPECT_EQ(workspace.allEdited(), std::vector<EditedFile*>{file});
+    EXPECT_TRUE(comes([&] { return shown().contains("Mine"); }));
+}
+
+TEST_F(WorkspaceTest, AnInstallationSaysWhereImagesAre)
+{
+    write("here/xml/Default.rvx", sampleArchive());
+    workspace.open({path("here")});
+    EXPECT_EQ(workspace.folders().install, path("here"));
+    EXPECT_EQ(Memory(path("settings.ini")).folders().install, path("here"));
+    ASSERT_TRUE(comes([&] { return !workspace.isScanning(); }));
+}
+
+TEST_F(WorkspaceTest, TellsOfAllFilesThatCannotBeReadAtOnce)
+{
+    for (const char* const name : {"archives/x1.rvx", "archives/x2.rvx"})
+        write(name, "<presets>");
+    QSignalSpy failed(&workspace, &Workspace::failed);
+    openAll();
+    ASSERT_EQ(failed.size(), 1);
+    const QStringList lines = failed[0][0].toString().split('\n');
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[0].contains("x1.rvx:1:"));
+    EXPECT_TRUE(lines[1].contains("x2.rvx:1:"));
+}
+
 TEST_F(WorkspaceTest, NoticesFilesThatComeAndGo)
 {
     openAll();
     write("archives/d.rvx", sampleArchive());
-    EXPECT_TRUE(comes([&] { return workspace.archives().size() == 3; }));
+    EXPECT_TRUE(comes([&] { return workspace.files().size() == 4; }));
     QFile::remove(path("archives/a.rvx"));
-    EXPECT_TRUE(comes([&] { return workspace.archives().size() == 2; }));
+    EXPECT_TRUE(comes([&] { return workspace.files().size() == 3; }));
 }
 
 TEST_F(WorkspaceTest, SearchesAmongSomeFilesAndPresets)
