@@ -73,7 +73,7 @@ LAYERS = {
         toolkit/edit/Placement toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things
         toolkit/edit/TypedText toolkit/edit/Uses""",
     "Toolkit: images": """
-        toolkit/images/ContactSheet toolkit/images/EmbeddedPreview toolkit/images/FileIndex
+        toolkit/images/EmbeddedPreview toolkit/images/FileIndex
         toolkit/images/FollowedImages
         toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
         toolkit/images/PictureLocations toolkit/images/PictureMoves
@@ -87,6 +87,7 @@ LAYERS = {
         toolkit/drawing/SceneSurfaces toolkit/drawing/Sky toolkit/drawing/SnapShotPicture
         toolkit/drawing/Studio toolkit/drawing/Subjects toolkit/drawing/Surface toolkit/drawing/Vec
         toolkit/drawing/View""",
+    "Toolkit: sheets": "toolkit/sheets/ContactSheet toolkit/sheets/PictureSheet toolkit/sheets/SheetPage",
     "Toolkit: catalogue": """
         toolkit/catalogue/Block toolkit/catalogue/BlockStore toolkit/catalogue/Catalogue
         toolkit/catalogue/FileState toolkit/catalogue/IndexFile toolkit/catalogue/PathScan
@@ -105,7 +106,7 @@ LAYERS = {
         command/Info command/Input command/Inputs command/Interrupts command/List command/Merge command/New
         command/Outline command/Output command/OutputOptions command/ParamTables command/Params
         command/Preview command/Program command/Remove command/Rename command/Render command/SelectionOptions
-        command/Session command/Set command/Sheet command/SheetPage command/Sort command/Survey
+        command/Session command/Set command/Sheet command/Sort command/Survey
         command/Target command/Textures command/Thumbnail command/Transfer command/Tree command/main""",
     "Widgets": """
         widgets/ArchiveModel widgets/FollowedPresets widgets/LoneElements widgets/NodeMime widgets/NodeModel

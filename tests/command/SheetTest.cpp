@@ -192,7 +192,7 @@ TEST(Sheet, AsPageHasItsFilesAndAPictureOfEach)
     EXPECT_TRUE(isOfSchema(run, QStringLiteral("sheet")));
     EXPECT_EQ(run.json().value(QStringLiteral("pictures")).toInt(), 4);
     for (const char* const name : {"index.html", "style.css", "script.js"}) {
-        QFile file(QStringLiteral(RVOPEN_SOURCE_DIR "/command/html/") + QLatin1String(name));
+        QFile file(QStringLiteral(RVOPEN_SOURCE_DIR "/toolkit/sheets/html/") + QLatin1String(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(workspace.read(QLatin1String("page/") + QLatin1String(name)), file.readAll())
             << name;

@@ -17,6 +17,7 @@
 #include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
+#include <rvopen/toolkit/sheets/PictureSheet.h>
 
 #include <QGuiApplication>
 
@@ -156,6 +157,16 @@ TEST(Interface, HasPicturesWithTheApplicationOfTheProgram)
     EXPECT_TRUE(plan.ImageState().startsWith("textures"));
     EXPECT_TRUE(ReadPicture(s_presets).isNull());
     EXPECT_EQ(QCoreApplication::instance(), application);
+}
+
+TEST(Interface, MakesSheets)
+{
+    const Load load = LoadDocument(s_presets);
+    ASSERT_TRUE(load);
+    PictureSheet sheet(SheetFormat::Png, {MinPictureSize, 4, false});
+    sheet.Add(*load.document, SubjectsOf(*load.document).mid(0, 4), Folders());
+    EXPECT_EQ(QImage::fromData(sheet.Bytes(), "PNG").isNull(), sheet.Count() != 4);
+    EXPECT_THROW(PictureSheet::CheckFolder(load.document->Folder(), true), Failure);
 }
 
 } // namespace rvopen::test

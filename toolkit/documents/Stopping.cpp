@@ -23,6 +23,11 @@ Stoppable::~Stoppable()
     t_stopFlag = m_outer;
 }
 
+const std::atomic<bool>* stopFlag()
+{
+    return t_stopFlag;
+}
+
 bool isStopped()
 {
     return t_stopFlag && t_stopFlag->load(std::memory_order_relaxed);

@@ -21,6 +21,9 @@ private:
     const std::atomic<bool>* m_outer;
 };
 
+/// That of this thread, for others that work for it; null where nothing is stopped.
+const std::atomic<bool>* stopFlag();
+
 /// Whether the work of this thread is to end. Cheap enough for each row of a picture.
 bool isStopped();
 

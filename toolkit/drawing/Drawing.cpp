@@ -9,6 +9,7 @@
 #include "SnapShotPicture.h"
 #include "Studio.h"
 #include "toolkit/documents/Processors.h"
+#include "toolkit/documents/Stopping.h"
 
 #include <rvopen/AspectRatio.h>
 #include <rvopen/AspectRatioOrient.h>
@@ -245,7 +246,12 @@ PictureWish possible(const PictureWish& wish)
 std::vector<QImage> drawnTogether(const std::vector<Draw>& drawings)
 {
     std::vector<QImage> images(drawings.size());
-    forEachPiece(drawings.size(), [&](std::size_t i) { images[i] = drawings[i](); });
+    const std::atomic<bool>* const stop = stopFlag();
+    forEachPiece(drawings.size(), [&](std::size_t i) {
+        const Stoppable stoppable(stop);
+        if (!isStopped())
+            images[i] = drawings[i]();
+    });
     return images;
 }
 

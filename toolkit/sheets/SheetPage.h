@@ -16,11 +16,9 @@
 #include <QVector>
 
 namespace rvopen::toolkit {
+
 class Document;
 class ParamValues;
-} // namespace rvopen::toolkit
-
-namespace rvopen::command {
 
 /// One of the files that every page has.
 struct PageFile {
@@ -28,8 +26,24 @@ struct PageFile {
     QByteArray bytes;
 };
 
-/// Those of command/html, which stand in the program.
+/// Those of html/, which stand in the library.
 QVector<PageFile> pageFiles();
+
+/// What a page says of the presets that it shows.
+class SheetData {
+public:
+    /// What comes next; \p values are those of the document.
+    void add(const Subject& subject, const Document& document, ParamValues& values);
+
+private:
+    friend class SheetPage;
+
+    int fileNumber(const QString& name);
+
+    QVector<QJsonObject> m_items;
+    QVector<QJsonObject> m_details;
+    QJsonArray m_fileNames;
+};
 
 /// A folder with a page of pictures to look through in a browser, from disk or from any web server.
 /// The same presets give the same bytes. Unless finish() comes to its end the folder is as it was.
@@ -37,11 +51,8 @@ class SheetPage {
 public:
     /// Throws a Failure when the folder has something else than such a page, or has a page and
     /// \p mayReplace does not say that a new one takes its place.
-    SheetPage(const QString& folder, bool mayReplace);
+    SheetPage(const QString& folder, bool mayReplace, const SheetData& data);
 
-    /// What comes next; \p values are those of the document.
-    void add(const toolkit::Subject& subject, const toolkit::Document& document,
-             toolkit::ParamValues& values);
     /// The picture of the one that came as the \p index th, or null for none. Throws a Failure when
     /// it cannot be written.
     void setPicture(int index, const QImage& picture);
@@ -50,7 +61,6 @@ public:
 
 private:
     bool isPage() const;
-    int fileNumber(const QString& name);
     /// Makes a file that is named by its content, which is not made twice. The name.
     QString keepContent(const QString& folder, const QByteArray& bytes, const QString& suffix,
                         QSet<QString>& used);
@@ -58,12 +68,10 @@ private:
     void removeOthers(const QString& folder, const QSet<QString>& used) const;
 
     QString m_folder;
-    QVector<QJsonObject> m_items;
-    QVector<QJsonObject> m_details;
-    QJsonArray m_fileNames;
+    SheetData m_data;
     QSet<QString> m_usedPictures;
     QSet<QString> m_usedDetails;
-    toolkit::FileTransaction m_files;
+    FileTransaction m_files;
 };
 
-} // namespace rvopen::command
+} // namespace rvopen::toolkit

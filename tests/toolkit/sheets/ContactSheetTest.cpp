@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-#include "toolkit/images/ContactSheet.h"
+#include "toolkit/sheets/ContactSheet.h"
 
 #include "../Parts.h"
 #include "toolkit/images/PictureApplication.h"

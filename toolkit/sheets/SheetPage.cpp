@@ -25,9 +25,7 @@
 
 #include <algorithm>
 
-namespace rvopen::command {
-
-using namespace toolkit;
+namespace rvopen::toolkit {
 
 namespace {
 
@@ -74,25 +72,7 @@ QString searchText(const Subject& subject)
 
 } // namespace
 
-SheetPage::SheetPage(const QString& folder, bool mayReplace)
-    : m_folder(PathToOpen(folder))
-{
-    const QFileInfo info(m_folder);
-    if ((info.exists() || info.isSymLink()) && !info.isDir())
-        throw Failure(QStringLiteral("\"%1\" is no folder").arg(folder));
-    if (!info.exists() || QDir(m_folder).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                                 QDir::NoDotAndDotDot))
-        return;
-    if (!isPage())
-        throw Failure(QStringLiteral("\"%1\" has other files: take an empty folder, or one with "
-                                     "such a page")
-                          .arg(folder));
-    if (!mayReplace)
-        throw Failure(
-            QStringLiteral("\"%1\" has a page already: --force writes over it").arg(folder));
-}
-
-void SheetPage::add(const Subject& subject, const Document& document, ParamValues& values)
+void SheetData::add(const Subject& subject, const Document& document, ParamValues& values)
 {
     QStringList colours;
     QStringList textures;
@@ -137,24 +117,50 @@ void SheetPage::add(const Subject& subject, const Document& document, ParamValue
                     {QStringLiteral("textures"), QJsonArray::fromStringList(textures)}});
 }
 
+int SheetData::fileNumber(const QString& name)
+{
+    if (m_fileNames.isEmpty() || m_fileNames.last().toString() != name)
+        m_fileNames.append(name);
+    return int(m_fileNames.size()) - 1;
+}
+
+SheetPage::SheetPage(const QString& folder, bool mayReplace, const SheetData& data)
+    : m_folder(PathToOpen(folder))
+    , m_data(data)
+{
+    const QFileInfo info(m_folder);
+    if ((info.exists() || info.isSymLink()) && !info.isDir())
+        throw Failure(QStringLiteral("\"%1\" is no folder").arg(folder));
+    if (!info.exists() || QDir(m_folder).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                                 QDir::NoDotAndDotDot))
+        return;
+    if (!isPage())
+        throw Failure(QStringLiteral("\"%1\" has other files: take an empty folder, or one with "
+                                     "such a page")
+                          .arg(folder));
+    if (!mayReplace)
+        throw Failure(
+            QStringLiteral("\"%1\" has a page already: --force writes over it").arg(folder));
+}
+
 void SheetPage::setPicture(int index, const QImage& picture)
 {
     if (!picture.isNull())
-        m_items[index].insert(QStringLiteral("picture"),
-                              keepContent(s_pictures, encodedPicture(picture, "png"),
-                                          QStringLiteral(".png"), m_usedPictures));
+        m_data.m_items[index].insert(QStringLiteral("picture"),
+                                     keepContent(s_pictures, encodedPicture(picture, "png"),
+                                                 QStringLiteral(".png"), m_usedPictures));
 }
 
 void SheetPage::finish(const QString& title)
 {
     const QJsonArray details = writtenDetails();
     QJsonArray items;
-    for (const QJsonObject& item : m_items)
+    for (const QJsonObject& item : m_data.m_items)
         items.append(item);
     const QByteArray data =
         scriptOf("rvopenPage", QJsonDocument(QJsonObject{
                                    {QStringLiteral("title"), title},
-                                   {QStringLiteral("files"), m_fileNames},
+                                   {QStringLiteral("files"), m_data.m_fileNames},
                                    {QStringLiteral("details"), details},
                                    {QStringLiteral("detailsInFile"), s_detailsInFile},
                                    {QStringLiteral("items"), items},
@@ -182,13 +188,6 @@ bool SheetPage::isPage() const
            index.contains("<meta name=\"generator\" content=\"rvopen\">");
 }
 
-int SheetPage::fileNumber(const QString& name)
-{
-    if (m_fileNames.isEmpty() || m_fileNames.last().toString() != name)
-        m_fileNames.append(name);
-    return int(m_fileNames.size()) - 1;
-}
-
 QString SheetPage::keepContent(const QString& folder, const QByteArray& bytes,
                                const QString& suffix, QSet<QString>& used)
 {
@@ -211,9 +210,9 @@ QString SheetPage::keepContent(const QString& folder, const QByteArray& bytes,
 QJsonArray SheetPage::writtenDetails()
 {
     QJsonArray names;
-    for (int first = 0; first < int(m_details.size()); first += s_detailsInFile) {
+    for (int first = 0; first < int(m_data.m_details.size()); first += s_detailsInFile) {
         QJsonArray part;
-        for (const QJsonObject& detail : m_details.mid(first, s_detailsInFile))
+        for (const QJsonObject& detail : m_data.m_details.mid(first, s_detailsInFile))
             part.append(detail);
         names.append(keepContent(s_details, scriptOf("rvopenDetails", QJsonDocument(part)),
                                  QStringLiteral(".js"), m_usedDetails));
@@ -232,4 +231,4 @@ void SheetPage::removeOthers(const QString& folder, const QSet<QString>& used) c
     }
 }
 
-} // namespace rvopen::command
+} // namespace rvopen::toolkit
