@@ -8,7 +8,6 @@
 #include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
-#include "PictureExport.h"
 #include "Sidebar.h"
 #include "SnapShotStrip.h"
 
@@ -324,8 +323,8 @@ void MainWindow::follow()
     connect(&m_workspace, &Workspace::scanningChanged, this, &MainWindow::showBusy);
     connect(m_cancel, &QToolButton::clicked, this, [this] {
         m_findings->stop();
-        if (m_export)
-            m_export->stop();
+        if (m_work)
+            m_work->stop();
     });
     connect(&m_workspace, &Workspace::failed, this, &MainWindow::say);
     connect(&m_workspace, &Workspace::changedChanged, this, &MainWindow::update);
@@ -370,12 +369,13 @@ void MainWindow::update()
 /// What takes longer can be seen, and ended where that leaves nothing half done.
 void MainWindow::showBusy()
 {
-    const bool canBeStopped = m_findings->isRunning() || m_export;
-    m_progress->setRange(0, m_export ? m_export->count() : 0);
-    m_progress->setValue(m_export ? m_export->done() : 0);
+    const bool canBeStopped = m_findings->isRunning() || m_work;
+    m_progress->setRange(0, m_work ? m_work->count() : 0);
+    m_progress->setValue(m_work ? m_work->done() : 0);
     m_progress->setVisible(canBeStopped || m_workspace.isScanning());
     m_cancel->setVisible(canBeStopped);
-    action("fileExportPictures")->setEnabled(!m_export);
+    for (const char* const name : {"fileExportPictures", "fileExportSheet", "fileExportPage"})
+        action(name)->setEnabled(!m_work);
 }
 
 void MainWindow::say(const QString& text)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "LongWork.h"
 #include "Workspace.h"
 
 #include <QColor>
@@ -31,7 +32,6 @@ class Details;
 class Findings;
 class Grid;
 class MessageLine;
-class PictureExport;
 class Sidebar;
 class SnapShotStrip;
 
@@ -107,6 +107,7 @@ private:
     std::map<EditedFile*, QVector<QDomElement>> chosenElements();
     EditedFile* currentFile();
     QVector<toolkit::ListedPreset> chosenPresets() const;
+    QVector<toolkit::ListedPreset> chosenOrAllPresets() const;
     void choose(EditedFile& file, const QDomElement& element);
 
     // Files.
@@ -120,7 +121,10 @@ private:
     void closeCurrent();
     void forgetPlaces();
     void exportPictures();
-    void exportPicturesTo(const QString& folder, const QVector<toolkit::ListedPreset>& presets);
+    void exportSheet();
+    void exportPage();
+    void askForFolder(const QString& title, const std::function<void(const QString&)>& act);
+    void begin(const LongWork::Work& work);
     void askAboutOutside(EditedFile* file);
     void reload(EditedFile& file);
     void keep(EditedFile& file);
@@ -174,7 +178,7 @@ private:
     QTimer m_openTimer;
     QTimer m_checkTimer;
     QPointer<EditedFile> m_treeFile;
-    QPointer<PictureExport> m_export;
+    QPointer<LongWork> m_work;
     bool m_mayClose = false;
 };
 

@@ -53,6 +53,10 @@ void MainWindow::makeFileMenu()
     menu->addAction(all);
     make(menu, "fileExportPictures", tr("&Export Pictures…"), QKeySequence(Qt::CTRL | Qt::Key_P),
          &MainWindow::exportPictures);
+    make(menu, "fileExportSheet", tr("Export S&heet…"),
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), &MainWindow::exportSheet);
+    make(menu, "fileExportPage", tr("Export Pa&ge for Browsers…"), QKeySequence(),
+         &MainWindow::exportPage);
     menu->addSeparator();
     make(menu, "fileClose", tr("&Close File"), QKeySequence::Close, &MainWindow::closeCurrent);
     make(menu, "fileForget", tr("&Remove from the List"), QKeySequence(),
@@ -208,6 +212,18 @@ QVector<toolkit::ListedPreset> MainWindow::chosenPresets() const
     for (const QModelIndex& row : m_grid->selectedPresets())
         chosen.append(m_workspace.presets().Preset(row));
     return chosen;
+}
+
+/// What is chosen; all that the filters leave where nothing is.
+QVector<toolkit::ListedPreset> MainWindow::chosenOrAllPresets() const
+{
+    QVector<toolkit::ListedPreset> presets = chosenPresets();
+    if (presets.isEmpty()) {
+        for (int row = 0; row < m_workspace.filter().rowCount(); ++row)
+            presets.append(m_workspace.presets().Preset(
+                m_workspace.filter().mapToSource(m_workspace.filter().index(row, 0))));
+    }
+    return presets;
 }
 
 /// Where the tree has the keyboard what is chosen there, else in the grid; opened to be edited.

@@ -6,9 +6,10 @@
 #include "MainWindow.h"
 
 #include "CompareWindow.h"
+#include "Exports.h"
 #include "FileTexts.h"
+#include "Grid.h"
 #include "MessageLine.h"
-#include "PictureExport.h"
 #include "Sidebar.h"
 
 #include <rvopen/toolkit/documents/Load.h>
@@ -150,33 +151,71 @@ void MainWindow::compareWithDisk(EditedFile& file)
 
 void MainWindow::exportPictures()
 {
-    QVector<toolkit::ListedPreset> presets = chosenPresets();
-    if (presets.isEmpty()) {
-        for (int row = 0; row < m_workspace.filter().rowCount(); ++row)
-            presets.append(m_workspace.presets().Preset(
-                m_workspace.filter().mapToSource(m_workspace.filter().index(row, 0))));
-    }
+    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
+    askForFolder(tr("Folder for %n picture(s)", nullptr, int(presets.size())),
+                 [this, presets](const QString& folder) {
+                     begin(picturesOf(m_workspace, presets, folder));
+                 });
+}
+
+/// With pictures as large as they are in the window.
+void MainWindow::exportSheet()
+{
+    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
     auto* const dialog =
-        new QFileDialog(this, tr("Folder for %n picture(s)", nullptr, int(presets.size())));
+        new QFileDialog(this, tr("Sheet of %n picture(s)", nullptr, int(presets.size())));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    connect(dialog, &QFileDialog::fileSelected, this,
-            [this, presets](const QString& folder) { exportPicturesTo(folder, presets); });
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilters({tr("To print (*.pdf)"), tr("One picture (*.png)")});
+    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        const bool isPng = filter.contains(QLatin1String("*.png"));
+        dialog->setDefaultSuffix(isPng ? QStringLiteral("png") : QStringLiteral("pdf"));
+    });
+    connect(dialog, &QFileDialog::fileSelected, this, [this, presets](const QString& file) {
+        const bool isPng = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+        toolkit::SheetWish wish;
+        wish.size = m_grid->pictureSize();
+        begin(sheetOf(m_workspace, presets,
+                      isPng ? toolkit::SheetFormat::Png : toolkit::SheetFormat::Pdf, wish, file));
+    });
     dialog->open();
 }
 
-void MainWindow::exportPicturesTo(const QString& folder,
-                                  const QVector<toolkit::ListedPreset>& presets)
+void MainWindow::exportPage()
 {
-    m_export = new PictureExport(m_workspace, folder, presets, this);
-    connect(m_export, &PictureExport::progressed, this, &MainWindow::showBusy);
-    connect(m_export, &PictureExport::finished, this, [this](int written, const QString& problem) {
-        say(problem.isEmpty() ? tr("%n picture(s) were written", nullptr, written) : problem);
-        m_export->deleteLater();
-        m_export = nullptr;
+    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
+    askForFolder(tr("Empty folder for a page of %n picture(s)", nullptr, int(presets.size())),
+                 [this, presets](const QString& folder) {
+                     toolkit::SheetWish wish;
+                     wish.size = m_grid->pictureSize();
+                     begin(sheetOf(m_workspace, presets, toolkit::SheetFormat::Page, wish, folder));
+                 });
+}
+
+void MainWindow::askForFolder(const QString& title, const std::function<void(const QString&)>& act)
+{
+    auto* const dialog = new QFileDialog(this, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    connect(dialog, &QFileDialog::fileSelected, this, act);
+    dialog->open();
+}
+
+void MainWindow::begin(const LongWork::Work& work)
+{
+    if (m_work)
+        return;
+    m_work = new LongWork(this);
+    connect(m_work, &LongWork::progressed, this, &MainWindow::showBusy);
+    connect(m_work, &LongWork::finished, this, [this](const QString& message) {
+        m_work = nullptr;
         showBusy();
+        if (!message.isEmpty())
+            say(message);
     });
-    m_export->start();
+    m_work->start(work);
+    showBusy();
 }
 
 } // namespace rvopen::browser

@@ -116,10 +116,10 @@ LAYERS = {
         widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",
     "Browser": """
         browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
-        browser/EditedFile browser/Edits browser/Facets browser/FileTexts browser/Findings browser/Grid
+        browser/EditedFile browser/Edits browser/Exports browser/Facets browser/FileTexts browser/Findings browser/Grid
         browser/GridModel
-        browser/Journal browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
-        browser/Memory browser/MessageLine browser/PictureExport browser/QtCompat browser/Sidebar browser/SnapShotStrip browser/Start
+        browser/Journal browser/LongWork browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
+        browser/Memory browser/MessageLine browser/QtCompat browser/Sidebar browser/SnapShotStrip browser/Start
         browser/Workspace browser/main""",
 }
 

@@ -8,7 +8,6 @@
 #include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
-#include "PictureExport.h"
 #include "Sidebar.h"
 #include "SnapShotStrip.h"
 
@@ -255,37 +254,6 @@ TEST_F(MainWindowTest, RemovesAPlaceFromTheList)
     trigger("fileForget");
     EXPECT_TRUE(comes([&] { return workspace.filter().rowCount() == 0; }));
     EXPECT_TRUE(workspace.opened().isEmpty());
-}
-
-TEST_F(MainWindowTest, ExportsPicturesUnderFreeNames)
-{
-    QVector<toolkit::ListedPreset> presets;
-    for (const char* const name : {"Red", "Brass"})
-        presets.append(workspace.presets().Preset(workspace.filter().mapToSource(
-            workspace.filter().index(int(shown().indexOf(name)), 0))));
-    write("pictures/c.red.png", "somebody else's");
-    PictureExport work(workspace, path("pictures"), presets);
-    QSignalSpy finished(&work, &PictureExport::finished);
-    work.start();
-    ASSERT_TRUE(comes([&] { return finished.size() == 1; }));
-    EXPECT_EQ(finished[0][0].toInt(), 2);
-    EXPECT_EQ(finished[0][1].toString(), QString());
-    EXPECT_EQ(bytesOf(path("pictures/c.red.png")), "somebody else's");
-    EXPECT_EQ(QImage(path("pictures/c.red-2.png")).width(), 512);
-    EXPECT_EQ(QImage(path("pictures/m.brass.png")).height(), 512);
-
-    PictureExport stopped(workspace, path("pictures"), presets);
-    QSignalSpy ended(&stopped, &PictureExport::finished);
-    stopped.stop();
-    stopped.start();
-    EXPECT_EQ(ended.size(), 1);
-    EXPECT_EQ(ended[0][0].toInt(), 0);
-
-    PictureExport refused(workspace, path("pictures/c.red.png/no"), presets);
-    QSignalSpy failed(&refused, &PictureExport::finished);
-    refused.start();
-    ASSERT_TRUE(comes([&] { return failed.size() == 1; }));
-    EXPECT_TRUE(failed[0][1].toString().contains("c.red.png/no"));
 }
 
 TEST_F(MainWindowTest, CopiesFromOneArchiveToAnother)

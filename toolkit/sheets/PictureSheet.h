@@ -55,8 +55,9 @@ struct SheetWish {
 /// \endcode
 ///
 /// A sheet may be made in any thread, and is used by one at a time, as are the documents that were
-/// added: those of which something has to be drawn are held. Words need fonts, and these an
-/// application of Qt's: a program without one gets one that needs no screen.
+/// added: those of which something has to be drawn are held. PNG and PDF have words, which need
+/// fonts, and these a QGuiApplication: a program without one gets one that needs no screen, unless
+/// it had pictures read or drawn before, for which one without fonts was made.
 class RVOPEN_TOOLKIT_EXPORT PictureSheet {
 public:
     /// Throws a Failure where letters are needed and there are no fonts.
