@@ -35,7 +35,6 @@ using namespace toolkit;
 
 namespace {
 
-const int s_jpegQuality = 92;
 /// Pictures that are drawn together.
 const int s_batch = 16;
 /// Bytes of a name that every file system takes, with room for a number and the extension.
@@ -294,15 +293,16 @@ private:
         int count = 0;
         for (int i = 0; i < int(jobs.size()); ++i) {
             const QImage& image = images[std::size_t(i)];
-            const QByteArray bytes =
-                encodedPicture(image, isJpeg ? "jpg" : "png", isJpeg ? s_jpegQuality : -1);
             const Job& job = jobs[i];
             if (job.file.isEmpty()) {
-                const QString text = QString::fromLatin1(qCompress(bytes).toHex());
+                const QString text = EmbeddedText(image);
                 QDomElement element = job.subject.element;
                 isChanged = isChanged || element.attribute(QStringLiteral("xmlImage")) != text;
                 element.setAttribute(QStringLiteral("xmlImage"), text);
-            } else if (const QString problem = write(bytes, job.file); !problem.isEmpty()) {
+            } else if (const QString problem = write(encodedPicture(image, isJpeg ? "jpg" : "png",
+                                                                    isJpeg ? PreviewQuality : -1),
+                                                     job.file);
+                       !problem.isEmpty()) {
                 session.error(job.file, problem);
                 continue;
             }

@@ -27,24 +27,6 @@ using namespace toolkit;
 
 namespace {
 
-/// Why the file is not collected; empty when it is.
-QString problemOfTexture(const ReferencedTexture& texture, TextureCollection::Objection objection)
-{
-    switch (objection) {
-    case TextureCollection::Objection::NotThere:
-        return QStringLiteral("\"%1\" is not there").arg(texture.reference);
-    case TextureCollection::Objection::NoImage:
-        return QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
-    case TextureCollection::Objection::Outside:
-        return QStringLiteral("\"%1\" lies outside of the document's folder and those of the "
-                              "host; --everywhere collects it too")
-            .arg(texture.file);
-    case TextureCollection::Objection::None:
-        break;
-    }
-    return QString();
-}
-
 class Textures : public Command {
 public:
     const char* name() const override
@@ -106,7 +88,7 @@ public:
                     continue;
                 isMissing = isMissing || texture.file.isEmpty();
                 if (session.json)
-                    list.append(object(document, texture, QString()));
+                    list.append(object(document, texture.described()));
                 else
                     print(document, texture, session.out);
             }
@@ -118,14 +100,14 @@ public:
     }
 
 private:
-    static QJsonObject object(const Document& document, const ReferencedTexture& texture,
-                              const QString& became)
+    static QJsonObject object(const Document& document, const DocumentTexture& texture)
     {
         return {{QStringLiteral("file"), document.Name()},
                 {QStringLiteral("reference"), texture.reference},
                 {QStringLiteral("found"),
                  texture.file.isEmpty() ? QJsonValue() : QJsonValue(texture.file)},
-                {QStringLiteral("became"), became.isEmpty() ? QJsonValue() : QJsonValue(became)},
+                {QStringLiteral("became"),
+                 texture.became.isEmpty() ? QJsonValue() : QJsonValue(texture.became)},
                 {QStringLiteral("uses"), QJsonArray::fromStringList(texture.paths)}};
     }
 
@@ -165,42 +147,35 @@ private:
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
-        for (ReferencedTexture texture : selected(*document, session)) {
-            const QString changed = withAnotherPrefix(texture.reference, prefixes);
-            if (!changed.isEmpty()) {
-                texture.refer(changed);
-                texture.file = findReferenced(changed, document->Folder());
-                list.append(object(*document, texture, changed));
-                lines << texture.reference + QLatin1String(" -> ") + changed;
+        for (const ReferencedTexture& texture : selected(*document, session)) {
+            DocumentTexture relinked = texture.described();
+            relinked.became = withAnotherPrefix(texture.reference, prefixes);
+            if (!relinked.became.isEmpty()) {
+                texture.refer(relinked.became);
+                relinked.file = findReferenced(relinked.became, document->Folder());
+            } else if (!texture.file.isEmpty() || folders.isEmpty()) {
                 continue;
+            } else {
+                // Target re-bases what is relative to where the document was.
+                relinked = index.relink(texture, document->Folder());
             }
-            if (!texture.file.isEmpty() || folders.isEmpty())
-                continue;
-            const QStringList found = index.find(texture.reference);
-            if (found.size() != 1) {
-                isIncomplete = true;
-                session.warning(
-                    document->Name(),
-                    found.isEmpty()
-                        ? QStringLiteral("\"%1\" was not found").arg(texture.reference)
-                        : QStringLiteral("\"%1\" could be any of: %2")
-                              .arg(texture.reference, found.join(QStringLiteral(", "))));
-                list.append(object(*document, texture, QString()));
-                continue;
-            }
-            // Target re-bases what is relative to where the document was.
-            const QString reference =
-                isAbsoluteReference(texture.reference)
-                    ? QDir::toNativeSeparators(found.first())
-                    : relativeReference(found.first(), document->Folder(), texture.reference);
-            texture.refer(reference);
-            texture.file = found.first();
-            list.append(object(*document, texture, reference));
-            lines << texture.reference + QLatin1String(" -> ") + reference;
+            list.append(object(*document, relinked));
+            isIncomplete = !tell(relinked, *document, lines, session) || isIncomplete;
         }
         m_target.write(*document, *document, session);
         report(lines, list, session);
         return session.result(isIncomplete ? ExitFindings : ExitFine);
+    }
+
+    /// False, with a warning, when there was a problem.
+    static bool tell(const DocumentTexture& texture, const Document& document, QStringList& lines,
+                     Session& session)
+    {
+        if (texture.problem.isEmpty())
+            lines << texture.reference + QLatin1String(" -> ") + texture.became;
+        else
+            session.warning(document.Name(), texture.problem);
+        return texture.problem.isEmpty();
     }
 
     QVector<ReferencedTexture> selected(const Document& document, Session& session)
@@ -250,23 +225,17 @@ private:
         if (m_target.isForced())
             overwriting = [this](const QString& file) { m_target.backUp(file); };
         TextureCollection collection(m_collect, document->Path(), overwriting);
+        const CollectedTextures which =
+            m_isEverywhere ? CollectedTextures::Everywhere : CollectedTextures::Ours;
         bool isIncomplete = false;
         QJsonArray list;
         QStringList lines;
         for (const ReferencedTexture& texture : selected(*document, session)) {
-            const QString problem =
-                problemOfTexture(texture, TextureCollection::objectionTo(
-                                              texture, *document, session.folders, m_isEverywhere));
-            if (!problem.isEmpty()) {
-                isIncomplete = true;
-                session.warning(document->Name(), problem);
-                list.append(object(*document, texture, QString()));
-                continue;
-            }
-            const QString name = collection.add(texture.file);
-            texture.refer(name);
-            list.append(object(*document, texture, name));
-            lines << texture.reference + QLatin1String(" -> ") + name;
+            DocumentTexture taken = collection.take(texture, *document, session.folders, which);
+            if (taken.isElsewhere)
+                taken.problem += QStringLiteral("; --everywhere collects it too");
+            list.append(object(*document, taken));
+            isIncomplete = !tell(taken, *document, lines, session) || isIncomplete;
         }
         collection.addPictures(*document, session.folders,
                                [&session](const QString& file, const QString& message) {

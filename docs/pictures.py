@@ -69,11 +69,11 @@ LAYERS = {
         toolkit/documents/Stopping toolkit/documents/Utf8""",
     "Toolkit: edit": """
         toolkit/edit/Arriving toolkit/edit/Carrying toolkit/edit/Condition toolkit/edit/Content toolkit/edit/Folding
-        toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/PathSegment
+        toolkit/edit/Labels toolkit/edit/Likeness toolkit/edit/Links toolkit/edit/NodePath toolkit/edit/ParamValues toolkit/edit/PathSegment
         toolkit/edit/Placement toolkit/edit/Selection toolkit/edit/Sorting toolkit/edit/Things
         toolkit/edit/TypedText toolkit/edit/Uses""",
     "Toolkit: images": """
-        toolkit/images/EmbeddedPreview toolkit/images/FileIndex
+        toolkit/images/DocumentTextures toolkit/images/EmbeddedPreview toolkit/images/FileIndex
         toolkit/images/FollowedImages
         toolkit/images/HostPicture toolkit/images/ImageFiles toolkit/images/PictureApplication
         toolkit/images/PictureLocations toolkit/images/PictureMoves
@@ -99,7 +99,7 @@ LAYERS = {
         toolkit/check/Parameters toolkit/check/Places toolkit/check/References toolkit/check/Rules
         toolkit/check/RuleTable""",
     "Toolkit: compare": "toolkit/compare/Comparer toolkit/compare/Members toolkit/compare/SameElements",
-    "Toolkit: exchange": "toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
+    "Toolkit: exchange": "toolkit/exchange/Exchange toolkit/exchange/ImportedPictures toolkit/exchange/Importer toolkit/exchange/Merger",
     "Command": """
         command/Arguments command/Check command/Command command/CommandLine command/Diff
         command/Documentation command/Editing command/Find command/Format command/Get command/Import

@@ -13,8 +13,11 @@
 #include <rvopen/toolkit/drawing/Picture.h>
 #include <rvopen/toolkit/drawing/PicturePlan.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/edit/Links.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/toolkit/exchange/Exchange.h>
+#include <rvopen/toolkit/images/DocumentTextures.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 #include <rvopen/toolkit/images/PictureLocations.h>
 #include <rvopen/toolkit/sheets/PictureSheet.h>
@@ -168,6 +171,35 @@ TEST(Interface, MakesSheets)
     EXPECT_EQ(sheet.Count(), 4);
     EXPECT_FALSE(sheet.Title().isEmpty());
     EXPECT_THROW(PictureSheet::CheckFolder(load.document->Folder(), true), Failure);
+}
+
+TEST(Interface, EmbedsPictures)
+{
+    QImage picture(8, 8, QImage::Format_RGB32);
+    picture.fill(qRgb(200, 100, 50));
+    const QImage again = EmbeddedPreview(EmbeddedText(picture));
+    EXPECT_EQ(again.size(), picture.size());
+    EXPECT_NEAR(qRed(again.pixel(4, 4)), 200, 6);
+    EXPECT_EQ(EmbeddedText(QImage()), QString());
+}
+
+TEST(Interface, HandsDocumentsOn)
+{
+    const Load load = LoadDocument(s_presets);
+    const Load same = LoadDocument(s_presets);
+    ASSERT_TRUE(load && same);
+    EXPECT_EQ(Import(*same.document, *load.document).added, 0);
+    EXPECT_EQ(Merge(nullptr, *load.document, *same.document).conflicts.size(), 0);
+    const Load house = LoadDocument(s_house);
+    ASSERT_TRUE(house);
+    const QVector<Link> links = LinksFrom(house.document->Root());
+    ASSERT_FALSE(links.isEmpty());
+    EXPECT_FALSE(LinksTo(links[0].kind, links[0].refName, house.document->Root()).isEmpty());
+    EXPECT_TRUE(LinksTo(QString(), QString(), load.document->Root()).isEmpty());
+    for (const DocumentTexture& texture : TexturesOf(*load.document))
+        EXPECT_FALSE(texture.paths.isEmpty());
+    EXPECT_THROW(RelinkTextures(*load.document, {s_presets}), Failure);
+    EXPECT_THROW(CollectTextures(*load.document, load.document->Folder(), Folders()), Failure);
 }
 
 } // namespace rvopen::test

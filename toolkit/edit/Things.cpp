@@ -9,6 +9,7 @@
 
 #include <rvopen/toolkit/documents/Failure.h>
 #include <rvopen/toolkit/edit/NodePath.h>
+#include <rvopen/toolkit/schema/ElementInfo.h>
 
 #include <QHash>
 #include <QRegularExpression>
@@ -135,6 +136,13 @@ Thing thingOf(const QDomElement& element)
         (parent.tagName() != s_dir && sectionOf(element) != parent))
         return Thing::Other;
     return element.tagName() == s_dir ? Thing::Folder : Thing::Preset;
+}
+
+bool goesByRefName(const QDomElement& element)
+{
+    const ElementInfo* const info = FindElement(element.tagName());
+    return info && info->isPreset && !element.attribute(QStringLiteral("refname")).isEmpty() &&
+           thingOf(element) != Thing::Preset;
 }
 
 QString thingName(Thing thing)

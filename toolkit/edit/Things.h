@@ -26,6 +26,8 @@ enum class Thing {
 };
 
 Thing thingOf(const QDomElement& element);
+/// Whether it goes by the reference name of a preset that is somewhere else.
+bool goesByRefName(const QDomElement& element);
 /// "preset", "folder", "snapshot", "palette" or "material".
 QString thingName(Thing thing);
 

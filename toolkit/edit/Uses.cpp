@@ -100,7 +100,7 @@ QVector<Use> Uses::ofObjects() const
 bool Uses::isUse(const QDomElement& element) const
 {
     return element.hasAttribute(s_refName) && m_keys.contains(presetKey(element)) &&
-           thingOf(element) != Thing::Preset;
+           goesByRefName(element);
 }
 
 QVector<Use> Uses::in(const Document& document, const QVector<QDomElement>& without) const

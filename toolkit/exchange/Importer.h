@@ -8,6 +8,7 @@
 #include "toolkit/images/TextureReferences.h"
 
 #include <rvopen/toolkit/compare/Comparer.h>
+#include <rvopen/toolkit/exchange/Exchange.h>
 
 #include <QDomElement>
 #include <QSet>
@@ -30,13 +31,6 @@ enum class ImportState {
 };
 
 enum class ImportAction { None, Added, Replaced, Renamed };
-
-/// What becomes of what is there with another content.
-enum class ChangedImports {
-    Left,
-    Renamed, ///< The new one comes under another name.
-    Replaced
-};
 
 /// A snapshot or a preset that may be taken over.
 struct ImportItem {

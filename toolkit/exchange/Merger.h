@@ -7,6 +7,7 @@
 
 #include <rvopen/toolkit/compare/Comparer.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
+#include <rvopen/toolkit/exchange/Exchange.h>
 
 #include <QDomElement>
 #include <QHash>
@@ -14,25 +15,9 @@
 #include <QString>
 #include <QVector>
 
-#include <optional>
-
 namespace rvopen::toolkit {
 
 class Document;
-
-/// What one of three documents says in one place: a value with lengths in scene units, the text of
-/// an attribute, the place of a preset, or for a whole element "there" or "changed". Nothing where
-/// it has none.
-using MergeText = std::optional<QString>;
-
-/// What both sides changed, each in its own way. Ours stays.
-struct MergeConflict {
-    /// In ours; in theirs for what ours has not.
-    QString path;
-    MergeText base;
-    MergeText ours;
-    MergeText theirs;
-};
 
 /// Merges what became of a document in two places. Presets are told by their reference names
 /// wherever they stand, else by name and place; values by their paths. What one side alone changed

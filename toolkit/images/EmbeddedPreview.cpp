@@ -3,6 +3,7 @@
 
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 
+#include "ImageFiles.h"
 #include "PictureApplication.h"
 
 #include <rvopen/RVOpenNode.h>
@@ -23,6 +24,13 @@ QImage EmbeddedPreview(const QString& text)
     node.SetDomNode(element);
     XMLUtils utils;
     return utils.QPixmapFromRVOpenNode(&node, QString()).toImage();
+}
+
+QString EmbeddedText(const QImage& picture)
+{
+    if (picture.isNull())
+        return QString();
+    return QString::fromLatin1(qCompress(encodedPicture(picture, "jpg", PreviewQuality)).toHex());
 }
 
 bool HasEmbeddedPreview(const QDomElement& element)

@@ -3,10 +3,13 @@
 
 #include "FileIndex.h"
 
+#include "TextureReferences.h"
+
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Failure.h>
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
@@ -78,6 +81,25 @@ QStringList FileIndex::find(const QString& reference)
 
 /// What the bytes of the file are told by; empty when it cannot be read. Each file is read
 /// once, however many references could mean it.
+DocumentTexture FileIndex::relink(const ReferencedTexture& texture, const QString& folder)
+{
+    DocumentTexture result = texture.described();
+    const QStringList found = find(texture.reference);
+    if (found.size() != 1) {
+        result.problem = found.isEmpty()
+                             ? QStringLiteral("\"%1\" was not found").arg(texture.reference)
+                             : QStringLiteral("\"%1\" could be any of: %2")
+                                   .arg(texture.reference, found.join(QStringLiteral(", ")));
+        return result;
+    }
+    result.file = found.first();
+    result.became = isAbsoluteReference(texture.reference)
+                        ? QDir::toNativeSeparators(result.file)
+                        : relativeReference(result.file, folder, texture.reference);
+    texture.refer(result.became);
+    return result;
+}
+
 QByteArray FileIndex::digestOf(const QString& path)
 {
     const auto known = m_digests.constFind(path);

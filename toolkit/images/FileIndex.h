@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ReferencedTextures.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -19,6 +21,10 @@ public:
     /// The files that could be meant: of that name, and of these those whose folders agree furthest
     /// with the reference. Of files with the same bytes only the first.
     QStringList find(const QString& reference);
+
+    /// Has all that refers to it refer to the one file that is found, relative to \p folder where
+    /// it was relative. With a problem for none or several.
+    DocumentTexture relink(const ReferencedTexture& texture, const QString& folder);
 
 private:
     QByteArray digestOf(const QString& path);

@@ -16,6 +16,9 @@ QImage readImage(const QString& path);
 /// Whether the file can be decoded as a picture, whatever its name.
 bool isPictureFile(const QString& path);
 
+/// Of pictures of presets in JPEG, as QImage::save() takes it.
+constexpr int PreviewQuality = 92;
+
 /// The picture in a format, named as QImage::save() takes it, as the quality is. Throws a Failure
 /// when it cannot be written like that.
 QByteArray encodedPicture(const QImage& image, const QByteArray& format, int quality = -1);

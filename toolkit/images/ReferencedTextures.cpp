@@ -19,6 +19,15 @@
 
 namespace rvopen::toolkit {
 
+DocumentTexture ReferencedTexture::described() const
+{
+    DocumentTexture texture;
+    texture.reference = reference;
+    texture.file = file;
+    texture.paths = paths;
+    return texture;
+}
+
 void ReferencedTexture::refer(const QString& other) const
 {
     for (QDomElement param : params)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <rvopen/toolkit/images/DocumentTextures.h>
+
 #include <QDomElement>
 #include <QString>
 #include <QStringList>
@@ -23,6 +25,8 @@ struct ReferencedTexture {
     QVector<QDomElement> params;
     QStringList paths;
 
+    /// For others; nothing has become of it yet.
+    DocumentTexture described() const;
     /// Has all that referred to it refer to another file.
     void refer(const QString& other) const;
 };

@@ -47,13 +47,13 @@ TextureCollection::TextureCollection(const QString& folder, const QString& docum
 TextureCollection::Objection TextureCollection::objectionTo(const ReferencedTexture& texture,
                                                             const Document& document,
                                                             const Folders& folders,
-                                                            bool isEverywhere)
+                                                            CollectedTextures which)
 {
     if (texture.file.isEmpty())
         return Objection::NotThere;
     if (!QFileInfo(texture.file).isFile() || !isPictureFile(texture.file))
         return Objection::NoImage;
-    if (isEverywhere)
+    if (which == CollectedTextures::Everywhere)
         return Objection::None;
     for (const QString& folder : {document.Folder(), folders.install, folders.archives,
                                   folders.custom, folders.snapshots}) {
@@ -61,6 +61,32 @@ TextureCollection::Objection TextureCollection::objectionTo(const ReferencedText
             return Objection::None;
     }
     return Objection::Outside;
+}
+
+DocumentTexture TextureCollection::take(const ReferencedTexture& texture, const Document& document,
+                                        const Folders& folders, CollectedTextures which)
+{
+    DocumentTexture taken = texture.described();
+    switch (objectionTo(texture, document, folders, which)) {
+    case Objection::NotThere:
+        taken.problem = QStringLiteral("\"%1\" is not there").arg(texture.reference);
+        return taken;
+    case Objection::NoImage:
+        taken.problem =
+            QStringLiteral("\"%1\" is no image and stays where it is").arg(texture.file);
+        return taken;
+    case Objection::Outside:
+        taken.problem = QStringLiteral("\"%1\" lies outside of the document's folder and those of "
+                                       "the host")
+                            .arg(texture.file);
+        taken.isElsewhere = true;
+        return taken;
+    case Objection::None:
+        break;
+    }
+    taken.became = add(texture.file);
+    texture.refer(taken.became);
+    return taken;
 }
 
 /// Names that differ in the case of letters only are one name elsewhere.

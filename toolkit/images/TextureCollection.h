@@ -5,6 +5,8 @@
 
 #include "toolkit/documents/FileTransaction.h"
 
+#include <rvopen/toolkit/images/DocumentTextures.h>
+
 #include <QHash>
 #include <QPair>
 #include <QString>
@@ -43,9 +45,13 @@ public:
     TextureCollection(const QString& folder, const QString& document,
                       Overwriting overwriting = nullptr);
 
-    /// \p isEverywhere: what lies outside is handed on, too.
     static Objection objectionTo(const ReferencedTexture& texture, const Document& document,
-                                 const Folders& folders, bool isEverywhere);
+                                 const Folders& folders, CollectedTextures which);
+
+    /// Takes the image along and has the document refer to its name in the folder, unless there is
+    /// an objection, which is the problem then. Throws a Failure when it cannot be copied.
+    DocumentTexture take(const ReferencedTexture& texture, const Document& document,
+                         const Folders& folders, CollectedTextures which);
 
     /// Copies the file, unless the folder has it. The name that it has there: its own, or with a
     /// number where that is taken by another file. Throws a Failure when it cannot be copied.

@@ -78,17 +78,19 @@ TEST_F(DocumentTextures, AreHandedOnUnlessTheyAreNoImagesOrLieOutside)
     ASSERT_TRUE(document);
     const QVector<ReferencedTexture> textures = texturesOf(*document);
     ASSERT_EQ(textures.size(), 4);
-    const auto objection = [&](int i, const Folders& folders, bool isEverywhere) {
-        return TextureCollection::objectionTo(textures[i], *document, folders, isEverywhere);
+    const CollectedTextures ours = CollectedTextures::Ours;
+    const CollectedTextures everywhere = CollectedTextures::Everywhere;
+    const auto objection = [&](int i, const Folders& folders, CollectedTextures which) {
+        return TextureCollection::objectionTo(textures[i], *document, folders, which);
     };
-    EXPECT_EQ(objection(0, Folders(), false), Objection::None);
-    EXPECT_EQ(objection(1, Folders(), true), Objection::NotThere);
-    EXPECT_EQ(objection(2, Folders(), true), Objection::NoImage);
-    EXPECT_EQ(objection(3, Folders(), false), Objection::Outside);
-    EXPECT_EQ(objection(3, Folders(), true), Objection::None);
+    EXPECT_EQ(objection(0, Folders(), ours), Objection::None);
+    EXPECT_EQ(objection(1, Folders(), everywhere), Objection::NotThere);
+    EXPECT_EQ(objection(2, Folders(), everywhere), Objection::NoImage);
+    EXPECT_EQ(objection(3, Folders(), ours), Objection::Outside);
+    EXPECT_EQ(objection(3, Folders(), everywhere), Objection::None);
     Folders folders;
     folders.install = path("elsewhere");
-    EXPECT_EQ(objection(3, folders, false), Objection::None);
+    EXPECT_EQ(objection(3, folders, ours), Objection::None);
 }
 
 TEST_F(DocumentTextures, AreCollectedUnderNamesOfTheirOwnOrNotAtAll)
@@ -162,6 +164,64 @@ TEST_F(DocumentTextures, AreCollectedWithThePicturesOfSnapshotsAndGoAgainUnlessK
     EXPECT_EQ(files(), "a.xml icon_A.jpg icon_B.jpg");
     EXPECT_EQ(joinedBy(" ", left), "icon_B.jpg icon_B.jpg");
     EXPECT_FALSE(haveSameBytes(other, path("house/icon_B.jpg")));
+}
+
+TEST_F(DocumentTextures, AreFoundAgainForADocumentInMemory)
+{
+    const QString found = paint("moved/a/b.png", qRgb(1, 2, 3));
+    paint("moved/x/c.png", qRgb(1, 2, 3));
+    paint("moved/y/c.png", qRgb(4, 5, 6));
+    paint("house/there.png", qRgb(1, 2, 3));
+    const auto document =
+        documentWith({QStringLiteral("b.png"), QStringLiteral("there.png"), QStringLiteral("c.png"),
+                      QStringLiteral("D:\\lost\\B.PNG")});
+    ASSERT_TRUE(document);
+    EXPECT_EQ(TexturesOf(*document).size(), 4);
+    const QVector<DocumentTexture> textures = RelinkTextures(*document, {path("moved")});
+    ASSERT_EQ(textures.size(), 3);
+    EXPECT_EQ(textures[0].became, QStringLiteral("..\\moved\\a\\b.png"));
+    EXPECT_EQ(textures[0].file, found);
+    EXPECT_EQ(textures[0].problem, QString());
+    EXPECT_THAT(textures[1].problem.toStdString(), ::testing::HasSubstr("could be any of"));
+    EXPECT_EQ(textures[1].became, QString());
+    EXPECT_EQ(QDir::fromNativeSeparators(textures[2].became), found);
+    QStringList now;
+    for (const DocumentTexture& texture : TexturesOf(*document))
+        now << texture.reference;
+    EXPECT_EQ(joinedBy(" ", now),
+              joinedBy(" ", {QStringLiteral("..\\moved\\a\\b.png"), QStringLiteral("there.png"),
+                             QStringLiteral("c.png"), textures[2].became}));
+    EXPECT_THROW(RelinkTextures(*document, {path("nowhere")}), Failure);
+}
+
+TEST_F(DocumentTextures, AreHandedOnWithTheDocumentAsItIsInMemory)
+{
+    paint("house/b.png", qRgb(1, 2, 3));
+    const QString outside = paint("elsewhere/c.png", qRgb(4, 5, 6));
+    const auto before = documentWith({QStringLiteral("b.png"), outside});
+    ASSERT_TRUE(before);
+    before->Root().setAttribute(QStringLiteral("edited"), QStringLiteral("1"));
+    const QVector<DocumentTexture> ours = CollectTextures(*before, path("parcel"), Folders());
+    ASSERT_EQ(ours.size(), 2);
+    EXPECT_EQ(ours[0].became, QStringLiteral("b.png"));
+    EXPECT_TRUE(ours[1].isElsewhere);
+    EXPECT_NE(ours[1].problem, QString());
+    EXPECT_TRUE(haveSameBytes(path("parcel/b.png"), path("house/b.png")));
+    EXPECT_FALSE(QFileInfo::exists(path("parcel/c.png")));
+    ReadError error;
+    const auto copy = Document::Read(path("parcel/a.xml"), error);
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->Root().attribute(QStringLiteral("edited")), QStringLiteral("1"));
+    // Nothing is written over.
+    EXPECT_THROW(CollectTextures(*before, path("parcel"), Folders()), Failure);
+
+    const auto again = documentWith({QStringLiteral("b.png"), outside});
+    CollectTextures(*again, path("all"), Folders(), CollectedTextures::Everywhere);
+    EXPECT_TRUE(haveSameBytes(path("all/c.png"), outside));
+    QStringList now;
+    for (const DocumentTexture& texture : TexturesOf(*again))
+        now << texture.reference;
+    EXPECT_EQ(joinedBy(" ", now), "b.png c.png");
 }
 
 } // namespace rvopen::test
