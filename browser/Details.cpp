@@ -9,6 +9,7 @@
 #include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Document.h>
 #include <rvopen/toolkit/drawing/Subjects.h>
+#include <rvopen/toolkit/edit/Links.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/schema/ParamInfo.h>
 #include <rvopen/widgets/ParamDelegate.h>
@@ -33,6 +34,10 @@ namespace {
 constexpr int s_largestPicture = 256;
 constexpr int s_leastPicture = 96;
 
+/// Of a reference: where it leads.
+constexpr int FileRole = Qt::UserRole;
+constexpr int PathRole = Qt::UserRole + 1;
+
 /// Not by going there: arrows have to lead on.
 constexpr QAbstractItemView::EditTriggers s_editTriggers =
     QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked |
@@ -48,6 +53,7 @@ Details::Details(Workspace& workspace, QWidget* parent)
     , m_tabs(new QTabWidget)
     , m_view(new QTreeView)
     , m_images(new QListWidget)
+    , m_references(new QListWidget)
 {
     m_picture->setAlignment(Qt::AlignCenter);
     m_picture->setMinimumHeight(s_leastPicture);
@@ -64,10 +70,12 @@ Details::Details(Workspace& workspace, QWidget* parent)
     m_view->hideColumn(widgets::ParamModel::Meaning);
     m_view->setAccessibleName(tr("Values"));
     m_images->setAccessibleName(tr("Images"));
-    m_tabs->setAccessibleName(tr("Values and images"));
-    m_tabs->tabBar()->setAccessibleName(tr("Values and images"));
+    m_references->setAccessibleName(tr("References"));
+    m_tabs->setAccessibleName(tr("Values, images and references"));
+    m_tabs->tabBar()->setAccessibleName(tr("Values, images and references"));
     m_tabs->addTab(m_view, tr("Values"));
     m_tabs->addTab(m_images, tr("Images"));
+    m_tabs->addTab(m_references, tr("References"));
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_picture);
     layout->addWidget(m_title);
@@ -85,6 +93,11 @@ Details::Details(Workspace& workspace, QWidget* parent)
     connect(m_view, &QTreeView::activated, this, [this] {
         if (!m_isEdited && !m_element.isNull())
             Q_EMIT editWanted();
+    });
+    connect(m_references, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
+        const QString target = item->data(FileRole).toString();
+        if (!target.isEmpty())
+            Q_EMIT presetWanted(target, item->data(PathRole).toString());
     });
     connect(&workspace.thumbnails(), &widgets::Thumbnails::ElementChanged, this,
             [this](const QDomElement& element) {
@@ -131,6 +144,16 @@ QTreeView& Details::view()
     return *m_view;
 }
 
+QListWidget& Details::references()
+{
+    return *m_references;
+}
+
+QDomElement Details::chosenParam() const
+{
+    return m_values.Param(m_view->currentIndex());
+}
+
 void Details::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
@@ -168,6 +191,7 @@ void Details::showPicture()
 void Details::showTexts()
 {
     m_images->clear();
+    m_references->clear();
     if (m_element.isNull()) {
         m_title->setText(tr("Nothing is chosen"));
         return;
@@ -176,6 +200,12 @@ void Details::showTexts()
         QStringLiteral("%1\n%2 – %3")
             .arg(IdentityOf(m_element), m_element.tagName(), LastPathComponent(m_file)));
     m_title->setToolTip(m_file + QLatin1Char('\n') + PathOf(m_element));
+    showImages();
+    showReferences();
+}
+
+void Details::showImages()
+{
     const auto document = Document::Of(m_file, m_document);
     const FindFile find = TextureFinder(*document, m_workspace.folders());
     Walk(m_element, QString(), [&](const QDomElement& param, const QString& path) {
@@ -195,6 +225,25 @@ void Details::showTexts()
         return true;
     });
     m_tabs->setTabText(1, tr("Images (%1)").arg(m_images->count()));
+}
+
+void Details::showReferences()
+{
+    for (const Link& link : LinksFrom(m_element)) {
+        const ListedPreset preset = m_workspace.presetCalled(link.kind, link.refName);
+        const bool isMissing = preset.file.isEmpty();
+        auto* const item = new QListWidgetItem(
+            isMissing ? tr("%1 %2 is missing").arg(link.kind, link.refName)
+                      : QStringLiteral("%1 %2 – %3")
+                            .arg(link.kind, preset.name, LastPathComponent(preset.file)),
+            m_references);
+        item->setToolTip(link.path + QLatin1Char('\n') + link.refName);
+        item->setIcon(style()->standardIcon(isMissing ? QStyle::SP_MessageBoxWarning
+                                                      : QStyle::SP_FileLinkIcon));
+        item->setData(FileRole, preset.file);
+        item->setData(PathRole, preset.path);
+    }
+    m_tabs->setTabText(2, tr("References (%1)").arg(m_references->count()));
 }
 
 } // namespace rvopen::browser

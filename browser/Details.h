@@ -22,8 +22,8 @@ namespace rvopen::browser {
 class EditedFile;
 class Workspace;
 
-/// One preset or snapshot: a large picture, which follows as values change, the values, and the
-/// images that it needs, with what is missing of them.
+/// One preset or snapshot: a large picture, which follows as values change, the values, the images
+/// and the presets that it needs, with what is missing of them.
 class Details : public QWidget {
     Q_OBJECT
 
@@ -38,11 +38,16 @@ public:
     QDomElement element() const;
     widgets::ParamModel& values();
     QTreeView& view();
+    QListWidget& references();
+    /// The parameter that is chosen among the values; null for none.
+    QDomElement chosenParam() const;
 
 Q_SIGNALS:
     void refused(const QString& reason);
     /// Somebody wants to edit what is shown to be looked at.
     void editWanted();
+    /// Somebody wants to see the preset that is referred to.
+    void presetWanted(const QString& file, const QString& path);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -51,6 +56,8 @@ private:
     void show(const QString& file, const QDomElement& element, bool isEdited);
     void showPicture();
     void showTexts();
+    void showImages();
+    void showReferences();
 
     Workspace& m_workspace;
     QString m_file;
@@ -63,6 +70,7 @@ private:
     QTabWidget* m_tabs;
     QTreeView* m_view;
     QListWidget* m_images;
+    QListWidget* m_references;
 };
 
 } // namespace rvopen::browser

@@ -62,6 +62,15 @@ void Findings::check(const QStringList& files)
     run(jobs);
 }
 
+void Findings::showLines(const QVector<Line>& lines)
+{
+    stop();
+    clear();
+    for (const Line& line : lines)
+        add(line);
+    resizeColumnToContents(Message);
+}
+
 void Findings::stop()
 {
     if (!m_stop)
@@ -115,34 +124,34 @@ void Findings::run(const QVector<Job>& jobs)
         [this, stop = m_stop](const QVector<Finding>& findings) {
             if (stop != m_stop)
                 return;
-            clear();
+            QVector<Line> lines;
             for (const Finding& finding : findings)
-                add(finding);
-            resizeColumnToContents(Message);
-            this->stop();
+                lines.append(
+                    {finding.message, finding.path, finding.file, finding.rule->severity,
+                     QStringLiteral("%1: %2").arg(QLatin1String(finding.rule->id),
+                                                  QString::fromUtf8(finding.rule->advice))});
+            showLines(lines);
         });
 }
 
-void Findings::add(const Finding& finding)
+void Findings::add(const Line& line)
 {
     auto* const item = new QTreeWidgetItem(this);
-    item->setText(Message, finding.message);
-    item->setText(Where, finding.path);
-    item->setText(InFile, LastPathComponent(finding.file));
-    item->setToolTip(InFile, finding.file);
-    item->setToolTip(Message,
-                     QStringLiteral("%1: %2").arg(QLatin1String(finding.rule->id),
-                                                  QString::fromUtf8(finding.rule->advice)));
-    item->setData(0, FileRole, finding.file);
-    item->setData(0, PathRole, finding.path);
+    item->setText(Message, line.message);
+    item->setText(Where, line.path);
+    item->setText(InFile, LastPathComponent(line.file));
+    item->setToolTip(InFile, line.file);
+    item->setToolTip(Message, line.advice);
+    item->setData(0, FileRole, line.file);
+    item->setData(0, PathRole, line.path);
     const QStyle::StandardPixmap icon =
-        finding.rule->severity == Severity::Error     ? QStyle::SP_MessageBoxCritical
-        : finding.rule->severity == Severity::Warning ? QStyle::SP_MessageBoxWarning
-                                                      : QStyle::SP_MessageBoxInformation;
+        line.severity == Severity::Error     ? QStyle::SP_MessageBoxCritical
+        : line.severity == Severity::Warning ? QStyle::SP_MessageBoxWarning
+                                             : QStyle::SP_MessageBoxInformation;
     item->setIcon(Message, style()->standardIcon(icon));
     // Who hears instead of sees is told how much it matters, too.
     item->setData(Message, Qt::AccessibleTextRole,
-                  SeverityName(finding.rule->severity) + QLatin1String(": ") + finding.message);
+                  SeverityName(line.severity) + QLatin1String(": ") + line.message);
 }
 
 } // namespace rvopen::browser

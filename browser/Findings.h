@@ -20,6 +20,16 @@ class Findings : public QTreeWidget {
     Q_OBJECT
 
 public:
+    /// What stands in a row.
+    struct Line {
+        QString message;
+        QString path;
+        QString file;
+        toolkit::Severity severity = toolkit::Severity::Warning;
+        /// More about it; may be empty.
+        QString advice;
+    };
+
     explicit Findings(Workspace& workspace, QWidget* parent = nullptr);
     ~Findings() override;
 
@@ -27,6 +37,8 @@ public:
     void check(const EditedFile& file);
     /// Of all of them, as they are on disk.
     void check(const QStringList& files);
+    /// What something else has to say, in the place of findings.
+    void showLines(const QVector<Line>& lines);
     void stop();
     bool isRunning() const;
 
@@ -48,7 +60,7 @@ private:
     };
 
     void run(const QVector<Job>& jobs);
-    void add(const toolkit::Finding& finding);
+    void add(const Line& line);
 
     Workspace& m_workspace;
     std::shared_ptr<std::atomic<bool>> m_stop;

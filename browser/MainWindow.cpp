@@ -5,7 +5,6 @@
 
 #include "Details.h"
 #include "FileTexts.h"
-#include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
 #include "Sidebar.h"
@@ -314,6 +313,7 @@ void MainWindow::follow()
     connect(m_grid, &QListView::activated, this, [this] { openForEditing(true); });
     connect(m_details, &Details::editWanted, this, [this] { openForEditing(true); });
     connect(m_details, &Details::refused, this, &MainWindow::say);
+    connect(m_details, &Details::presetWanted, this, &MainWindow::showInFile);
     connect(m_strip, &SnapShotStrip::chosen, this, [this](const QDomElement& snapShot) {
         if (m_treeFile)
             m_details->showElement(*m_treeFile, snapShot);
@@ -332,6 +332,9 @@ void MainWindow::follow()
     connect(&m_workspace, &Workspace::changedOutside, this, &MainWindow::askAboutOutside);
     connect(&m_workspace, &Workspace::fileEdited, this, [this](EditedFile* file) {
         m_checkTimer.start();
+        // Those that are remembered may be called otherwise.
+        if (!m_sidebar->query().presets.isEmpty())
+            searchNow();
         if (!file->journalProblem().isEmpty())
             m_messages->ask(
                 QStringLiteral("journal"),
@@ -374,13 +377,21 @@ void MainWindow::showBusy()
     m_progress->setValue(m_work ? m_work->done() : 0);
     m_progress->setVisible(canBeStopped || m_workspace.isScanning());
     m_cancel->setVisible(canBeStopped);
-    for (const char* const name : {"fileExportPictures", "fileExportSheet", "fileExportPage"})
+    for (const char* const name :
+         {"fileExportPictures", "fileExportSheet", "fileExportPage", "fileImport", "fileMerge",
+          "fileCollect", "toolsFindImages", "toolsEmbed", "toolsSetForAll", "toolsFindUses"})
         action(name)->setEnabled(!m_work);
 }
 
 void MainWindow::say(const QString& text)
 {
     m_messages->say(text);
+}
+
+void MainWindow::showLines(const QVector<Findings::Line>& lines)
+{
+    m_checkTimer.stop();
+    m_findings->showLines(lines);
 }
 
 void MainWindow::showChosen()
@@ -412,7 +423,7 @@ void MainWindow::openForEditing(bool isWanted)
     if (!m_workspace.edit(preset.file))
         return;
     if (isWanted)
-        m_workspace.memory().addRecent({preset.file, preset.path});
+        m_workspace.addRecent({preset.file, preset.path});
     showChosen();
     if (isWanted)
         m_details->view().setFocus();

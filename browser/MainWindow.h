@@ -3,8 +3,12 @@
 
 #pragma once
 
+#include "Findings.h"
 #include "LongWork.h"
 #include "Workspace.h"
+
+#include <rvopen/toolkit/exchange/Exchange.h>
+#include <rvopen/toolkit/images/DocumentTextures.h>
 
 #include <QColor>
 #include <QMainWindow>
@@ -29,7 +33,6 @@ QT_END_NAMESPACE
 namespace rvopen::browser {
 
 class Details;
-class Findings;
 class Grid;
 class MessageLine;
 class Sidebar;
@@ -120,11 +123,6 @@ private:
     void save();
     void closeCurrent();
     void forgetPlaces();
-    void exportPictures();
-    void exportSheet();
-    void exportPage();
-    void askForFolder(const QString& title, const std::function<void(const QString&)>& act);
-    void begin(const LongWork::Work& work);
     void askAboutOutside(EditedFile* file);
     void reload(EditedFile& file);
     void keep(EditedFile& file);
@@ -153,9 +151,31 @@ private:
     void pickColour();
     void about();
 
+    // Whole files, and many presets.
+    void exportPictures();
+    void exportSheet();
+    void exportPage();
+    void importFile();
+    void importFrom(const QString& file, const QString& source, toolkit::ChangedImports changed);
+    void mergeFile();
+    void askForBase(const QString& file, const QString& theirs);
+    void mergeFrom(const QString& file, const QString& theirs, const QString& base);
+    void collect();
+    void askAboutElsewhere(const QString& file, const QString& folder);
+    void collectInto(const QString& file, const QString& folder, toolkit::CollectedTextures which);
+    void findImages();
+    void embedPictures();
+    void setForAll();
+    void findUses();
+    QVector<toolkit::PresetPlace> chosenPlaces() const;
+    void askForFile(const QString& title, const std::function<void(const QString&)>& act);
+    void askForFolder(const QString& title, const std::function<void(const QString&)>& act);
+    void begin(const LongWork::Work& work);
+
     void update();
     void showBusy();
     void say(const QString& text);
+    void showLines(const QVector<Findings::Line>& lines);
 
     Workspace& m_workspace;
     Sidebar* m_sidebar = nullptr;

@@ -6,18 +6,14 @@
 #include "MainWindow.h"
 
 #include "Applying.h"
-#include "CompareWindow.h"
 #include "Details.h"
 #include "Edits.h"
 #include "FileTexts.h"
-#include "Findings.h"
 #include "Grid.h"
 #include "MessageLine.h"
 #include "Sidebar.h"
 
-#include <rvopen/RVOpenPaths.h>
 #include <rvopen/RVOpenVersion.h>
-#include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QAction>
@@ -51,11 +47,16 @@ void MainWindow::makeFileMenu()
     all->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
     connect(all, &QAction::triggered, this, &MainWindow::saveAll);
     menu->addAction(all);
+    menu->addSeparator();
+    make(menu, "fileImport", tr("&Import…"), QKeySequence(Qt::CTRL | Qt::Key_I),
+         &MainWindow::importFile);
+    make(menu, "fileMerge", tr("Mer&ge…"), QKeySequence(), &MainWindow::mergeFile);
+    make(menu, "fileCollect", tr("Collect with I&mages…"), QKeySequence(), &MainWindow::collect);
     make(menu, "fileExportPictures", tr("&Export Pictures…"), QKeySequence(Qt::CTRL | Qt::Key_P),
          &MainWindow::exportPictures);
     make(menu, "fileExportSheet", tr("Export S&heet…"),
          QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), &MainWindow::exportSheet);
-    make(menu, "fileExportPage", tr("Export Pa&ge for Browsers…"), QKeySequence(),
+    make(menu, "fileExportPage", tr("Export Page for &Browsers…"), QKeySequence(),
          &MainWindow::exportPage);
     menu->addSeparator();
     make(menu, "fileClose", tr("&Close File"), QKeySequence::Close, &MainWindow::closeCurrent);
@@ -115,6 +116,15 @@ void MainWindow::makeEditMenu()
     make(tools, "toolsMend", tr("&Mend"), QKeySequence(Qt::CTRL | Qt::Key_M), &MainWindow::mend);
     make(tools, "toolsCompare", tr("C&ompare"), QKeySequence(Qt::CTRL | Qt::Key_E),
          &MainWindow::compare);
+    tools->addSeparator();
+    make(tools, "toolsFindUses", tr("Find &Uses"), QKeySequence(Qt::CTRL | Qt::Key_U),
+         &MainWindow::findUses);
+    make(tools, "toolsFindImages", tr("Find Missing &Images…"), QKeySequence(),
+         &MainWindow::findImages);
+    make(tools, "toolsEmbed", tr("&Embed Pictures"), QKeySequence(), &MainWindow::embedPictures);
+    make(tools, "toolsSetForAll", tr("&Set the Value for All Chosen"),
+         QKeySequence(Qt::CTRL | Qt::Key_Return), &MainWindow::setForAll);
+    tools->addSeparator();
     m_applyMenu = tools->addMenu(tr("Apply &to"));
     connect(m_applyMenu, &QMenu::aboutToShow, this, &MainWindow::fillApplyMenu);
 }
@@ -399,11 +409,10 @@ void MainWindow::paste()
 
 void MainWindow::toggleFavourite()
 {
-    Memory& memory = m_workspace.memory();
     for (const toolkit::ListedPreset& preset : chosenPresets()) {
         const toolkit::PresetPlace place{preset.file, preset.path};
-        const bool isFavourite = !memory.isFavourite(place);
-        memory.setFavourite(place, isFavourite);
+        const bool isFavourite = !m_workspace.memory().isFavourite(place);
+        m_workspace.setFavourite(place, isFavourite);
         say(isFavourite ? tr("%1 is a favourite").arg(preset.name)
                         : tr("%1 is no favourite any more").arg(preset.name));
     }
@@ -429,37 +438,6 @@ void MainWindow::checkAll()
 {
     m_checkTimer.stop();
     m_findings->check(m_workspace.files());
-}
-
-void MainWindow::compare()
-{
-    const QStringList files = m_sidebar->selectedFiles();
-    if (chosenPresets().size() != 2 && files.size() == 2)
-        return compareFiles(files);
-    QVector<CompareWindow::Side> sides;
-    for (const QModelIndex& row : m_grid->selectedPresets()) {
-        const toolkit::ListedPreset preset = m_workspace.presets().Preset(row);
-        const toolkit::OpenPreset opened = m_workspace.presets().Open(row);
-        if (opened)
-            sides.append({preset.file, opened.dom, opened.element, preset.name});
-    }
-    if (sides.size() == 2)
-        (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
-}
-
-/// Whole documents, as they are here where they are open.
-void MainWindow::compareFiles(const QStringList& files)
-{
-    QVector<CompareWindow::Side> sides;
-    for (const QString& file : files) {
-        const EditedFile* const edited = m_workspace.edited(file);
-        const toolkit::Load load = edited ? toolkit::Load() : toolkit::LoadDocument(file);
-        if (!edited && !load)
-            return say(messageOf(load.error));
-        const QDomDocument document = edited ? edited->dom() : load.document->Dom();
-        sides.append({file, document, document.documentElement(), LastPathComponent(file)});
-    }
-    (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
 }
 
 /// The snapshots of the documents that are open, and in them what the preset can become.

@@ -1,17 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The rvopen authors
 // SPDX-License-Identifier: MIT
 
-// What the menu of files offers: what is opened, made, saved, and exported.
+// What is opened, made, saved and compared.
 
 #include "MainWindow.h"
 
 #include "CompareWindow.h"
-#include "Exports.h"
 #include "FileTexts.h"
 #include "Grid.h"
 #include "MessageLine.h"
 #include "Sidebar.h"
 
+#include <rvopen/RVOpenPaths.h>
 #include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/documents/NewDocuments.h>
 
@@ -149,73 +149,35 @@ void MainWindow::compareWithDisk(EditedFile& file)
         ->show();
 }
 
-void MainWindow::exportPictures()
+void MainWindow::compare()
 {
-    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
-    askForFolder(tr("Folder for %n picture(s)", nullptr, int(presets.size())),
-                 [this, presets](const QString& folder) {
-                     begin(picturesOf(m_workspace, presets, folder));
-                 });
+    const QStringList files = m_sidebar->selectedFiles();
+    if (chosenPresets().size() != 2 && files.size() == 2)
+        return compareFiles(files);
+    QVector<CompareWindow::Side> sides;
+    for (const QModelIndex& row : m_grid->selectedPresets()) {
+        const toolkit::ListedPreset preset = m_workspace.presets().Preset(row);
+        const toolkit::OpenPreset opened = m_workspace.presets().Open(row);
+        if (opened)
+            sides.append({preset.file, opened.dom, opened.element, preset.name});
+    }
+    if (sides.size() == 2)
+        (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
 }
 
-/// With pictures as large as they are in the window.
-void MainWindow::exportSheet()
+/// Whole documents, as they are here where they are open.
+void MainWindow::compareFiles(const QStringList& files)
 {
-    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
-    auto* const dialog =
-        new QFileDialog(this, tr("Sheet of %n picture(s)", nullptr, int(presets.size())));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setNameFilters({tr("To print (*.pdf)"), tr("One picture (*.png)")});
-    dialog->setDefaultSuffix(QStringLiteral("pdf"));
-    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        const bool isPng = filter.contains(QLatin1String("*.png"));
-        dialog->setDefaultSuffix(isPng ? QStringLiteral("png") : QStringLiteral("pdf"));
-    });
-    connect(dialog, &QFileDialog::fileSelected, this, [this, presets](const QString& file) {
-        const bool isPng = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
-        toolkit::SheetWish wish;
-        wish.size = m_grid->pictureSize();
-        begin(sheetOf(m_workspace, presets,
-                      isPng ? toolkit::SheetFormat::Png : toolkit::SheetFormat::Pdf, wish, file));
-    });
-    dialog->open();
-}
-
-void MainWindow::exportPage()
-{
-    const QVector<toolkit::ListedPreset> presets = chosenOrAllPresets();
-    askForFolder(tr("Empty folder for a page of %n picture(s)", nullptr, int(presets.size())),
-                 [this, presets](const QString& folder) {
-                     toolkit::SheetWish wish;
-                     wish.size = m_grid->pictureSize();
-                     begin(sheetOf(m_workspace, presets, toolkit::SheetFormat::Page, wish, folder));
-                 });
-}
-
-void MainWindow::askForFolder(const QString& title, const std::function<void(const QString&)>& act)
-{
-    auto* const dialog = new QFileDialog(this, title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    connect(dialog, &QFileDialog::fileSelected, this, act);
-    dialog->open();
-}
-
-void MainWindow::begin(const LongWork::Work& work)
-{
-    if (m_work)
-        return;
-    m_work = new LongWork(this);
-    connect(m_work, &LongWork::progressed, this, &MainWindow::showBusy);
-    connect(m_work, &LongWork::finished, this, [this](const QString& message) {
-        m_work = nullptr;
-        showBusy();
-        if (!message.isEmpty())
-            say(message);
-    });
-    m_work->start(work);
-    showBusy();
+    QVector<CompareWindow::Side> sides;
+    for (const QString& file : files) {
+        const EditedFile* const edited = m_workspace.edited(file);
+        const toolkit::Load load = edited ? toolkit::Load() : toolkit::LoadDocument(file);
+        if (!edited && !load)
+            return say(messageOf(load.error));
+        const QDomDocument document = edited ? edited->dom() : load.document->Dom();
+        sides.append({file, document, document.documentElement(), LastPathComponent(file)});
+    }
+    (new CompareWindow(m_workspace, sides[0], sides[1], this))->show();
 }
 
 } // namespace rvopen::browser

@@ -116,6 +116,21 @@ void Memory::addRecent(const toolkit::PresetPlace& place)
     setPlaces(s_recentKey, all);
 }
 
+void Memory::move(const Moves& moves)
+{
+    for (const QString& key : {s_favourites, s_recentKey}) {
+        Places all = places(key);
+        for (toolkit::PresetPlace& place : all) {
+            const auto moved = std::find_if(moves.begin(), moves.end(), [&place](const auto& one) {
+                return isSame(one.first, place);
+            });
+            if (moved != moves.end())
+                place = moved->second;
+        }
+        setPlaces(key, all);
+    }
+}
+
 QByteArray Memory::geometry() const
 {
     return m_settings.value(s_geometry).toByteArray();

@@ -7,6 +7,7 @@
 #include <rvopen/toolkit/documents/Folders.h>
 
 #include <QByteArray>
+#include <QPair>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
@@ -18,6 +19,7 @@ namespace rvopen::browser {
 class Memory {
 public:
     using Places = QVector<toolkit::PresetPlace>;
+    using Moves = QVector<QPair<toolkit::PresetPlace, toolkit::PresetPlace>>;
 
     /// That of the user.
     Memory();
@@ -41,6 +43,8 @@ public:
     /// The last one first.
     Places recent() const;
     void addRecent(const toolkit::PresetPlace& place);
+    /// What is known of each first place is known of the second one instead, of all at once.
+    void move(const Moves& moves);
     /// @}
 
     /// \name The window

@@ -86,6 +86,18 @@ Memory& Workspace::memory()
     return m_memory;
 }
 
+void Workspace::setFavourite(const PresetPlace& place, bool isFavourite)
+{
+    m_memory.setFavourite(place, isFavourite);
+    lookUpPlaces(place.file);
+}
+
+void Workspace::addRecent(const PresetPlace& place)
+{
+    m_memory.addRecent(place);
+    lookUpPlaces(place.file);
+}
+
 void Workspace::open(const QStringList& paths)
 {
     for (const QString& path : paths) {
@@ -192,6 +204,23 @@ const Facets& Workspace::facets() const
     return m_facets;
 }
 
+ListedPreset Workspace::presetCalled(const QString& kind, const QString& refName)
+{
+    const std::shared_ptr<const Catalogue> catalogue = m_presets.CurrentCatalogue();
+    if (!catalogue)
+        return ListedPreset();
+    CatalogueQuery query;
+    query.kind = kind;
+    query.text = refName;
+    const CatalogueMatches matches = catalogue->Search(query);
+    for (int i = 0; i < matches.Count(); ++i) {
+        const ListedPreset preset = matches.At(i);
+        if (preset.refName == refName)
+            return preset;
+    }
+    return ListedPreset();
+}
+
 QUndoGroup& Workspace::undo()
 {
     return m_undo;
@@ -245,6 +274,8 @@ bool Workspace::save(EditedFile& file)
     watch();
     if (error)
         Q_EMIT failed(messageOf(error));
+    else
+        m_places.at(file.file())->keep();
     return !error;
 }
 
@@ -270,6 +301,8 @@ void Workspace::closeFile(const QString& file)
     m_presets.Follow(file, QDomDocument());
     const std::unique_ptr<EditedFile> closed = std::move(found->second);
     m_edited.erase(found);
+    m_places.at(file)->goBack();
+    m_places.erase(file);
     m_undo.removeStack(&closed->stack());
     Q_EMIT fileClosed(file);
     Q_EMIT changedChanged();
@@ -416,14 +449,23 @@ void Workspace::own(const QString& file, std::unique_ptr<EditedFile> opened)
 {
     EditedFile* const edited = opened.get();
     m_edited[file] = std::move(opened);
+    m_places[file] = std::make_unique<FollowedPlaces>(m_memory, *edited);
     m_undo.addStack(&edited->stack());
     connect(edited, &EditedFile::changedChanged, this, &Workspace::changedChanged);
     connect(edited, &EditedFile::edited, this, [this, edited] {
         m_countTimer.start();
+        m_places.at(edited->file())->follow();
         Q_EMIT fileEdited(edited);
     });
     m_presets.Follow(file, edited->dom());
     watch();
+}
+
+void Workspace::lookUpPlaces(const QString& file)
+{
+    const auto found = m_places.find(file);
+    if (found != m_places.end())
+        found->second->lookUp();
 }
 
 } // namespace rvopen::browser

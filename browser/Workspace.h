@@ -5,6 +5,7 @@
 
 #include "EditedFile.h"
 #include "Facets.h"
+#include "FollowedPlaces.h"
 #include "Memory.h"
 
 #include <rvopen/RVOpenReader.h>
@@ -39,6 +40,9 @@ public:
     /// \name What is open
     /// @{
     Memory& memory();
+    /// Of a preset; it is followed where its file is edited.
+    void setFavourite(const toolkit::PresetPlace& place, bool isFavourite);
+    void addRecent(const toolkit::PresetPlace& place);
     /// Files and folders, which are remembered. What is an installation gives the folders.
     void open(const QStringList& paths);
     /// The file or folder is remembered no more; what was edited in it and not saved stays open.
@@ -61,6 +65,8 @@ public:
     widgets::PresetFilter& filter();
     widgets::Thumbnails& thumbnails();
     const Facets& facets() const;
+    /// The first one of that kind and reference name; empty where there is none.
+    toolkit::ListedPreset presetCalled(const QString& kind, const QString& refName);
     /// @}
 
     /// \name Edits
@@ -114,6 +120,7 @@ private:
     void lookOutside(const QString& file);
     void count();
     void own(const QString& file, std::unique_ptr<EditedFile> opened);
+    void lookUpPlaces(const QString& file);
 
     Memory& m_memory;
     QString m_journals;
@@ -129,6 +136,7 @@ private:
     // In this order, so that models go before what they follow.
     QUndoGroup m_undo;
     std::map<QString, std::unique_ptr<EditedFile>> m_edited;
+    std::map<QString, std::unique_ptr<FollowedPlaces>> m_places;
     widgets::Thumbnails m_thumbnails;
     widgets::PresetModel m_presets;
     widgets::PresetFilter m_filter;

@@ -116,9 +116,9 @@ LAYERS = {
         widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",
     "Browser": """
         browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
-        browser/EditedFile browser/Edits browser/Exports browser/Facets browser/FileTexts browser/Findings browser/Grid
+        browser/EditedFile browser/Edits browser/Exports browser/Facets browser/FileTexts browser/FileWorks browser/Findings browser/FollowedPlaces browser/Grid
         browser/GridModel
-        browser/Journal browser/LongWork browser/MainWindow browser/MainWindowActions browser/MainWindowFiles
+        browser/Journal browser/LongWork browser/MainWindow browser/MainWindowActions browser/MainWindowFiles browser/MainWindowWorks
         browser/Memory browser/MessageLine browser/QtCompat browser/Sidebar browser/SnapShotStrip browser/Start
         browser/Workspace browser/main""",
 }

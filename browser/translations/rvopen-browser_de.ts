@@ -8,7 +8,7 @@
         <translation>Vorlagen und Aufnahmen nach ihren Bildern auswählen und bearbeiten</translation>
     </message>
     <message>
-        <source>Remember in this file instead of the user's</source>
+        <source>Remember in this file instead of the user&apos;s</source>
         <translation>In dieser Datei merken, nicht in der des Benutzers</translation>
     </message>
     <message>
@@ -74,10 +74,6 @@
         <translation>Bilddateien</translation>
     </message>
     <message>
-        <source>Values and images</source>
-        <translation>Werte und Bilddateien</translation>
-    </message>
-    <message>
         <source>Nothing is chosen</source>
         <translation>Nichts ausgewählt</translation>
     </message>
@@ -89,6 +85,22 @@
         <source>Images (%1)</source>
         <translation>Bilddateien (%1)</translation>
     </message>
+    <message>
+        <source>References</source>
+        <translation>Verweise</translation>
+    </message>
+    <message>
+        <source>Values, images and references</source>
+        <translation>Werte, Bilder und Verweise</translation>
+    </message>
+    <message>
+        <source>%1 %2 is missing</source>
+        <translation>%1 %2 fehlt</translation>
+    </message>
+    <message>
+        <source>References (%1)</source>
+        <translation>Verweise (%1)</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::EditedFile</name>
@@ -99,6 +111,31 @@
     <message>
         <source>Recover</source>
         <translation>Wiederherstellen</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::Exports</name>
+    <message>
+        <source>There is nothing to show on a sheet</source>
+        <translation>Für einen Bogen ist nichts zu zeigen</translation>
+    </message>
+    <message>
+        <source>That is too much for one picture: take PDF, or smaller pictures, of %1 pixels</source>
+        <translation>Das ist zu viel für ein Bild: nehmen Sie PDF, oder kleinere Bilder, von %1 Pixeln</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has %n picture(s)</source>
+        <translation>
+            <numerusform>%1 hat %n Bild</numerusform>
+            <numerusform>%1 hat %n Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) were written</source>
+        <translation>
+            <numerusform>%n Bild wurde geschrieben</numerusform>
+            <numerusform>%n Bilder wurden geschrieben</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -492,13 +529,6 @@
             <numerusform>Ordner für %n Bilder</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>%n picture(s) were written</source>
-        <translation>
-            <numerusform>%n Bild wurde geschrieben</numerusform>
-            <numerusform>%n Bilder wurden geschrieben</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Snapshots</source>
         <translation>Aufnahmen</translation>
@@ -510,6 +540,151 @@
     <message>
         <source>This cannot be renamed</source>
         <translation>Das kann nicht umbenannt werden</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge…</source>
+        <translation>&amp;Zusammenführen…</translation>
+    </message>
+    <message>
+        <source>Collect with I&amp;mages…</source>
+        <translation>Mit &amp;Bildern sammeln…</translation>
+    </message>
+    <message>
+        <source>Export S&amp;heet…</source>
+        <translation>B&amp;ogen exportieren…</translation>
+    </message>
+    <message>
+        <source>Export Page for &amp;Browsers…</source>
+        <translation>Seite für Bro&amp;wser exportieren…</translation>
+    </message>
+    <message>
+        <source>Find &amp;Uses</source>
+        <translation>&amp;Verwendungen finden</translation>
+    </message>
+    <message>
+        <source>Find Missing &amp;Images…</source>
+        <translation>Fehlende &amp;Bilder finden…</translation>
+    </message>
+    <message>
+        <source>&amp;Embed Pictures</source>
+        <translation>Bilder &amp;einbetten</translation>
+    </message>
+    <message>
+        <source>&amp;Set the Value for All Chosen</source>
+        <translation>Wert für alle gewählten &amp;setzen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Sheet of %n picture(s)</source>
+        <translation>
+            <numerusform>Bogen mit %n Bild</numerusform>
+            <numerusform>Bogen mit %n Bildern</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>To print (*.pdf)</source>
+        <translation>Zum Drucken (*.pdf)</translation>
+    </message>
+    <message>
+        <source>One picture (*.png)</source>
+        <translation>Ein Bild (*.png)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Empty folder for a page of %n picture(s)</source>
+        <translation>
+            <numerusform>Leerer Ordner für eine Seite mit %n Bild</numerusform>
+            <numerusform>Leerer Ordner für eine Seite mit %n Bildern</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose a preset or a file first</source>
+        <translation>Wählen Sie zuerst eine Vorlage oder eine Datei</translation>
+    </message>
+    <message>
+        <source>Import into %1</source>
+        <translation>In %1 importieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n element(s) are there with another content.</source>
+        <translation>
+            <numerusform>%n Element ist mit anderem Inhalt schon da.</numerusform>
+            <numerusform>%n Elemente sind mit anderem Inhalt schon da.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Take under other names</source>
+        <translation>Unter anderen Namen übernehmen</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Lassen</translation>
+    </message>
+    <message>
+        <source>Merge into %1</source>
+        <translation>In %1 zusammenführen</translation>
+    </message>
+    <message>
+        <source>What both come from</source>
+        <translation>Woher beide stammen</translation>
+    </message>
+    <message>
+        <source>Is there a version that both come from?</source>
+        <translation>Gibt es eine Fassung, von der beide stammen?</translation>
+    </message>
+    <message>
+        <source>Choose it…</source>
+        <translation>Wählen…</translation>
+    </message>
+    <message>
+        <source>There is none</source>
+        <translation>Es gibt keine</translation>
+    </message>
+    <message>
+        <source>Do not merge</source>
+        <translation>Nicht zusammenführen</translation>
+    </message>
+    <message>
+        <source>Folder for %1 and its images</source>
+        <translation>Ordner für %1 und seine Bilder</translation>
+    </message>
+    <message>
+        <source>Some images lie elsewhere on this machine.</source>
+        <translation>Einige Bilder liegen anderswo auf diesem Rechner.</translation>
+    </message>
+    <message>
+        <source>Take them along</source>
+        <translation>Mitnehmen</translation>
+    </message>
+    <message>
+        <source>Leave them out</source>
+        <translation>Weglassen</translation>
+    </message>
+    <message>
+        <source>Do not collect</source>
+        <translation>Nicht sammeln</translation>
+    </message>
+    <message>
+        <source>Folder that the missing images are in, or below</source>
+        <translation>Ordner, in oder unter dem die fehlenden Bilder liegen</translation>
+    </message>
+    <message>
+        <source>Choose presets first</source>
+        <translation>Wählen Sie zuerst Vorlagen</translation>
+    </message>
+    <message>
+        <source>Choose several presets, and the value that all of them are to have</source>
+        <translation>Wählen Sie mehrere Vorlagen, und den Wert, den alle haben sollen</translation>
+    </message>
+    <message>
+        <source>Choose one preset that has a reference name</source>
+        <translation>Wählen Sie eine Vorlage, die einen Verweisnamen hat</translation>
     </message>
 </context>
 <context>
@@ -617,6 +792,115 @@
     <message>
         <source>Sort</source>
         <translation>Sortieren</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::works</name>
+    <message>
+        <source>%1 was edited meanwhile: nothing was done</source>
+        <translation>%1 wurde inzwischen bearbeitet: nichts wurde getan</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n element(s) were taken over</source>
+        <translation>
+            <numerusform>%n Element wurde übernommen</numerusform>
+            <numerusform>%n Elemente wurden übernommen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Zusammenführen</translation>
+    </message>
+    <message>
+        <source>Both changed: before %1, here %2, there %3</source>
+        <translation>Beide geändert: vorher %1, hier %2, dort %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) were taken, </source>
+        <translation>
+            <numerusform>%n Änderung wurde übernommen, </numerusform>
+            <numerusform>%n Änderungen wurden übernommen, </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n conflict(s) are to be looked at</source>
+        <translation>
+            <numerusform>%n Widerspruch ist anzusehen</numerusform>
+            <numerusform>%n Widersprüche sind anzusehen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Find Images</source>
+        <translation>Bilder finden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n image(s) were found, </source>
+        <translation>
+            <numerusform>%n Bild wurde gefunden, </numerusform>
+            <numerusform>%n Bilder wurden gefunden, </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n are missing still</source>
+        <translation>
+            <numerusform>%n fehlt noch</numerusform>
+            <numerusform>%n fehlen noch</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Embed Pictures</source>
+        <translation>Bilder einbetten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) were embedded</source>
+        <translation>
+            <numerusform>%n Bild wurde eingebettet</numerusform>
+            <numerusform>%n Bilder wurden eingebettet</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set for All</source>
+        <translation>Für alle setzen</translation>
+    </message>
+    <message numerus="yes">
+        <source>The value was set in %n preset(s)</source>
+        <translation>
+            <numerusform>Der Wert wurde in %n Vorlage gesetzt</numerusform>
+            <numerusform>Der Wert wurde in %n Vorlagen gesetzt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, and %n cannot have it</source>
+        <translation>
+            <numerusform>, und %n kann ihn nicht haben</numerusform>
+            <numerusform>, und %n können ihn nicht haben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has the file and %n image(s)</source>
+        <translation>
+            <numerusform>%1 hat die Datei und %n Bild</numerusform>
+            <numerusform>%1 hat die Datei und %n Bilder</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Uses %1 %2</source>
+        <translation>Verwendet %1 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 is used in %n place(s)</source>
+        <translation>
+            <numerusform>%1 wird an %n Stelle verwendet</numerusform>
+            <numerusform>%1 wird an %n Stellen verwendet</numerusform>
+        </translation>
     </message>
 </context>
 <context>

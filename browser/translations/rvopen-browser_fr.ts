@@ -8,7 +8,7 @@
         <translation>Choisir et modifier préréglages et vues d’après leurs images</translation>
     </message>
     <message>
-        <source>Remember in this file instead of the user's</source>
+        <source>Remember in this file instead of the user&apos;s</source>
         <translation>Retenir dans ce fichier plutôt que dans celui de l’utilisateur</translation>
     </message>
     <message>
@@ -74,10 +74,6 @@
         <translation>Fichiers d’image</translation>
     </message>
     <message>
-        <source>Values and images</source>
-        <translation>Valeurs et fichiers d’image</translation>
-    </message>
-    <message>
         <source>Nothing is chosen</source>
         <translation>Rien n’est choisi</translation>
     </message>
@@ -89,6 +85,22 @@
         <source>Images (%1)</source>
         <translation>Fichiers d’image (%1)</translation>
     </message>
+    <message>
+        <source>References</source>
+        <translation>Références</translation>
+    </message>
+    <message>
+        <source>Values, images and references</source>
+        <translation>Valeurs, images et références</translation>
+    </message>
+    <message>
+        <source>%1 %2 is missing</source>
+        <translation>%1 %2 est introuvable</translation>
+    </message>
+    <message>
+        <source>References (%1)</source>
+        <translation>Références (%1)</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::EditedFile</name>
@@ -99,6 +111,31 @@
     <message>
         <source>Recover</source>
         <translation>Récupérer</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::Exports</name>
+    <message>
+        <source>There is nothing to show on a sheet</source>
+        <translation>Rien à montrer sur une planche</translation>
+    </message>
+    <message>
+        <source>That is too much for one picture: take PDF, or smaller pictures, of %1 pixels</source>
+        <translation>C’est trop pour une seule image : prenez PDF, ou des images plus petites, de %1 pixels</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has %n picture(s)</source>
+        <translation>
+            <numerusform>%1 contient %n image</numerusform>
+            <numerusform>%1 contient %n images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) were written</source>
+        <translation>
+            <numerusform>%n image enregistrée</numerusform>
+            <numerusform>%n images enregistrées</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -492,13 +529,6 @@
             <numerusform>Dossier pour %n images</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>%n picture(s) were written</source>
-        <translation>
-            <numerusform>%n image a été écrite</numerusform>
-            <numerusform>%n images ont été écrites</numerusform>
-        </translation>
-    </message>
     <message>
         <source>Snapshots</source>
         <translation>Vues</translation>
@@ -510,6 +540,151 @@
     <message>
         <source>This cannot be renamed</source>
         <translation>Ceci ne peut pas être renommé</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importer…</translation>
+    </message>
+    <message>
+        <source>Mer&amp;ge…</source>
+        <translation>&amp;Fusionner…</translation>
+    </message>
+    <message>
+        <source>Collect with I&amp;mages…</source>
+        <translation>&amp;Rassembler avec les images…</translation>
+    </message>
+    <message>
+        <source>Export S&amp;heet…</source>
+        <translation>Exporter une &amp;planche…</translation>
+    </message>
+    <message>
+        <source>Export Page for &amp;Browsers…</source>
+        <translation>Exporter une page &amp;web…</translation>
+    </message>
+    <message>
+        <source>Find &amp;Uses</source>
+        <translation>Trouver les &amp;utilisations</translation>
+    </message>
+    <message>
+        <source>Find Missing &amp;Images…</source>
+        <translation>Retrouver les &amp;images manquantes…</translation>
+    </message>
+    <message>
+        <source>&amp;Embed Pictures</source>
+        <translation>Int&amp;égrer les images</translation>
+    </message>
+    <message>
+        <source>&amp;Set the Value for All Chosen</source>
+        <translation>Définir la valeur pour tous les &amp;choisis</translation>
+    </message>
+    <message numerus="yes">
+        <source>Sheet of %n picture(s)</source>
+        <translation>
+            <numerusform>Planche de %n image</numerusform>
+            <numerusform>Planche de %n images</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>To print (*.pdf)</source>
+        <translation>À imprimer (*.pdf)</translation>
+    </message>
+    <message>
+        <source>One picture (*.png)</source>
+        <translation>Une image (*.png)</translation>
+    </message>
+    <message numerus="yes">
+        <source>Empty folder for a page of %n picture(s)</source>
+        <translation>
+            <numerusform>Dossier vide pour une page de %n image</numerusform>
+            <numerusform>Dossier vide pour une page de %n images</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Choose a preset or a file first</source>
+        <translation>Choisissez d’abord un préréglage ou un fichier</translation>
+    </message>
+    <message>
+        <source>Import into %1</source>
+        <translation>Importer dans %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n element(s) are there with another content.</source>
+        <translation>
+            <numerusform>%n élément existe déjà avec un autre contenu.</numerusform>
+            <numerusform>%n éléments existent déjà avec un autre contenu.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Remplacer</translation>
+    </message>
+    <message>
+        <source>Take under other names</source>
+        <translation>Reprendre sous d’autres noms</translation>
+    </message>
+    <message>
+        <source>Leave</source>
+        <translation>Laisser</translation>
+    </message>
+    <message>
+        <source>Merge into %1</source>
+        <translation>Fusionner dans %1</translation>
+    </message>
+    <message>
+        <source>What both come from</source>
+        <translation>Ce dont les deux proviennent</translation>
+    </message>
+    <message>
+        <source>Is there a version that both come from?</source>
+        <translation>Y a-t-il une version dont les deux proviennent ?</translation>
+    </message>
+    <message>
+        <source>Choose it…</source>
+        <translation>La choisir…</translation>
+    </message>
+    <message>
+        <source>There is none</source>
+        <translation>Il n’y en a pas</translation>
+    </message>
+    <message>
+        <source>Do not merge</source>
+        <translation>Ne pas fusionner</translation>
+    </message>
+    <message>
+        <source>Folder for %1 and its images</source>
+        <translation>Dossier pour %1 et ses images</translation>
+    </message>
+    <message>
+        <source>Some images lie elsewhere on this machine.</source>
+        <translation>Certaines images se trouvent ailleurs sur cette machine.</translation>
+    </message>
+    <message>
+        <source>Take them along</source>
+        <translation>Les emporter</translation>
+    </message>
+    <message>
+        <source>Leave them out</source>
+        <translation>Les omettre</translation>
+    </message>
+    <message>
+        <source>Do not collect</source>
+        <translation>Ne pas rassembler</translation>
+    </message>
+    <message>
+        <source>Folder that the missing images are in, or below</source>
+        <translation>Dossier qui contient les images manquantes, directement ou plus bas</translation>
+    </message>
+    <message>
+        <source>Choose presets first</source>
+        <translation>Choisissez d’abord des préréglages</translation>
+    </message>
+    <message>
+        <source>Choose several presets, and the value that all of them are to have</source>
+        <translation>Choisissez plusieurs préréglages, et la valeur que tous doivent avoir</translation>
+    </message>
+    <message>
+        <source>Choose one preset that has a reference name</source>
+        <translation>Choisissez un préréglage qui a un nom de référence</translation>
     </message>
 </context>
 <context>
@@ -617,6 +792,115 @@
     <message>
         <source>Sort</source>
         <translation>Trier</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::works</name>
+    <message>
+        <source>%1 was edited meanwhile: nothing was done</source>
+        <translation>%1 a été modifié entre-temps : rien n’a été fait</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>rien</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n element(s) were taken over</source>
+        <translation>
+            <numerusform>%n élément repris</numerusform>
+            <numerusform>%n éléments repris</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Fusionner</translation>
+    </message>
+    <message>
+        <source>Both changed: before %1, here %2, there %3</source>
+        <translation>Modifié des deux côtés : avant %1, ici %2, là-bas %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) were taken, </source>
+        <translation>
+            <numerusform>%n modification reprise, </numerusform>
+            <numerusform>%n modifications reprises, </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n conflict(s) are to be looked at</source>
+        <translation>
+            <numerusform>%n conflit à examiner</numerusform>
+            <numerusform>%n conflits à examiner</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Find Images</source>
+        <translation>Retrouver les images</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n image(s) were found, </source>
+        <translation>
+            <numerusform>%n image retrouvée, </numerusform>
+            <numerusform>%n images retrouvées, </numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n are missing still</source>
+        <translation>
+            <numerusform>%n manque encore</numerusform>
+            <numerusform>%n manquent encore</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Embed Pictures</source>
+        <translation>Intégrer les images</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) were embedded</source>
+        <translation>
+            <numerusform>%n image intégrée</numerusform>
+            <numerusform>%n images intégrées</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Set for All</source>
+        <translation>Définir pour tous</translation>
+    </message>
+    <message numerus="yes">
+        <source>The value was set in %n preset(s)</source>
+        <translation>
+            <numerusform>La valeur a été définie dans %n préréglage</numerusform>
+            <numerusform>La valeur a été définie dans %n préréglages</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, and %n cannot have it</source>
+        <translation>
+            <numerusform>, et %n ne peut pas l’avoir</numerusform>
+            <numerusform>, et %n ne peuvent pas l’avoir</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 has the file and %n image(s)</source>
+        <translation>
+            <numerusform>%1 contient le fichier et %n image</numerusform>
+            <numerusform>%1 contient le fichier et %n images</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Uses %1 %2</source>
+        <translation>Utilise %1 %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 is used in %n place(s)</source>
+        <translation>
+            <numerusform>%1 est utilisé à %n endroit</numerusform>
+            <numerusform>%1 est utilisé à %n endroits</numerusform>
+        </translation>
     </message>
 </context>
 <context>

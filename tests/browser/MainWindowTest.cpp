@@ -256,6 +256,41 @@ TEST_F(MainWindowTest, RemovesAPlaceFromTheList)
     EXPECT_TRUE(workspace.opened().isEmpty());
 }
 
+TEST_F(MainWindowTest, ShowsWhatAPresetRefersToAndLeadsThere)
+{
+    write("archives/d.rvx",
+          "<presets name='D'><materials name='Materials'><material name='Alloy' refname='m.alloy'>"
+          "<base><material refname='m.brass'/></base><colour refname='c.lost'/></material>"
+          "</materials></presets>");
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return shown().contains("Alloy"); }));
+    choose("Alloy");
+    QListWidget& references = window.details().references();
+    ASSERT_TRUE(comes([&] { return references.count() == 2; }));
+    EXPECT_EQ(references.item(0)->text(), "material Brass – a.rvx");
+    EXPECT_EQ(references.item(1)->text(), "colour c.lost is missing");
+    emit references.itemActivated(references.item(1));
+    EXPECT_EQ(toolkit::IdentityOf(window.details().element()), "Alloy");
+    emit references.itemActivated(references.item(0));
+    EXPECT_EQ(toolkit::IdentityOf(window.details().element()), "Brass");
+    EXPECT_EQ(references.count(), 0);
+}
+
+TEST_F(MainWindowTest, SaysWhatToChooseBeforeWorkOnMany)
+{
+    window.grid().clearSelection();
+    trigger("toolsEmbed");
+    EXPECT_EQ(window.messages().text(), "Choose presets first");
+    choose("Brass");
+    trigger("toolsSetForAll");
+    EXPECT_EQ(window.messages().text(),
+              "Choose several presets, and the value that all of them are to have");
+    trigger("toolsFindUses");
+    EXPECT_FALSE(window.action("toolsEmbed")->isEnabled());
+    EXPECT_TRUE(comes([&] { return window.messages().text() == "Brass is used in 0 place(s)"; }));
+    EXPECT_TRUE(window.action("toolsEmbed")->isEnabled());
+}
+
 TEST_F(MainWindowTest, CopiesFromOneArchiveToAnother)
 {
     choose("Bronze");

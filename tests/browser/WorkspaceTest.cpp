@@ -245,4 +245,50 @@ TEST_F(WorkspaceTest, RemembersFavouritesAndWhatWasUsed)
 
 } // namespace
 
+TEST_F(WorkspaceTest, WhatIsRememberedGoesAlongWithItsPreset)
+{
+    openAll();
+    const QString file = path("archives/a.rvx");
+    const QString metals = "materials[Materials]/dir[Metals]/";
+    const auto favourites = [this] {
+        QStringList paths;
+        for (const toolkit::PresetPlace& place : memory.favourites())
+            paths << place.path;
+        return paths;
+    };
+    workspace.setFavourite({file, metals + "material[Brass]"}, true);
+    EditedFile* edited = workspace.edit(file);
+    ASSERT_TRUE(edited);
+    workspace.setFavourite({file, metals + "material[Copper]"}, true);
+    workspace.setFavourite({path("archives/below/b.rvx"), metals + "material[Brass]"}, true);
+    const QStringList before = favourites();
+
+    // Each takes the name that the other had.
+    edits::rename(*edited, at(*edited, "//material[Brass]"), "Third");
+    edits::rename(*edited, at(*edited, "//material[Copper]"), "Brass");
+    edits::rename(*edited, at(*edited, "//material[Third]"), "Copper");
+    const QStringList renamed{metals + "material[Copper]", metals + "material[Brass]",
+                              metals + "material[Brass]"};
+    EXPECT_TRUE(comes([&] { return favourites() == renamed; }));
+    edits::rename(*edited, at(*edited, "//dir[Metals]"), "Ores");
+    EXPECT_TRUE(comes(
+        [&] { return favourites()[0] == "materials[Materials]/dir[Ores]/material[Copper]"; }));
+    // What was deleted comes back where it was.
+    edits::remove(*edited, {at(*edited, "//dir[Ores]")});
+    QTest::qWait(1);
+    edited->stack().undo();
+    QTest::qWait(1);
+    EXPECT_EQ(favourites()[0], "materials[Materials]/dir[Ores]/material[Copper]");
+
+    workspace.closeFile(file);
+    EXPECT_EQ(favourites(), before);
+    edited = workspace.edit(file);
+    edits::rename(*edited, at(*edited, "//dir[Metals]"), "Ores");
+    EXPECT_TRUE(workspace.save(*edited));
+    QTest::qWait(1);
+    workspace.closeFile(file);
+    EXPECT_EQ(favourites()[0], "materials[Materials]/dir[Ores]/material[Brass]");
+    EXPECT_EQ(favourites()[2], before[2]);
+}
+
 } // namespace rvopen::test
