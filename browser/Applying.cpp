@@ -3,6 +3,7 @@
 
 #include "Applying.h"
 
+#include "Becoming.h"
 #include "EditedFile.h"
 
 #include <rvopen/toolkit/edit/Arriving.h>
@@ -47,11 +48,9 @@ QVector<ApplyTarget> applyTargets(const EditedFile& file, const QString& kind)
 bool applyPreset(const QDomElement& preset, EditedFile& file, const QString& path)
 {
     const QDomDocument copy = file.copy();
-    const QVector<PathPattern::Match> found =
-        PathPattern(QLatin1Char('/') + path).Find(copy.documentElement());
-    if (found.isEmpty())
+    QDomElement target = elementAt(copy, path);
+    if (target.isNull())
         return false;
-    QDomElement target = found.first().element;
     QDomNode shelf = target;
     QDomElement old = target.firstChildElement(preset.tagName());
     if (target.tagName() == s_material) {

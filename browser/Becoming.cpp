@@ -3,6 +3,8 @@
 
 #include "Becoming.h"
 
+#include <rvopen/toolkit/edit/NodePath.h>
+
 #include <QHash>
 #include <QString>
 #include <QTextStream>
@@ -150,6 +152,13 @@ private:
 };
 
 } // namespace
+
+QDomElement elementAt(const QDomDocument& document, const QString& path)
+{
+    const QVector<toolkit::PathPattern::Match> found =
+        toolkit::PathPattern(QLatin1Char('/') + path).Find(document.documentElement());
+    return found.isEmpty() ? QDomElement() : found.first().element;
+}
 
 bool insertNode(const QDomNode& parent, const QDomNode& node, const QDomNode& previous,
                 const TakeBack& takeBack)

@@ -11,6 +11,9 @@
 
 namespace rvopen::browser {
 
+/// The one of that path, as PathOf() has it; null for none.
+QDomElement elementAt(const QDomDocument& document, const QString& path);
+
 /// Puts a change into a document; false where that cannot be.
 using TakeBack = std::function<bool(const RVOpenChange&)>;
 

@@ -4,6 +4,7 @@
 #include "Details.h"
 
 #include "EditedFile.h"
+#include "Labels.h"
 #include "Workspace.h"
 
 #include <rvopen/RVOpenPaths.h>
@@ -54,6 +55,7 @@ Details::Details(Workspace& workspace, QWidget* parent)
     , m_view(new QTreeView)
     , m_images(new QListWidget)
     , m_references(new QListWidget)
+    , m_labels(new Labels)
 {
     m_picture->setAlignment(Qt::AlignCenter);
     m_picture->setMinimumHeight(s_leastPicture);
@@ -71,11 +73,13 @@ Details::Details(Workspace& workspace, QWidget* parent)
     m_view->setAccessibleName(tr("Values"));
     m_images->setAccessibleName(tr("Images"));
     m_references->setAccessibleName(tr("References"));
-    m_tabs->setAccessibleName(tr("Values, images and references"));
-    m_tabs->tabBar()->setAccessibleName(tr("Values, images and references"));
+    m_tabs->setAccessibleName(tr("Values, images, references and labels"));
+    m_tabs->tabBar()->setAccessibleName(tr("Values, images, references and labels"));
     m_tabs->addTab(m_view, tr("Values"));
     m_tabs->addTab(m_images, tr("Images"));
     m_tabs->addTab(m_references, tr("References"));
+    m_tabs->addTab(m_labels, tr("Labels"));
+    connect(m_labels, &Labels::changed, this, &Details::describe);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(m_picture);
     layout->addWidget(m_title);
@@ -192,6 +196,7 @@ void Details::showTexts()
 {
     m_images->clear();
     m_references->clear();
+    m_labels->showElement(m_element, m_isEdited);
     if (m_element.isNull()) {
         m_title->setText(tr("Nothing is chosen"));
         return;
@@ -244,6 +249,16 @@ void Details::showReferences()
         item->setData(PathRole, preset.path);
     }
     m_tabs->setTabText(2, tr("References (%1)").arg(m_references->count()));
+}
+
+void Details::describe(const QString& attribute, const QString& text)
+{
+    EditedFile* const file = m_isEdited ? m_workspace.edited(m_file) : nullptr;
+    if (!file)
+        return;
+    if (!setLabel(*file, m_element, attribute, text))
+        Q_EMIT refused(tr("%1 is the reference name of another preset").arg(text));
+    m_labels->showElement(m_element, m_isEdited);
 }
 
 } // namespace rvopen::browser

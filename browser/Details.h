@@ -20,6 +20,7 @@ QT_END_NAMESPACE
 namespace rvopen::browser {
 
 class EditedFile;
+class Labels;
 class Workspace;
 
 /// One preset or snapshot: a large picture, which follows as values change, the values, the images
@@ -58,6 +59,7 @@ private:
     void showTexts();
     void showImages();
     void showReferences();
+    void describe(const QString& attribute, const QString& text);
 
     Workspace& m_workspace;
     QString m_file;
@@ -71,6 +73,7 @@ private:
     QTreeView* m_view;
     QListWidget* m_images;
     QListWidget* m_references;
+    Labels* m_labels;
 };
 
 } // namespace rvopen::browser

@@ -3,6 +3,7 @@
 
 #include "FileWorks.h"
 
+#include "Becoming.h"
 #include "EditedFile.h"
 #include "FileTexts.h"
 #include "Workspace.h"
@@ -12,7 +13,6 @@
 #include <rvopen/toolkit/documents/Load.h>
 #include <rvopen/toolkit/drawing/PicturePlan.h>
 #include <rvopen/toolkit/edit/Links.h>
-#include <rvopen/toolkit/edit/NodePath.h>
 #include <rvopen/toolkit/edit/ParamValues.h>
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 
@@ -65,13 +65,6 @@ std::unique_ptr<Document> readForWork(const QString& file)
     if (!load)
         throw Failure(messageOf(load.error));
     return std::move(load.document);
-}
-
-QDomElement elementAt(const QDomDocument& dom, const QString& path)
-{
-    const QVector<PathPattern::Match> found =
-        PathPattern(QLatin1Char('/') + path).Find(dom.documentElement());
-    return found.isEmpty() ? QDomElement() : found.first().element;
 }
 
 /// The places of each file, and the file to be worked on.

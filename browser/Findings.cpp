@@ -111,13 +111,14 @@ void Findings::run(const QVector<Job>& jobs)
                 if (*stop)
                     break;
                 if (!job.dom.isNull()) {
-                    findings +=
-                        withoutElements(Inspect(*Document::Of(job.file, job.dom), surroundings));
+                    findings += withoutElements(
+                        Inspect(*Document::Of(job.file, job.dom), surroundings, stop.get()));
                     continue;
                 }
                 const Load load = LoadDocument(job.file);
-                findings += load ? withoutElements(Inspect(*load.document, surroundings))
-                                 : QVector<Finding>{FindingOf(load.error)};
+                findings += load
+                                ? withoutElements(Inspect(*load.document, surroundings, stop.get()))
+                                : QVector<Finding>{FindingOf(load.error)};
             }
             return findings;
         },

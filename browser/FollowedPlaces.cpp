@@ -3,6 +3,7 @@
 
 #include "FollowedPlaces.h"
 
+#include "Becoming.h"
 #include "EditedFile.h"
 
 #include <rvopen/toolkit/edit/NodePath.h>
@@ -37,10 +38,9 @@ void FollowedPlaces::lookUp()
                         [&place](const Place& known) { return known.now == place.path; });
         if (isKnown || place.file != m_file.file())
             continue;
-        const auto found = toolkit::PathPattern(QLatin1Char('/') + place.path)
-                               .Find(m_file.dom().documentElement());
-        if (!found.isEmpty())
-            m_places.append({found.first().element, place.path, place.path});
+        const QDomElement element = elementAt(m_file.dom(), place.path);
+        if (!element.isNull())
+            m_places.append({element, place.path, place.path});
     }
 }
 

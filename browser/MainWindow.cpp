@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QScreen>
 #include <QSlider>
 #include <QStatusBar>
 #include <QToolBar>
@@ -47,7 +48,7 @@ MainWindow::MainWindow(Workspace& workspace, QWidget* parent)
     setObjectName(QStringLiteral("rvopenBrowser"));
     setAcceptDrops(true);
     setDockNestingEnabled(true);
-    resize(1280, 800);
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
     makeParts();
     makeDocks();
     makeToolBar();

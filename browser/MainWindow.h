@@ -110,7 +110,6 @@ private:
     std::map<EditedFile*, QVector<QDomElement>> chosenElements();
     EditedFile* currentFile();
     QVector<toolkit::ListedPreset> chosenPresets() const;
-    QVector<toolkit::ListedPreset> chosenOrAllPresets() const;
     void choose(EditedFile& file, const QDomElement& element);
 
     // Files.
@@ -167,6 +166,7 @@ private:
     void embedPictures();
     void setForAll();
     void findUses();
+    QVector<toolkit::ListedPreset> chosenOrAllPresets() const;
     QVector<toolkit::PresetPlace> chosenPlaces() const;
     void askForFile(const QString& title, const std::function<void(const QString&)>& act);
     void askForFolder(const QString& title, const std::function<void(const QString&)>& act);

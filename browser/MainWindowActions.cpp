@@ -6,6 +6,7 @@
 #include "MainWindow.h"
 
 #include "Applying.h"
+#include "Becoming.h"
 #include "Details.h"
 #include "Edits.h"
 #include "FileTexts.h"
@@ -17,6 +18,7 @@
 #include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -145,6 +147,22 @@ void MainWindow::makeViewMenu()
     const QList<QDockWidget*> docks = findChildren<QDockWidget*>();
     for (QDockWidget* const dock : docks)
         menu->addAction(dock->toggleViewAction());
+    menu->addSeparator();
+    auto* const appearances = new QActionGroup(this);
+    const auto add = [&](const char* name, const QString& text, Appearance appearance) {
+        QAction* const action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        action->setCheckable(true);
+        action->setChecked(m_workspace.memory().appearance() == appearance);
+        appearances->addAction(action);
+        connect(action, &QAction::triggered, this, [this, appearance] {
+            m_workspace.memory().setAppearance(appearance);
+            setAppearance(appearance);
+        });
+    };
+    add("viewSystem", tr("As the &Desktop"), Appearance::System);
+    add("viewLight", tr("&Light"), Appearance::Light);
+    add("viewDark", tr("Dar&k"), Appearance::Dark);
     QMenu* const help = menuBar()->addMenu(tr("&Help"));
     make(help, "helpAbout", tr("&About rvopen"), QKeySequence(), &MainWindow::about);
 }
@@ -196,10 +214,9 @@ void MainWindow::showInFile(const QString& file, const QString& path)
     if (!edited)
         return;
     showTree(edited);
-    const QVector<toolkit::PathPattern::Match> found =
-        toolkit::PathPattern(QLatin1Char('/') + path).Find(edited->dom().documentElement());
-    if (!found.isEmpty())
-        choose(*edited, found.first().element);
+    const QDomElement element = elementAt(edited->dom(), path);
+    if (!element.isNull())
+        choose(*edited, element);
 }
 
 /// The element in the tree, the grid and the details, as far as they show it.
@@ -222,18 +239,6 @@ QVector<toolkit::ListedPreset> MainWindow::chosenPresets() const
     for (const QModelIndex& row : m_grid->selectedPresets())
         chosen.append(m_workspace.presets().Preset(row));
     return chosen;
-}
-
-/// What is chosen; all that the filters leave where nothing is.
-QVector<toolkit::ListedPreset> MainWindow::chosenOrAllPresets() const
-{
-    QVector<toolkit::ListedPreset> presets = chosenPresets();
-    if (presets.isEmpty()) {
-        for (int row = 0; row < m_workspace.filter().rowCount(); ++row)
-            presets.append(m_workspace.presets().Preset(
-                m_workspace.filter().mapToSource(m_workspace.filter().index(row, 0))));
-    }
-    return presets;
 }
 
 /// Where the tree has the keyboard what is chosen there, else in the grid; opened to be edited.

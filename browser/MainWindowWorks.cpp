@@ -188,6 +188,18 @@ void MainWindow::findUses()
                           [this](const auto& lines) { showLines(lines); }));
 }
 
+/// What is chosen; all that the filters leave where nothing is.
+QVector<toolkit::ListedPreset> MainWindow::chosenOrAllPresets() const
+{
+    QVector<toolkit::ListedPreset> presets = chosenPresets();
+    if (presets.isEmpty()) {
+        for (int row = 0; row < m_workspace.filter().rowCount(); ++row)
+            presets.append(m_workspace.presets().Preset(
+                m_workspace.filter().mapToSource(m_workspace.filter().index(row, 0))));
+    }
+    return presets;
+}
+
 QVector<toolkit::PresetPlace> MainWindow::chosenPlaces() const
 {
     QVector<toolkit::PresetPlace> places;

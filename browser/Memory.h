@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "Appearance.h"
+
 #include <rvopen/toolkit/catalogue/Catalogue.h>
 #include <rvopen/toolkit/documents/Folders.h>
 
@@ -54,6 +56,8 @@ public:
     void setWindow(const QByteArray& geometry, const QByteArray& layout);
     int pictureSize() const;
     void setPictureSize(int size);
+    Appearance appearance() const;
+    void setAppearance(Appearance appearance);
     /// @}
 
 private:

@@ -64,6 +64,7 @@ int run(int argc, char** argv)
 
     const auto memory = parser.isSet(settings) ? std::make_unique<Memory>(parser.value(settings))
                                                : std::make_unique<Memory>();
+    setAppearance(memory->appearance());
     Workspace workspace(*memory);
     MainWindow window(workspace);
     window.show();

@@ -5,6 +5,7 @@
 
 #include "Background.h"
 #include "FileTexts.h"
+#include "Waiting.h"
 
 #include <rvopen/DirectoryHandler.h>
 #include <rvopen/RVOpenNode.h>
@@ -230,6 +231,7 @@ EditedFile* Workspace::edit(const QString& file)
 {
     if (EditedFile* const known = edited(file))
         return known;
+    const Waiting waiting(file);
     ReadError error;
     std::unique_ptr<EditedFile> opened = EditedFile::open(file, error, m_journals);
     if (!opened) {
@@ -270,6 +272,7 @@ bool Workspace::save(EditedFile& file)
         Q_EMIT changedOutside(&file);
         return false;
     }
+    const Waiting waiting(file.file());
     const WriteError error = file.save();
     watch();
     if (error)

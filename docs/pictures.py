@@ -115,12 +115,12 @@ LAYERS = {
         widgets/ParamModel widgets/PictureWorkers widgets/PresetFilter widgets/PresetModel widgets/PresetRows
         widgets/TextEditors widgets/Thumbnails widgets/UndoRecorder widgets/WidgetsExport""",
     "Browser": """
-        browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
+        browser/Appearance browser/Applying browser/Background browser/Becoming browser/CompareWindow browser/Details
         browser/EditedFile browser/Edits browser/Exports browser/Facets browser/FileTexts browser/FileWorks browser/Findings browser/FollowedPlaces browser/Grid
         browser/GridModel
-        browser/Journal browser/LongWork browser/MainWindow browser/MainWindowActions browser/MainWindowFiles browser/MainWindowWorks
+        browser/Journal browser/Labels browser/LongWork browser/MainWindow browser/MainWindowActions browser/MainWindowFiles browser/MainWindowWorks
         browser/Memory browser/MessageLine browser/QtCompat browser/Sidebar browser/SnapShotStrip browser/Start
-        browser/Workspace browser/main""",
+        browser/Waiting browser/Workspace browser/main""",
 }
 
 # Where something has to know what is built on it. Only sources may, never headers.

@@ -90,16 +90,24 @@
         <translation>Verweise</translation>
     </message>
     <message>
-        <source>Values, images and references</source>
-        <translation>Werte, Bilder und Verweise</translation>
-    </message>
-    <message>
         <source>%1 %2 is missing</source>
         <translation>%1 %2 fehlt</translation>
     </message>
     <message>
         <source>References (%1)</source>
         <translation>Verweise (%1)</translation>
+    </message>
+    <message>
+        <source>Values, images, references and labels</source>
+        <translation>Werte, Bilder, Verweise und Angaben</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Angaben</translation>
+    </message>
+    <message>
+        <source>%1 is the reference name of another preset</source>
+        <translation>%1 ist der Verweisname einer anderen Vorlage</translation>
     </message>
 </context>
 <context>
@@ -166,6 +174,29 @@
     <message>
         <source>Presets</source>
         <translation>Vorlagen</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::Labels</name>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Schlagwort</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Reference name</source>
+        <translation>Verweisname</translation>
+    </message>
+    <message>
+        <source>Describe</source>
+        <translation>Beschreiben</translation>
     </message>
 </context>
 <context>
@@ -685,6 +716,18 @@
     <message>
         <source>Choose one preset that has a reference name</source>
         <translation>Wählen Sie eine Vorlage, die einen Verweisnamen hat</translation>
+    </message>
+    <message>
+        <source>As the &amp;Desktop</source>
+        <translation>Wie der Des&amp;ktop</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>Dar&amp;k</source>
+        <translation>&amp;Dunkel</translation>
     </message>
 </context>
 <context>

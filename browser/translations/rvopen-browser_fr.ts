@@ -90,16 +90,24 @@
         <translation>Références</translation>
     </message>
     <message>
-        <source>Values, images and references</source>
-        <translation>Valeurs, images et références</translation>
-    </message>
-    <message>
         <source>%1 %2 is missing</source>
         <translation>%1 %2 est introuvable</translation>
     </message>
     <message>
         <source>References (%1)</source>
         <translation>Références (%1)</translation>
+    </message>
+    <message>
+        <source>Values, images, references and labels</source>
+        <translation>Valeurs, images, références et mentions</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Mentions</translation>
+    </message>
+    <message>
+        <source>%1 is the reference name of another preset</source>
+        <translation>%1 est le nom de référence d’un autre préréglage</translation>
     </message>
 </context>
 <context>
@@ -166,6 +174,29 @@
     <message>
         <source>Presets</source>
         <translation>Préréglages</translation>
+    </message>
+</context>
+<context>
+    <name>rvopen::browser::Labels</name>
+    <message>
+        <source>Category</source>
+        <translation>Catégorie</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Étiquette</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>Reference name</source>
+        <translation>Nom de référence</translation>
+    </message>
+    <message>
+        <source>Describe</source>
+        <translation>Décrire</translation>
     </message>
 </context>
 <context>
@@ -685,6 +716,18 @@
     <message>
         <source>Choose one preset that has a reference name</source>
         <translation>Choisissez un préréglage qui a un nom de référence</translation>
+    </message>
+    <message>
+        <source>As the &amp;Desktop</source>
+        <translation>Comme le &amp;bureau</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>C&amp;lair</translation>
+    </message>
+    <message>
+        <source>Dar&amp;k</source>
+        <translation>&amp;Sombre</translation>
     </message>
 </context>
 <context>

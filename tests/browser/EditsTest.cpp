@@ -5,6 +5,7 @@
 #include "Becoming.h"
 #include "BrowserSupport.h"
 #include "Findings.h"
+#include "Labels.h"
 
 #include <rvopen/RVOpenReader.h>
 #include <rvopen/widgets/NodeModel.h>
@@ -306,5 +307,30 @@ TEST_F(ApplyingTest, WhatDoesNotFitChangesNothing)
 }
 
 } // namespace
+
+TEST_F(EditsTest, LabelsAreOneStepAndReferencesGoAlong)
+{
+    const QString path =
+        write("labels.rvx",
+              sampleArchive().replace("<dir name='Woods'/>",
+                                      "<material name='Tin' refname='m.tin'><base><material "
+                                      "refname='m.brass'/></base></material>"));
+    const auto file = open(path);
+    const QString before = BrowserTest::textOf(*file);
+    const QDomElement brass = BrowserTest::at(*file, "//material[Brass]");
+    EXPECT_TRUE(setLabel(*file, brass, "cat", "Dull"));
+    EXPECT_EQ(brass.attribute("cat"), "Dull");
+    EXPECT_TRUE(setLabel(*file, brass, "subcat", ""));
+    EXPECT_FALSE(brass.hasAttribute("subcat"));
+    EXPECT_TRUE(setLabel(*file, brass, "refname", "m.new"));
+    EXPECT_EQ(brass.attribute("refname"), "m.new");
+    EXPECT_FALSE(BrowserTest::at(*file, "//material[Tin]/base/material[m.new]").isNull());
+    EXPECT_FALSE(setLabel(*file, brass, "refname", "m.tin"));
+    EXPECT_EQ(brass.attribute("refname"), "m.new");
+    EXPECT_EQ(file->stack().count(), 3);
+    while (file->stack().canUndo())
+        file->stack().undo();
+    EXPECT_EQ(BrowserTest::textOf(*file), before);
+}
 
 } // namespace rvopen::test

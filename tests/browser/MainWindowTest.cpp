@@ -21,8 +21,11 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTreeView>
+
+#include <cmath>
 
 namespace rvopen::test {
 
@@ -276,6 +279,32 @@ TEST_F(MainWindowTest, ShowsWhatAPresetRefersToAndLeadsThere)
     EXPECT_EQ(references.count(), 0);
 }
 
+TEST_F(MainWindowTest, LabelsAreWrittenWhereTheyAreRead)
+{
+    EditedFile* const file = choose("Brass");
+    ASSERT_TRUE(
+        comes([&] { return window.details().element() == at(*file, "//material[Brass]"); }));
+    const auto line = [this](const char* name) -> QLineEdit* {
+        for (QLineEdit* const edit : window.details().findChildren<QLineEdit*>()) {
+            if (edit->accessibleName() == QLatin1String(name))
+                return edit;
+        }
+        return nullptr;
+    };
+    ASSERT_TRUE(line("Category") && line("Reference name"));
+    EXPECT_EQ(line("Category")->text(), "Polished");
+    line("Category")->setText("Dull");
+    emit line("Category")->editingFinished();
+    EXPECT_EQ(window.details().element().attribute("cat"), "Dull");
+    line("Reference name")->setText("m.copper");
+    emit line("Reference name")->editingFinished();
+    EXPECT_EQ(window.details().element().attribute("refname"), "m.brass");
+    EXPECT_EQ(line("Reference name")->text(), "m.brass");
+    EXPECT_EQ(window.messages().text(), "m.copper is the reference name of another preset");
+    trigger("editUndo");
+    EXPECT_TRUE(comes([&] { return line("Category")->text() == "Polished"; }));
+}
+
 TEST_F(MainWindowTest, SaysWhatToChooseBeforeWorkOnMany)
 {
     window.grid().clearSelection();
@@ -289,6 +318,61 @@ TEST_F(MainWindowTest, SaysWhatToChooseBeforeWorkOnMany)
     EXPECT_FALSE(window.action("toolsEmbed")->isEnabled());
     EXPECT_TRUE(comes([&] { return window.messages().text() == "Brass is used in 0 place(s)"; }));
     EXPECT_TRUE(window.action("toolsEmbed")->isEnabled());
+}
+
+namespace {
+
+/// As WCAG 2.1 defines it.
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto luminance = [](const QColor& colour) {
+        const auto linear = [](double value) {
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+               0.0722 * linear(colour.blueF());
+    };
+    const double first = luminance(a) + 0.05;
+    const double second = luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+} // namespace
+
+TEST_F(MainWindowTest, IsDarkOrLightAsOneLikesAndCanBeRead)
+{
+    const QPalette before = QApplication::palette();
+    for (const char* const name : {"viewDark", "viewLight"}) {
+        trigger(name);
+        QCoreApplication::processEvents();
+        const QPalette palette = window.palette();
+        EXPECT_EQ(palette.color(QPalette::Window).lightness() < 128,
+                  name == std::string("viewDark"));
+        const auto expectReadable = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
+            EXPECT_GE(contrast(palette.color(text), palette.color(ground)), 4.5)
+                << name << ' ' << text << " on " << ground;
+        };
+        expectReadable(QPalette::WindowText, QPalette::Window);
+        expectReadable(QPalette::Text, QPalette::Base);
+        expectReadable(QPalette::Text, QPalette::AlternateBase);
+        expectReadable(QPalette::ButtonText, QPalette::Button);
+        expectReadable(QPalette::ToolTipText, QPalette::ToolTipBase);
+        expectReadable(QPalette::HighlightedText, QPalette::Highlight);
+        expectReadable(QPalette::Link, QPalette::Base);
+    }
+    EXPECT_EQ(Memory(path("settings.ini")).appearance(), Appearance::Light);
+    trigger("viewSystem");
+    EXPECT_EQ(Memory(path("settings.ini")).appearance(), Appearance::System);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), before.color(QPalette::Window));
+}
+
+TEST_F(MainWindowTest, FitsASmallScreenAtTwiceTheSize)
+{
+    choose("Brass");
+    EXPECT_LE(window.minimumSizeHint().width(), 960);
+    EXPECT_LE(window.minimumSizeHint().height(), 560);
+    EXPECT_LE(window.width(), window.screen()->availableSize().width());
+    EXPECT_LE(window.height(), window.screen()->availableSize().height());
 }
 
 TEST_F(MainWindowTest, CopiesFromOneArchiveToAnother)

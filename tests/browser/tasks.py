@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: 2026 The rvopen authors
 # SPDX-License-Identifier: MIT
-"""Twenty tasks with rvopen-browser as somebody does them: with keys and mouse, on a screen of its own.
+"""Tasks with rvopen-browser as somebody does them: with keys and mouse, on a screen of its own.
 
 tasks.py BROWSER DATA [--keep FOLDER]
 
@@ -101,6 +101,13 @@ class Screen:
         if KEEP:
             shutil.copy(file, KEEP)
         return file
+
+    def shade(self):
+        """How bright it is all in all, from 0 to 1."""
+        shown = subprocess.run(
+            ["convert", self.picture("shade"), "-colorspace", "Gray", "-format", "%[fx:mean]",
+             "info:"], check=True, capture_output=True, text=True)
+        return float(shown.stdout)
 
 
 class Browser:
@@ -382,7 +389,43 @@ class Tasks:
         type_text("reed")
         wait(lambda: "Reed" in self.browser.shown(), lambda: str(self.browser.shown()))
 
-    def task_19_quit_with_changes_and_reopen(self):
+    def task_19_export_a_sheet(self):
+        self.choose("Our clay tiles", "our clay")
+        key("ctrl+shift+p")
+        file = self.presets.parent / "sheet.pdf"
+        time.sleep(1)
+        type_text(str(file))
+        key("Return")
+        wait(file.exists, "the sheet")
+        wait(lambda: "sheet.pdf" in self.browser.message(), lambda: self.browser.message())
+        if not file.read_bytes().startswith(b"%PDF"):
+            raise Gone("the sheet is no PDF")
+
+    def task_20_import_from_another_archive(self):
+        self.choose("Rose gold")
+        key("ctrl+i")
+        time.sleep(1)
+        type_text(str(self.first))
+        key("Return")
+        wait(lambda: "taken over" in self.browser.message(), lambda: self.browser.message())
+        key("ctrl+z", "ctrl+i")
+        time.sleep(1)
+        type_text(str(self.first))
+        key("Return")
+        wait(lambda: "taken over" in self.browser.message(), lambda: self.browser.message())
+        key("ctrl+s")
+        self.saved(self.second, "Reed")
+
+    def task_21_find_uses_and_look_at_it_in_the_dark(self):
+        self.choose("Rose gold")
+        key("ctrl+u")
+        wait(lambda: "is used in" in self.browser.message(), lambda: self.browser.message())
+        key("alt+v", "k")
+        wait(lambda: self.screen.shade() < 0.3, lambda: f"{self.screen.shade()} of white")
+        key("alt+v", "d")
+        wait(lambda: self.screen.shade() > 0.5, lambda: f"{self.screen.shade()} of white")
+
+    def task_22_quit_with_changes_and_reopen(self):
         self.choose("Reed")
         key("ctrl+d", "ctrl+q")
         wait(lambda: "edited" in self.browser.message(), lambda: self.browser.message())
@@ -392,10 +435,10 @@ class Tasks:
         self.browser = Browser()
         wait(lambda: self.browser.status().endswith(" presets"), lambda: self.browser.status())
 
-    def task_20_recover_after_a_crash(self):
+    def task_23_recover_after_a_crash(self):
         self.choose("Reed", "reed")
         key("ctrl+d")
-        wait(lambda: len(self.browser.shown()) == 3, lambda: str(self.browser.shown()))
+        wait(lambda: len(self.browser.shown()) == 4, lambda: str(self.browser.shown()))
         before = self.first.read_bytes()
         self.browser.process.send_signal(signal.SIGKILL)
         self.browser.process.wait(20)
@@ -406,7 +449,7 @@ class Tasks:
         click(self.browser.wait_for("push button", "Recover"))
         key("ctrl+f")
         type_text("reed")
-        wait(lambda: len(self.browser.shown()) == 3, lambda: str(self.browser.shown()))
+        wait(lambda: len(self.browser.shown()) == 4, lambda: str(self.browser.shown()))
         key("ctrl+shift+s")
         self.saved(self.first, '"Reed (3)"')
         key("ctrl+q")

@@ -11,6 +11,7 @@
 #include "toolkit/catalogue/BlockStore.h"
 #include "toolkit/catalogue/RowFilter.h"
 #include "toolkit/documents/SafeFiles.h"
+#include "toolkit/documents/Stopping.h"
 #include "toolkit/edit/Likeness.h"
 #include "toolkit/edit/Placement.h"
 #include "toolkit/schema/Vocabulary.h"
@@ -129,7 +130,7 @@ private:
         QSet<QString> components;
         bool isBehindOther = false;
         Parameters params(m_inspecting, m_references, frame.element, frame.tag);
-        for (QDomNode node = frame.element.firstChild(); !node.isNull();
+        for (QDomNode node = frame.element.firstChild(); !node.isNull() && !isStopped();
              node = node.nextSibling()) {
             if (!node.isElement()) {
                 isBehindOther = isBehindOther || !isSteppedOver(node);
@@ -403,9 +404,13 @@ void TakeNames(const Document& archive, Surroundings& surroundings)
     });
 }
 
-QVector<Finding> Inspect(const Document& document, const Surroundings& surroundings)
+QVector<Finding> Inspect(const Document& document, const Surroundings& surroundings,
+                         const std::atomic<bool>* stop)
 {
+    const Stoppable stoppable(stop);
     QVector<Finding> findings = Inspector(document, surroundings).run();
+    if (isStopped())
+        return {};
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.ordinal < b.ordinal; });
     for (Finding& finding : findings)

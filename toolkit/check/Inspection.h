@@ -14,6 +14,7 @@
 #include <QString>
 #include <QVector>
 
+#include <atomic>
 #include <functional>
 
 namespace rvopen::toolkit {
@@ -71,9 +72,12 @@ LookAround(const Folders& folders, const std::function<void(const ReadError&)>& 
 RVOPEN_TOOLKIT_EXPORT void TakeNames(const Document& archive, Surroundings& surroundings);
 
 /// What is to be said of the document, in document order, with places and paths. Previews
-/// are decoded, which needs a QGuiApplication; a program without any application gets one.
+/// are decoded, which needs a QGuiApplication; a program without any application gets one. Once
+/// \p stop, null for never, is true, which it has to stay, the work ends with the element that it is
+/// at, and there is nothing.
 RVOPEN_TOOLKIT_EXPORT QVector<Finding> Inspect(const Document& document,
-                                               const Surroundings& surroundings = {});
+                                               const Surroundings& surroundings = {},
+                                               const std::atomic<bool>* stop = nullptr);
 
 /// The finding for a document that could not be read.
 RVOPEN_TOOLKIT_EXPORT Finding FindingOf(const ReadError& error);

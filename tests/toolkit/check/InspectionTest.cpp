@@ -153,4 +153,15 @@ TEST(Rules, AreFoundByTheirIdentifiersWhichDiffer)
     EXPECT_EQ(FindRule(QStringLiteral("no-such-rule")), nullptr);
 }
 
+TEST(Inspection, ThatIsStoppedHasNothing)
+{
+    const auto document = Document::Of(
+        QStringLiteral("a.xml"), parsed("<snapRoot><snapshots><nonsense/></snapshots></snapRoot>"));
+    std::atomic<bool> stop{false};
+    EXPECT_FALSE(Inspect(*document, {}, &stop).isEmpty());
+    stop = true;
+    EXPECT_TRUE(Inspect(*document, {}, &stop).isEmpty());
+    EXPECT_FALSE(Inspect(*document).isEmpty());
+}
+
 } // namespace rvopen::test

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The rvopen authors
+// SPDX-License-Identifier: MIT
+
+#include "Labels.h"
+
+#include "Becoming.h"
+#include "EditedFile.h"
+
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+#include <rvopen/toolkit/edit/Links.h>
+#include <rvopen/toolkit/edit/NodePath.h>
+
+#include <QFormLayout>
+#include <QLineEdit>
+
+namespace rvopen::browser {
+
+namespace {
+
+const QString s_refName = QStringLiteral("refname");
+
+bool isTaken(const QString& refName, const QDomElement& element, const QDomElement& root)
+{
+    for (const QDomElement& preset : toolkit::PresetsIn(root)) {
+        if (preset != element && preset.tagName() == element.tagName() &&
+            preset.attribute(s_refName) == refName)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+Labels::Labels(QWidget* parent)
+    : QWidget(parent)
+{
+    auto* const layout = new QFormLayout(this);
+    layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    const auto add = [this, layout](const char* attribute, const QString& label) {
+        auto* const line = new QLineEdit;
+        line->setAccessibleName(label);
+        layout->addRow(label, line);
+        m_fields.append({QLatin1String(attribute), line});
+        connect(line, &QLineEdit::editingFinished, this, [this, field = m_fields.last()] {
+            if (!m_element.isNull() && field.line->text() != m_element.attribute(field.attribute))
+                Q_EMIT changed(field.attribute, field.line->text());
+        });
+    };
+    add("cat", tr("Category"));
+    add("subcat", tr("Tag"));
+    add("desc", tr("Description"));
+    add("refname", tr("Reference name"));
+}
+
+void Labels::showElement(const QDomElement& element, bool isEdited)
+{
+    m_element = element;
+    for (const Field& field : m_fields) {
+        const QString text = element.attribute(field.attribute);
+        // What is being typed stays.
+        if (field.line->text() != text && !(field.line->hasFocus() && field.line->isModified()))
+            field.line->setText(text);
+        field.line->setReadOnly(!isEdited);
+        field.line->setEnabled(!element.isNull());
+    }
+}
+
+bool setLabel(EditedFile& file, const QDomElement& element, const QString& attribute,
+              const QString& text)
+{
+    const QDomDocument copy = file.copy();
+    QDomElement label = elementAt(copy, toolkit::PathOf(element));
+    if (label.isNull())
+        return false;
+    const QString before = label.attribute(attribute);
+    const bool isRefName = attribute == s_refName;
+    if (isRefName && !text.isEmpty() && isTaken(text, label, copy.documentElement()))
+        return false;
+    if (isRefName && !before.isEmpty() && !text.isEmpty()) {
+        const auto links = toolkit::LinksTo(label.tagName(), before, copy.documentElement());
+        // All are looked up first: a path may have the name in it.
+        QVector<QDomElement> users;
+        for (const toolkit::Link& link : links)
+            users.append(elementAt(copy, link.path));
+        for (QDomElement& user : users)
+            user.setAttribute(s_refName, text);
+    }
+    if (text.isEmpty())
+        label.removeAttribute(attribute);
+    else
+        label.setAttribute(attribute, text);
+    return file.become(copy.documentElement(), file.dom().documentElement(),
+                       Labels::tr("Describe"));
+}
+
+} // namespace rvopen::browser
