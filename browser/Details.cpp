@@ -36,8 +36,8 @@ constexpr int s_largestPicture = 256;
 constexpr int s_leastPicture = 96;
 
 /// Of a reference: where it leads.
-constexpr int FileRole = Qt::UserRole;
-constexpr int PathRole = Qt::UserRole + 1;
+constexpr int s_fileRole = Qt::UserRole;
+constexpr int s_pathRole = Qt::UserRole + 1;
 
 /// Not by going there: arrows have to lead on.
 constexpr QAbstractItemView::EditTriggers s_editTriggers =
@@ -99,9 +99,9 @@ Details::Details(Workspace& workspace, QWidget* parent)
             Q_EMIT editWanted();
     });
     connect(m_references, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
-        const QString target = item->data(FileRole).toString();
+        const QString target = item->data(s_fileRole).toString();
         if (!target.isEmpty())
-            Q_EMIT presetWanted(target, item->data(PathRole).toString());
+            Q_EMIT presetWanted(target, item->data(s_pathRole).toString());
     });
     connect(&workspace.thumbnails(), &widgets::Thumbnails::ElementChanged, this,
             [this](const QDomElement& element) {
@@ -245,8 +245,8 @@ void Details::showReferences()
         item->setToolTip(link.path + QLatin1Char('\n') + link.refName);
         item->setIcon(style()->standardIcon(isMissing ? QStyle::SP_MessageBoxWarning
                                                       : QStyle::SP_FileLinkIcon));
-        item->setData(FileRole, preset.file);
-        item->setData(PathRole, preset.path);
+        item->setData(s_fileRole, preset.file);
+        item->setData(s_pathRole, preset.path);
     }
     m_tabs->setTabText(2, tr("References (%1)").arg(m_references->count()));
 }

@@ -12,8 +12,8 @@ namespace {
 const QString s_opened = QStringLiteral("opened");
 const QString s_folders = QStringLiteral("folders/");
 const QString s_appearance = QStringLiteral("appearance");
-const QString s_dark = QStringLiteral("dark");
-const QString s_light = QStringLiteral("light");
+const QString s_darkName = QStringLiteral("dark");
+const QString s_lightName = QStringLiteral("light");
 const QString s_favourites = QStringLiteral("favourites");
 const QString s_recentKey = QStringLiteral("recent");
 const QString s_fileKey = QStringLiteral("file");
@@ -163,9 +163,9 @@ void Memory::setPictureSize(int size)
 Appearance Memory::appearance() const
 {
     const QString name = m_settings.value(s_appearance).toString();
-    return name == s_dark    ? Appearance::Dark
-           : name == s_light ? Appearance::Light
-                             : Appearance::System;
+    return name == s_darkName    ? Appearance::Dark
+           : name == s_lightName ? Appearance::Light
+                                 : Appearance::System;
 }
 
 void Memory::setAppearance(Appearance appearance)
@@ -173,7 +173,8 @@ void Memory::setAppearance(Appearance appearance)
     if (appearance == Appearance::System)
         m_settings.remove(s_appearance);
     else
-        m_settings.setValue(s_appearance, appearance == Appearance::Dark ? s_dark : s_light);
+        m_settings.setValue(s_appearance,
+                            appearance == Appearance::Dark ? s_darkName : s_lightName);
 }
 
 Memory::Places Memory::places(const QString& key) const

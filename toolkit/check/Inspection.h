@@ -73,8 +73,8 @@ RVOPEN_TOOLKIT_EXPORT void TakeNames(const Document& archive, Surroundings& surr
 
 /// What is to be said of the document, in document order, with places and paths. Previews
 /// are decoded, which needs a QGuiApplication; a program without any application gets one. Once
-/// \p stop, null for never, is true, which it has to stay, the work ends with the element that it is
-/// at, and there is nothing.
+/// \p stop, null for never, is true, which it has to stay, the work ends with the element that it
+/// is at, and there is nothing.
 RVOPEN_TOOLKIT_EXPORT QVector<Finding> Inspect(const Document& document,
                                                const Surroundings& surroundings = {},
                                                const std::atomic<bool>* stop = nullptr);
