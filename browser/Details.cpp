@@ -138,6 +138,11 @@ QDomElement Details::element() const
     return m_element;
 }
 
+QString Details::editedFile() const
+{
+    return m_isEdited ? m_file : QString();
+}
+
 widgets::ParamModel& Details::values()
 {
     return m_values;

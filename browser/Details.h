@@ -37,6 +37,8 @@ public:
     /// To be edited. The file may go.
     void showElement(EditedFile& file, const QDomElement& element);
     QDomElement element() const;
+    /// The file that it is of, if it can be edited; else empty.
+    QString editedFile() const;
     widgets::ParamModel& values();
     QTreeView& view();
     QListWidget& references();

@@ -38,7 +38,10 @@ public:
 
     void Changed(const RVOpenChange& change) override
     {
-        if (change.document != m_document || m_isTold)
+        if (change.document != m_document)
+            return;
+        ++m_file.m_revision;
+        if (m_isTold)
             return;
         m_isTold = true;
         QMetaObject::invokeMethod(
@@ -129,6 +132,11 @@ widgets::UndoRecorder& EditedFile::recorder()
 bool EditedFile::isChanged() const
 {
     return !m_stack.isClean();
+}
+
+quint64 EditedFile::revision() const
+{
+    return m_revision;
 }
 
 bool EditedFile::takeBack(const RVOpenChange& change)

@@ -59,6 +59,8 @@ public:
     QUndoStack& stack();
     widgets::UndoRecorder& recorder();
     bool isChanged() const;
+    /// Another one after each change, whatever made it, also after one that was taken back.
+    quint64 revision() const;
     /// Puts a change into the document.
     bool takeBack(const RVOpenChange& change);
     /// The same of any number, for what works out several.
@@ -107,6 +109,7 @@ private:
     std::unique_ptr<Journal> m_journal;
     std::unique_ptr<Watch> m_watch;
     QByteArray m_sum;
+    quint64 m_revision = 0;
 };
 
 } // namespace rvopen::browser

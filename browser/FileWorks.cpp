@@ -34,23 +34,23 @@ class Texts {
     Q_DECLARE_TR_FUNCTIONS(rvopen::browser::works)
 };
 
-/// A file to be worked on, and how far it was edited when its copy was made.
+/// A file to be worked on, and how it was when its copy was made.
 struct Worked {
     QString file;
     QDomDocument copy;
-    int edits = 0;
+    quint64 revision = 0;
 };
 
 Worked workedOf(EditedFile& file)
 {
-    return {file.file(), file.copy(), file.stack().index()};
+    return {file.file(), file.copy(), file.revision()};
 }
 
 /// In the thread of the window: the copy comes in.
 bool comeIn(const Workspace& workspace, const Worked& worked, const QString& step)
 {
     EditedFile* const file = workspace.edited(worked.file);
-    return file && file->stack().index() == worked.edits &&
+    return file && file->revision() == worked.revision &&
            file->become(worked.copy.documentElement(), file->dom().documentElement(), step);
 }
 
@@ -259,6 +259,8 @@ Work setForAll(Workspace& workspace, const PresetPlace& from, const QString& pat
     return [&workspace, files = workedPresets(workspace, presets), copy = edited->copy(), from,
             path](State&) -> Ending {
         const QDomElement param = elementAt(copy, path);
+        if (param.isNull())
+            return {};
         const auto steps = stepsTo(param, elementAt(copy, from.path));
         ParamValues source;
         const QString text = source.Text(param);

@@ -54,11 +54,13 @@ Labels::Labels(QWidget* parent)
 
 void Labels::showElement(const QDomElement& element, bool isEdited)
 {
+    const bool isSame = element == m_element;
     m_element = element;
     for (const Field& field : m_fields) {
         const QString text = element.attribute(field.attribute);
-        // What is being typed stays.
-        if (field.line->text() != text && !(field.line->hasFocus() && field.line->isModified()))
+        // What is being typed stays, as long as it is of the same one.
+        const bool isTyped = isSame && field.line->hasFocus() && field.line->isModified();
+        if (field.line->text() != text && !isTyped)
             field.line->setText(text);
         field.line->setReadOnly(!isEdited);
         field.line->setEnabled(!element.isNull());

@@ -173,9 +173,10 @@ void MainWindow::setForAll()
 {
     const QDomElement param = m_details->chosenParam();
     const QVector<toolkit::PresetPlace> places = chosenPlaces();
-    if (param.isNull() || places.size() < 2 || !m_treeFile)
+    const QString file = m_details->editedFile();
+    if (param.isNull() || places.size() < 2 || file.isEmpty())
         return say(tr("Choose several presets, and the value that all of them are to have"));
-    begin(works::setForAll(m_workspace, {m_treeFile->file(), toolkit::PathOf(m_details->element())},
+    begin(works::setForAll(m_workspace, {file, toolkit::PathOf(m_details->element())},
                            toolkit::PathOf(param), places));
 }
 

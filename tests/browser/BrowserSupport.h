@@ -87,11 +87,12 @@ protected:
         return names;
     }
 
-    /// True once the condition is.
+    /// True once the condition is. Pictures take long where sanitizers look at each step, beside
+    /// other work.
     template <typename Condition>
     static bool comes(const Condition& condition)
     {
-        return QTest::qWaitFor(condition, 20000);
+        return QTest::qWaitFor(condition, 120000);
     }
 };
 

@@ -98,6 +98,21 @@ TEST_F(FileWorksTest, AnImportAsksAboutWhatIsThereOtherwise)
     expectOneStep("Import");
     EXPECT_EQ(ended(import(ChangedImports::Replaced)), "1 element(s) were taken over");
     EXPECT_EQ(colourOf("//material[Brass]"), "0.5 0.5 0.5");
+    // There is nothing left to be done, and no step to undo.
+    const int steps = file->stack().count();
+    EXPECT_EQ(ended(import(ChangedImports::Replaced)), "0 element(s) were taken over");
+    EXPECT_EQ(file->stack().count(), steps);
+}
+
+TEST_F(FileWorksTest, AnEditInThePlaceOfOneThatWasUndoneIsAnEditMeanwhile)
+{
+    EXPECT_TRUE(edits::rename(*file, at(*file, "//material[Brass]"), "First"));
+    const QString told = ended(import(ChangedImports::Replaced), [this] {
+        file->stack().undo();
+        EXPECT_TRUE(edits::rename(*file, at(*file, "//material[Brass]"), "Second"));
+    });
+    EXPECT_EQ(told, "a.rvx was edited meanwhile: nothing was done");
+    EXPECT_FALSE(at(*file, "//material[Second]").isNull());
 }
 
 TEST_F(FileWorksTest, WhatWasEditedMeanwhileStays)
