@@ -24,8 +24,11 @@ enum class ChangedImports {
 
 /// How many snapshots or presets became what, by an import.
 struct ImportOutcome {
+    /// They were not there.
     int added = 0;
+    /// They came in the place of what was there.
     int replaced = 0;
+    /// They came beside what was there, under another name.
     int renamed = 0;
     /// They were there with the same content.
     int same = 0;
@@ -53,8 +56,11 @@ using MergeText = std::optional<QString>;
 struct MergeConflict {
     /// In ours; in theirs for what ours has not.
     QString path;
+    /// What it was before.
     MergeText base;
+    /// What stays.
     MergeText ours;
+    /// What was not taken.
     MergeText theirs;
 };
 
@@ -62,6 +68,7 @@ struct MergeConflict {
 struct MergeOutcome {
     /// How much ours took from theirs: elements that came, went or moved, values, attributes.
     int taken = 0;
+    /// What somebody has to decide.
     QVector<MergeConflict> conflicts;
 };
 

@@ -70,6 +70,7 @@ public:
     /// @{
     /// What comes next, of one document: SubjectsOf(), PaletteSubjects() or some of them.
     void Add(const Document& document, const QVector<Subject>& subjects, const Folders& folders);
+    /// How many pictures.
     int Count() const;
     /// How many there are no pictures of, or that are drawn all the same.
     int DrawnCount() const;
