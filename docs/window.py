@@ -52,6 +52,8 @@ def draw_browser(build):
             time.sleep(6)
             run("xdotool", "search", "--name", "rvopen$", "windowmove", "0", "0", "windowsize",
                 "1280", "800", "windowfocus")
+            # From the search to the pictures, where typing leads to a name.
+            run("xdotool", "key", "Return")
             run("xdotool", "type", "melamine")
             time.sleep(6)
             run("import", "-window", "root", "-strip", str(IMAGES / "rvopen-browser.png"))
