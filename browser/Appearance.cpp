@@ -57,7 +57,10 @@ QPalette paletteOf(const Shades& shades)
 
 void setAppearance(Appearance appearance)
 {
+    static const QString desktopStyle = QApplication::style()->objectName();
     if (appearance == Appearance::System) {
+        if (QApplication::style()->objectName() != desktopStyle)
+            QApplication::setStyle(desktopStyle);
         // What was not set is the desktop's.
         QApplication::setPalette(QPalette());
         return;

@@ -112,6 +112,7 @@ Details::Details(Workspace& workspace, QWidget* parent)
         if (m_isEdited && file->file() == m_file)
             showTexts();
     });
+    connect(&workspace, &Workspace::facetsChanged, this, &Details::showReferences);
     showNothing();
 }
 
@@ -199,9 +200,9 @@ void Details::showPicture()
 
 void Details::showTexts()
 {
-    m_images->clear();
-    m_references->clear();
     m_labels->showElement(m_element, m_isEdited);
+    showImages();
+    showReferences();
     if (m_element.isNull()) {
         m_title->setText(tr("Nothing is chosen"));
         return;
@@ -210,12 +211,11 @@ void Details::showTexts()
         QStringLiteral("%1\n%2 – %3")
             .arg(IdentityOf(m_element), m_element.tagName(), LastPathComponent(m_file)));
     m_title->setToolTip(m_file + QLatin1Char('\n') + PathOf(m_element));
-    showImages();
-    showReferences();
 }
 
 void Details::showImages()
 {
+    m_images->clear();
     const auto document = Document::Of(m_file, m_document);
     const FindFile find = TextureFinder(*document, m_workspace.folders());
     Walk(m_element, QString(), [&](const QDomElement& param, const QString& path) {
@@ -239,8 +239,9 @@ void Details::showImages()
 
 void Details::showReferences()
 {
+    m_references->clear();
     for (const Link& link : LinksFrom(m_element)) {
-        const ListedPreset preset = m_workspace.presetCalled(link.kind, link.refName);
+        const ListedPreset preset = m_workspace.facets().presetCalled(link.kind, link.refName);
         const bool isMissing = preset.file.isEmpty();
         auto* const item = new QListWidgetItem(
             isMissing ? tr("%1 %2 is missing").arg(link.kind, link.refName)

@@ -3,8 +3,6 @@
 
 #include "Facets.h"
 
-#include <rvopen/toolkit/catalogue/Catalogue.h>
-
 #include <QSet>
 
 #include <algorithm>
@@ -29,19 +27,23 @@ Facets::Counts sorted(const QHash<QString, int>& counts)
 
 } // namespace
 
-Facets Facets::of(const toolkit::Catalogue& catalogue)
+Facets Facets::of(const std::shared_ptr<const toolkit::Catalogue>& catalogue)
 {
     Facets facets;
+    facets.m_catalogue = catalogue;
     QHash<QString, int> kinds;
     QHash<QString, int> categories;
     QHash<QString, int> tags;
     QHash<QString, QSet<QString>> known;
-    for (int place = 0; place < catalogue.Count(); ++place) {
-        const toolkit::ListedPreset preset = catalogue.At(place);
+    for (int place = 0; place < catalogue->Count(); ++place) {
+        const toolkit::ListedPreset preset = catalogue->At(place);
         ++kinds[preset.kind];
         ++categories[preset.category];
         ++tags[preset.subCategory];
         ++facets.files[preset.file];
+        const QString key = keyOf(preset.kind, preset.refName);
+        if (!preset.refName.isEmpty() && !facets.m_named.contains(key))
+            facets.m_named.insert(key, place);
         // The innermost, by which presets are looked for.
         const QString folder = preset.folder.section(QLatin1String(" / "), -1);
         QSet<QString>& folders = known[preset.file];
@@ -54,6 +56,17 @@ Facets Facets::of(const toolkit::Catalogue& catalogue)
     facets.categories = sorted(categories);
     facets.tags = sorted(tags);
     return facets;
+}
+
+toolkit::ListedPreset Facets::presetCalled(const QString& kind, const QString& refName) const
+{
+    const auto found = m_named.constFind(keyOf(kind, refName));
+    return found == m_named.constEnd() ? toolkit::ListedPreset() : m_catalogue->At(*found);
+}
+
+QString Facets::keyOf(const QString& kind, const QString& refName)
+{
+    return kind + QLatin1Char('/') + refName;
 }
 
 } // namespace rvopen::browser

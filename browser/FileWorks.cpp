@@ -17,7 +17,6 @@
 #include <rvopen/toolkit/images/EmbeddedPreview.h>
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -313,12 +312,10 @@ bool hasImagesElsewhere(const Workspace& workspace, const QString& file)
     const EditedFile* const edited = workspace.edited(file);
     if (!edited)
         return false;
-    const QString folder = QFileInfo(file).canonicalPath() + QLatin1Char('/');
-    const QVector<DocumentTexture> textures = TexturesOf(*Document::Of(file, edited->dom()));
-    return std::any_of(textures.begin(), textures.end(), [&folder](const DocumentTexture& texture) {
-        return !texture.file.isEmpty() &&
-               !QFileInfo(texture.file).canonicalFilePath().startsWith(folder);
-    });
+    const QVector<DocumentTexture> textures =
+        TexturesOf(*Document::Of(file, edited->dom()), workspace.folders());
+    return std::any_of(textures.begin(), textures.end(),
+                       [](const DocumentTexture& texture) { return texture.isElsewhere; });
 }
 
 Work findUses(const Workspace& workspace, const ListedPreset& preset, const Show& show)

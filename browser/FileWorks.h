@@ -50,7 +50,7 @@ Work setForAll(Workspace& workspace, const toolkit::PresetPlace& from, const QSt
 /// edited.
 Work collect(const Workspace& workspace, const QString& file, const QString& folder,
              toolkit::CollectedTextures which, const Show& show);
-/// Whether the file refers to images that lie elsewhere than beside it or below its folder.
+/// Whether the file refers to images that CollectedTextures::Everywhere alone takes along.
 bool hasImagesElsewhere(const Workspace& workspace, const QString& file);
 
 /// All places of all files that go by the preset.

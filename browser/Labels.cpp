@@ -6,9 +6,9 @@
 #include "Becoming.h"
 #include "EditedFile.h"
 
+#include <rvopen/RVOpenObserver.h>
 #include <rvopen/toolkit/catalogue/Catalogue.h>
 #include <rvopen/toolkit/edit/Links.h>
-#include <rvopen/toolkit/edit/NodePath.h>
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -27,6 +27,17 @@ bool isTaken(const QString& refName, const QDomElement& element, const QDomEleme
             return true;
     }
     return false;
+}
+
+bool write(EditedFile& file, const QDomElement& element, const QString& attribute,
+           const QString& text)
+{
+    QDomElement wanted = element.cloneNode(true).toElement();
+    if (text.isEmpty())
+        wanted.removeAttribute(attribute);
+    else
+        wanted.setAttribute(attribute, text);
+    return becomeAs(wanted, element, file.changes());
 }
 
 } // namespace
@@ -70,29 +81,22 @@ void Labels::showElement(const QDomElement& element, bool isEdited)
 bool setLabel(EditedFile& file, const QDomElement& element, const QString& attribute,
               const QString& text)
 {
-    const QDomDocument copy = file.copy();
-    QDomElement label = elementAt(copy, toolkit::PathOf(element));
-    if (label.isNull())
-        return false;
-    const QString before = label.attribute(attribute);
-    const bool isRefName = attribute == s_refName;
-    if (isRefName && !text.isEmpty() && isTaken(text, label, copy.documentElement()))
-        return false;
-    if (isRefName && !before.isEmpty() && !text.isEmpty()) {
-        const auto links = toolkit::LinksTo(label.tagName(), before, copy.documentElement());
+    const QDomElement root = file.dom().documentElement();
+    const QString before = element.attribute(attribute);
+    QVector<QDomElement> users;
+    if (attribute == s_refName && !text.isEmpty()) {
+        if (isTaken(text, element, root))
+            return false;
         // All are looked up first: a path may have the name in it.
-        QVector<QDomElement> users;
-        for (const toolkit::Link& link : links)
-            users.append(elementAt(copy, link.path));
-        for (QDomElement& user : users)
-            user.setAttribute(s_refName, text);
+        for (const toolkit::Link& link : toolkit::LinksTo(element.tagName(), before, root))
+            users.append(elementAt(file.dom(), link.path));
     }
-    if (text.isEmpty())
-        label.removeAttribute(attribute);
-    else
-        label.setAttribute(attribute, text);
-    return file.become(copy.documentElement(), file.dom().documentElement(),
-                       Labels::tr("Describe"));
+    const widgets::UndoRecorder::Step step(file.recorder(), Labels::tr("Describe"));
+    const RVOpenBlock block;
+    bool isDone = write(file, element, attribute, text);
+    for (const QDomElement& user : users)
+        isDone = write(file, user, attribute, text) && isDone;
+    return isDone;
 }
 
 } // namespace rvopen::browser

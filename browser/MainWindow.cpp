@@ -378,21 +378,13 @@ void MainWindow::showBusy()
     m_progress->setValue(m_work ? m_work->done() : 0);
     m_progress->setVisible(canBeStopped || m_workspace.isScanning());
     m_cancel->setVisible(canBeStopped);
-    for (const char* const name :
-         {"fileExportPictures", "fileExportSheet", "fileExportPage", "fileImport", "fileMerge",
-          "fileCollect", "toolsFindImages", "toolsEmbed", "toolsSetForAll", "toolsFindUses"})
-        action(name)->setEnabled(!m_work);
+    for (QAction* const action : m_workActions)
+        action->setEnabled(!m_work);
 }
 
 void MainWindow::say(const QString& text)
 {
     m_messages->say(text);
-}
-
-void MainWindow::showLines(const QVector<Findings::Line>& lines)
-{
-    m_checkTimer.stop();
-    m_findings->showLines(lines);
 }
 
 void MainWindow::showChosen()

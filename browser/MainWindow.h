@@ -89,6 +89,9 @@ private:
 
     QAction* make(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
                   void (MainWindow::*act)());
+    /// Of something that takes long: one of these is done at a time.
+    void makeForWork(QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
+                     void (MainWindow::*act)());
     void makeForPresets(QMenu* menu, const char* name, const QString& text,
                         const QKeySequence& keys, void (MainWindow::*act)());
     void makeParts();
@@ -170,12 +173,15 @@ private:
     QVector<toolkit::PresetPlace> chosenPlaces() const;
     void askForFile(const QString& title, const std::function<void(const QString&)>& act);
     void askForFolder(const QString& title, const std::function<void(const QString&)>& act);
+    /// The one that is chosen; null, with a word to the person, without.
+    EditedFile* fileToWorkOn();
+    /// What shows lines in the place of findings.
+    std::function<void(const QVector<Findings::Line>&)> linesShown();
     void begin(const LongWork::Work& work);
 
     void update();
     void showBusy();
     void say(const QString& text);
-    void showLines(const QVector<Findings::Line>& lines);
 
     Workspace& m_workspace;
     Sidebar* m_sidebar = nullptr;
@@ -199,6 +205,7 @@ private:
     QTimer m_checkTimer;
     QPointer<EditedFile> m_treeFile;
     QPointer<LongWork> m_work;
+    QVector<QAction*> m_workActions;
     bool m_mayClose = false;
 };
 

@@ -50,16 +50,17 @@ void MainWindow::makeFileMenu()
     connect(all, &QAction::triggered, this, &MainWindow::saveAll);
     menu->addAction(all);
     menu->addSeparator();
-    make(menu, "fileImport", tr("&Import…"), QKeySequence(Qt::CTRL | Qt::Key_I),
-         &MainWindow::importFile);
-    make(menu, "fileMerge", tr("Mer&ge…"), QKeySequence(), &MainWindow::mergeFile);
-    make(menu, "fileCollect", tr("Collect with I&mages…"), QKeySequence(), &MainWindow::collect);
-    make(menu, "fileExportPictures", tr("&Export Pictures…"), QKeySequence(Qt::CTRL | Qt::Key_P),
-         &MainWindow::exportPictures);
-    make(menu, "fileExportSheet", tr("Export S&heet…"),
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), &MainWindow::exportSheet);
-    make(menu, "fileExportPage", tr("Export Page for &Browsers…"), QKeySequence(),
-         &MainWindow::exportPage);
+    makeForWork(menu, "fileImport", tr("&Import…"), QKeySequence(Qt::CTRL | Qt::Key_I),
+                &MainWindow::importFile);
+    makeForWork(menu, "fileMerge", tr("Mer&ge…"), QKeySequence(), &MainWindow::mergeFile);
+    makeForWork(menu, "fileCollect", tr("Collect with I&mages…"), QKeySequence(),
+                &MainWindow::collect);
+    makeForWork(menu, "fileExportPictures", tr("&Export Pictures…"),
+                QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::exportPictures);
+    makeForWork(menu, "fileExportSheet", tr("Export S&heet…"),
+                QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), &MainWindow::exportSheet);
+    makeForWork(menu, "fileExportPage", tr("Export Page for &Browsers…"), QKeySequence(),
+                &MainWindow::exportPage);
     menu->addSeparator();
     make(menu, "fileClose", tr("&Close File"), QKeySequence::Close, &MainWindow::closeCurrent);
     make(menu, "fileForget", tr("&Remove from the List"), QKeySequence(),
@@ -119,13 +120,14 @@ void MainWindow::makeEditMenu()
     make(tools, "toolsCompare", tr("C&ompare"), QKeySequence(Qt::CTRL | Qt::Key_E),
          &MainWindow::compare);
     tools->addSeparator();
-    make(tools, "toolsFindUses", tr("Find &Uses"), QKeySequence(Qt::CTRL | Qt::Key_U),
-         &MainWindow::findUses);
-    make(tools, "toolsFindImages", tr("Find Missing &Images…"), QKeySequence(),
-         &MainWindow::findImages);
-    make(tools, "toolsEmbed", tr("&Embed Pictures"), QKeySequence(), &MainWindow::embedPictures);
-    make(tools, "toolsSetForAll", tr("&Set the Value for All Chosen"),
-         QKeySequence(Qt::CTRL | Qt::Key_Return), &MainWindow::setForAll);
+    makeForWork(tools, "toolsFindUses", tr("Find &Uses"), QKeySequence(Qt::CTRL | Qt::Key_U),
+                &MainWindow::findUses);
+    makeForWork(tools, "toolsFindImages", tr("Find Missing &Images…"), QKeySequence(),
+                &MainWindow::findImages);
+    makeForWork(tools, "toolsEmbed", tr("&Embed Pictures"), QKeySequence(),
+                &MainWindow::embedPictures);
+    makeForWork(tools, "toolsSetForAll", tr("&Set the Value for All Chosen"),
+                QKeySequence(Qt::CTRL | Qt::Key_Return), &MainWindow::setForAll);
     tools->addSeparator();
     m_applyMenu = tools->addMenu(tr("Apply &to"));
     connect(m_applyMenu, &QMenu::aboutToShow, this, &MainWindow::fillApplyMenu);

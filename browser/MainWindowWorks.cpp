@@ -63,9 +63,9 @@ void MainWindow::exportPage()
 
 void MainWindow::importFile()
 {
-    EditedFile* const file = currentFile();
+    EditedFile* const file = fileToWorkOn();
     if (!file)
-        return say(tr("Choose a preset or a file first"));
+        return;
     askForFile(tr("Import into %1").arg(file->name()),
                [this, name = file->file()](const QString& source) {
                    importFrom(name, source, toolkit::ChangedImports::Left);
@@ -85,15 +85,14 @@ void MainWindow::importFrom(const QString& file, const QString& source,
                          {tr("Take under other names"), again(toolkit::ChangedImports::Renamed)},
                          {tr("Leave"), [] {}}});
     };
-    begin(works::importInto(m_workspace, file, source, changed, ask,
-                            [this](const auto& lines) { showLines(lines); }));
+    begin(works::importInto(m_workspace, file, source, changed, ask, linesShown()));
 }
 
 void MainWindow::mergeFile()
 {
-    EditedFile* const file = currentFile();
+    EditedFile* const file = fileToWorkOn();
     if (!file)
-        return say(tr("Choose a preset or a file first"));
+        return;
     askForFile(tr("Merge into %1").arg(file->name()),
                [this, name = file->file()](const QString& theirs) { askForBase(name, theirs); });
 }
@@ -113,15 +112,14 @@ void MainWindow::askForBase(const QString& file, const QString& theirs)
 
 void MainWindow::mergeFrom(const QString& file, const QString& theirs, const QString& base)
 {
-    begin(works::mergeInto(m_workspace, file, theirs, base,
-                           [this](const auto& lines) { showLines(lines); }));
+    begin(works::mergeInto(m_workspace, file, theirs, base, linesShown()));
 }
 
 void MainWindow::collect()
 {
-    EditedFile* const file = currentFile();
+    EditedFile* const file = fileToWorkOn();
     if (!file)
-        return say(tr("Choose a preset or a file first"));
+        return;
     askForFolder(
         tr("Folder for %1 and its images").arg(file->name()),
         [this, name = file->file()](const QString& folder) { askAboutElsewhere(name, folder); });
@@ -144,19 +142,17 @@ void MainWindow::askAboutElsewhere(const QString& file, const QString& folder)
 void MainWindow::collectInto(const QString& file, const QString& folder,
                              toolkit::CollectedTextures which)
 {
-    begin(works::collect(m_workspace, file, folder, which,
-                         [this](const auto& lines) { showLines(lines); }));
+    begin(works::collect(m_workspace, file, folder, which, linesShown()));
 }
 
 void MainWindow::findImages()
 {
-    EditedFile* const file = currentFile();
+    EditedFile* const file = fileToWorkOn();
     if (!file)
-        return say(tr("Choose a preset or a file first"));
+        return;
     askForFolder(tr("Folder that the missing images are in, or below"),
                  [this, name = file->file()](const QString& folder) {
-                     begin(works::findImages(m_workspace, name, folder,
-                                             [this](const auto& lines) { showLines(lines); }));
+                     begin(works::findImages(m_workspace, name, folder, linesShown()));
                  });
 }
 
@@ -185,8 +181,7 @@ void MainWindow::findUses()
     const QVector<toolkit::ListedPreset> chosen = chosenPresets();
     if (chosen.size() != 1 || chosen.first().refName.isEmpty())
         return say(tr("Choose one preset that has a reference name"));
-    begin(works::findUses(m_workspace, chosen.first(),
-                          [this](const auto& lines) { showLines(lines); }));
+    begin(works::findUses(m_workspace, chosen.first(), linesShown()));
 }
 
 /// What is chosen; all that the filters leave where nothing is.
@@ -228,10 +223,35 @@ void MainWindow::askForFolder(const QString& title, const std::function<void(con
     dialog->open();
 }
 
+void MainWindow::makeForWork(QMenu* menu, const char* name, const QString& text,
+                             const QKeySequence& keys, void (MainWindow::*act)())
+{
+    m_workActions.append(make(menu, name, text, keys, act));
+}
+
+EditedFile* MainWindow::fileToWorkOn()
+{
+    EditedFile* const file = currentFile();
+    if (!file)
+        say(tr("Choose a preset or a file first"));
+    return file;
+}
+
+std::function<void(const QVector<Findings::Line>&)> MainWindow::linesShown()
+{
+    return [this](const QVector<Findings::Line>& lines) {
+        // They stay until something else is asked for.
+        m_checkTimer.stop();
+        m_findings->showLines(lines);
+    };
+}
+
 void MainWindow::begin(const LongWork::Work& work)
 {
-    if (m_work || !work)
+    if (!work)
         return;
+    if (m_work)
+        return say(tr("Something else is being done: try again when it has ended"));
     m_work = new LongWork(this);
     connect(m_work, &LongWork::progressed, this, &MainWindow::showBusy);
     connect(m_work, &LongWork::finished, this, [this](const QString& message) {

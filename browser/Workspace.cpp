@@ -205,23 +205,6 @@ const Facets& Workspace::facets() const
     return m_facets;
 }
 
-ListedPreset Workspace::presetCalled(const QString& kind, const QString& refName)
-{
-    const std::shared_ptr<const Catalogue> catalogue = m_presets.CurrentCatalogue();
-    if (!catalogue)
-        return ListedPreset();
-    CatalogueQuery query;
-    query.kind = kind;
-    query.text = refName;
-    const CatalogueMatches matches = catalogue->Search(query);
-    for (int i = 0; i < matches.Count(); ++i) {
-        const ListedPreset preset = matches.At(i);
-        if (preset.refName == refName)
-            return preset;
-    }
-    return ListedPreset();
-}
-
 QUndoGroup& Workspace::undo()
 {
     return m_undo;
@@ -369,7 +352,7 @@ void Workspace::start(const QStringList& paths)
                 }
             }
             scan->catalogue = std::make_shared<const Catalogue>(files);
-            scan->facets = Facets::of(*scan->catalogue);
+            scan->facets = Facets::of(scan->catalogue);
             scan->problems += scan->catalogue->Problems();
             return scan;
         },
@@ -441,7 +424,7 @@ void Workspace::count()
     if (!catalogue)
         return;
     inBackground(
-        this, [catalogue] { return Facets::of(*catalogue); },
+        this, [catalogue] { return Facets::of(catalogue); },
         [this](const Facets& facets) {
             m_facets = facets;
             Q_EMIT facetsChanged();

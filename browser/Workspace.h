@@ -65,8 +65,6 @@ public:
     widgets::PresetFilter& filter();
     widgets::Thumbnails& thumbnails();
     const Facets& facets() const;
-    /// The first one of that kind and reference name; empty where there is none.
-    toolkit::ListedPreset presetCalled(const QString& kind, const QString& refName);
     /// @}
 
     /// \name Edits

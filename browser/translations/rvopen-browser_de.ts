@@ -729,6 +729,10 @@
         <source>Dar&amp;k</source>
         <translation>&amp;Dunkel</translation>
     </message>
+    <message>
+        <source>Something else is being done: try again when it has ended</source>
+        <translation>Etwas anderes läuft noch: versuchen Sie es, wenn es fertig ist</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>

@@ -729,6 +729,10 @@
         <source>Dar&amp;k</source>
         <translation>&amp;Sombre</translation>
     </message>
+    <message>
+        <source>Something else is being done: try again when it has ended</source>
+        <translation>Autre chose est en cours : réessayez quand ce sera terminé</translation>
+    </message>
 </context>
 <context>
     <name>rvopen::browser::MessageLine</name>

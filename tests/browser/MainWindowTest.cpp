@@ -23,6 +23,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTreeView>
 
 #include <cmath>
@@ -341,6 +342,8 @@ double contrast(const QColor& a, const QColor& b)
 
 TEST_F(MainWindowTest, IsDarkOrLightAsOneLikesAndCanBeRead)
 {
+    QApplication::setStyle(QStringLiteral("windows"));
+    const QString style = QApplication::style()->objectName();
     const QPalette before = QApplication::palette();
     for (const char* const name : {"viewDark", "viewLight"}) {
         trigger(name);
@@ -364,6 +367,7 @@ TEST_F(MainWindowTest, IsDarkOrLightAsOneLikesAndCanBeRead)
     trigger("viewSystem");
     EXPECT_EQ(Memory(path("settings.ini")).appearance(), Appearance::System);
     EXPECT_EQ(QApplication::palette().color(QPalette::Window), before.color(QPalette::Window));
+    EXPECT_EQ(QApplication::style()->objectName(), style);
 }
 
 TEST_F(MainWindowTest, FitsASmallScreenAtTwiceTheSize)

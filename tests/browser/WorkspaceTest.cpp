@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "BrowserSupport.h"
+#include "Waiting.h"
 
 #include <QSignalSpy>
 
@@ -244,6 +245,37 @@ TEST_F(WorkspaceTest, RemembersFavouritesAndWhatWasUsed)
 }
 
 } // namespace
+
+TEST_F(WorkspaceTest, KnowsPresetsByTheirReferenceNames)
+{
+    openAll();
+    const auto pathOf = [this](const char* kind, const char* refName) {
+        const toolkit::ListedPreset preset = workspace.facets().presetCalled(kind, refName);
+        return preset.file + ' ' + preset.path;
+    };
+    const QString brass = "materials[Materials]/dir[Metals]/material[Brass]";
+    EXPECT_EQ(pathOf("material", "m.brass"), path("archives/a.rvx") + ' ' + brass);
+    EXPECT_EQ(pathOf("colour", "m.brass"), " ");
+    EXPECT_EQ(pathOf("material", ""), " ");
+    EditedFile* const file = workspace.edit(path("archives/a.rvx"));
+    edits::remove(*file, {at(*file, "//material[Brass]")});
+    EXPECT_TRUE(comes([&] {
+        return pathOf("material", "m.brass") == path("archives/below/b.rvx") + ' ' + brass;
+    }));
+}
+
+TEST_F(WorkspaceTest, ThePointerTellsOfLongReadingAlone)
+{
+    const QString large = write("large.rvx", QByteArray(5 * 1024 * 1024, ' '));
+    {
+        const Waiting quick(path("archives/a.rvx"));
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+        const Waiting slow(large);
+        ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
 
 TEST_F(WorkspaceTest, WhatIsRememberedGoesAlongWithItsPreset)
 {

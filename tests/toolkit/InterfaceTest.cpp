@@ -196,7 +196,7 @@ TEST(Interface, HandsDocumentsOn)
     ASSERT_FALSE(links.isEmpty());
     EXPECT_FALSE(LinksTo(links[0].kind, links[0].refName, house.document->Root()).isEmpty());
     EXPECT_TRUE(LinksTo(QString(), QString(), load.document->Root()).isEmpty());
-    for (const DocumentTexture& texture : TexturesOf(*load.document))
+    for (const DocumentTexture& texture : TexturesOf(*load.document, Folders()))
         EXPECT_FALSE(texture.paths.isEmpty());
     EXPECT_THROW(RelinkTextures(*load.document, {s_presets}), Failure);
     EXPECT_THROW(CollectTextures(*load.document, load.document->Folder(), Folders()), Failure);

@@ -11,11 +11,15 @@
 
 namespace rvopen::toolkit {
 
-QVector<DocumentTexture> TexturesOf(const Document& document)
+QVector<DocumentTexture> TexturesOf(const Document& document, const Folders& folders)
 {
     QVector<DocumentTexture> textures;
-    for (const ReferencedTexture& texture : texturesOf(document))
+    for (const ReferencedTexture& texture : texturesOf(document)) {
         textures.append(texture.described());
+        textures.last().isElsewhere =
+            TextureCollection::objectionTo(texture, document, folders, CollectedTextures::Ours) ==
+            TextureCollection::Objection::Outside;
+    }
     return textures;
 }
 

@@ -26,12 +26,14 @@ struct DocumentTexture {
     QString became;
     /// Why it could not be found or taken along; empty when it could.
     QString problem;
-    /// It was not taken along since it lies elsewhere, which CollectedTextures::Everywhere takes.
+    /// It lies neither in the folder of the document nor in one of the host's, so that it is taken
+    /// along by CollectedTextures::Everywhere alone.
     bool isElsewhere = false;
 };
 
 /// The image files that a document refers to, each once, in the order in which they come first.
-RVOPEN_TOOLKIT_EXPORT QVector<DocumentTexture> TexturesOf(const Document& document);
+RVOPEN_TOOLKIT_EXPORT QVector<DocumentTexture> TexturesOf(const Document& document,
+                                                          const Folders& folders);
 
 /// Finds images that are missing in and below the folders, by their file names in any case of
 /// letters, and has the document refer to them, in memory; relative where it was. Those that were

@@ -176,7 +176,7 @@ TEST_F(DocumentTextures, AreFoundAgainForADocumentInMemory)
         documentWith({QStringLiteral("b.png"), QStringLiteral("there.png"), QStringLiteral("c.png"),
                       QStringLiteral("D:\\lost\\B.PNG")});
     ASSERT_TRUE(document);
-    EXPECT_EQ(TexturesOf(*document).size(), 4);
+    EXPECT_EQ(TexturesOf(*document, Folders()).size(), 4);
     const QVector<DocumentTexture> textures = RelinkTextures(*document, {path("moved")});
     ASSERT_EQ(textures.size(), 3);
     EXPECT_EQ(textures[0].became, QStringLiteral("..\\moved\\a\\b.png"));
@@ -186,7 +186,7 @@ TEST_F(DocumentTextures, AreFoundAgainForADocumentInMemory)
     EXPECT_EQ(textures[1].became, QString());
     EXPECT_EQ(QDir::fromNativeSeparators(textures[2].became), found);
     QStringList now;
-    for (const DocumentTexture& texture : TexturesOf(*document))
+    for (const DocumentTexture& texture : TexturesOf(*document, Folders()))
         now << texture.reference;
     EXPECT_EQ(joinedBy(" ", now),
               joinedBy(" ", {QStringLiteral("..\\moved\\a\\b.png"), QStringLiteral("there.png"),
@@ -201,6 +201,12 @@ TEST_F(DocumentTextures, AreHandedOnWithTheDocumentAsItIsInMemory)
     const auto before = documentWith({QStringLiteral("b.png"), outside});
     ASSERT_TRUE(before);
     before->Root().setAttribute(QStringLiteral("edited"), QStringLiteral("1"));
+    const QVector<DocumentTexture> found = TexturesOf(*before, Folders());
+    EXPECT_FALSE(found[0].isElsewhere);
+    EXPECT_TRUE(found[1].isElsewhere);
+    Folders host;
+    host.install = path("elsewhere");
+    EXPECT_FALSE(TexturesOf(*before, host)[1].isElsewhere);
     const QVector<DocumentTexture> ours = CollectTextures(*before, path("parcel"), Folders());
     ASSERT_EQ(ours.size(), 2);
     EXPECT_EQ(ours[0].became, QStringLiteral("b.png"));
@@ -219,7 +225,7 @@ TEST_F(DocumentTextures, AreHandedOnWithTheDocumentAsItIsInMemory)
     CollectTextures(*again, path("all"), Folders(), CollectedTextures::Everywhere);
     EXPECT_TRUE(haveSameBytes(path("all/c.png"), outside));
     QStringList now;
-    for (const DocumentTexture& texture : TexturesOf(*again))
+    for (const DocumentTexture& texture : TexturesOf(*again, Folders()))
         now << texture.reference;
     EXPECT_EQ(joinedBy(" ", now), "b.png c.png");
 }
