@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QImageReader>
 #include <QMimeData>
+#include <QSignalBlocker>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -49,6 +50,9 @@ Grid::Grid(QWidget* parent)
     setDropIndicatorShown(false);
     setAccessibleName(tr("Presets"));
     setModel(&m_presets);
+    // After the view and its selection, which forget then.
+    connect(&m_presets, &GridModel::modelAboutToBeReset, this, &Grid::keepChoice);
+    connect(&m_presets, &GridModel::modelReset, this, &Grid::restoreChoice);
     setPictureSize(s_leastSize);
 }
 
@@ -163,6 +167,25 @@ bool Grid::takes(const QDropEvent& event) const
     const QMimeData* const dragged = event.mimeData();
     return event.source() != this &&
            (dragged->hasColor() || dragged->hasImage() || !localFiles(*dragged).isEmpty());
+}
+
+void Grid::keepChoice()
+{
+    m_keptCurrent = m_presets.placeOf(currentIndex());
+    m_keptSelected.clear();
+    for (const QModelIndex& index : selectionModel()->selectedIndexes())
+        m_keptSelected.append(m_presets.placeOf(index));
+}
+
+void Grid::restoreChoice()
+{
+    // The view is painted anew anyway, and nobody has chosen.
+    const QSignalBlocker blocker(selectionModel());
+    selectionModel()->select(m_presets.selectionOf(m_keptSelected),
+                             QItemSelectionModel::ClearAndSelect);
+    const QModelIndexList current = m_presets.selectionOf({m_keptCurrent}).indexes();
+    if (!current.isEmpty())
+        selectionModel()->setCurrentIndex(current.first(), QItemSelectionModel::NoUpdate);
 }
 
 } // namespace rvopen::browser

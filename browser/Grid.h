@@ -5,12 +5,16 @@
 
 #include "GridModel.h"
 
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+
 #include <QColor>
 #include <QListView>
+#include <QVector>
 
 namespace rvopen::browser {
 
-/// Pictures of presets with their names, to choose from. A colour or a picture that is dropped on
+/// Pictures of presets with their names, to choose from. What is chosen stays so, by its file and
+/// path, when all rows become others, and nobody is told. A colour or a picture that is dropped on
 /// it is what is looked for.
 class Grid : public QListView {
     Q_OBJECT
@@ -48,8 +52,12 @@ protected:
 
 private:
     bool takes(const QDropEvent& event) const;
+    void keepChoice();
+    void restoreChoice();
 
     GridModel m_presets;
+    toolkit::PresetPlace m_keptCurrent;
+    QVector<toolkit::PresetPlace> m_keptSelected;
 };
 
 } // namespace rvopen::browser

@@ -7,9 +7,12 @@
 #include <rvopen/widgets/PresetFilter.h>
 #include <rvopen/widgets/PresetModel.h>
 
+#include <QPair>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
+#include <vector>
 
 namespace rvopen::browser {
 
@@ -17,6 +20,9 @@ namespace {
 
 /// More do not fit on screens.
 constexpr int s_mostValues = 16;
+
+/// More presets are found sooner by looking at all there are once.
+constexpr int s_mostLookedFor = 32;
 
 } // namespace
 
@@ -40,6 +46,42 @@ QModelIndex GridModel::presetOf(const QModelIndex& index) const
 QModelIndex GridModel::indexOf(const QModelIndex& preset) const
 {
     return preset.isValid() ? mapFromSource(m_filter->mapFromSource(preset)) : QModelIndex();
+}
+
+toolkit::PresetPlace GridModel::placeOf(const QModelIndex& index) const
+{
+    const toolkit::ListedPreset preset = m_presets->Preset(presetOf(index));
+    return {preset.file, preset.path};
+}
+
+QItemSelection GridModel::selectionOf(const QVector<toolkit::PresetPlace>& places) const
+{
+    std::vector<int> rows;
+    if (places.size() <= s_mostLookedFor) {
+        for (const toolkit::PresetPlace& place : places) {
+            const QModelIndex index = indexOf(m_presets->IndexOf(place.file, place.path));
+            if (index.isValid())
+                rows.push_back(index.row());
+        }
+        std::sort(rows.begin(), rows.end());
+    } else {
+        QSet<QPair<QString, QString>> wanted;
+        for (const toolkit::PresetPlace& place : places)
+            wanted.insert({place.file, place.path});
+        for (int row = 0; row < rowCount(); ++row) {
+            const toolkit::PresetPlace place = placeOf(index(row, 0));
+            if (wanted.contains({place.file, place.path}))
+                rows.push_back(row);
+        }
+    }
+    // A selection of one range for each preset would be slow to ask.
+    QItemSelection selection;
+    for (std::size_t first = 0, end = 0; first < rows.size(); first = end) {
+        for (end = first + 1; end < rows.size() && rows[end] == rows[end - 1] + 1;)
+            ++end;
+        selection.select(index(rows[first], 0), index(rows[end - 1], 0));
+    }
+    return selection;
 }
 
 int GridModel::columnCount(const QModelIndex& parent) const

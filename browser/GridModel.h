@@ -3,7 +3,11 @@
 
 #pragma once
 
+#include <rvopen/toolkit/catalogue/Catalogue.h>
+
 #include <QIdentityProxyModel>
+#include <QItemSelection>
+#include <QVector>
 
 namespace rvopen::widgets {
 class PresetFilter;
@@ -26,6 +30,10 @@ public:
     QModelIndex presetOf(const QModelIndex& index) const;
     /// Where a preset of that model is shown; invalid where it is not found.
     QModelIndex indexOf(const QModelIndex& preset) const;
+    /// What stays the same of a preset when all rows become others; empty for no preset.
+    toolkit::PresetPlace placeOf(const QModelIndex& index) const;
+    /// Those of the presets that are found.
+    QItemSelection selectionOf(const QVector<toolkit::PresetPlace>& places) const;
 
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

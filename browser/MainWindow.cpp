@@ -329,7 +329,12 @@ void MainWindow::follow()
     });
     connect(&m_workspace, &Workspace::failed, this, &MainWindow::say);
     connect(&m_workspace, &Workspace::changedChanged, this, &MainWindow::update);
-    connect(&m_workspace, &Workspace::openedChanged, this, &MainWindow::update);
+    connect(&m_workspace, &Workspace::openedChanged, this, [this] {
+        update();
+        // What is only looked at may be another; what is edited stays as it is.
+        if (m_details->editedFile().isEmpty())
+            showChosen();
+    });
     connect(&m_workspace, &Workspace::changedOutside, this, &MainWindow::askAboutOutside);
     connect(&m_workspace, &Workspace::fileEdited, this, [this](EditedFile* file) {
         m_checkTimer.start();

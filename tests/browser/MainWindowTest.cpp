@@ -280,6 +280,69 @@ TEST_F(MainWindowTest, ShowsWhatAPresetRefersToAndLeadsThere)
     EXPECT_EQ(references.count(), 0);
 }
 
+TEST_F(MainWindowTest, WhatIsChosenStaysSoWhenFoldersAreReadAgain)
+{
+    const auto selected = [this] {
+        QStringList names;
+        for (const QModelIndex& index : window.grid().selectedPresets())
+            names << index.data().toString();
+        names.sort();
+        return names;
+    };
+    const auto rowOf = [this](const char* name) {
+        return window.grid().model()->index(int(shown().indexOf(QLatin1String(name))), 0);
+    };
+    window.grid().setCurrentIndex(rowOf("Bronze"));
+    window.grid().selectionModel()->select(rowOf("Brass"), QItemSelectionModel::Select);
+    // Before the file was opened to be edited, and before the rows that there are.
+    write("archives/0.rvx", "<presets name='D'><materials name='M'><material name='Alloy'/>"
+                            "</materials></presets>");
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return shown().contains("Alloy"); }));
+    EXPECT_EQ(window.grid().currentPreset().data(), "Bronze");
+    EXPECT_EQ(selected(), (QStringList{"Brass", "Bronze"}));
+    EXPECT_TRUE(comes([&] { return workspace.edited(path("archives/b.rvx")) != nullptr; }));
+    EXPECT_EQ(toolkit::IdentityOf(window.details().element()), "Bronze");
+    EXPECT_EQ(window.details().editedFile(), path("archives/b.rvx"));
+    // What the details show of a file that is edited stays, wherever it was chosen.
+    window.details().showElement(*workspace.edited(path("archives/b.rvx")),
+                                 at(*workspace.edited(path("archives/b.rvx")), "//colour[Red]"));
+    write("archives/1.rvx", "<presets name='D'><materials name='M'><material name='Tin'/>"
+                            "</materials></presets>");
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return shown().contains("Tin"); }));
+    EXPECT_EQ(toolkit::IdentityOf(window.details().element()), "Red");
+    EXPECT_EQ(selected(), (QStringList{"Brass", "Bronze"}));
+    // What is gone is not chosen; what is left is.
+    window.grid().setCurrentIndex(rowOf("Alloy"));
+    window.grid().selectionModel()->select(rowOf("Tin"), QItemSelectionModel::Select);
+    ASSERT_TRUE(QFile::remove(path("archives/0.rvx")));
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return !shown().contains("Alloy"); }));
+    EXPECT_EQ(selected(), QStringList{"Tin"});
+    EXPECT_FALSE(window.grid().currentPreset().isValid());
+}
+
+TEST_F(MainWindowTest, AllThatIsSelectedStaysSoOfManyPresets)
+{
+    QByteArray many = "<presets name='D'><colours name='C'>";
+    for (int i = 0; i < 1000; ++i)
+        many += "<colour name='Colour " + QByteArray::number(i) + "'/>";
+    write("archives/0.rvx", many + "</colours></presets>");
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return workspace.filter().rowCount() == 1008; }));
+    window.grid().selectAll();
+    window.grid().selectionModel()->select(window.grid().model()->index(500, 0),
+                                           QItemSelectionModel::Deselect);
+    write("archives/1.rvx", "<presets name='D'><materials name='M'><material name='Tin'/>"
+                            "</materials></presets>");
+    workspace.rescan();
+    ASSERT_TRUE(comes([&] { return workspace.filter().rowCount() == 1009; }));
+    EXPECT_EQ(window.grid().selectedPresets().size(), 1007);
+    EXPECT_FALSE(window.grid().selectionModel()->isSelected(window.grid().model()->index(500, 0)));
+    EXPECT_EQ(window.grid().selectionModel()->selection().size(), 3);
+}
+
 TEST_F(MainWindowTest, LabelsAreWrittenWhereTheyAreRead)
 {
     EditedFile* const file = choose("Brass");
